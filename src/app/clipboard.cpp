@@ -1,0 +1,72 @@
+// The clipboard commands for plain text, Clear, Delete, and the two lists in step.
+
+#include <string>
+
+#include "app/form1.h"
+#include "app/module1.h"
+#include "app/run_time_error.h"
+
+namespace orvik {
+namespace {
+
+// Makes the row clicked in one list the only selected row of the other. A row that the other list
+// does not have leaves its selection as it is.
+void Follow(const ListBox& clicked, ListBox& other) {
+    if (clicked.ListIndex >= 0) {
+        Guard([&] { other.Select({static_cast<std::size_t>(clicked.ListIndex)}); },
+              [](const RunTimeError&) {});
+    }
+}
+
+}  // namespace
+
+void Form1::mnuBoxCopy_Click() {
+    if (module_.TextMode == mode::kNative) {
+        mnuConvert_Click();
+        mnuUn_Click();
+    }
+    module_.platform.SetClipboardText(module_.WorkText);
+}
+
+void Form1::mnuSelCopy_Click() {
+    module_.platform.SetClipboardText(Text1.SelText());
+}
+
+void Form1::mnuPaste_Click() {
+    Text1.ReplaceSelection(module_.platform.ClipboardText());
+}
+
+void Form1::mnuDel_Click() {
+    Text1.ReplaceSelection("");
+}
+
+void Form1::mnuClear_Click() {
+    if (!OfferSave("Save before clearing?")) {
+        return;
+    }
+    Text1.SetText("");
+    Caption = kTitle;
+}
+
+void Form1::mnuClearPaste_Click() {
+    if (!OfferSave("Save before clearing?")) {
+        return;
+    }
+    module_.WorkText = module_.platform.ClipboardText();
+    module_.TextMode = mode::kAscii;
+    ShowTextIfShort();
+    // An empty clipboard has made the mode "none".
+    module_.TextMode = mode::kAscii;
+    module_.RefreshLists();
+    Caption = kTitle;
+}
+
+void Form1::List1_Click() {
+    Follow(List1, List2);
+}
+
+void Form1::List2_Click() {
+    Follow(List2, List1);
+}
+
+}  // namespace orvik

@@ -1,0 +1,88 @@
+#include "app/controls.h"
+
+#include <algorithm>
+
+#include "app/run_time_error.h"
+
+namespace orvik {
+
+void TextBox::SetText(std::string text) {
+    Assign(std::move(text), 0);
+}
+
+void TextBox::ReplaceSelection(std::string_view text) {
+    std::string whole = text_;
+    whole.replace(SelStart, SelLength, text);
+    Assign(std::move(whole), SelStart + text.size());
+}
+
+void TextBox::EditByUser(std::string text, std::size_t sel_start) {
+    Assign(std::move(text), sel_start);
+}
+
+void TextBox::Select(std::size_t start, std::size_t length) {
+    SelStart = std::min(start, text_.size());
+    SelLength = std::min(length, text_.size() - SelStart);
+}
+
+void TextBox::Assign(std::string text, std::size_t sel_start) {
+    text_ = std::move(text);
+    ++revision_;
+    SelStart = sel_start;
+    SelLength = 0;
+    if (!Change || changing_) {
+        return;
+    }
+    // Change shows boxes and can fail or end the program, so the mark goes on every way out.
+    struct Mark {
+        explicit Mark(bool& mark) : mark_(mark) { mark_ = true; }
+        Mark(const Mark&) = delete;
+        Mark& operator=(const Mark&) = delete;
+        Mark(Mark&&) = delete;
+        Mark& operator=(Mark&&) = delete;
+        ~Mark() { mark_ = false; }
+        bool& mark_;
+    };
+    const Mark mark(changing_);
+    Change();
+}
+
+void ListBox::Clear() {
+    items_.Clear();
+    ++items_revision_;
+    selected_.clear();
+    ++selection_revision_;
+    ListIndex = -1;
+}
+
+void ListBox::AddItem(std::string_view item) {
+    items_.Add(item);
+    ++items_revision_;
+}
+
+bool ListBox::IsSelected(std::size_t row) const {
+    return std::binary_search(selected_.begin(), selected_.end(), row);
+}
+
+void ListBox::Select(std::vector<std::size_t> rows) {
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    if (!rows.empty() && rows.back() >= items_.size()) {
+        throw RunTimeError(Failure::InvalidProcedureCall);
+    }
+    selected_ = std::move(rows);
+    ++selection_revision_;
+}
+
+void StatusBar::SetPanelText(std::size_t number, std::string text) {
+    Panel& panel = panels_.at(number - 1);
+    if (panel.Text == text) {
+        return;
+    }
+    panel.Text = std::move(text);
+    if (TextChanged) {
+        TextChanged(number, panel.Text);
+    }
+}
+
+}  // namespace orvik

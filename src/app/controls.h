@@ -1,0 +1,172 @@
+// The controls of the forms: plain values under their own names. A view shows them and forwards
+// what the user does; rules and texts live here. Sizes are in twips, 1440 to the inch.
+
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "platform/platform.h"
+
+namespace orvik {
+
+// Counts the changes of a value, so that a view touches its widget only when the value moved.
+using Revision = std::uint64_t;
+
+struct Control {
+    bool Visible = true;
+    bool Enabled = true;
+    double Left = 0;
+    double Top = 0;
+    double Width = 0;
+    double Height = 0;
+    std::string ToolTip;
+};
+
+// Caption: "&" stands before the access key.
+struct Button : Control {
+    explicit Button(std::string_view caption, std::string_view tool_tip = {}) : Caption(caption) {
+        ToolTip = tool_tip;
+    }
+    std::string Caption;
+};
+
+// A menu, a menu item, or a separator (Caption "-").
+struct MenuItem {
+    explicit MenuItem(std::string_view caption) : Caption(caption) {}
+    [[nodiscard]] bool IsSeparator() const { return Caption == "-"; }
+
+    std::string Caption;
+    bool Visible = true;
+    bool Enabled = true;
+    bool Checked = false;
+};
+
+// A text box. Its text changes in two ways only: by a command or by the user. Both run Change, also
+// when the text is the same. The selection counts bytes from 0.
+class TextBox : public Control {
+ public:
+    [[nodiscard]] const std::string& Text() const { return text_; }
+    [[nodiscard]] Revision TextRevision() const { return revision_; }
+    [[nodiscard]] std::string_view SelText() const {
+        return std::string_view(text_).substr(SelStart, SelLength);
+    }
+
+    // A command assigns the text; the selection goes to the start.
+    void SetText(std::string text);
+    // A command replaces the selection; the cursor stands behind the new text.
+    void ReplaceSelection(std::string_view text);
+    // The user changed the text; the new selection is empty at sel_start.
+    void EditByUser(std::string text, std::size_t sel_start);
+    // The user selected; what lies beyond the text is cut off.
+    void Select(std::size_t start, std::size_t length);
+
+    std::size_t SelStart = 0;
+    std::size_t SelLength = 0;
+    // The form's Change handler. An assignment that it makes itself does not run it again.
+    std::function<void()> Change;
+
+ private:
+    void Assign(std::string text, std::size_t sel_start);
+
+    std::string text_;
+    Revision revision_ = 0;
+    bool changing_ = false;
+};
+
+// The items of a list, kept in one string, so that a million of them cost two allocations.
+class ItemList {
+ public:
+    [[nodiscard]] std::size_t size() const { return ends_.size(); }
+    [[nodiscard]] bool empty() const { return ends_.empty(); }
+    [[nodiscard]] std::string_view operator[](std::size_t i) const {
+        const std::size_t start = i == 0 ? 0 : ends_[i - 1];
+        return std::string_view(text_).substr(start, ends_[i] - start);
+    }
+    void Clear() {
+        text_.clear();
+        ends_.clear();
+    }
+    void Add(std::string_view item) {
+        text_.append(item);
+        ends_.push_back(text_.size());
+    }
+
+ private:
+    std::string text_;
+    std::vector<std::size_t> ends_;
+};
+
+// A list in which several rows can be selected. Rows count from 0.
+class ListBox : public Control {
+ public:
+    [[nodiscard]] const ItemList& Items() const { return items_; }
+    [[nodiscard]] Revision ItemsRevision() const { return items_revision_; }
+    void Clear();
+    void AddItem(std::string_view item);
+
+    // The selected rows, ascending.
+    [[nodiscard]] const std::vector<std::size_t>& Selected() const { return selected_; }
+    [[nodiscard]] Revision SelectionRevision() const { return selection_revision_; }
+    [[nodiscard]] bool IsSelected(std::size_t row) const;
+    // Selects exactly these rows. Errors: RunTimeError 5 if one does not exist; nothing changes.
+    void Select(std::vector<std::size_t> rows);
+
+    // The row that the user clicked last, -1 for none.
+    std::ptrdiff_t ListIndex = -1;
+
+ private:
+    ItemList items_;
+    Revision items_revision_ = 0;
+    std::vector<std::size_t> selected_;
+    Revision selection_revision_ = 0;
+};
+
+// How a panel of the status bar gets its width.
+enum class AutoSize { Spring, Contents };
+
+// A status bar with two panels, counted from 1.
+class StatusBar : public Control {
+ public:
+    struct Panel {
+        std::string Text;
+        std::string ToolTip;
+    };
+
+    StatusBar(Panel first, Panel second) : panels_{std::move(first), std::move(second)} {}
+    [[nodiscard]] const Panel& Panels(std::size_t number) const { return panels_.at(number - 1); }
+    void SetPanelText(std::size_t number, std::string text);
+
+    AutoSize PanelSizing = AutoSize::Spring;
+    // Told of each change of a panel's text, if set.
+    std::function<void(std::size_t number, std::string_view text)> TextChanged;
+
+ private:
+    std::array<Panel, 2> panels_;
+};
+
+struct ProgressBar : Control {
+    double Value = 0;  // 0 to 100
+};
+
+// The common file dialog: what the next showing gets and what the last one returned.
+struct CommonDialog {
+    std::string FileName;
+    int FilterIndex = 1;
+};
+
+using ControlRef = std::variant<TextBox*, ListBox*, Button*, MenuItem*, StatusBar*, ProgressBar*>;
+
+struct NamedControl {
+    std::string_view Name;
+    ControlRef Ref;
+};
+
+}  // namespace orvik

@@ -1,0 +1,170 @@
+// The main window: the working text, the two lists, the status bar, and the menu from which every
+// command starts. A handler is defined in the folder of the subsystem that it belongs to.
+
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/controls.h"
+#include "app/form.h"
+
+namespace orvik {
+
+class Form1 : public Form {
+ public:
+    explicit Form1(Module1& module);
+
+    using Handler = void (Form1::*)();
+
+    // One row of a menu. Click is null for a separator and for an item whose command does not exist
+    // yet; such an item is disabled.
+    struct MenuRow {
+        std::string_view Name;
+        MenuItem* Item;
+        Handler Click;
+    };
+    struct Menu {
+        std::string_view Name;
+        MenuItem* Item;
+        std::vector<MenuRow> Rows;
+    };
+    // The menus and their rows, in order.
+    [[nodiscard]] std::vector<Menu> Menus();
+
+    std::vector<NamedControl> Controls() override;
+    std::vector<NamedHandler> Handlers() override;
+
+    // Start-up, layout, shut-down and keys: src/app/form1.cpp.
+    void Form_Load() override;
+    bool Form_Unload() override;
+    void Form_Resize() override;
+    void Form_KeyUp(int key_code) override;
+    void mnuExit_Click();
+    void cmdCancel_Click();
+
+    // Edit mode: src/app/edit_mode.cpp.
+    void mnuEntEd_Click();
+    void Text1_Change();
+
+    // Clipboard, clear and delete: src/app/clipboard.cpp.
+    void mnuBoxCopy_Click();
+    void mnuSelCopy_Click();
+    void mnuPaste_Click();
+    void mnuDel_Click();
+    void mnuClear_Click();
+    void mnuClearPaste_Click();
+    void List1_Click();
+    void List2_Click();
+
+    // Netscape 4 LDIF: src/formats/ldif_writer.cpp and ldif_reader.cpp.
+    // Convert: writes the text as LDIF into LdifText; a text in the ASCII form becomes Native.
+    void Convert(std::string& text);
+    void mnuConvert_Click();
+    void mnuCopyConvert_Click();
+    // unconvert: reads LdifText into the working text, in the ASCII form.
+    void unconvert();
+    void mnuUn_Click();
+    void mnuClearPasteNet4_Click();
+
+    // Files: src/files/.
+    void mnuOpen_Click();
+    // Opens a file that was named on the command line or dropped on the window, as Open does after
+    // its dialog.
+    void OpenBook(const std::string& name);
+    void mnuSave_Click();
+
+    // Nickname parsing: src/listops/parse_nicknames.cpp.
+    void mnuParse_Click();
+
+    // Puts the working text into Text1 unless it is longer than the text box takes.
+    void ShowTextIfShort();
+
+    // Whether LdifText is the working text's LDIF form, as far as the commands keep track.
+    bool LdifCurrent = false;
+
+    TextBox Text1;
+    TextBox Text3;
+    ListBox List1;
+    ListBox List2;
+    ListBox List3;
+    Button cmdEmail{"E-&Mail address", "Sort by E-Mail Address"};
+    Button cmdNick{"&Nicknames", "Sort by NickName"};
+    Button cmdDone{"&Done"};
+    Button cmdCancel{"&Cancel"};
+    StatusBar StatusBar1{{"Welcome to Orvik", "Status"},
+                         {"0 Items", "Number of addresses displayed"}};
+    ProgressBar ProgressBar1;
+    CommonDialog CommonDialog1;
+
+    MenuItem mnuFile{"&File"};
+    MenuItem mnuOpen{"&Open file..."};
+    MenuItem mnuExtract{"&Extract from file..."};
+    MenuItem mnuSave{"&Save file..."};
+    MenuItem mnuMerge{"&Merge files..."};
+    MenuItem mnuAuto{"Run &Automation"};
+    MenuItem mnuSeventhDash{"-"};
+    MenuItem mnuList{"Generate &List"};
+    MenuItem mnuFull{"Netscape to &PIM"};
+    MenuItem mnuUninst{"&Uninstall"};
+    MenuItem mnuFirstDash{"-"};
+    MenuItem mnuExit{"E&xit"};
+
+    MenuItem mnuEdit{"&Edit"};
+    MenuItem mnuBoxCopy{"&Copy everything as text"};
+    MenuItem mnuSelCopy{"Copy &Selection unchanged"};
+    MenuItem mnuCopyConvert{"C&opy everything as Netscape 4.xx"};
+    MenuItem mnuCopyNet3{"Cop&y everything as Netscape 3.x"};
+    MenuItem mnuJuno{"Copy e&verything as Juno"};
+    MenuItem mnuSecondDash{"-"};
+    MenuItem mnuPaste{"&Paste clipboard content"};
+    MenuItem mnuClearPaste{"Clear &and Paste ASCII"};
+    MenuItem mnuClearPasteNet4{"Clear a&nd Paste Netscape 4.xx format"};
+    MenuItem mnuClearPasteNet3{"Clea&r and Paste Netscape 3.x format"};
+    MenuItem mnuPasteJuno{"Clear and Pas&te Juno format"};
+    MenuItem mnuThirdDash{"-"};
+    MenuItem mnuEntEd{"&Edit mode"};
+    MenuItem mnuDel{"&Delete selection"};
+    MenuItem mnuClear{"C&lear"};
+    MenuItem mnuFifthDash{"-"};
+    MenuItem mnuPrefs{"Pre&ferences..."};
+
+    MenuItem mnuOrvik{"&View"};
+    MenuItem mnuConvert{"&Convert from text to Netscape 4.0"};
+    MenuItem mnuFourthDash{"-"};
+    MenuItem mnuAlphNick{"Sort by &Nicknames"};
+    MenuItem mnuAlphAddr{"Sort by &E-Mail addresses"};
+    MenuItem mnuRemDup{"Remove &Duplicates"};
+    MenuItem mnuSixthDash{"-"};
+    MenuItem mnuUn{"&Unconvert"};
+    MenuItem mnuParse{"&Parse nicknames"};
+
+    MenuItem mnuHelp{"&Help"};
+    MenuItem mnuHlp{"&Help..."};
+    MenuItem mnuHelpContents{"&Contents"};
+    MenuItem mnuHelpIndex{"&Index"};
+    MenuItem mnuEighthDash{"-"};
+    MenuItem mnuAbout{"&About Orvik..."};
+    MenuItem mnuFuture{"&Future plans..."};
+
+ private:
+    // Asks whether to save first, and saves on Yes. Returns false on Cancel.
+    bool OfferSave(std::string_view question);
+    // Switches edit mode on. Returns false, with the message, if the text is too long.
+    bool EnterEditMode();
+    void LeaveEditMode();
+    void EnableEditCommands(bool editing);
+    void ShowLists(bool visible);
+    // Shows the dialog and keeps the chosen name, empty when cancelled, in CommonDialog1.
+    const std::string& ShowFileDialog(FileDialog dialog);
+    // Runs one statement of Open: a failure of it is told, and the caller goes on.
+    void Guarded(const std::function<void()>& statement);
+    bool BeginOpen();
+    void ReadAndLoad(const std::string& name);
+    void LoadByEnding(const std::string& name);
+    void RoundTripThroughLdif();
+};
+
+}  // namespace orvik

@@ -1,0 +1,53 @@
+#include "app/module1.h"
+
+#include "app/run_time_error.h"
+#include "app/text.h"
+#include "app/working_text.h"
+
+namespace orvik {
+
+void Module1::RunEvent(const std::function<void()>& event) {
+    Guard(event, [this](const RunTimeError& failure) { platform.ReportFailure(failure); });
+}
+
+void Module1::Tell(std::string_view text, std::string_view title) {
+    platform.ShowBox({std::string(text), std::string(title), Buttons::OK, Icon::None});
+}
+
+Answer Module1::Ask(std::string_view text, std::string_view title, Buttons buttons, Icon icon) {
+    const Answer answer = platform.ShowBox({std::string(text), std::string(title), buttons, icon});
+    MsgAnswer = std::to_string(static_cast<int>(answer));
+    return answer;
+}
+
+std::string Module1::SplitEntries(std::string_view text, std::string_view kind) {
+    EmailBlock.clear();
+    NickBlock.clear();
+    if (kind != "txt") {
+        Tell("Error!");
+        text = {};
+    }
+    NativeBlocks blocks = SplitBlocks(text, textSep);
+    EmailBlock = std::move(blocks.Emails);
+    NickBlock = std::move(blocks.Nicks);
+    return JoinBlocks({EmailBlock, NickBlock});
+}
+
+void Module1::RefreshLists() {
+    if (TextMode == mode::kAscii) {
+        WorkText = SplitEntries(WorkText, "txt");
+        TextMode = mode::kNative;
+    } else if (TextMode != mode::kNative) {
+        Tell(TextNonexistant("An Error type"));
+        return;
+    }
+    form1.List1.Clear();
+    form1.List2.Clear();
+    ItemCount = ListNative(
+        WorkText,
+        [this](std::string_view item) { form1.List1.AddItem(item); },
+        [this](std::string_view item) { form1.List2.AddItem(item); });
+    form1.StatusBar1.SetPanelText(2, std::to_string(ItemCount) + " items");
+}
+
+}  // namespace orvik

@@ -1,0 +1,54 @@
+// Run-time failures: one exception type with the classic number and description.
+
+#pragma once
+
+#include <exception>
+#include <new>
+#include <stdexcept>
+
+namespace orvik {
+
+enum class Failure {
+    InvalidProcedureCall = 5,
+    Overflow = 6,
+    OutOfMemory = 7,
+    TypeMismatch = 13,
+    BadFileNumber = 52,
+    FileNotFound = 53,
+    FileAlreadyOpen = 55,
+    DiskFull = 61,
+    InputPastEnd = 62,
+    PermissionDenied = 70,
+    PathFileAccess = 75,
+    PathNotFound = 76,
+};
+
+// A statement that failed. what() is the description, for example "File not found".
+class RunTimeError : public std::exception {
+ public:
+    explicit RunTimeError(Failure failure) noexcept : failure_(failure) {}
+
+    [[nodiscard]] int Number() const noexcept { return static_cast<int>(failure_); }
+    [[nodiscard]] const char* what() const noexcept override;
+
+ private:
+    Failure failure_;
+};
+
+// Runs a statement; a failure of it, memory that does not suffice included, goes to report, and the
+// caller goes on with its next statement. The end of the program is no failure and passes through.
+//   Guard([&] { file.OpenForInput(name); }, [&](const RunTimeError& e) { Tell(e); });
+template <class Statement, class Report>
+void Guard(Statement&& statement, Report&& report) {
+    try {
+        statement();
+    } catch (const RunTimeError& failure) {
+        report(failure);
+    } catch (const std::bad_alloc&) {
+        report(RunTimeError(Failure::OutOfMemory));
+    } catch (const std::length_error&) {
+        report(RunTimeError(Failure::OutOfMemory));
+    }
+}
+
+}  // namespace orvik

@@ -1,0 +1,62 @@
+// Small helpers for 8-bit text whose positions count from 1.
+
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace orvik {
+
+inline constexpr std::string_view kCrLf = "\r\n";
+
+// Mid: the length characters of text from position, fewer where the text ends before that.
+//   Mid("abc", 2, 5) -> "bc",  Mid("abc", 4, 1) -> ""
+[[nodiscard]] inline std::string_view Mid(std::string_view text,
+                                          std::size_t position,
+                                          std::size_t length = std::string_view::npos) {
+    return position > text.size() ? std::string_view{} : text.substr(position - 1, length);
+}
+
+// FindFrom: the position of the next wanted text at or behind position, or one past the last
+// character where there is none.
+[[nodiscard]] inline std::size_t FindFrom(std::string_view text,
+                                          std::string_view wanted,
+                                          std::size_t position) {
+    const std::size_t found = text.find(wanted, position - 1);
+    return found == std::string_view::npos ? text.size() + 1 : found + 1;
+}
+
+// ToLower: ASCII letters in lower case, for file name endings.
+[[nodiscard]] inline std::string ToLower(std::string_view text) {
+    std::string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    return lower;
+}
+
+// HasEnding: whether a file name ends so, in any case and with no dot required.
+//   HasEnding("BOOK.LDIF", "ldif") -> true
+[[nodiscard]] inline bool HasEnding(std::string_view name, std::string_view ending) {
+    return name.size() >= ending.size() &&
+           ToLower(name.substr(name.size() - ending.size())) == ending;
+}
+
+// CutEnd: removes the last count characters. Errors: RunTimeError 5 if the text is shorter.
+void CutEnd(std::string& text, std::size_t count);
+
+// AppendWithout: appends text less every occurrence of dropped.
+inline void AppendWithout(std::string& to, std::string_view text, char dropped) {
+    for (;;) {
+        const std::size_t found = text.find(dropped);
+        to.append(text.substr(0, found));
+        if (found == std::string_view::npos) {
+            return;
+        }
+        text.remove_prefix(found + 1);
+    }
+}
+
+}  // namespace orvik

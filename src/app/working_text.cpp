@@ -1,0 +1,213 @@
+#include "app/working_text.h"
+
+#include <array>
+
+#include "app/run_time_error.h"
+#include "app/text.h"
+
+namespace orvik {
+namespace {
+
+// Takes one list apart. Runs of ordinary characters are appended as a whole.
+class Splitter {
+ public:
+    Splitter(std::string_view text, std::string_view separator)
+        : text_(text), separator_(separator.empty() ? '\0' : separator.front()) {
+        for (const char c : std::string_view("\n\"<>")) {
+            Mark(c);
+        }
+        if (!separator.empty()) {
+            Mark(separator_);
+            separated_ = true;
+        }
+    }
+
+    NativeBlocks Run() {
+        blocks_.Emails.reserve(text_.size() + kCrLf.size());
+        for (std::size_t i = 1; i <= text_.size(); ++i) {
+            i = TakeOrdinary(i);
+            Take(i);
+        }
+        CutEnd(blocks_.Nicks, kCrLf.size());
+        CutEnd(blocks_.Emails, kCrLf.size());
+        return std::move(blocks_);
+    }
+
+ private:
+    void Mark(char c) { special_.at(static_cast<unsigned char>(c)) = true; }
+
+    [[nodiscard]] bool IsSpecial(char c) const {
+        return special_[static_cast<unsigned char>(c)];  // NOLINT: 256 entries, one per char
+    }
+
+    // Appends the ordinary characters from i; returns the position behind them, at most the last.
+    std::size_t TakeOrdinary(std::size_t i) {
+        const std::size_t start = i;
+        while (i < text_.size() && !IsSpecial(text_[i - 1])) {
+            ++i;
+        }
+        token_.append(Mid(text_, start, i - start));
+        return i;
+    }
+
+    // Handles the character at i, which is moved past blanks behind a closing quote.
+    void Take(std::size_t& i) {
+        const char c = text_[i - 1];
+        if (i == text_.size() || (separated_ && c == separator_)) {
+            EndEntry();
+        } else if (c == '\n') {
+            return;
+        } else if (c == '"') {
+            TakeQuote(i);
+        } else if (c == '<' && !in_nickname_) {
+            MoveToken(nickname_);
+        } else if (c == '>' && !in_nickname_) {
+            MoveToken(address_);
+            in_nickname_ = Mid(text_, i + 1, 2).find('"') == std::string_view::npos;
+        } else {
+            token_.push_back(c);
+        }
+    }
+
+    void TakeQuote(std::size_t& i) {
+        if (in_nickname_) {
+            MoveToken(nickname_);
+            while (Mid(text_, i + 1, 1) == " ") {
+                ++i;
+            }
+        } else {
+            MoveToken(address_);
+        }
+        in_nickname_ = !in_nickname_;
+    }
+
+    void MoveToken(std::string& to) {
+        to += token_;
+        token_.clear();
+    }
+
+    void EndEntry() {
+        MoveToken(in_nickname_ ? nickname_ : address_);
+        if (!address_.empty() || !nickname_.empty()) {
+            blocks_.Emails.append(address_).append(kCrLf);
+            blocks_.Nicks.append(nickname_).append(kCrLf);
+        }
+        address_.clear();
+        nickname_.clear();
+        in_nickname_ = false;
+    }
+
+    std::string_view text_;
+    char separator_;
+    bool separated_ = false;
+    std::array<bool, 256> special_{};
+    bool in_nickname_ = false;
+    std::string token_;
+    std::string address_;
+    std::string nickname_;
+    NativeBlocks blocks_;
+};
+
+void AddWithoutLf(std::string_view line, const std::function<void(std::string_view)>& add) {
+    while (line.starts_with('\n')) {
+        line.remove_prefix(1);
+    }
+    if (line.find('\n') == std::string_view::npos) {
+        add(line);
+        return;
+    }
+    std::string kept;
+    AppendWithout(kept, line, '\n');
+    add(kept);
+}
+
+// Gives each line of text that is ended by CR, less LF, to add; returns what stands behind the
+// last.
+std::string_view AddLines(std::string_view text, const std::function<void(std::string_view)>& add) {
+    for (;;) {
+        const std::size_t end = text.find('\r');
+        if (end == std::string_view::npos) {
+            return text;
+        }
+        AddWithoutLf(text.substr(0, end), add);
+        text.remove_prefix(end + 1);
+    }
+}
+
+}  // namespace
+
+NativeBlocks SplitBlocks(std::string_view text, std::string_view separator) {
+    return Splitter(text, separator).Run();
+}
+
+std::string JoinBlocks(const NativeBlocks& blocks) {
+    std::string text;
+    text.reserve(blocks.Emails.size() + blocks.Nicks.size() + kNick.size() + 3 * kCrLf.size());
+    text.append(blocks.Emails).append(kCrLf).append(kNick).append(kCrLf);
+    text.append(blocks.Nicks).append(kCrLf);
+    return text;
+}
+
+std::size_t ListNative(std::string_view text,
+                       const std::function<void(std::string_view)>& add_email,
+                       const std::function<void(std::string_view)>& add_nick) {
+    std::string separator(kCrLf);
+    separator += kNick;
+    const std::size_t found = text.find(separator);
+    const std::size_t block_end = found != std::string_view::npos
+                                      ? found
+                                      : text.size() - std::min<std::size_t>(text.size(), 1);
+    std::size_t count = 1;
+    const std::string_view last = AddLines(text.substr(0, block_end), [&](std::string_view line) {
+        add_email(line);
+        ++count;
+    });
+    AddWithoutLf(last, add_email);
+    AddLines(Mid(text, block_end + 1 + separator.size() + 1), add_nick);
+    return count;
+}
+
+std::string EntryEnd(std::string_view separator) {
+    std::string end(separator);
+    if (separator == "\r") {
+        end += '\n';
+    }
+    return end;
+}
+
+NativeReader::NativeReader(std::string_view text) : text_(text) {
+    if (text_.find(kNick) == std::string_view::npos) {
+        completed_.reserve(text.size() + kNick.size() + 2 * kCrLf.size());
+        completed_.append(text);
+        if (!text.empty()) {
+            completed_.append(kCrLf);
+        }
+        completed_.append(kNick).append(kCrLf);
+        text_ = completed_;
+    }
+    separator_ = text_.find(kNick) + 1;
+    nickname_ = separator_ + kNick.size() + kCrLf.size();
+}
+
+bool NativeReader::Next() {
+    const std::size_t end = FindFrom(text_, "\r", address_start_);
+    if (end >= separator_) {
+        return false;
+    }
+    address_ = Mid(text_, address_start_, end - address_start_);
+    address_end_ = end;
+    address_start_ = end + 1;
+    return true;
+}
+
+std::string_view NativeReader::TakeNickname() {
+    const std::size_t start = nickname_;
+    std::size_t end = FindFrom(text_, kCrLf, start);
+    if (end > text_.size()) {
+        end = std::max(start, text_.size());
+    }
+    nickname_ = end + kCrLf.size();
+    return Mid(text_, start, end - start);
+}
+
+}  // namespace orvik

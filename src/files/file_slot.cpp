@@ -1,0 +1,212 @@
+#include "files/file_slot.h"
+
+#include <cerrno>
+#include <cstdint>
+#include <filesystem>
+#include <random>
+#include <system_error>
+
+#include "app/run_time_error.h"
+
+namespace orvik {
+namespace {
+
+namespace fs = std::filesystem;
+
+Failure FailureOf(int error) {
+    switch (error) {
+        case ENOENT:
+            return Failure::FileNotFound;
+        case ENOTDIR:
+            return Failure::PathNotFound;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            return Failure::PermissionDenied;
+        case ENOSPC:
+        case EFBIG:
+#ifdef EDQUOT
+        case EDQUOT:
+#endif
+            return Failure::DiskFull;
+        case ENOMEM:
+            return Failure::OutOfMemory;
+        default:
+            return Failure::PathFileAccess;
+    }
+}
+
+fs::path FolderOf(const fs::path& path) {
+    return path.has_parent_path() ? path.parent_path() : fs::path(".");
+}
+
+// A missing file in a missing folder is a missing path.
+[[noreturn]] void Throw(int error, const fs::path& path) {
+    std::error_code ignored;
+    if (error == ENOENT && !fs::is_directory(FolderOf(path), ignored)) {
+        throw RunTimeError(Failure::PathNotFound);
+    }
+    throw RunTimeError(FailureOf(error));
+}
+
+void CheckName(const std::string& name) {
+    if (name.empty()) {
+        throw RunTimeError(Failure::PathFileAccess);
+    }
+    // Behind a zero byte the system would not see the rest of the name.
+    if (name.find('\0') != std::string::npos) {
+        throw RunTimeError(Failure::BadFileNumber);
+    }
+}
+
+// The status of the file itself, links followed. A pipe or a socket could hang the program.
+fs::file_type TypeOf(const fs::path& path) {
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    if (status.type() == fs::file_type::none) {
+        Throw(error.value(), path);
+    }
+    return status.type();
+}
+
+// Writes all of contents to an open file and closes it, so that a full disk is noticed.
+void WriteAndClose(std::FILE* file, std::string_view contents, const fs::path& path) {
+    const bool written =
+        std::fwrite(contents.data(), 1, contents.size(), file) == contents.size() &&
+        std::fflush(file) == 0;
+    const int error = errno;
+    const bool closed = std::fclose(file) == 0;
+    if (!written || !closed) {
+        Throw(written ? errno : error, path);
+    }
+}
+
+std::FILE* OpenOrThrow(const fs::path& path, const char* how) {
+    std::FILE* file = std::fopen(path.c_str(), how);
+    if (file == nullptr) {
+        Throw(errno, path);
+    }
+    return file;
+}
+
+// The file that a name stands for in the end, so that a link stays a link.
+fs::path Resolve(const fs::path& path) {
+    std::error_code error;
+    fs::path resolved = fs::weakly_canonical(path, error);
+    return error ? path : resolved;
+}
+
+// A new, empty file in the folder of path, removed again unless it was renamed.
+class FileBeside {
+ public:
+    explicit FileBeside(const fs::path& path) {
+        std::random_device random;
+        path_ = FolderOf(path) / (".orvik-" + std::to_string(random()) + ".tmp");
+        file_ = OpenOrThrow(path_, "wbx");
+    }
+    FileBeside(const FileBeside&) = delete;
+    FileBeside& operator=(const FileBeside&) = delete;
+    FileBeside(FileBeside&&) = delete;
+    FileBeside& operator=(FileBeside&&) = delete;
+    ~FileBeside() {
+        std::error_code ignored;
+        fs::remove(path_, ignored);
+    }
+
+    void Write(std::string_view contents) { WriteAndClose(file_, contents, path_); }
+
+    // Takes the place of target, with the same permissions.
+    void RenameOver(const fs::path& target) {
+        std::error_code error;
+        const fs::file_status old = fs::status(target, error);
+        if (old.type() == fs::file_type::regular) {
+            fs::permissions(path_, old.permissions(), error);
+        }
+        fs::rename(path_, target, error);
+        if (error) {
+            Throw(error.value(), target);
+        }
+    }
+
+ private:
+    fs::path path_;
+    std::FILE* file_ = nullptr;
+};
+
+}  // namespace
+
+void FileSlot::Closer::operator()(std::FILE* file) const noexcept {
+    std::fclose(file);  // NOLINT: the owner closes here; written files check the result themselves
+}
+
+void FileSlot::OpenForInput(const std::string& name) {
+    Close();
+    CheckName(name);
+    const fs::path path(name);
+    const fs::file_type type = TypeOf(path);
+    if (type == fs::file_type::not_found) {
+        Throw(ENOENT, path);
+    }
+    if (type != fs::file_type::regular) {
+        throw RunTimeError(Failure::PathFileAccess);
+    }
+    std::error_code error;
+    const std::uintmax_t length = fs::file_size(path, error);
+    if (error) {
+        Throw(error.value(), path);
+    }
+    file_.reset(std::fopen(name.c_str(), "rb"));
+    if (!file_) {
+        Throw(errno, path);
+    }
+    length_ = static_cast<std::size_t>(length);
+}
+
+std::size_t FileSlot::Length() const {
+    if (!file_) {
+        throw RunTimeError(Failure::BadFileNumber);
+    }
+    return length_;
+}
+
+std::string FileSlot::Read(std::size_t count) {
+    if (!file_) {
+        throw RunTimeError(Failure::BadFileNumber);
+    }
+    std::string bytes(count, '\0');
+    const std::size_t got = std::fread(bytes.data(), 1, count, file_.get());
+    if (got < count) {
+        throw RunTimeError(std::ferror(file_.get()) != 0 ? FailureOf(errno)
+                                                         : Failure::InputPastEnd);
+    }
+    return bytes;
+}
+
+void FileSlot::Close() {
+    file_.reset();
+}
+
+void FileSlot::Replace(const std::string& name, std::string_view contents) {
+    Close();
+    CheckName(name);
+    const fs::path path = Resolve(name);
+    switch (TypeOf(path)) {
+        case fs::file_type::character:
+            // A device such as a terminal takes the bytes as they come.
+            WriteAndClose(OpenOrThrow(path, "wb"), contents, path);
+            return;
+        case fs::file_type::regular:
+            // Renaming would go past the write protection of the file itself.
+            WriteAndClose(OpenOrThrow(path, "r+b"), "", path);
+            break;
+        case fs::file_type::not_found:
+            break;
+        default:
+            throw RunTimeError(Failure::PathFileAccess);
+    }
+    FileBeside beside(path);
+    beside.Write(contents);
+    beside.RenameOver(path);
+}
+
+}  // namespace orvik

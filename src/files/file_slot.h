@@ -1,0 +1,42 @@
+// File number 1: the one file that a command has open, and how files are read and written.
+//
+// Names are given as bytes. Failures are those of the classic file statements: 53 for a missing
+// file, 76 for a missing folder, 70 for no permission, 61 for a full disk, 75 for a folder, an
+// empty name and anything else that is no ordinary file.
+
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace orvik {
+
+class FileSlot {
+ public:
+    // Opens an existing file for reading. A file that was left open is closed first.
+    void OpenForInput(const std::string& name);
+    // The length in bytes. Errors: RunTimeError 52 if no file is open.
+    [[nodiscard]] std::size_t Length() const;
+    // Reads the next count bytes. Errors: 52 if no file is open, 62 if the file has fewer left.
+    std::string Read(std::size_t count);
+    // Closes the file; without one it does nothing.
+    void Close();
+
+    // Replaces the contents of a file, or creates it. The new contents are written beside the old
+    // file and renamed over it, so a failure leaves the file as it was.
+    void Replace(const std::string& name, std::string_view contents);
+
+ private:
+    struct Closer {
+        void operator()(std::FILE* file) const noexcept;
+    };
+    using File = std::unique_ptr<std::FILE, Closer>;
+
+    File file_;
+    std::size_t length_ = 0;
+};
+
+}  // namespace orvik

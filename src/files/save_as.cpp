@@ -1,0 +1,65 @@
+// Save As: writes the working text in the format that the name's ending asks for.
+
+#include <string>
+
+#include "app/form1.h"
+#include "app/messages.h"
+#include "app/module1.h"
+#include "app/run_time_error.h"
+#include "app/text.h"
+#include "app/working_text.h"
+
+namespace orvik {
+namespace {
+
+constexpr std::string_view kSaveFilter =
+    "Netscape 4.x or IE|*.ldif|Netscape 3.x|*.htm|Juno|*.nv|Pegasus|*.pml|Text|*.txt|"
+    "All Files|*.*";
+
+}  // namespace
+
+void Form1::mnuSave_Click() {
+    if (module_.WorkText.empty()) {
+        module_.Tell(TextNonexistant("An error type"), "Error");
+        return;
+    }
+    // Both toggles bring what was edited into the working text, and with it LdifText up to date.
+    // Where the text is too long for edit mode they do not, so that LdifText may be an older one.
+    mnuEntEd_Click();
+    const bool too_long = !module_.EditMode && module_.WorkText.size() > kTextLimit;
+    mnuEntEd_Click();
+
+    std::string name = ShowFileDialog({.Kind = DialogKind::Save,
+                                       .Title = "Save As",
+                                       .Filter = std::string(kSaveFilter),
+                                       .Flags = kOverwritePrompt | kHideReadOnly | kLongNames,
+                                       .FileName = {}});
+    if (name.empty()) {
+        return;
+    }
+    if (HasEnding(name, "ldi")) {
+        name += 'f';
+    }
+    Caption = std::string(kTitle) + " - " + name;
+    if (HasEnding(name, "ldif")) {
+        if (!LdifCurrent || too_long) {
+            Convert(module_.WorkText);
+        }
+        module_.File1.Replace(name, module_.LdifText);
+    } else if (HasEnding(name, "txt")) {
+        RoundTripThroughLdif();
+        module_.File1.Replace(name, module_.WorkText);
+    } else {
+        // No other ending says in which format to write.
+        throw RunTimeError(Failure::BadFileNumber);
+    }
+}
+
+void Form1::RoundTripThroughLdif() {
+    if (module_.TextMode != "Text") {
+        mnuConvert_Click();
+        mnuUn_Click();
+    }
+}
+
+}  // namespace orvik

@@ -1,0 +1,16 @@
+// Reads a Netscape 4.x address book. Format: docs/formats/netscape4-ldif.md.
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orvik {
+
+// ReadLdif: the nicknames and addresses of an LDIF text as a list in the ASCII form, each record
+// ended by the separator (CR LF for CR).
+//   "dn: x\r\nxmozillanickname: Al\r\nmail: A1\r\nsn: y\r\n\r\n"  ->  "\"Al\" <A1>\r\n"
+// A text without a known line gives one separator.
+[[nodiscard]] std::string ReadLdif(std::string_view ldif, std::string_view separator);
+
+}  // namespace orvik

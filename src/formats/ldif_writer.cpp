@@ -1,0 +1,77 @@
+#include "formats/ldif_writer.h"
+
+#include "app/form1.h"
+#include "app/messages.h"
+#include "app/module1.h"
+#include "app/run_time_error.h"
+#include "app/text.h"
+#include "app/working_text.h"
+#include "formats/conversion_progress.h"
+
+namespace orvik {
+namespace {
+
+// The nickname serves as common name, given name and nickname, unescaped and unfolded: that is what
+// Netscape itself accepts, and our own books depend on it.
+void AppendRecord(std::string& ldif, std::string_view address, std::string_view nickname) {
+    ldif.append("dn: cn=").append(nickname).append(",mail=").append(address);
+    ldif.append("\r\ncn: ").append(nickname);
+    ldif.append("\r\ngivenname: ").append(nickname);
+    ldif.append("\r\nxmozillanickname: ").append(nickname);
+    ldif.append("\r\nobjectclass: top\r\nobjectclass: person\r\nmail: ").append(address);
+    ldif.append("\r\nxnavusehtmlmail: TRUE\r\n\r\n");
+}
+
+}  // namespace
+
+std::string WriteLdif(std::string_view native, Progress& progress) {
+    NativeReader reader(native);
+    PercentMeter meter(progress, reader.Separator());
+    std::string ldif;
+    std::string address;
+    while (reader.Next()) {
+        meter.Reach(reader.AddressEnd());
+        address.clear();
+        AppendWithout(address, reader.RawAddress(), '\n');
+        AppendRecord(ldif, address, reader.TakeNickname());
+        progress.Record();
+    }
+    meter.Reach(reader.Separator());
+    CutEnd(ldif, kCrLf.size());
+    return ldif;
+}
+
+void Form1::Convert(std::string& text) {
+    if (module_.TextMode == mode::kAscii) {
+        text = module_.SplitEntries(text, "txt");
+    }
+    module_.LdifText.clear();
+    Guard(
+        [&] {
+            ConversionProgress progress(*this, module_.platform);
+            module_.LdifText = WriteLdif(text, progress);
+            progress.Finish();
+        },
+        [](const RunTimeError& failure) {
+            // A book without an entry gives an empty LDIF text. Lack of memory must not: it would
+            // be saved over somebody's file.
+            if (failure.Number() == static_cast<int>(Failure::OutOfMemory)) {
+                throw failure;
+            }
+        });
+    LdifCurrent = true;
+}
+
+void Form1::mnuConvert_Click() {
+    Convert(module_.WorkText);
+}
+
+void Form1::mnuCopyConvert_Click() {
+    if (module_.WorkText.empty()) {
+        return;
+    }
+    mnuConvert_Click();
+    module_.platform.SetClipboardText(module_.LdifText);
+}
+
+}  // namespace orvik
