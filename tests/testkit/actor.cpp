@@ -1,0 +1,75 @@
+#include "testkit/actor.h"
+
+#include <algorithm>
+
+#include "testkit/properties.h"
+#include "testkit/statement.h"
+
+namespace orvik::testkit {
+
+void Actor::Start() {
+    module_->RunEvent([this] { module_->form1.Show(Showing::Modeless); });
+}
+
+void Actor::RunHandler(Form& /*form*/, const NamedHandler& handler) {
+    module_->RunEvent(handler.Run);
+}
+
+void Actor::SetText(const Target& /*target*/, TextBox& box, const std::string& text) {
+    module_->RunEvent([&] { box.EditByUser(text, text.size()); });
+}
+
+void Actor::TypeText(const Target& /*target*/, TextBox& box, const std::string& text) {
+    module_->RunEvent([&] {
+        std::string whole = box.Text();
+        whole.replace(box.SelStart, box.SelLength, text);
+        box.EditByUser(std::move(whole), box.SelStart + text.size());
+    });
+}
+
+void Actor::SelectText(const Target& /*target*/,
+                       TextBox& box,
+                       std::size_t start,
+                       std::size_t length) {
+    box.Select(start, length);
+}
+
+void Actor::SelectRows(const Target& target, ListBox& list, const std::vector<std::size_t>& rows) {
+    list.Select(rows);
+    if (!rows.empty()) {
+        list.ListIndex = static_cast<std::ptrdiff_t>(rows.back());
+    }
+    RunClick(target);
+}
+
+void Actor::RunClick(const Target& target) {
+    const std::string name = std::string(target.Name) + "_Click";
+    for (const NamedHandler& handler : target.Owner.Handlers()) {
+        if (handler.Name == name) {
+            Actor::RunHandler(target.Owner, handler);
+            return;
+        }
+    }
+}
+
+void Actor::ReleaseKey(Form& form, int key_code) {
+    module_->RunEvent([&] { form.Form_KeyUp(key_code); });
+}
+
+void Actor::Close(Form& form) {
+    module_->RunEvent([&] { form.Unload(); });
+}
+
+void Actor::Resize(Form& form, double width, double height) {
+    module_->RunEvent([&] {
+        form.Width = form.ScaleWidth = width;
+        form.Height = form.ScaleHeight = height;
+        form.Form_Resize();
+    });
+}
+
+std::string Actor::ReadProperty(const Target& target, std::string_view property) {
+    return FormatProperty(target.Ref, property);
+}
+
+}  // namespace orvik::testkit

@@ -1,0 +1,69 @@
+// What a person does in a scenario. The acts of this class go to the forms directly; a class that
+// derives from it makes them through windows.
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/module1.h"
+#include "testkit/scenario_platform.h"
+
+namespace orvik::testkit {
+
+// A control by its name on its form.
+struct Target {
+    Form& Owner;
+    std::string_view Name;
+    ControlRef Ref;
+};
+
+// Each act is one event of the program: a failure in it is reported to the platform. An act in
+// which the program ends throws ProgramEnded.
+class Actor {
+ public:
+    Actor() = default;
+    Actor(const Actor&) = delete;
+    Actor& operator=(const Actor&) = delete;
+    Actor(Actor&&) = delete;
+    Actor& operator=(Actor&&) = delete;
+    virtual ~Actor() = default;
+
+    // A new run of the program begins; the former one, if any, is gone after this call.
+    virtual void Attach(Module1& module) { module_ = &module; }
+
+    // The program's start: loads and shows the main window.
+    virtual void Start();
+    // Runs an event handler: what it is named after is clicked, chosen or changed.
+    virtual void RunHandler(Form& form, const NamedHandler& handler);
+    // Replaces the whole text of a text box.
+    virtual void SetText(const Target& target, TextBox& box, const std::string& text);
+    // Replaces the selection of a text box.
+    virtual void TypeText(const Target& target, TextBox& box, const std::string& text);
+    virtual void SelectText(const Target& target,
+                            TextBox& box,
+                            std::size_t start,
+                            std::size_t length);
+    // Selects exactly these rows of a list; the row clicked is the last one.
+    virtual void SelectRows(const Target& target,
+                            ListBox& list,
+                            const std::vector<std::size_t>& rows);
+    virtual void ReleaseKey(Form& form, int key_code);
+    virtual void Close(Form& form);
+    virtual void Resize(Form& form, double width, double height);
+
+    // A property of a control as a transcript shows it. Errors: ScenarioError if it has none.
+    virtual std::string ReadProperty(const Target& target, std::string_view property);
+
+ protected:
+    [[nodiscard]] Module1& module() const { return *module_; }
+    // Runs the Click handler that is named after a control.
+    void RunClick(const Target& target);
+
+ private:
+    Module1* module_ = nullptr;
+};
+
+}  // namespace orvik::testkit

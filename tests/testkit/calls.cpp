@@ -1,0 +1,67 @@
+#include "testkit/calls.h"
+
+#include <algorithm>
+
+#include "testkit/statement.h"
+#include "testkit/transcript.h"
+
+namespace orvik::testkit {
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+// A procedure without arguments or result.
+Procedure Plain(std::string_view name, const std::function<void(Module1&)>& run) {
+    return {name, 0, 0, [run](Module1& m, const Arguments&) -> std::optional<std::string> {
+                run(m);
+                return std::nullopt;
+            }};
+}
+
+const std::vector<Procedure>& Procedures() {
+    static const std::vector<Procedure> kProcedures = {
+        {"SplitEntries",
+         1,
+         2,
+         [](Module1& m, const Arguments& a) {
+             return std::optional(Quote(m.SplitEntries(a[0], a.size() > 1 ? a[1] : "txt")));
+         }},
+        {"Convert",
+         1,
+         1,
+         [](Module1& m, const Arguments& a) -> std::optional<std::string> {
+             std::string text = a[0];
+             m.form1.Convert(text);
+             return std::nullopt;
+         }},
+        {"HelpFilePath",
+         1,
+         1,
+         [](Module1& m, const Arguments& a) {
+             return std::optional(Quote(m.HelpFilePath(static_cast<int>(ParseNumber(a[0])))));
+         }},
+        Plain("RefreshLists", [](Module1& m) { m.RefreshLists(); }),
+        Plain("unconvert", [](Module1& m) { m.form1.unconvert(); }),
+        Plain("OpenNetscape4", [](Module1& m) { m.OpenNetscape4(); }),
+        Plain("OpenTextList", [](Module1& m) { m.OpenTextList(); }),
+        Plain("LoadSettings", [](Module1& m) { m.LoadSettings(); }),
+    };
+    return kProcedures;
+}
+
+}  // namespace
+
+const Procedure& FindProcedure(std::string_view name, std::size_t arguments) {
+    const std::vector<Procedure>& all = Procedures();
+    const auto found = std::find_if(
+        all.begin(), all.end(), [&](const Procedure& known) { return known.Name == name; });
+    if (found == all.end()) {
+        throw ScenarioError("unknown procedure " + std::string(name));
+    }
+    if (arguments < found->FewestArguments || arguments > found->MostArguments) {
+        throw ScenarioError("wrong number of arguments for " + std::string(name));
+    }
+    return *found;
+}
+
+}  // namespace orvik::testkit

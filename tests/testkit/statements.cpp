@@ -1,0 +1,206 @@
+// The statements of a scenario, in the order of their table.
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "testkit/calls.h"
+#include "testkit/scenario.h"
+#include "testkit/statement.h"
+#include "testkit/transcript.h"
+
+namespace orvik::testkit {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A name inside the scenario's folder.
+fs::path InFolder(const std::string& name) {
+    fs::path path = fs::path(name).lexically_normal();
+    if (name.empty() || path.is_absolute() || *path.begin() == "..") {
+        throw ScenarioError("not a name in the scenario's folder: " + name);
+    }
+    return path;
+}
+
+template <class Kind>
+Kind& As(const Target& target) {
+    Kind* const* const control = std::get_if<Kind*>(&target.Ref);
+    if (control == nullptr) {
+        throw ScenarioError(std::string(target.Name) + " is no control of that kind");
+    }
+    return **control;
+}
+
+// The rows of a list that "0,2" names.
+std::vector<std::size_t> ParseRows(std::string_view rows, const ListBox& list) {
+    std::vector<std::size_t> parsed;
+    while (!rows.empty()) {
+        const std::size_t end = std::min(rows.find(','), rows.size());
+        parsed.push_back(ParseCount(rows.substr(0, end)));
+        if (parsed.back() >= list.Items().size()) {
+            throw ScenarioError("the list has no row " + std::to_string(parsed.back()));
+        }
+        rows.remove_prefix(std::min(end + 1, rows.size()));
+    }
+    return parsed;
+}
+
+}  // namespace
+
+void Scenario::MakeFile(const Words& words) {
+    const std::size_t count = words.size() > 3 ? ParseCount(words[3]) : 1;
+    const fs::path path = InFolder(words[1]);
+    std::error_code ignored;
+    fs::create_directories(path.parent_path(), ignored);
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    for (std::size_t i = 0; i < count; ++i) {
+        file.write(words[2].data(), static_cast<std::streamsize>(words[2].size()));
+    }
+    if (!file.flush()) {
+        throw ScenarioError("cannot write the file " + words[1]);
+    }
+}
+
+void Scenario::MakeFolder(const Words& words) {
+    std::error_code error;
+    fs::create_directories(InFolder(words[1]), error);
+    if (error) {
+        throw ScenarioError("cannot make the folder " + words[1]);
+    }
+}
+
+void Scenario::StoreSetting(const Words& words) {
+    platform_.SaveSetting(words[1], words[2], words[3]);
+}
+
+void Scenario::StoreDefaults(const Words& /*words*/) {
+    platform_.SaveSetting("Settings", "textSep", "5");
+    platform_.SaveSetting("Settings", "Open", "1");
+    platform_.SaveSetting("Settings", "Extract", "False");
+    platform_.SaveSetting("Settings", "Sep", ",");
+    platform_.SaveSetting("Settings", "Auto", "False");
+}
+
+void Scenario::SetClipboard(const Words& words) {
+    platform_.clipboard = words[1];
+}
+
+void Scenario::QueueAnswers(const Words& words) {
+    for (std::size_t i = 1; i < words.size(); ++i) {
+        if (words[i] == "Yes") {
+            platform_.answers.push_back(Answer::Yes);
+        } else if (words[i] == "No") {
+            platform_.answers.push_back(Answer::No);
+        } else if (words[i] == "Cancel") {
+            platform_.answers.push_back(Answer::Cancel);
+        } else {
+            throw ScenarioError("unknown answer " + words[i]);
+        }
+    }
+}
+
+void Scenario::QueuePicks(const Words& words) {
+    platform_.picks.insert(platform_.picks.end(), words.begin() + 1, words.end());
+}
+
+void Scenario::QueueModal(const Words& words) {
+    platform_.modals.push_back({std::string(FindForm(words[1]).Name()), words[2]});
+}
+
+void Scenario::Trace(const Words& words) {
+    if (words[1] != "status") {
+        throw ScenarioError("only the status can be traced");
+    }
+    trace_status_ = true;
+}
+
+void Scenario::Start(const Words& /*words*/) {
+    if (module_->form1.Loaded()) {
+        MakeProgram();
+    }
+    platform_.starting = true;
+    actor_.Start();
+    platform_.starting = false;
+}
+
+void Scenario::SetControl(const Words& words) {
+    const Target target = FindControl(words[1]);
+    if (std::holds_alternative<TextBox*>(target.Ref)) {
+        actor_.SetText(target, As<TextBox>(target), words[2]);
+    } else {
+        ListBox& list = As<ListBox>(target);
+        actor_.SelectRows(target, list, ParseRows(words[2], list));
+    }
+}
+
+void Scenario::SelectText(const Words& words) {
+    const Target target = FindControl(words[1]);
+    actor_.SelectText(target, As<TextBox>(target), ParseCount(words[2]), ParseCount(words[3]));
+}
+
+void Scenario::TypeText(const Words& words) {
+    const Target target = FindControl(words[1]);
+    actor_.TypeText(target, As<TextBox>(target), words[2]);
+}
+
+void Scenario::ReleaseKey(const Words& words) {
+    actor_.ReleaseKey(LoadForm(words[1]), static_cast<int>(ParseCount(words[2])));
+}
+
+void Scenario::CloseForm(const Words& words) {
+    actor_.Close(FindForm(words[1]));
+}
+
+void Scenario::ResizeForm(const Words& words) {
+    actor_.Resize(LoadForm(words[1]), ParseNumber(words[2]), ParseNumber(words[3]));
+}
+
+void Scenario::PutWork(const Words& words) {
+    module_->TextMode = words[1];
+    module_->WorkText = words[2];
+}
+
+void Scenario::Call(const Words& words) {
+    const Words arguments(words.begin() + 2, words.end());
+    const Procedure& procedure = FindProcedure(words[1], arguments.size());
+    module_->RunEvent([&] {
+        if (const auto result = procedure.Run(*module_, arguments)) {
+            platform_.PrintLine("= " + *result);
+        }
+    });
+}
+
+void Scenario::ShowItems(const Words& words) {
+    for (std::size_t i = 1; i < words.size(); ++i) {
+        platform_.PrintLine(words[i] + " " + Show(words[i]));
+    }
+}
+
+void Scenario::ShowSetting(const Words& words) {
+    const auto value = platform_.GetSetting(words[1], words[2]);
+    platform_.PrintLine("setting " + Quote(words[1]) + " " + Quote(words[2]) + " " +
+                        (value ? Quote(*value) : "(none)"));
+}
+
+void Scenario::ShowFile(const Words& words) {
+    std::ifstream file(InFolder(words[1]), std::ios::binary);
+    const bool found = fs::is_regular_file(words[1]) && file;
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    platform_.PrintLine("file " + Quote(words[1]) + " " + (found ? Quote(bytes) : "(none)"));
+}
+
+void Scenario::ShowFiles(const Words& /*words*/) {
+    std::vector<std::string> names;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(".")) {
+        if (entry.is_regular_file()) {
+            names.push_back(entry.path().lexically_relative(".").generic_string());
+        }
+    }
+    std::sort(names.begin(), names.end());
+    std::transform(names.begin(), names.end(), names.begin(), Quote);
+    platform_.PrintLine("files " + FormatList(names));
+}
+
+}  // namespace orvik::testkit
