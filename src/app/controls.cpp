@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/mark.h"
 #include "app/run_time_error.h"
 
 namespace orvik {
@@ -25,26 +26,20 @@ void TextBox::Select(std::size_t start, std::size_t length) {
     SelLength = std::min(length, text_.size() - SelStart);
 }
 
-void TextBox::Assign(std::string text, std::size_t sel_start) {
+void TextBox::Restore(std::string text) {
     text_ = std::move(text);
     ++revision_;
-    SelStart = sel_start;
+    SelStart = 0;
     SelLength = 0;
-    if (!Change || changing_) {
-        return;
+}
+
+void TextBox::Assign(std::string text, std::size_t sel_start) {
+    Restore(std::move(text));
+    SelStart = sel_start;
+    if (Change && !changing_) {
+        const Mark mark(changing_);
+        Change();
     }
-    // Change shows boxes and can fail or end the program, so the mark goes on every way out.
-    struct Mark {
-        explicit Mark(bool& mark) : mark_(mark) { mark_ = true; }
-        Mark(const Mark&) = delete;
-        Mark& operator=(const Mark&) = delete;
-        Mark(Mark&&) = delete;
-        Mark& operator=(Mark&&) = delete;
-        ~Mark() { mark_ = false; }
-        bool& mark_;
-    };
-    const Mark mark(changing_);
-    Change();
 }
 
 void ListBox::Clear() {
@@ -53,6 +48,11 @@ void ListBox::Clear() {
     selected_.clear();
     ++selection_revision_;
     ListIndex = -1;
+}
+
+void ListBox::Restore(ItemList items) {
+    Clear();
+    items_ = std::move(items);
 }
 
 void ListBox::AddItem(std::string_view item) {

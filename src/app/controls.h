@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -38,6 +39,11 @@ struct Button : Control {
     std::string Caption;
 };
 
+struct Label : Control {
+    explicit Label(std::string_view caption) : Caption(caption) {}
+    std::string Caption;
+};
+
 // A menu, a menu item, or a separator (Caption "-").
 struct MenuItem {
     explicit MenuItem(std::string_view caption) : Caption(caption) {}
@@ -65,6 +71,8 @@ class TextBox : public Control {
     void ReplaceSelection(std::string_view text);
     // The user changed the text; the new selection is empty at sel_start.
     void EditByUser(std::string text, std::size_t sel_start);
+    // Puts an earlier text back, without Change.
+    void Restore(std::string text);
     // The user selected; what lies beyond the text is cut off.
     void Select(std::size_t start, std::size_t length);
 
@@ -81,27 +89,35 @@ class TextBox : public Control {
     bool changing_ = false;
 };
 
-// The items of a list, kept in one string, so that a million of them cost two allocations.
+// The items of a list, kept in one string, so that a million of them cost two allocations. A copy
+// shares them until one of the two changes.
 class ItemList {
  public:
-    [[nodiscard]] std::size_t size() const { return ends_.size(); }
-    [[nodiscard]] bool empty() const { return ends_.empty(); }
+    [[nodiscard]] std::size_t size() const { return items_->Ends.size(); }
+    [[nodiscard]] bool empty() const { return items_->Ends.empty(); }
     [[nodiscard]] std::string_view operator[](std::size_t i) const {
-        const std::size_t start = i == 0 ? 0 : ends_[i - 1];
-        return std::string_view(text_).substr(start, ends_[i] - start);
+        const std::size_t start = i == 0 ? 0 : items_->Ends[i - 1];
+        return std::string_view(items_->Text).substr(start, items_->Ends[i] - start);
     }
-    void Clear() {
-        text_.clear();
-        ends_.clear();
+    // The memory that the items take.
+    [[nodiscard]] std::size_t Bytes() const {
+        return items_->Text.size() + items_->Ends.size() * sizeof(std::size_t);
     }
+    void Clear() { items_ = std::make_shared<Shared>(); }
     void Add(std::string_view item) {
-        text_.append(item);
-        ends_.push_back(text_.size());
+        if (items_.use_count() > 1) {
+            items_ = std::make_shared<Shared>(*items_);
+        }
+        items_->Text.append(item);
+        items_->Ends.push_back(items_->Text.size());
     }
 
  private:
-    std::string text_;
-    std::vector<std::size_t> ends_;
+    struct Shared {
+        std::string Text;
+        std::vector<std::size_t> Ends;
+    };
+    std::shared_ptr<Shared> items_ = std::make_shared<Shared>();
 };
 
 // A list in which several rows can be selected. Rows count from 0.
@@ -111,6 +127,8 @@ class ListBox : public Control {
     [[nodiscard]] Revision ItemsRevision() const { return items_revision_; }
     void Clear();
     void AddItem(std::string_view item);
+    // Puts earlier items back; none is selected.
+    void Restore(ItemList items);
 
     // The selected rows, ascending.
     [[nodiscard]] const std::vector<std::size_t>& Selected() const { return selected_; }
@@ -162,7 +180,8 @@ struct CommonDialog {
     int FilterIndex = 1;
 };
 
-using ControlRef = std::variant<TextBox*, ListBox*, Button*, MenuItem*, StatusBar*, ProgressBar*>;
+using ControlRef =
+    std::variant<TextBox*, ListBox*, Button*, Label*, MenuItem*, StatusBar*, ProgressBar*>;
 
 struct NamedControl {
     std::string_view Name;

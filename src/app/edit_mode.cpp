@@ -38,13 +38,17 @@ void Form1::LeaveEditMode() {
     ShowLists(true);
     StatusBar1.SetPanelText(1, "Ready");
     if (module_.WorkText.empty()) {
-        List1.Clear();
-        List2.Clear();
-        StatusBar1.SetPanelText(2, "0 items");
+        ClearLists();
     } else {
         module_.RefreshLists();
     }
     module_.TextMode = mode::kNative;
+}
+
+void Form1::ClearLists() {
+    List1.Clear();
+    List2.Clear();
+    StatusBar1.SetPanelText(2, "0 items");
 }
 
 void Form1::EnableEditCommands(bool editing) {

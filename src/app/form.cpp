@@ -1,8 +1,29 @@
 #include "app/form.h"
 
+#include <variant>
+
 #include "app/module1.h"
 
 namespace orvik {
+
+std::string Form::TitleOf(std::string_view handler) {
+    for (const NamedControl& control : Controls()) {
+        if (handler == std::string(control.Name) + "_Click") {
+            std::string title = std::visit(
+                [](const auto* kind) -> std::string {
+                    if constexpr (requires { kind->Caption; }) {
+                        return kind->Caption;
+                    } else {
+                        return {};
+                    }
+                },
+                control.Ref);
+            std::erase_if(title, [](char c) { return c == '&' || c == '.'; });
+            return title;
+        }
+    }
+    return {};
+}
 
 void Form::Load() {
     if (!loaded_) {
@@ -17,6 +38,7 @@ void Form::Show(Showing showing) {
         visible_ = true;
         Form_Resize();
     }
+    Form_Activate();
     module_.platform.ShowForm(*this, showing);
 }
 

@@ -48,7 +48,13 @@ class Form {
     virtual std::vector<NamedControl> Controls() = 0;
     virtual std::vector<NamedHandler> Handlers() = 0;
 
+    // What a handler is called in its menu or on its button, less access key and dots.
+    //   "mnuOpen_Click"  ->  "Open file"
+    [[nodiscard]] std::string TitleOf(std::string_view handler);
+
     virtual void Form_Load() {}
+    // The window is about to be shown.
+    virtual void Form_Activate() {}
     // Returns whether the window may go.
     virtual bool Form_Unload() { return true; }
     virtual void Form_Resize() {}

@@ -6,8 +6,6 @@
 namespace orvik {
 namespace {
 
-constexpr double kMinimumWidth = 3400;
-constexpr double kMinimumHeight = 1500;
 // What stays free under the text box for the status bar, and under the lists for the buttons too.
 constexpr double kStatusHeight = 375;
 constexpr double kButtonsHeight = 600;
@@ -31,8 +29,6 @@ Form1::Form1(Module1& module) : Form(module, "Form1", kTitle) {
         }
     }
     EnableEditCommands(false);
-    cmdEmail.Enabled = false;
-    cmdNick.Enabled = false;
 }
 
 void Form1::Form_Load() {

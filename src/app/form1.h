@@ -17,6 +17,10 @@ class Form1 : public Form {
  public:
     explicit Form1(Module1& module);
 
+    // The smallest window, frame included.
+    static constexpr double kMinimumWidth = 3400;
+    static constexpr double kMinimumHeight = 1500;
+
     using Handler = void (Form1::*)();
 
     // One row of a menu. Click is null for a separator and for an item whose command does not exist
@@ -69,18 +73,46 @@ class Form1 : public Form {
     void mnuUn_Click();
     void mnuClearPasteNet4_Click();
 
+    // Netscape 3 HTML: src/formats/netscape3_writer.cpp and netscape3_reader.cpp.
+    // Net3: the text as a Netscape 3 book; a text in the ASCII form becomes Native.
+    std::string Net3(std::string& text1String);
+    void mnuCopyNet3_Click();
+    // UnNet3: the links of a Netscape 3 book as entries, less the last separator.
+    std::string UnNet3(const std::string& what);
+    void mnuClearPasteNet3_Click();
+
+    // Juno: src/formats/juno_writer.cpp and juno_reader.cpp.
+    void mnuJuno_Click();
+    void mnuPasteJuno_Click();
+    void ToggleEditModeFourTimes();
+
     // Files: src/files/.
     void mnuOpen_Click();
     // Opens a file that was named on the command line or dropped on the window, as Open does after
     // its dialog.
     void OpenBook(const std::string& name);
     void mnuSave_Click();
+    void mnuMerge_Click();
 
-    // Nickname parsing: src/listops/parse_nicknames.cpp.
+    void mnuExtract_Click();  // src/extract/driver.cpp
+
+    // Sorting, duplicates, nickname parsing: src/listops/.
+    void cmdEmail_Click();
+    void cmdNick_Click();
+    void mnuAlphNick_Click() { cmdNick_Click(); }
+    void mnuAlphAddr_Click() { cmdEmail_Click(); }
+    void mnuRemDup_Click();
     void mnuParse_Click();
+
+    // List generation: src/aux/list_generation.cpp.
+    void mnuList_Click();
+    void cmdDone_Click();
 
     // Puts the working text into Text1 unless it is longer than the text box takes.
     void ShowTextIfShort();
+
+    // Empties both lists: "0 items".
+    void ClearLists();
 
     // Whether LdifText is the working text's LDIF form, as far as the commands keep track.
     bool LdifCurrent = false;
@@ -163,8 +195,11 @@ class Form1 : public Form {
     void Guarded(const std::function<void()>& statement);
     bool BeginOpen();
     void ReadAndLoad(const std::string& name);
-    void LoadByEnding(const std::string& name);
+    template <void (Module1::*Sort)()>
+    void SortBy();
     void RoundTripThroughLdif();
+    void WriteInFormatOf(const std::string& name, bool ldif_outdated);
+    void SaveNetscape3(const std::string& name);
 };
 
 }  // namespace orvik

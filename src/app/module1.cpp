@@ -10,6 +10,10 @@ void Module1::RunEvent(const std::function<void()>& event) {
     Guard(event, [this](const RunTimeError& failure) { platform.ReportFailure(failure); });
 }
 
+void Module1::RunCommand(Form& form, const NamedHandler& handler) {
+    history.Run(form.TitleOf(handler.Name), handler.Run);
+}
+
 void Module1::Tell(std::string_view text, std::string_view title) {
     platform.ShowBox({std::string(text), std::string(title), Buttons::OK, Icon::None});
 }

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,7 +14,11 @@
 #include "app/form.h"
 #include "app/form1.h"
 #include "app/messages.h"
+#include "app/undo.h"
+#include "aux/frm_select.h"
 #include "files/file_slot.h"
+#include "files/form3.h"
+#include "listops/sort_entries.h"
 #include "platform/platform.h"
 
 namespace orvik {
@@ -25,11 +29,18 @@ inline constexpr std::string_view kNone = "none";
 inline constexpr std::string_view kAscii = "ASCII";
 inline constexpr std::string_view kNative = "Native";
 inline constexpr std::string_view kMoz4 = "Moz4";
+inline constexpr std::string_view kJuno = "Juno";
 }  // namespace mode
+
+// The values of OpenMode: how the format of a file is found.
+inline constexpr int kDetectAlways = 1;
+inline constexpr int kAskForTextFiles = 3;
+inline constexpr int kAskAlways = 4;
 
 class Module1 {
  public:
-    explicit Module1(Platform& platform_) : platform(platform_), form1(*this) {}
+    explicit Module1(Platform& platform_)
+        : platform(platform_), form1(*this), form3(*this), frm_select(*this) {}
     Module1(const Module1&) = delete;
     Module1& operator=(const Module1&) = delete;
     Module1(Module1&&) = delete;
@@ -38,12 +49,17 @@ class Module1 {
 
     Platform& platform;
     Form1 form1;
+    Form3 form3;
+    FrmSelect frm_select;
     // Every window of the program.
-    [[nodiscard]] std::vector<Form*> Forms() { return {&form1}; }
+    [[nodiscard]] std::vector<Form*> Forms() { return {&form1, &form3, &frm_select}; }
 
     // Runs one event of the user: a failure that the command does not handle is reported, and the
     // program goes on. The end of the program passes through.
     void RunEvent(const std::function<void()>& event);
+    // Runs a handler of a form as an event that can be undone.
+    void RunCommand(Form& form, const NamedHandler& handler);
+    UndoHistory history{*this};
 
     // Shows a box with an OK button.
     void Tell(std::string_view text, std::string_view title = kTitle);
@@ -92,9 +108,58 @@ class Module1 {
     // count from it.
     void RefreshLists();
 
+    // JunoText: the text as a Juno address book. A working text in the ASCII form is parsed into
+    // the Native form first, and text with it where it is the working text.
+    std::string JunoText(std::string& text);
+    // ReadJuno: the entries of a Juno address book; the mode becomes ASCII.
+    std::string ReadJuno(const std::string& text);
+    // The readers of comma-separated books: the file contents in WorkText become its entries, in
+    // the ASCII form, by way of LDIF. Errors: RunTimeError 5, with a message, if the text ends too
+    // soon.
+    void ReadCsv();
+    void ReadWordPerfect();
+
     // The loaders: each turns the file contents in WorkText into the working text, or refuses it.
+    void OpenNetscape3();
     void OpenNetscape4();
     void OpenTextList();
+    void OpenCsv();
+    void OpenWordPerfect();
+    void OpenJuno();
+    void OpenPegasus();
+    // For the automation: the alias lines of a file become entries.
+    void OpenAliasFile();
+
+    // Runs the loader that a file name's ending asks for; an unknown ending brings the chooser or
+    // is a text list, as OpenMode says. Without pegasus a distribution list counts as unknown.
+    void LoadByEnding(const std::string& name, bool pegasus);
+    // Closes the chooser and runs Open again.
+    void ReopenFromChooser();
+
+    // MergeLdif: joins two texts, each in the form it is in, and lists the result. Both come back
+    // in the ASCII form, by way of LDIF.
+    void MergeLdif(std::string& old_text, std::string& new_text);
+
+    // Extraction: src/extract/driver.cpp.
+    // ScanAddresses: appends the addresses of a chunk to found; total is the file's length in
+    // bytes, start the chunk's 1-based position in it. Errors: RunTimeError 6 past 32767 addresses.
+    void ScanAddresses(std::string& found,
+                       std::string_view chunk,
+                       std::size_t total,
+                       std::size_t start);
+    // ExtractFromFile: makes the addresses of the file that the file dialog has chosen the working
+    // text. A failure or a cancel leaves it empty.
+    void ExtractFromFile();
+
+    // Sorting: src/listops/sort.cpp. Both sort WorkText, up to 500 entries, and leave it Native.
+    void SortByAddress();
+    void SortByNickname();
+    void TellTooManyToSort();
+    // RemoveDuplicates: tells the number of items, leaves "-nick-" in WorkText and tells it again.
+    void RemoveDuplicates();
+
+    // ListSelected: shows the entries whose rows are selected in List3 in a box, one line each.
+    void ListSelected();
 
     // LoadSettings: reads the settings that are kept here (src/settings/load_settings.cpp).
     void LoadSettings();
@@ -111,7 +176,18 @@ class Module1 {
     bool ReadOrAsk(const std::function<void()>& read);
     void StoreDefaults();
     // Asks what to do with a file that its reader does not know; raw is the text of the file.
-    void RefuseFile(const std::string& raw);
+    void RefuseFormat(const std::string& raw);
+    void RefuseList();
+    // What the loaders of lists do first. Returns whether there is a list to load.
+    bool BeginList();
+    // Runs a reader of columns. Returns whether there is a book now.
+    bool OpenColumns(void (Module1::*reader)());
+    void LoadNative(std::optional<std::string> native);
+    std::string ThroughLdif(std::string text);
+    void ScanFile(std::size_t length, std::string& found);
+    bool BeginSort(std::string_view no_text, std::string_view title);
+    void SortWorkText(SortKey key);
+    void AppendSorted(std::string_view block, int percent_done);
 };
 
 }  // namespace orvik

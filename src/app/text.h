@@ -28,6 +28,17 @@ inline constexpr std::string_view kCrLf = "\r\n";
     return found == std::string_view::npos ? text.size() + 1 : found + 1;
 }
 
+// TakeUntil: what stands from position up to the next terminator, or to the end of the text where
+// there is none. position moves to the terminator, or one past the last character.
+//   TakeUntil("ab\r\n", 1, "\r\n")  ->  "ab", position 3
+[[nodiscard]] inline std::string_view TakeUntil(std::string_view text,
+                                                std::size_t& position,
+                                                std::string_view terminator) {
+    const std::size_t start = position;
+    position = FindFrom(text, terminator, position);
+    return start < position ? Mid(text, start, position - start) : std::string_view{};
+}
+
 // ToLower: ASCII letters in lower case, for file name endings.
 [[nodiscard]] inline std::string ToLower(std::string_view text) {
     std::string lower(text);

@@ -175,7 +175,7 @@ std::string EntryEnd(std::string_view separator) {
     return end;
 }
 
-NativeReader::NativeReader(std::string_view text) : text_(text) {
+NativeText::NativeText(std::string_view text) : text_(text) {
     if (text_.find(kNick) == std::string_view::npos) {
         completed_.reserve(text.size() + kNick.size() + 2 * kCrLf.size());
         completed_.append(text);
@@ -186,28 +186,31 @@ NativeReader::NativeReader(std::string_view text) : text_(text) {
         text_ = completed_;
     }
     separator_ = text_.find(kNick) + 1;
-    nickname_ = separator_ + kNick.size() + kCrLf.size();
 }
 
+NativeReader::NativeReader(std::string_view text, char line_end)
+    : native_(text), line_end_(line_end), nickname_(native_.Nicknames()) {}
+
 bool NativeReader::Next() {
-    const std::size_t end = FindFrom(text_, "\r", address_start_);
-    if (end >= separator_) {
+    const std::size_t end = FindFrom(native_.Text(), {&line_end_, 1}, address_start_);
+    if (end >= Separator()) {
         return false;
     }
-    address_ = Mid(text_, address_start_, end - address_start_);
+    address_ = Mid(native_.Text(), address_start_, end - address_start_);
     address_end_ = end;
     address_start_ = end + 1;
     return true;
 }
 
 std::string_view NativeReader::TakeNickname() {
+    const std::string_view text = native_.Text();
     const std::size_t start = nickname_;
-    std::size_t end = FindFrom(text_, kCrLf, start);
-    if (end > text_.size()) {
-        end = std::max(start, text_.size());
+    std::size_t end = FindFrom(text, kCrLf, start);
+    if (end > text.size()) {
+        end = std::max(start, text.size());
     }
     nickname_ = end + kCrLf.size();
-    return Mid(text_, start, end - start);
+    return Mid(text, start, end - start);
 }
 
 }  // namespace orvik

@@ -45,29 +45,44 @@ std::size_t ListNative(std::string_view text,
 // EntryEnd: what the readers write behind an entry: the separator, and LF behind a CR.
 [[nodiscard]] std::string EntryEnd(std::string_view separator);
 
+// A Native text with the place of its middle line. A text without the line "-nick-" is read as if
+// CR LF "-nick-" CR LF stood at its end, an empty text as "-nick-" CR LF.
+class NativeText {
+ public:
+    // text must outlive this.
+    explicit NativeText(std::string_view text);
+    NativeText(const NativeText&) = delete;
+    NativeText& operator=(const NativeText&) = delete;
+    NativeText(NativeText&&) = delete;
+    NativeText& operator=(NativeText&&) = delete;
+    ~NativeText() = default;
+
+    [[nodiscard]] std::string_view Text() const { return text_; }
+    // The position of "-nick-", and that of the first nickname line.
+    [[nodiscard]] std::size_t Separator() const { return separator_; }
+    [[nodiscard]] std::size_t Nicknames() const { return separator_ + kNick.size() + 2; }
+
+ private:
+    std::string completed_;  // used only for a text without "-nick-"
+    std::string_view text_;
+    std::size_t separator_;
+};
+
 // Reads a Native text entry by entry: each line of the address block with its nickname line.
-//
-// A text without the line "-nick-" is read as if CR LF "-nick-" CR LF stood at its end, an empty
-// text as "-nick-" CR LF. Positions are those of the text read.
 class NativeReader {
  public:
-    // text must outlive the reader.
-    explicit NativeReader(std::string_view text);
-    NativeReader(const NativeReader&) = delete;
-    NativeReader& operator=(const NativeReader&) = delete;
-    NativeReader(NativeReader&&) = delete;
-    NativeReader& operator=(NativeReader&&) = delete;
-    ~NativeReader() = default;
+    // text must outlive the reader. line_end is what ends an address line.
+    explicit NativeReader(std::string_view text, char line_end = '\r');
 
     // The position of "-nick-".
-    [[nodiscard]] std::size_t Separator() const { return separator_; }
+    [[nodiscard]] std::size_t Separator() const { return native_.Separator(); }
 
-    // Goes to the next address line, one that is ended by CR. False when there is none left.
+    // Goes to the next address line that is ended. False when there is none left.
     bool Next();
 
-    // The address line of this entry as it stands, LF characters included, without its CR.
+    // The address line of this entry as it stands, LF characters included, without its end.
     [[nodiscard]] std::string_view RawAddress() const { return address_; }
-    // The position of the CR that ends it.
+    // The position of the character that ends it.
     [[nodiscard]] std::size_t AddressEnd() const { return address_end_; }
 
     // The next nickname line. The last character of a text that does not end with CR LF is not
@@ -75,9 +90,8 @@ class NativeReader {
     std::string_view TakeNickname();
 
  private:
-    std::string completed_;  // used only for a text without "-nick-"
-    std::string_view text_;
-    std::size_t separator_;
+    NativeText native_;
+    char line_end_;
     std::size_t address_start_ = 1;
     std::size_t address_end_ = 0;
     std::size_t nickname_;

@@ -186,6 +186,39 @@ void FileSlot::Close() {
     file_.reset();
 }
 
+std::string FileSlot::ReadIfThere(const std::string& name) {
+    CheckName(name);
+    if (TypeOf(name) == fs::file_type::not_found) {
+        return {};
+    }
+    OpenForInput(name);
+    std::string contents = Read(Length());
+    Close();
+    return contents;
+}
+
+void FileSlot::Append(const std::string& name, std::string_view contents) {
+    Close();
+    CheckName(name);
+    const fs::path path = Resolve(name);
+    const fs::file_type type = TypeOf(path);
+    if (type != fs::file_type::regular && type != fs::file_type::not_found) {
+        throw RunTimeError(Failure::PathFileAccess);
+    }
+    std::error_code error;
+    const std::uintmax_t old_length =
+        type == fs::file_type::regular ? fs::file_size(path, error) : 0;
+    Guard([&] { WriteAndClose(OpenOrThrow(path, "ab"), contents, path); },
+          [&](const RunTimeError& failure) {
+              if (type == fs::file_type::regular) {
+                  fs::resize_file(path, old_length, error);
+              } else {
+                  fs::remove(path, error);
+              }
+              throw failure;
+          });
+}
+
 void FileSlot::Replace(const std::string& name, std::string_view contents) {
     Close();
     CheckName(name);

@@ -24,10 +24,27 @@ class FileSlot {
     std::string Read(std::size_t count);
     // Closes the file; without one it does nothing.
     void Close();
+    // Closes the file of a slot when it goes.
+    class Closing {
+     public:
+        explicit Closing(FileSlot& slot) : slot_(slot) {}
+        Closing(const Closing&) = delete;
+        Closing& operator=(const Closing&) = delete;
+        Closing(Closing&&) = delete;
+        Closing& operator=(Closing&&) = delete;
+        ~Closing() { slot_.Close(); }
+
+     private:
+        FileSlot& slot_;
+    };
 
     // Replaces the contents of a file, or creates it. The new contents are written beside the old
     // file and renamed over it, so a failure leaves the file as it was.
     void Replace(const std::string& name, std::string_view contents);
+    // Adds to the end of a file, or creates it. After a failure the file has its old length.
+    void Append(const std::string& name, std::string_view contents);
+    // The contents of a file, empty where there is none.
+    std::string ReadIfThere(const std::string& name);
 
  private:
     struct Closer {

@@ -1,14 +1,11 @@
 // Open: reads a whole file into the working text and loads it by the ending of its name.
 
-#include <algorithm>
-#include <array>
 #include <functional>
 #include <string>
 
 #include "app/form1.h"
 #include "app/module1.h"
 #include "app/run_time_error.h"
-#include "app/text.h"
 
 namespace orvik {
 namespace {
@@ -16,13 +13,6 @@ namespace {
 constexpr std::string_view kOpenFilter =
     "Netscape 4.x|*.ldif|Netscape 3.0|*.htm|Internet Explorer 4.x|*.csv|Juno|*.nv|"
     "WordPerfect 8|*.abx|Pegasus Mail|*.pml|Text files|*.txt|All files|*.*";
-
-// The status text while a file is read.
-constexpr std::string_view kOpening = "Opening . . .";
-
-// The endings whose readers do not exist yet.
-constexpr std::array<std::string_view, 7> kNoReaderYet = {
-    "html", "htm", "csv", "abx", "nv", "pml", "xtr"};
 
 }  // namespace
 
@@ -58,6 +48,7 @@ void Form1::mnuOpen_Click() {
 
 void Form1::OpenBook(const std::string& name) {
     if (BeginOpen()) {
+        CommonDialog1.FileName = name;
         ReadAndLoad(name);
     }
 }
@@ -66,31 +57,17 @@ void Form1::ReadAndLoad(const std::string& name) {
     module_.OldCaption = Caption;
     Caption = std::string(kTitle) + " - " + name;
     Guarded([&] { module_.File1.OpenForInput(name); });
-    StatusBar1.SetPanelText(1, std::string(kOpening));
+    StatusBar1.SetPanelText(1, "Opening . . .");
     Guarded([&] { module_.WorkText = module_.File1.Read(module_.File1.Length()); });
     module_.File1.Close();
-    Guarded([&] { LoadByEnding(name); });
+    if (module_.OpenMode == kAskAlways) {
+        Guarded([&] { module_.form3.Show(Showing::Modeless); });
+        return;
+    }
+    Guarded([&] { module_.LoadByEnding(name, true); });
     LdifCurrent = false;
     StatusBar1.SetPanelText(1, "Ready");
     Guarded([&] { Text1.SetText(module_.WorkText); });
-}
-
-void Form1::LoadByEnding(const std::string& name) {
-    if (HasEnding(name, "ldif")) {
-        module_.OpenNetscape4();
-        return;
-    }
-    const bool no_reader_yet =
-        std::any_of(kNoReaderYet.begin(), kNoReaderYet.end(), [&](std::string_view ending) {
-            return HasEnding(name, ending);
-        });
-    if (no_reader_yet) {
-        module_.Tell("This version of Orvik reads LDIF files and text lists only.");
-        Caption = module_.OldCaption;
-        module_.WorkText = module_.TextBeforeOpen;
-        return;
-    }
-    module_.OpenTextList();
 }
 
 }  // namespace orvik

@@ -1,6 +1,8 @@
 // Save As: writes the working text in the format that the name's ending asks for.
 
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "app/form1.h"
 #include "app/messages.h"
@@ -8,6 +10,7 @@
 #include "app/run_time_error.h"
 #include "app/text.h"
 #include "app/working_text.h"
+#include "files/netscape3_merge.h"
 
 namespace orvik {
 namespace {
@@ -41,14 +44,26 @@ void Form1::mnuSave_Click() {
         name += 'f';
     }
     Caption = std::string(kTitle) + " - " + name;
+    WriteInFormatOf(name, too_long);
+}
+
+// LDIF and text are written as they stand, the other formats with a line break behind them.
+void Form1::WriteInFormatOf(const std::string& name, bool ldif_outdated) {
     if (HasEnding(name, "ldif")) {
-        if (!LdifCurrent || too_long) {
+        if (!LdifCurrent || ldif_outdated) {
             Convert(module_.WorkText);
         }
         module_.File1.Replace(name, module_.LdifText);
     } else if (HasEnding(name, "txt")) {
         RoundTripThroughLdif();
         module_.File1.Replace(name, module_.WorkText);
+    } else if (HasEnding(name, "pml")) {
+        RoundTripThroughLdif();
+        module_.File1.Append(name, std::string(kCrLf) + module_.WorkText + std::string(kCrLf));
+    } else if (HasEnding(name, "htm") || HasEnding(name, "html")) {
+        SaveNetscape3(name);
+    } else if (HasEnding(name, "nv")) {
+        module_.File1.Append(name, module_.JunoText(module_.WorkText).append(kCrLf));
     } else {
         // No other ending says in which format to write.
         throw RunTimeError(Failure::BadFileNumber);
@@ -60,6 +75,20 @@ void Form1::RoundTripThroughLdif() {
         mnuConvert_Click();
         mnuUn_Click();
     }
+}
+
+void Form1::SaveNetscape3(const std::string& name) {
+    const std::string old_book = module_.File1.ReadIfThere(name);
+    std::string book = Net3(module_.WorkText);
+    if (!old_book.empty()) {
+        std::optional<std::string> merged = MergeNetscape3(old_book, book);
+        if (!merged) {
+            module_.Tell("Bad Netscape 3.x Address Book!");
+            module_.platform.End();
+        }
+        book = std::move(*merged);
+    }
+    module_.File1.Replace(name, book.append(kCrLf));
 }
 
 }  // namespace orvik

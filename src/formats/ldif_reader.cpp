@@ -12,14 +12,6 @@ constexpr std::string_view kNicknameKey = "\r\nxmozillanickname: ";
 constexpr std::string_view kMailKey = "\r\nmail: ";
 constexpr std::string_view kRecordEnd = "\r\n\r\n";
 
-// Appends the value that starts at i and moves i to the CR LF that ends it, or one past the last
-// character of the text.
-void CopyValue(std::string& list, std::string_view text, std::size_t& i) {
-    const std::size_t end = FindFrom(text, kCrLf, i);
-    list.append(Mid(text, i, end - i));
-    i = end;
-}
-
 }  // namespace
 
 std::string ReadLdif(std::string_view ldif, std::string_view separator) {
@@ -31,16 +23,12 @@ std::string ReadLdif(std::string_view ldif, std::string_view separator) {
         const std::string_view rest = ldif.substr(i - 1);
         if (rest.starts_with(kNicknameKey)) {
             i += kNicknameKey.size();
-            list += '"';
-            CopyValue(list, ldif, i);
-            list += "\" ";
+            list.append("\"").append(TakeUntil(ldif, i, kCrLf)).append("\" ");
         } else if (rest.starts_with(kMailKey)) {
             i += kMailKey.size();
-            list += '<';
-            CopyValue(list, ldif, i);
-            list += '>';
+            list.append("<").append(TakeUntil(ldif, i, kCrLf)).append(">");
             // The line break behind an address is passed over, so the line that follows is never
-            // recognised. Books of the 3.x series end their records behind that line.
+            // recognised. In Netscape's books it is never a line that matters.
             ++i;
         } else {
             if (rest.starts_with(kRecordEnd)) {

@@ -11,8 +11,16 @@ void Actor::Start() {
     module_->RunEvent([this] { module_->form1.Show(Showing::Modeless); });
 }
 
-void Actor::RunHandler(Form& /*form*/, const NamedHandler& handler) {
-    module_->RunEvent(handler.Run);
+void Actor::RunHandler(Form& form, const NamedHandler& handler) {
+    module_->RunCommand(form, handler);
+}
+
+void Actor::Undo() {
+    module_->RunEvent([this] { module_->history.Undo(); });
+}
+
+void Actor::Redo() {
+    module_->RunEvent([this] { module_->history.Redo(); });
 }
 
 void Actor::SetText(const Target& /*target*/, TextBox& box, const std::string& text) {
@@ -46,7 +54,7 @@ void Actor::RunClick(const Target& target) {
     const std::string name = std::string(target.Name) + "_Click";
     for (const NamedHandler& handler : target.Owner.Handlers()) {
         if (handler.Name == name) {
-            Actor::RunHandler(target.Owner, handler);
+            module_->RunEvent(handler.Run);
             return;
         }
     }

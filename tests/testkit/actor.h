@@ -50,6 +50,8 @@ class Actor {
     virtual void SelectRows(const Target& target,
                             ListBox& list,
                             const std::vector<std::size_t>& rows);
+    virtual void Undo();
+    virtual void Redo();
     virtual void ReleaseKey(Form& form, int key_code);
     virtual void Close(Form& form);
     virtual void Resize(Form& form, double width, double height);

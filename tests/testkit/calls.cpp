@@ -40,10 +40,69 @@ const std::vector<Procedure>& Procedures() {
          [](Module1& m, const Arguments& a) {
              return std::optional(Quote(m.HelpFilePath(static_cast<int>(ParseNumber(a[0])))));
          }},
+        {"Net3",
+         1,
+         1,
+         [](Module1& m, const Arguments& a) {
+             std::string text = a[0];
+             return std::optional(Quote(m.form1.Net3(text)));
+         }},
+        {"UnNet3",
+         1,
+         1,
+         [](Module1& m, const Arguments& a) { return std::optional(Quote(m.form1.UnNet3(a[0]))); }},
+        {"JunoText",
+         1,
+         1,
+         [](Module1& m, const Arguments& a) {
+             std::string text = a[0];
+             return std::optional(Quote(m.JunoText(text)));
+         }},
+        {"ReadJuno",
+         1,
+         1,
+         [](Module1& m, const Arguments& a) { return std::optional(Quote(m.ReadJuno(a[0]))); }},
+        {"MergeLdif",
+         2,
+         2,
+         [](Module1& m, const Arguments& a) -> std::optional<std::string> {
+             std::string old_text = a[0];
+             std::string new_text = a[1];
+             m.MergeLdif(old_text, new_text);
+             return std::nullopt;
+         }},
+        {"ScanAddresses",
+         4,
+         4,
+         [](Module1& m, const Arguments& a) {
+             std::string found = a[0];
+             m.ScanAddresses(found, a[1], ParseCount(a[2]), ParseCount(a[3]));
+             return std::optional(Quote(found));
+         }},
+        {"ExtractFromFile",
+         1,
+         1,
+         [](Module1& m, const Arguments& a) -> std::optional<std::string> {
+             m.form1.CommonDialog1.FileName = a[0];
+             m.ExtractFromFile();
+             return std::nullopt;
+         }},
         Plain("RefreshLists", [](Module1& m) { m.RefreshLists(); }),
         Plain("unconvert", [](Module1& m) { m.form1.unconvert(); }),
+        Plain("ReadCsv", [](Module1& m) { m.ReadCsv(); }),
+        Plain("ReadWordPerfect", [](Module1& m) { m.ReadWordPerfect(); }),
+        Plain("OpenNetscape3", [](Module1& m) { m.OpenNetscape3(); }),
         Plain("OpenNetscape4", [](Module1& m) { m.OpenNetscape4(); }),
         Plain("OpenTextList", [](Module1& m) { m.OpenTextList(); }),
+        Plain("OpenCsv", [](Module1& m) { m.OpenCsv(); }),
+        Plain("OpenWordPerfect", [](Module1& m) { m.OpenWordPerfect(); }),
+        Plain("OpenJuno", [](Module1& m) { m.OpenJuno(); }),
+        Plain("OpenPegasus", [](Module1& m) { m.OpenPegasus(); }),
+        Plain("OpenAliasFile", [](Module1& m) { m.OpenAliasFile(); }),
+        Plain("SortByAddress", [](Module1& m) { m.SortByAddress(); }),
+        Plain("SortByNickname", [](Module1& m) { m.SortByNickname(); }),
+        Plain("RemoveDuplicates", [](Module1& m) { m.RemoveDuplicates(); }),
+        Plain("ListSelected", [](Module1& m) { m.ListSelected(); }),
         Plain("LoadSettings", [](Module1& m) { m.LoadSettings(); }),
     };
     return kProcedures;

@@ -33,6 +33,8 @@ const std::vector<Scenario::Statement>& Scenario::Statements() {
         {"key", 3, 3, &Scenario::ReleaseKey},
         {"close", 2, 2, &Scenario::CloseForm},
         {"resize", 4, 4, &Scenario::ResizeForm},
+        {"undo", 1, 1, &Scenario::Undo},
+        {"redo", 1, 1, &Scenario::Redo},
         {"work", 3, 3, &Scenario::PutWork},
         {"call", 2, Words().max_size(), &Scenario::Call},
         {"show", 2, Words().max_size(), &Scenario::ShowItems},

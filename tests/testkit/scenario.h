@@ -60,6 +60,8 @@ class Scenario {
     void ReleaseKey(const Words& words);
     void CloseForm(const Words& words);
     void ResizeForm(const Words& words);
+    void Undo(const Words& words);
+    void Redo(const Words& words);
     void PutWork(const Words& words);
     void Call(const Words& words);
     // What can be seen.

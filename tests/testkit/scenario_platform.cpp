@@ -1,6 +1,7 @@
 #include "testkit/scenario_platform.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "app/form.h"
 #include "app/run_time_error.h"
@@ -141,7 +142,9 @@ void ScenarioPlatform::ShowForm(Form& form, Showing showing) {
     }
     const std::string statements = acts->Statements;
     modals.erase(acts);
+    const bool was_nested = std::exchange(nested_, true);
     run_modal(statements);
+    nested_ = was_nested;
     if (form.Visible()) {
         form.Unload();
     }
@@ -174,9 +177,11 @@ void ScenarioPlatform::Yield() {
         }
     }
     std::erase_if(at_yield, [](const auto& entry) { return entry.first == 0; });
+    const bool was_nested = std::exchange(nested_, true);
     for (const std::string& statement : due) {
         run_statement(statement);
     }
+    nested_ = was_nested;
 }
 
 void ScenarioPlatform::ReportFailure(const RunTimeError& failure) {

@@ -58,6 +58,8 @@ class ScenarioPlatform : public Platform {
 
     void PrintLine(const std::string& line) { print_(line); }
     [[nodiscard]] bool Ended() const { return ended_; }
+    // Whether a statement runs inside a modal showing or a yield.
+    [[nodiscard]] bool IsNested() const { return nested_; }
 
     // What a person will do.
     std::string clipboard;
@@ -86,6 +88,7 @@ class ScenarioPlatform : public Platform {
     // By section and lower-case key.
     std::map<std::pair<std::string, std::string>, std::string> settings_;
     bool ended_ = false;
+    bool nested_ = false;
 };
 
 }  // namespace orvik::testkit

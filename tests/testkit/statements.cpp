@@ -117,6 +117,9 @@ void Scenario::Trace(const Words& words) {
 }
 
 void Scenario::Start(const Words& /*words*/) {
+    if (platform_.IsNested()) {
+        throw ScenarioError("the program cannot be started again from inside");
+    }
     if (module_->form1.Loaded()) {
         MakeProgram();
     }
@@ -157,6 +160,14 @@ void Scenario::ResizeForm(const Words& words) {
     actor_.Resize(LoadForm(words[1]), ParseNumber(words[2]), ParseNumber(words[3]));
 }
 
+void Scenario::Undo(const Words& /*words*/) {
+    actor_.Undo();
+}
+
+void Scenario::Redo(const Words& /*words*/) {
+    actor_.Redo();
+}
+
 void Scenario::PutWork(const Words& words) {
     module_->TextMode = words[1];
     module_->WorkText = words[2];
@@ -165,7 +176,7 @@ void Scenario::PutWork(const Words& words) {
 void Scenario::Call(const Words& words) {
     const Words arguments(words.begin() + 2, words.end());
     const Procedure& procedure = FindProcedure(words[1], arguments.size());
-    module_->RunEvent([&] {
+    module_->history.Run(procedure.Name, [&] {
         if (const auto result = procedure.Run(*module_, arguments)) {
             platform_.PrintLine("= " + *result);
         }

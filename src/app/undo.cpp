@@ -1,0 +1,111 @@
+#include "app/undo.h"
+
+#include <utility>
+
+#include "app/mark.h"
+#include "app/module1.h"
+#include "app/run_time_error.h"
+
+namespace orvik {
+
+void UndoHistory::Run(std::string_view title, const std::function<void()>& command) {
+    if (running_) {
+        module_.RunEvent(command);
+        return;
+    }
+    const Mark mark(running_);
+    if (!before_) {
+        // Without the memory for a copy the command runs all the same, and cannot be undone.
+        Guard([&] { before_ = Capture(title); }, [](const RunTimeError&) {});
+    }
+    module_.RunEvent(command);
+    if (module_.EditMode) {
+        return;
+    }
+    if (before_ && before_->WorkText != module_.WorkText) {
+        undo_.push_back(std::move(*before_));
+        Limit(undo_);
+        redo_.clear();
+    }
+    before_.reset();
+}
+
+void UndoHistory::Undo() {
+    Step(undo_, redo_);
+}
+
+void UndoHistory::Redo() {
+    Step(redo_, undo_);
+}
+
+std::string_view UndoHistory::UndoTitle() const {
+    return undo_.empty() || module_.EditMode ? std::string_view{} : undo_.back().Title;
+}
+
+std::string_view UndoHistory::RedoTitle() const {
+    return redo_.empty() || module_.EditMode ? std::string_view{} : redo_.back().Title;
+}
+
+void UndoHistory::Step(std::deque<State>& from, std::deque<State>& to) {
+    if (from.empty() || module_.EditMode || running_) {
+        return;
+    }
+    to.push_back(Capture(from.back().Title));
+    Limit(to);
+    Restore(std::move(from.back()));
+    from.pop_back();
+}
+
+UndoHistory::State UndoHistory::Capture(std::string_view title) const {
+    const Form1& form = module_.form1;
+    const auto capture = [](const ListBox& list) {
+        return List{list.Items(), list.Selected(), list.ListIndex};
+    };
+    return {
+        .Title = std::string(title),
+        .WorkText = module_.WorkText,
+        .TextMode = module_.TextMode,
+        .Caption = form.Caption,
+        .Text1 = form.Text1.Text(),
+        .List1 = capture(form.List1),
+        .List2 = capture(form.List2),
+        .ItemCount = module_.ItemCount,
+        .ItemText = form.StatusBar1.Panels(2).Text,
+    };
+}
+
+void UndoHistory::Restore(State&& state) {
+    Form1& form = module_.form1;
+    const auto restore = [](ListBox& list, List&& kept) {
+        list.Restore(std::move(kept.Items));
+        list.Select(std::move(kept.Selected));
+        list.ListIndex = kept.ListIndex;
+    };
+    module_.WorkText = std::move(state.WorkText);
+    module_.TextMode = std::move(state.TextMode);
+    module_.ItemCount = state.ItemCount;
+    form.Caption = std::move(state.Caption);
+    form.Text1.Restore(std::move(state.Text1));
+    restore(form.List1, std::move(state.List1));
+    restore(form.List2, std::move(state.List2));
+    form.StatusBar1.SetPanelText(2, std::move(state.ItemText));
+    // LdifText is not kept, so it may be another text's.
+    form.LdifCurrent = false;
+}
+
+std::size_t UndoHistory::State::Bytes() const {
+    return WorkText.size() + Text1.size() + List1.Items.Bytes() + List2.Items.Bytes();
+}
+
+void UndoHistory::Limit(std::deque<State>& states) {
+    std::size_t bytes = 0;
+    for (const State& state : states) {
+        bytes += state.Bytes();
+    }
+    while (!states.empty() && (states.size() > kMostSteps || bytes > kMostBytes)) {
+        bytes -= states.front().Bytes();
+        states.pop_front();
+    }
+}
+
+}  // namespace orvik

@@ -1,0 +1,79 @@
+// Merge: joins a second book to the working text.
+
+#include <string>
+#include <utility>
+
+#include "app/form1.h"
+#include "app/module1.h"
+#include "app/text.h"
+#include "app/working_text.h"
+
+namespace orvik {
+namespace {
+
+constexpr std::string_view kMergeFilter =
+    "Netscape 4.x|*.ldif|Netscape 3.0|*.htm|Internet Explorer 4.x|*.csv|Juno|*.nv|"
+    "WordPerfect 8|*.abx|Text files|*.txt|All files|*.*";
+
+// The dialog starts with the current file's name less its last character, which leaves the name to
+// be completed by the user.
+std::string PresetName(std::string_view caption) {
+    if (caption == kTitle) {
+        return {};
+    }
+    std::string name(Mid(caption, kTitle.size() + std::string_view(" - ").size() + 1));
+    if (!name.empty()) {
+        name.pop_back();
+    }
+    return name;
+}
+
+}  // namespace
+
+void Form1::mnuMerge_Click() {
+    module_.TextBeforeOpen = module_.WorkText;
+    module_.JustStarted = false;
+    const std::string name = ShowFileDialog({.Kind = DialogKind::Open,
+                                             .Title = "Open file for merging",
+                                             .Filter = std::string(kMergeFilter),
+                                             .Flags = kFileMustExist | kHideReadOnly,
+                                             .FileName = PresetName(Caption)});
+    if (name.empty()) {
+        return;
+    }
+    module_.OldCaption = Caption;
+    module_.File1.OpenForInput(name);
+    StatusBar1.SetPanelText(1, "Opening . . .");
+    module_.WorkText = module_.File1.Read(module_.File1.Length());
+    module_.File1.Close();
+    if (module_.OpenMode == kAskAlways) {
+        module_.form3.Show(Showing::Modeless);
+        return;
+    }
+    module_.LoadByEnding(name, false);
+    LdifCurrent = false;
+    StatusBar1.SetPanelText(1, "Ready");
+    // The old text passes through WorkText, so the new one is kept apart from it.
+    std::string new_text = module_.WorkText;
+    module_.MergeLdif(module_.TextBeforeOpen, new_text);
+}
+
+std::string Module1::ThroughLdif(std::string text) {
+    if (text.empty()) {
+        return text;
+    }
+    TextMode = text.find(kNick) != std::string::npos ? mode::kNative : mode::kAscii;
+    form1.Convert(text);
+    form1.unconvert();
+    return WorkText;
+}
+
+void Module1::MergeLdif(std::string& old_text, std::string& new_text) {
+    old_text = ThroughLdif(std::move(old_text));
+    new_text = ThroughLdif(std::move(new_text));
+    WorkText = old_text + textSep + new_text;
+    TextMode = mode::kAscii;
+    RefreshLists();
+}
+
+}  // namespace orvik

@@ -1,0 +1,56 @@
+#include "formats/juno_reader.h"
+
+#include "app/form1.h"
+#include "app/module1.h"
+#include "app/text.h"
+
+namespace orvik {
+namespace {
+
+constexpr std::string_view kNameKey = "\r\nName:";
+constexpr std::string_view kEmailKey = "\r\nEmail:";
+
+}  // namespace
+
+std::string ReadJuno(std::string_view juno) {
+    std::string list;
+    for (std::size_t i = FindFrom(juno, kCrLf, 1); i <= juno.size(); i = FindFrom(juno, kCrLf, i)) {
+        const std::string_view rest = juno.substr(i - 1);
+        if (rest.starts_with(kNameKey)) {
+            i += kNameKey.size();
+            list.append("\"").append(TakeUntil(juno, i, kCrLf)).append("\" ");
+        } else if (rest.starts_with(kEmailKey)) {
+            i += kEmailKey.size();
+            list.append("<").append(TakeUntil(juno, i, kCrLf)).append(">").append(kCrLf);
+        } else {
+            ++i;
+        }
+    }
+    return list;
+}
+
+std::string Module1::ReadJuno(const std::string& text) {
+    std::string list = orvik::ReadJuno(text);
+    TextMode = mode::kAscii;
+    return list;
+}
+
+void Form1::mnuPasteJuno_Click() {
+    if (!OfferSave("Save before clearing?")) {
+        return;
+    }
+    module_.WorkText.clear();
+    module_.WorkText = module_.ReadJuno(module_.platform.ClipboardText());
+    ShowTextIfShort();
+    module_.RefreshLists();
+    module_.TextMode = mode::kAscii;
+    ToggleEditModeFourTimes();
+}
+
+void Form1::ToggleEditModeFourTimes() {
+    for (int i = 0; i < 4; ++i) {
+        mnuEntEd_Click();
+    }
+}
+
+}  // namespace orvik
