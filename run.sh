@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Sets up, builds, and starts Orvik on a copy of the sample book, with settings of its own.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+./setup.sh
+mkdir -p build
+cmake --preset release >build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
+
+try=build/try
+mkdir -p "$try/config/orvik"
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    cmake --build --preset release --target orvik
+    # The settings that a first start would ask for.
+    [ -f "$try/config/orvik/orvik.conf" ] || cp packaging/default.conf "$try/config/orvik/orvik.conf"
+    cp samples/netscape4.ldif "$try/book.ldif"
+    XDG_CONFIG_HOME="$PWD/$try/config" exec build/release/bin/orvik "$try/book.ldif"
+fi
+
+echo "There is no display, so the story of the sample book runs without a window:"
+cmake --build --preset release --target orvik-scenario
+book=$(sed -e 's/\\/\\\\/g' -e 's/"/\\"/g' -e 's/\r$/\\r\\n/' samples/netscape4.ldif | tr -d '\n')
+build/release/bin/orvik-scenario - <<STORY
+defaults
+file book.ldif "$book"
+start
+pick book.ldif
+Form1.mnuOpen_Click
+show Form1.Caption Form1.List1.Items Form1.List2.Items Form1.StatusBar1.Panels(2).Text
+pick book.txt
+Form1.mnuSave_Click
+show-file book.txt
+STORY

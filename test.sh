@@ -1,0 +1,77 @@
+#!/usr/bin/env bash
+# Sets up, builds and runs all tests, and prints the time of each stage.
+#   ./test.sh          what must hold for every commit
+#   ./test.sh --full   also the benchmarks up to a million entries
+set -euo pipefail
+cd "$(dirname "$0")"
+
+full=no
+case "${1:-}" in
+    --full) full=yes ;;
+    "") ;;
+    *) echo "usage: $0 [--full]" >&2; exit 2 ;;
+esac
+
+fuzz_seconds=20
+times=()
+
+# stage NAME COMMAND...: runs a command and keeps how long it took.
+stage() {
+    local name=$1 start=$SECONDS
+    shift
+    echo "== $name"
+    "$@"
+    times+=("$(printf '%5d s  %s' $((SECONDS - start)) "$name")")
+}
+
+configure() { cmake --preset "$1" "${@:2}" >"build/configure-$1.log" 2>&1 || { cat "build/configure-$1.log"; return 1; }; }
+
+build_tests() {
+    configure sanitize
+    cmake --build --preset sanitize
+    cmake --build --preset sanitize --target all_verify_interface_header_sets
+}
+
+format() {
+    git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run --Werror
+}
+
+tidy() {
+    local sources
+    mapfile -t sources < <(git ls-files 'src/*.cpp')
+    run-clang-tidy -quiet -p build/sanitize -j "$(nproc)" "${sources[@]/#/$PWD/}" \
+        >build/tidy.log 2>/dev/null || { cat build/tidy.log; return 1; }
+}
+
+fuzz() {
+    configure fuzz
+    cmake --build --preset fuzz
+    local targets target
+    mapfile -t targets < <(find build/fuzz/bin -name 'fuzz_*' -type f | sort)
+    for target in "${targets[@]}"; do
+        local name=${target##*/}
+        # New inputs go to the build tree; the corpus under tests/ is only read.
+        mkdir -p "build/fuzz/corpus/$name"
+        "$target" -max_total_time=$((fuzz_seconds / ${#targets[@]} + 1)) -timeout=10 -verbosity=0 \
+            -print_final_stats=0 -artifact_prefix=build/fuzz/ \
+            "build/fuzz/corpus/$name" "tests/fuzz/corpus/$name"
+    done
+}
+
+bench() {
+    configure release -DORVIK_BENCH=ON
+    cmake --build --preset release --target orvik-bench
+    build/release/bin/orvik-bench
+}
+
+mkdir -p build
+stage "set up" ./setup.sh
+stage "build under the sanitizers" build_tests
+stage "clang-format" format
+stage "clang-tidy" tidy
+stage "fuzzing" fuzz
+[ $full = no ] || stage "benchmarks" bench
+stage "tests" ctest --preset sanitize
+
+echo "== times"
+printf '%s\n' "${times[@]}"
