@@ -35,7 +35,7 @@ void TextBox::Restore(std::string text) {
 
 void TextBox::Assign(std::string text, std::size_t sel_start) {
     Restore(std::move(text));
-    SelStart = sel_start;
+    SelStart = std::min(sel_start, text_.size());
     if (Change && !changing_) {
         const Mark mark(changing_);
         Change();

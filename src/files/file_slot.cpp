@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <random>
 #include <system_error>
+#include <utility>
 
 #include "app/run_time_error.h"
 
@@ -70,38 +71,45 @@ fs::file_type TypeOf(const fs::path& path) {
 }
 
 // Writes all of contents to an open file and closes it, so that a full disk is noticed.
-void WriteAndClose(std::FILE* file, std::string_view contents, const fs::path& path) {
+void WriteAndClose(OpenFile file, std::string_view contents, const fs::path& path) {
     const bool written =
-        std::fwrite(contents.data(), 1, contents.size(), file) == contents.size() &&
-        std::fflush(file) == 0;
+        std::fwrite(contents.data(), 1, contents.size(), file.get()) == contents.size() &&
+        std::fflush(file.get()) == 0;
     const int error = errno;
-    const bool closed = std::fclose(file) == 0;
+    const bool closed = std::fclose(file.release()) == 0;
     if (!written || !closed) {
         Throw(written ? errno : error, path);
     }
 }
 
-std::FILE* OpenOrThrow(const fs::path& path, const char* how) {
-    std::FILE* file = std::fopen(path.c_str(), how);
-    if (file == nullptr) {
+OpenFile OpenOrThrow(const fs::path& path, const char* how) {
+    OpenFile file(std::fopen(path.c_str(), how));
+    if (!file) {
         Throw(errno, path);
     }
     return file;
 }
 
-// The file that a name stands for in the end, so that a link stays a link.
-fs::path Resolve(const fs::path& path) {
+// The file that a name stands for in the end, existing or not, so that a link stays a link.
+fs::path Resolve(fs::path path) {
+    constexpr int kMostLinks = 40;
     std::error_code error;
-    fs::path resolved = fs::weakly_canonical(path, error);
-    return error ? path : resolved;
+    for (int links = 0; fs::is_symlink(path, error) && links < kMostLinks; ++links) {
+        const fs::path target = fs::read_symlink(path, error);
+        if (error) {
+            break;
+        }
+        path = FolderOf(path) / target;
+    }
+    return path;
 }
 
-// A new, empty file in the folder of path, removed again unless it was renamed.
+// A new, empty file in the folder of a target, removed again unless it was renamed.
 class FileBeside {
  public:
-    explicit FileBeside(const fs::path& path) {
+    explicit FileBeside(const fs::path& target) : target_(target) {
         std::random_device random;
-        path_ = FolderOf(path) / (".orvik-" + std::to_string(random()) + ".tmp");
+        path_ = FolderOf(target) / (".orvik-" + std::to_string(random()) + ".tmp");
         file_ = OpenOrThrow(path_, "wbx");
     }
     FileBeside(const FileBeside&) = delete;
@@ -113,29 +121,30 @@ class FileBeside {
         fs::remove(path_, ignored);
     }
 
-    void Write(std::string_view contents) { WriteAndClose(file_, contents, path_); }
-
-    // Takes the place of target, with the same permissions.
-    void RenameOver(const fs::path& target) {
+    // Takes the place of the target with new contents. The permissions are those of the target from
+    // before the first byte is written, as far as the file system knows such things.
+    void Replace(std::string_view contents) {
         std::error_code error;
-        const fs::file_status old = fs::status(target, error);
+        const fs::file_status old = fs::status(target_, error);
         if (old.type() == fs::file_type::regular) {
             fs::permissions(path_, old.permissions(), error);
         }
-        fs::rename(path_, target, error);
+        WriteAndClose(std::move(file_), contents, path_);
+        fs::rename(path_, target_, error);
         if (error) {
-            Throw(error.value(), target);
+            Throw(error.value(), target_);
         }
     }
 
  private:
+    fs::path target_;
     fs::path path_;
-    std::FILE* file_ = nullptr;
+    OpenFile file_;
 };
 
 }  // namespace
 
-void FileSlot::Closer::operator()(std::FILE* file) const noexcept {
+void FileCloser::operator()(std::FILE* file) const noexcept {
     std::fclose(file);  // NOLINT: the owner closes here; written files check the result themselves
 }
 
@@ -237,9 +246,7 @@ void FileSlot::Replace(const std::string& name, std::string_view contents) {
         default:
             throw RunTimeError(Failure::PathFileAccess);
     }
-    FileBeside beside(path);
-    beside.Write(contents);
-    beside.RenameOver(path);
+    FileBeside(path).Replace(contents);
 }
 
 }  // namespace orvik

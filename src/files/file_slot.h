@@ -14,6 +14,11 @@
 
 namespace orvik {
 
+struct FileCloser {
+    void operator()(std::FILE* file) const noexcept;
+};
+using OpenFile = std::unique_ptr<std::FILE, FileCloser>;
+
 class FileSlot {
  public:
     // Opens an existing file for reading. A file that was left open is closed first.
@@ -47,12 +52,7 @@ class FileSlot {
     std::string ReadIfThere(const std::string& name);
 
  private:
-    struct Closer {
-        void operator()(std::FILE* file) const noexcept;
-    };
-    using File = std::unique_ptr<std::FILE, Closer>;
-
-    File file_;
+    OpenFile file_;
     std::size_t length_ = 0;
 };
 

@@ -35,7 +35,7 @@ void Module1::LoadSettings() {
         })) {
         return;
     }
-    textSep = TextSepChoice == 1 ? "\r" : ",";
+    textSep.assign(1, TextSepChoice == 1 ? '\r' : ',');
     if (!ReadOrAsk([this] { OpenMode = ToInteger(Setting("Open")); })) {
         return;
     }

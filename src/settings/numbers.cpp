@@ -7,6 +7,18 @@
 #include "app/run_time_error.h"
 
 namespace orvik {
+namespace {
+
+// Whether a number that no double can hold is too small for it, not too large.
+bool IsTiny(std::string_view number) {
+    const std::size_t exponent = number.find_first_of("eE");
+    if (exponent != std::string_view::npos) {
+        return number.substr(exponent + 1).starts_with('-');
+    }
+    return number.substr(0, number.find('.')).find_first_of("123456789") == std::string_view::npos;
+}
+
+}  // namespace
 
 double ToNumber(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
@@ -25,6 +37,9 @@ double ToNumber(std::string_view text) {
     const char* const end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, number);
     if (error == std::errc::result_out_of_range) {
+        if (IsTiny(text)) {
+            return 0;
+        }
         throw RunTimeError(Failure::Overflow);
     }
     if (error != std::errc{} || stop != end || !std::isfinite(number)) {

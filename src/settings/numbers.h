@@ -8,7 +8,7 @@ namespace orvik {
 
 // ToNumber: a decimal number with optional sign, point and exponent, blanks around it allowed.
 //   " 4.6 " -> 4.6
-// Errors: RunTimeError 13 for any other text, the empty one included.
+// Errors: RunTimeError 13 for any other text, the empty one included; 6 beyond what a double holds.
 [[nodiscard]] double ToNumber(std::string_view text);
 
 // ToInteger: the same as a 16-bit integer, rounded half to even.
