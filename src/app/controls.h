@@ -44,6 +44,44 @@ struct Label : Control {
     std::string Caption;
 };
 
+struct Frame : Control {
+    explicit Frame(std::string_view caption) : Caption(caption) {}
+    std::string Caption;
+};
+
+// Value: 1 checked, 0 not.
+struct CheckBox : Control {
+    explicit CheckBox(std::string_view caption) : Caption(caption) {}
+    std::string Caption;
+    int Value = 0;
+};
+
+// Of the options of one group on a form at most one is chosen.
+struct OptionButton : Control {
+    OptionButton(std::string_view caption, int group) : Caption(caption), Group(group) {}
+    std::string Caption;
+    int Group;
+    bool Value = false;
+};
+
+// Shows any text; the user chooses among the items.
+struct ComboBox : Control {
+    std::vector<std::string> Items;
+    std::string Text;
+};
+
+// Picture: the name of what it shows, empty for nothing.
+struct PictureBox : Control {
+    explicit PictureBox(std::string_view picture = {}) : Picture(picture) {}
+    std::string Picture;
+};
+
+// The tabs of a window, by their captions.
+struct TabControl : Control {
+    explicit TabControl(std::vector<std::string> tabs) : Tabs(std::move(tabs)) {}
+    std::vector<std::string> Tabs;
+};
+
 // A menu, a menu item, or a separator (Caption "-").
 struct MenuItem {
     explicit MenuItem(std::string_view caption) : Caption(caption) {}
@@ -180,8 +218,19 @@ struct CommonDialog {
     int FilterIndex = 1;
 };
 
-using ControlRef =
-    std::variant<TextBox*, ListBox*, Button*, Label*, MenuItem*, StatusBar*, ProgressBar*>;
+using ControlRef = std::variant<TextBox*,
+                                ListBox*,
+                                Button*,
+                                Label*,
+                                Frame*,
+                                CheckBox*,
+                                OptionButton*,
+                                ComboBox*,
+                                PictureBox*,
+                                TabControl*,
+                                MenuItem*,
+                                StatusBar*,
+                                ProgressBar*>;
 
 struct NamedControl {
     std::string_view Name;

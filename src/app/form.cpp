@@ -6,6 +6,16 @@
 
 namespace orvik {
 
+void Form::Choose(OptionButton& option) {
+    for (const NamedControl& control : Controls()) {
+        OptionButton* const* const other = std::get_if<OptionButton*>(&control.Ref);
+        if (other != nullptr && (*other)->Group == option.Group) {
+            (*other)->Value = false;
+        }
+    }
+    option.Value = true;
+}
+
 std::string Form::TitleOf(std::string_view handler) {
     for (const NamedControl& control : Controls()) {
         if (handler == std::string(control.Name) + "_Click") {

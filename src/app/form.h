@@ -60,6 +60,11 @@ class Form {
     virtual void Form_Resize() {}
     // A key was released anywhere in the window.
     virtual void Form_KeyUp(int /*key_code*/) {}
+    // The window itself was clicked.
+    virtual void Form_Click() {}
+
+    // Chooses an option and lets go of the others of its group.
+    void Choose(OptionButton& option);
 
     std::string Caption;
     // The window in twips: outside, and inside its frame.

@@ -40,7 +40,9 @@ void Form1::Form_Load() {
     module_.TextMode = mode::kNone;
     module_.StartingUp = true;
     module_.LoadSettings();
+    module_.RunStoredAutomation();
     module_.StartingUp = false;
+    module_.form2.Unload();
 }
 
 bool Form1::Form_Unload() {

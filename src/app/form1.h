@@ -108,7 +108,31 @@ class Form1 : public Form {
     void mnuList_Click();
     void cmdDone_Click();
 
-    // Puts the working text into Text1 unless it is longer than the text box takes.
+    // The automation and the preferences: src/settings/; the handheld export:
+    // src/formats/form4.cpp; the removal of all settings: src/aux/shortcut.cpp.
+    void mnuAuto_Click();
+    void mnuPrefs_Click();
+    void mnuFull_Click();
+    void mnuUninst_Click();
+
+    // Help: src/aux/help.cpp and frm_about.cpp.
+    void mnuHlp_Click();
+    void mnuHelpContents_Click();
+    void mnuHelpIndex_Click();
+    void mnuAbout_Click();
+    void mnuFuture_Click();
+
+    // Shows the main window's file dialog and keeps the chosen name, empty when
+    // cancelled, in CommonDialog1.
+    const std::string& ShowFileDialog(FileDialog dialog);
+    // Writes the working text in the format of the name's ending; ldif_outdated
+    // says that LdifText may be another text's. Returns false, with a message, if
+    // the file is a bad Netscape 3 book. Errors: RunTimeError 52 for an unknown
+    // ending, and those of the file.
+    bool WriteInFormatOf(const std::string& name, bool ldif_outdated);
+
+    // Puts the working text into Text1 unless it is longer than the text box
+    // takes.
     void ShowTextIfShort();
 
     // Empties both lists: "0 items".
@@ -189,17 +213,15 @@ class Form1 : public Form {
     void LeaveEditMode();
     void EnableEditCommands(bool editing);
     void ShowLists(bool visible);
-    // Shows the dialog and keeps the chosen name, empty when cancelled, in CommonDialog1.
-    const std::string& ShowFileDialog(FileDialog dialog);
-    // Runs one statement of Open: a failure of it is told, and the caller goes on.
+    // Runs one statement of Open: a failure of it is told, and the caller goes
+    // on.
     void Guarded(const std::function<void()>& statement);
     bool BeginOpen();
     void ReadAndLoad(const std::string& name);
     template <void (Module1::*Sort)()>
     void SortBy();
     void RoundTripThroughLdif();
-    void WriteInFormatOf(const std::string& name, bool ldif_outdated);
-    void SaveNetscape3(const std::string& name);
+    bool SaveNetscape3(const std::string& name);
 };
 
 }  // namespace orvik

@@ -15,11 +15,16 @@
 #include "app/form1.h"
 #include "app/messages.h"
 #include "app/undo.h"
+#include "aux/frm_about.h"
 #include "aux/frm_select.h"
 #include "files/file_slot.h"
 #include "files/form3.h"
+#include "formats/form4.h"
+#include "formats/form5.h"
 #include "listops/sort_entries.h"
 #include "platform/platform.h"
+#include "settings/form2.h"
+#include "settings/form6.h"
 
 namespace orvik {
 
@@ -40,7 +45,15 @@ inline constexpr int kAskAlways = 4;
 class Module1 {
  public:
     explicit Module1(Platform& platform_)
-        : platform(platform_), form1(*this), form3(*this), frm_select(*this) {}
+        : platform(platform_),
+          form1(*this),
+          form2(*this),
+          form3(*this),
+          form4(*this),
+          form5(*this),
+          form6(*this),
+          frm_about(*this),
+          frm_select(*this) {}
     Module1(const Module1&) = delete;
     Module1& operator=(const Module1&) = delete;
     Module1(Module1&&) = delete;
@@ -49,10 +62,17 @@ class Module1 {
 
     Platform& platform;
     Form1 form1;
+    Form2 form2;
     Form3 form3;
+    Form4 form4;
+    Form5 form5;
+    Form6 form6;
+    FrmAbout frm_about;
     FrmSelect frm_select;
     // Every window of the program.
-    [[nodiscard]] std::vector<Form*> Forms() { return {&form1, &form3, &frm_select}; }
+    [[nodiscard]] std::vector<Form*> Forms() {
+        return {&form1, &form2, &form3, &form4, &form5, &form6, &frm_about, &frm_select};
+    }
 
     // Runs one event of the user: a failure that the command does not handle is reported, and the
     // program goes on. The end of the program passes through.
@@ -79,6 +99,8 @@ class Module1 {
 
     bool EditMode = false;
     bool StartingUp = false;
+    // True until the settings were loaded once.
+    bool FirstPimRun = true;
     bool JustStarted = false;
 
     // The answer of the last question box, its number in text: "6" Yes, "7" No, "2" Cancel.
@@ -161,21 +183,60 @@ class Module1 {
     // ListSelected: shows the entries whose rows are selected in List3 in a box, one line each.
     void ListSelected();
 
-    // LoadSettings: reads the settings that are kept here (src/settings/load_settings.cpp).
+    // Settings: src/settings/load_settings.cpp.
+    // LoadSettings: reads the settings that are kept here.
     void LoadSettings();
+    // A setting of section "Settings", empty where the key is missing.
+    std::string Setting(std::string_view key);
+    // A setting as a number, 0 where the key is missing or holds none.
+    double NumberOrZero(std::string_view section, std::string_view key);
+    // Stores a setting of section "Settings".
+    void Save(std::string_view key, std::string_view value);
+    // At the program's start: shows the preferences and waits for them.
+    void AskForSettings();
+
+    // The automation: src/settings/automation.cpp and automation_files.cpp.
+    // RunAutomation: runs the stored steps, and ends the program if it is so
+    // stored. Errors: those of the steps, and RunTimeError 13 for a step that is
+    // no number.
+    void RunAutomation();
+    // Runs the automation if it is switched on. A failure shows the preferences
+    // once.
+    void RunStoredAutomation();
+    // SetUpDemoAutomation: stores a program that shows what can be done.
+    void SetUpDemoAutomation();
+    // The file steps; each takes a file's name.
+    void AutoOpenFile(const std::string& name);
+    void AutoSaveFile(const std::string& name);
+    void AutoExtractFile(const std::string& name);
+
+    // The shortcut that starts the program with the session:
+    // src/aux/shortcut.cpp.
+    void CreateStartUpLink();
+    void RemoveStartUpLink();
 
     // HelpFilePath: the help file with this number, empty for an unknown one.
     std::string HelpFilePath(int number);
+    // ShowHelpTopic, ShowHelpContents, ShowHelpIndex: call the help viewer for a
+    // help file and one of its windows.
     void ShowHelpTopic(int number, std::string_view window, std::string_view topic);
+    void ShowHelpContents(int number, std::string_view window);
+    void ShowHelpIndex(int number, std::string_view window);
 
  private:
-    // A setting's text, empty where the key is missing.
-    std::string Setting(std::string_view key);
-    // Reads one setting; while that fails the user is asked for the settings. Returns false if
-    // loading ends here.
+    // Reads one setting; while that fails the user is asked for the settings.
+    // Returns false if loading ends here.
     bool ReadOrAsk(const std::function<void()>& read);
-    void StoreDefaults();
-    // Asks what to do with a file that its reader does not know; raw is the text of the file.
+    void AskForSeparator();
+    bool RunStep(const std::string& number,
+                 const std::string& source,
+                 const std::string& destination);
+    std::string AliasLines();
+    // Makes the addresses of a file the working text. process is how the question
+    // about a long file spells that word. Returns false if none were found.
+    bool ExtractAddresses(const std::string& name, std::string_view process, Icon icon);
+    // Asks what to do with a file that its reader does not know; raw is the text
+    // of the file.
     void RefuseFormat(const std::string& raw);
     void RefuseList();
     // What the loaders of lists do first. Returns whether there is a list to load.

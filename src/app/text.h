@@ -55,7 +55,17 @@ inline constexpr std::string_view kCrLf = "\r\n";
            ToLower(name.substr(name.size() - ending.size())) == ending;
 }
 
-// CutEnd: removes the last count characters. Errors: RunTimeError 5 if the text is shorter.
+// WithWholeEnding: a file name whose ending was cut to three letters, ".ldi",
+// gets its last one back.
+[[nodiscard]] inline std::string WithWholeEnding(std::string name) {
+    if (HasEnding(name, "ldi")) {
+        name += 'f';
+    }
+    return name;
+}
+
+// CutEnd: removes the last count characters. Errors: RunTimeError 5 if the text
+// is shorter.
 void CutEnd(std::string& text, std::size_t count);
 
 // AppendWithout: appends text less every occurrence of dropped.

@@ -21,4 +21,24 @@ void Module1::ShowHelpTopic(int number, std::string_view window, std::string_vie
     platform.ShowHelp(HelpCommand::Topic, HelpFilePath(number).append(">").append(window), topic);
 }
 
+void Module1::ShowHelpContents(int number, std::string_view window) {
+    platform.ShowHelp(HelpCommand::Contents, HelpFilePath(number).append(">").append(window), "");
+}
+
+void Module1::ShowHelpIndex(int number, std::string_view window) {
+    platform.ShowHelp(HelpCommand::Index, HelpFilePath(number).append(">").append(window), "");
+}
+
+void Form1::mnuHlp_Click() {
+    module_.ShowHelpTopic(1, "Stripped", "install.html");
+}
+
+void Form1::mnuHelpContents_Click() {
+    module_.ShowHelpContents(1, "SecWin");
+}
+
+void Form1::mnuHelpIndex_Click() {
+    module_.ShowHelpIndex(1, "SecWin");
+}
+
 }  // namespace orvik

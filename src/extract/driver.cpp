@@ -58,23 +58,28 @@ void Module1::ScanAddresses(std::string& found,
 }
 
 void Module1::ExtractFromFile() {
+    WorkText.clear();
+    const std::string name = form1.CommonDialog1.FileName;
+    if (!name.empty() && !ExtractAddresses(name, "process", Icon::Question)) {
+        form1.Caption = kTitle;
+    }
+}
+
+bool Module1::ExtractAddresses(const std::string& name, std::string_view process, Icon icon) {
     CancelRequested = false;
     WorkText.clear();
-    const std::string& name = form1.CommonDialog1.FileName;
-    if (name.empty()) {
-        return;
-    }
     File1.OpenForInput(name);
     AddressCount = 0;
     const std::size_t length = File1.Length();
-    if (length > kScannedAtOnce &&
-        Ask("The File " + name + " is pretty large (" + std::to_string(length / kKilobyte) +
-                " kilobytes) and may take a long time to process. Proceed anyway?",
-            "Warning: long file",
-            Buttons::YesNo,
-            Icon::Question) == Answer::No) {
-        // The file stays open until the next command opens one.
-        return;
+    if (length > kScannedAtOnce) {
+        std::string question = "The File " + name + " is pretty large (";
+        question.append(std::to_string(length / kKilobyte));
+        question.append(" kilobytes) and may take a long time to ").append(process);
+        question.append(". Proceed anyway?");
+        if (Ask(question, "Warning: long file", Buttons::YesNo, icon) == Answer::No) {
+            // The file stays open until the next command opens one.
+            return true;
+        }
     }
     std::string found;
     Guard([&] { ScanFile(length, found); },
@@ -86,8 +91,7 @@ void Module1::ExtractFromFile() {
     if (found.empty()) {
         Tell("There were no addresses found in this file.");
         WorkText.clear();
-        form1.Caption = kTitle;
-        return;
+        return false;
     }
     // Each address is its own nickname.
     WorkText = found;
@@ -95,6 +99,7 @@ void Module1::ExtractFromFile() {
     TextMode = mode::kNative;
     RefreshLists();
     form1.Text1.SetText(WorkText);
+    return true;
 }
 
 void Module1::ScanFile(std::size_t length, std::string& found) {

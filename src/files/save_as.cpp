@@ -40,15 +40,16 @@ void Form1::mnuSave_Click() {
     if (name.empty()) {
         return;
     }
-    if (HasEnding(name, "ldi")) {
-        name += 'f';
-    }
+    name = WithWholeEnding(std::move(name));
     Caption = std::string(kTitle) + " - " + name;
-    WriteInFormatOf(name, too_long);
+    if (!WriteInFormatOf(name, too_long)) {
+        module_.platform.End();
+    }
 }
 
-// LDIF and text are written as they stand, the other formats with a line break behind them.
-void Form1::WriteInFormatOf(const std::string& name, bool ldif_outdated) {
+// LDIF and text are written as they stand, the other formats with a line break
+// behind them.
+bool Form1::WriteInFormatOf(const std::string& name, bool ldif_outdated) {
     if (HasEnding(name, "ldif")) {
         if (!LdifCurrent || ldif_outdated) {
             Convert(module_.WorkText);
@@ -61,13 +62,14 @@ void Form1::WriteInFormatOf(const std::string& name, bool ldif_outdated) {
         RoundTripThroughLdif();
         module_.File1.Append(name, std::string(kCrLf) + module_.WorkText + std::string(kCrLf));
     } else if (HasEnding(name, "htm") || HasEnding(name, "html")) {
-        SaveNetscape3(name);
+        return SaveNetscape3(name);
     } else if (HasEnding(name, "nv")) {
         module_.File1.Append(name, module_.JunoText(module_.WorkText).append(kCrLf));
     } else {
         // No other ending says in which format to write.
         throw RunTimeError(Failure::BadFileNumber);
     }
+    return true;
 }
 
 void Form1::RoundTripThroughLdif() {
@@ -77,18 +79,19 @@ void Form1::RoundTripThroughLdif() {
     }
 }
 
-void Form1::SaveNetscape3(const std::string& name) {
+bool Form1::SaveNetscape3(const std::string& name) {
     const std::string old_book = module_.File1.ReadIfThere(name);
     std::string book = Net3(module_.WorkText);
     if (!old_book.empty()) {
         std::optional<std::string> merged = MergeNetscape3(old_book, book);
         if (!merged) {
             module_.Tell("Bad Netscape 3.x Address Book!");
-            module_.platform.End();
+            return false;
         }
         book = std::move(*merged);
     }
     module_.File1.Replace(name, book.append(kCrLf));
+    return true;
 }
 
 }  // namespace orvik

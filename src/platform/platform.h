@@ -52,6 +52,16 @@ struct FileDialog {
 
 enum class Showing { Modal, Modeless };
 
+// A shortcut in one of the user's program groups.
+struct ShellLink {
+    std::string Folder;
+    std::string Name;
+    std::string Target;
+    std::string Arguments;
+    bool Private = true;
+    std::string Parent;
+};
+
 // The help viewer's commands.
 enum class HelpCommand { Topic = 0, Contents = 1, Index = 2 };
 
@@ -84,8 +94,17 @@ class Platform {
                              std::string_view key,
                              std::string_view value) = 0;
 
-    // Calls the help viewer. target is the help file, ">" and the window's name; data is the topic,
-    // empty where the command has none.
+    // Deletes every setting of the program.
+    virtual void DeleteSettings() = 0;
+
+    // Creates a shortcut, in place of one with the same name; returns whether it
+    // is there.
+    virtual bool CreateShellLink(const ShellLink& link) = 0;
+    // Removes a shortcut, if there is one.
+    virtual void RemoveShellLink(std::string_view folder, std::string_view name) = 0;
+
+    // Calls the help viewer. target is the help file, ">" and the window's name;
+    // data is the topic, empty where the command has none.
     virtual void ShowHelp(HelpCommand command, std::string_view target, std::string_view data) = 0;
 
     // Makes a loaded form's window visible; Modal returns when it has been hidden or closed.

@@ -4,32 +4,39 @@
 
 #include "app/module1.h"
 #include "app/run_time_error.h"
+#include "settings/keys.h"
 #include "settings/numbers.h"
 
 namespace orvik {
 namespace {
 
-constexpr std::string_view kSection = "Settings";
-constexpr std::string_view kCorrupt = "Error, Registry information Corrupt!";
-
-constexpr int kSeparatedByNewlines = 5;
-constexpr int kSeparatedByCommas = 6;
-
-// A setting that fails this often in a row ends the program, so that nobody is caught in it.
+// A setting that fails this often in a row ends the program, so that nobody is
+// caught in it.
 constexpr int kMostFailures = 3;
 
 }  // namespace
 
-std::string Module1::Setting(std::string_view key) {
-    return platform.GetSetting(kSection, key).value_or("");
+std::string Module1::Setting(std::string_view name) {
+    return platform.GetSetting(key::kSettings, name).value_or("");
+}
+
+double Module1::NumberOrZero(std::string_view section, std::string_view name) {
+    double number = 0;
+    Guard([&] { number = ToNumber(platform.GetSetting(section, name).value_or("")); },
+          [](const RunTimeError&) {});
+    return number;
+}
+
+void Module1::Save(std::string_view name, std::string_view value) {
+    platform.SaveSetting(key::kSettings, name, value);
 }
 
 void Module1::LoadSettings() {
     if (!ReadOrAsk([this] {
             const double number = ToNumber(Setting("textSep"));
-            if (number == kSeparatedByNewlines) {
+            if (number == key::kByNewlines) {
                 TextSepChoice = 1;
-            } else if (number == kSeparatedByCommas) {
+            } else if (number == key::kByCommas) {
                 TextSepChoice = 2;
             }
         })) {
@@ -40,15 +47,16 @@ void Module1::LoadSettings() {
         return;
     }
     if (OpenMode < 1 || OpenMode > 4) {
-        Tell(kCorrupt);
+        Tell(key::kCorrupt);
         OpenMode = 1;
     }
     const std::string extract = Setting("Extract");
     AutoExtract = extract != "False";
     if (AutoExtract && extract != "True") {
-        Tell(kCorrupt);
+        Tell(key::kCorrupt);
     }
     PimSep = Setting("Sep");
+    FirstPimRun = false;
 }
 
 bool Module1::ReadOrAsk(const std::function<void()>& read) {
@@ -59,22 +67,33 @@ bool Module1::ReadOrAsk(const std::function<void()>& read) {
             return true;
         }
         if (!StartingUp) {
+            AskForSeparator();
             return false;
         }
         if (failures == kMostFailures) {
             platform.End();
         }
-        // The preferences window asks here once it exists.
-        StoreDefaults();
+        AskForSettings();
     }
 }
 
-void Module1::StoreDefaults() {
-    platform.SaveSetting(kSection, "textSep", std::to_string(kSeparatedByNewlines));
-    platform.SaveSetting(kSection, "Open", "1");
-    platform.SaveSetting(kSection, "Extract", "False");
-    platform.SaveSetting(kSection, "Sep", ",");
-    platform.SaveSetting(kSection, "Auto", "False");
+void Module1::AskForSettings() {
+    form2.Show(Showing::Modal);
+    StartingUp = true;
+}
+
+// Outside the start only the very first loading asks, and only for the
+// handheld's separator.
+void Module1::AskForSeparator() {
+    if (FirstPimRun) {
+        Tell("This is your first time using Orvik. We need to set a few options.");
+        form5.Unload();
+        form5.Show(Showing::Modal);
+    }
+}
+
+void Form1::mnuPrefs_Click() {
+    module_.form2.Show(Showing::Modal);
 }
 
 }  // namespace orvik

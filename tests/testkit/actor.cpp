@@ -50,8 +50,31 @@ void Actor::SelectRows(const Target& target, ListBox& list, const std::vector<st
     RunClick(target);
 }
 
-void Actor::RunClick(const Target& target) {
-    const std::string name = std::string(target.Name) + "_Click";
+void Actor::SetCheck(const Target& target, CheckBox& box, bool checked) {
+    box.Value = checked ? 1 : 0;
+    RunClick(target);
+}
+
+void Actor::ChooseOption(const Target& target, OptionButton& option) {
+    target.Owner.Choose(option);
+    RunClick(target);
+}
+
+void Actor::ChooseItem(const Target& target, ComboBox& combo, const std::string& item) {
+    combo.Text = item;
+    RunClick(target);
+}
+
+void Actor::Click(Form& form) {
+    module_->RunEvent([&] { form.Form_Click(); });
+}
+
+void Actor::DoubleClick(const Target& target) {
+    RunNamed(target, "_DblClick");
+}
+
+void Actor::RunNamed(const Target& target, std::string_view event) {
+    const std::string name = std::string(target.Name).append(event);
     for (const NamedHandler& handler : target.Owner.Handlers()) {
         if (handler.Name == name) {
             module_->RunEvent(handler.Run);

@@ -50,6 +50,11 @@ class Actor {
     virtual void SelectRows(const Target& target,
                             ListBox& list,
                             const std::vector<std::size_t>& rows);
+    virtual void SetCheck(const Target& target, CheckBox& box, bool checked);
+    virtual void ChooseOption(const Target& target, OptionButton& option);
+    virtual void ChooseItem(const Target& target, ComboBox& combo, const std::string& item);
+    virtual void Click(Form& form);
+    virtual void DoubleClick(const Target& target);
     virtual void Undo();
     virtual void Redo();
     virtual void ReleaseKey(Form& form, int key_code);
@@ -61,8 +66,10 @@ class Actor {
 
  protected:
     [[nodiscard]] Module1& module() const { return *module_; }
-    // Runs the Click handler that is named after a control.
-    void RunClick(const Target& target);
+    // Runs the handler of an event that is named after a control, if there is
+    // one.
+    void RunNamed(const Target& target, std::string_view event);
+    void RunClick(const Target& target) { RunNamed(target, "_Click"); }
 
  private:
     Module1* module_ = nullptr;

@@ -18,6 +18,14 @@ Procedure Plain(std::string_view name, const std::function<void(Module1&)>& run)
             }};
 }
 
+// A procedure that takes a file's name.
+Procedure WithName(std::string_view name, void (Module1::*run)(const std::string&)) {
+    return {name, 1, 1, [run](Module1& m, const Arguments& a) -> std::optional<std::string> {
+                (m.*run)(a[0]);
+                return std::nullopt;
+            }};
+}
+
 const std::vector<Procedure>& Procedures() {
     static const std::vector<Procedure> kProcedures = {
         {"SplitEntries",
@@ -103,6 +111,11 @@ const std::vector<Procedure>& Procedures() {
         Plain("SortByNickname", [](Module1& m) { m.SortByNickname(); }),
         Plain("RemoveDuplicates", [](Module1& m) { m.RemoveDuplicates(); }),
         Plain("ListSelected", [](Module1& m) { m.ListSelected(); }),
+        Plain("RunAutomation", [](Module1& m) { m.RunAutomation(); }),
+        Plain("SetUpDemoAutomation", [](Module1& m) { m.SetUpDemoAutomation(); }),
+        WithName("AutoOpenFile", &Module1::AutoOpenFile),
+        WithName("AutoSaveFile", &Module1::AutoSaveFile),
+        WithName("AutoExtractFile", &Module1::AutoExtractFile),
         Plain("LoadSettings", [](Module1& m) { m.LoadSettings(); }),
     };
     return kProcedures;

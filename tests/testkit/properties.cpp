@@ -9,7 +9,18 @@
 namespace orvik::testkit {
 namespace {
 
-std::string FormatItems(const ItemList& items) {
+std::string FormatValue(bool value) {
+    return Format(value);
+}
+std::string FormatValue(int value) {
+    return std::to_string(value);
+}
+std::string FormatValue(double value) {
+    return Format(value);
+}
+
+template <class Items>
+std::string FormatItems(const Items& items) {
     std::vector<std::string> formatted;
     for (std::size_t i = 0; i < items.size(); ++i) {
         formatted.push_back(Quote(items[i]));
@@ -32,6 +43,10 @@ std::string Property(const Kind& control, std::string_view name) {
         if (name == "Text") {
             return Quote(control.Text());
         }
+    } else if constexpr (requires { control.Text; }) {
+        if (name == "Text") {
+            return Quote(control.Text);
+        }
     }
     if constexpr (requires { control.Caption; }) {
         if (name == "Caption") {
@@ -51,12 +66,16 @@ std::string Property(const Kind& control, std::string_view name) {
     }
     if constexpr (requires { control.Value; }) {
         if (name == "Value") {
-            return Format(control.Value);
+            return FormatValue(control.Value);
         }
     }
     if constexpr (requires { control.Items(); }) {
         if (name == "Items") {
             return FormatItems(control.Items());
+        }
+    } else if constexpr (requires { control.Items; }) {
+        if (name == "Items") {
+            return FormatItems(control.Items);
         }
     }
     if constexpr (requires { control.Selected(); }) {

@@ -51,6 +51,7 @@ class Scenario {
     void QueueAnswers(const Words& words);
     void QueuePicks(const Words& words);
     void QueueModal(const Words& words);
+    void SetLinks(const Words& words);
     void Trace(const Words& words);
     // The acts.
     void Start(const Words& words);
@@ -60,6 +61,8 @@ class Scenario {
     void ReleaseKey(const Words& words);
     void CloseForm(const Words& words);
     void ResizeForm(const Words& words);
+    void ClickForm(const Words& words);
+    void DoubleClick(const Words& words);
     void Undo(const Words& words);
     void Redo(const Words& words);
     void PutWork(const Words& words);

@@ -115,6 +115,22 @@ void ScenarioPlatform::SaveSetting(std::string_view section,
     settings_[{std::string(section), ToLower(key)}] = value;
 }
 
+bool ScenarioPlatform::CreateShellLink(const ShellLink& link) {
+    PrintLine(Line({"link create",
+                    Quote(link.Folder),
+                    Quote(link.Name),
+                    Quote(link.Target),
+                    Quote(link.Arguments),
+                    Format(link.Private),
+                    Quote(link.Parent),
+                    links_succeed ? "1" : "0"}));
+    return links_succeed;
+}
+
+void ScenarioPlatform::RemoveShellLink(std::string_view folder, std::string_view name) {
+    PrintLine(Line({"link remove", Quote(folder), Quote(name)}));
+}
+
 void ScenarioPlatform::ShowHelp(HelpCommand command,
                                 std::string_view target,
                                 std::string_view data) {

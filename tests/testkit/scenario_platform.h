@@ -45,6 +45,9 @@ class ScenarioPlatform : public Platform {
     void SaveSetting(std::string_view section,
                      std::string_view key,
                      std::string_view value) override;
+    void DeleteSettings() override { settings_.clear(); }
+    bool CreateShellLink(const ShellLink& link) override;
+    void RemoveShellLink(std::string_view folder, std::string_view name) override;
     void ShowHelp(HelpCommand command, std::string_view target, std::string_view data) override;
     void ShowForm(Form& form, Showing showing) override;
     void HideForm(Form& form) override;
@@ -75,6 +78,9 @@ class ScenarioPlatform : public Platform {
     // What happens at a yield: the yields left until then, and the statement, run by run_statement.
     std::vector<std::pair<std::size_t, std::string>> at_yield;
     std::function<void(const std::string& statement)> run_statement;
+
+    // Whether a shortcut can be created.
+    bool links_succeed = true;
 
     // The start of the program shows its window without a line.
     bool starting = false;

@@ -33,6 +33,12 @@ Kind& As(const Target& target) {
     return **control;
 }
 
+void Expect(bool holds, const std::string& message) {
+    if (!holds) {
+        throw ScenarioError(message);
+    }
+}
+
 // The rows of a list that "0,2" names.
 std::vector<std::size_t> ParseRows(std::string_view rows, const ListBox& list) {
     std::vector<std::size_t> parsed;
@@ -109,6 +115,13 @@ void Scenario::QueueModal(const Words& words) {
     platform_.modals.push_back({std::string(FindForm(words[1]).Name()), words[2]});
 }
 
+void Scenario::SetLinks(const Words& words) {
+    if (words[1] != "ok" && words[1] != "fail") {
+        throw ScenarioError("links are ok or fail");
+    }
+    platform_.links_succeed = words[1] == "ok";
+}
+
 void Scenario::Trace(const Words& words) {
     if (words[1] != "status") {
         throw ScenarioError("only the status can be traced");
@@ -130,11 +143,23 @@ void Scenario::Start(const Words& /*words*/) {
 
 void Scenario::SetControl(const Words& words) {
     const Target target = FindControl(words[1]);
+    const std::string& value = words[2];
     if (std::holds_alternative<TextBox*>(target.Ref)) {
-        actor_.SetText(target, As<TextBox>(target), words[2]);
+        actor_.SetText(target, As<TextBox>(target), value);
+    } else if (std::holds_alternative<CheckBox*>(target.Ref)) {
+        Expect(value == "0" || value == "1", "a check box takes 0 or 1");
+        actor_.SetCheck(target, As<CheckBox>(target), value == "1");
+    } else if (std::holds_alternative<OptionButton*>(target.Ref)) {
+        Expect(value == "True", "an option button takes True");
+        actor_.ChooseOption(target, As<OptionButton>(target));
+    } else if (std::holds_alternative<ComboBox*>(target.Ref)) {
+        ComboBox& combo = As<ComboBox>(target);
+        Expect(std::find(combo.Items.begin(), combo.Items.end(), value) != combo.Items.end(),
+               "the combo box has no item " + value);
+        actor_.ChooseItem(target, combo, value);
     } else {
         ListBox& list = As<ListBox>(target);
-        actor_.SelectRows(target, list, ParseRows(words[2], list));
+        actor_.SelectRows(target, list, ParseRows(value, list));
     }
 }
 
@@ -158,6 +183,14 @@ void Scenario::CloseForm(const Words& words) {
 
 void Scenario::ResizeForm(const Words& words) {
     actor_.Resize(LoadForm(words[1]), ParseNumber(words[2]), ParseNumber(words[3]));
+}
+
+void Scenario::ClickForm(const Words& words) {
+    actor_.Click(LoadForm(words[1]));
+}
+
+void Scenario::DoubleClick(const Words& words) {
+    actor_.DoubleClick(FindControl(words[1]));
 }
 
 void Scenario::Undo(const Words& /*words*/) {

@@ -1,0 +1,123 @@
+#include "formats/form4.h"
+
+#include "app/module1.h"
+#include "app/run_time_error.h"
+#include "app/text.h"
+#include "formats/pim_export.h"
+
+namespace orvik {
+namespace {
+
+// The width of the progress strip when all is done, in twips.
+constexpr double kFullWidth = 1215;
+
+}  // namespace
+
+std::vector<NamedControl> Form4::Controls() {
+    return {
+        {"Label1", &Label1},
+        {"Text1", &Text1},
+        {"Command1", &Command1},
+        {"Label2", &Label2},
+        {"Text2", &Text2},
+        {"Command2", &Command2},
+        {"Picture2", &Picture2},
+        {"Command4", &Command4},
+        {"Command3", &Command3},
+        {"Command5", &Command5},
+    };
+}
+
+std::vector<NamedHandler> Form4::Handlers() {
+    return {
+        {"Form_Load", [this] { Form_Load(); }},
+        {"Form_Unload", [this] { Unload(); }},
+        {"Command1_Click", [this] { Command1_Click(); }},
+        {"Command2_Click", [this] { Command2_Click(); }},
+        {"Command3_Click", [this] { Command3_Click(); }},
+        {"Command4_Click", [this] { Command4_Click(); }},
+        {"Command5_Click", [this] { Command5_Click(); }},
+    };
+}
+
+bool Form4::Form_Unload() {
+    Command5_Click();
+    return false;
+}
+
+void Form4::Form_KeyUp(int /*key_code*/) {
+    Command3_Click();
+}
+
+void Form4::Command1_Click() {
+    Pick("All files|*.*|Netscape 4.0|*.ldif|", Text1);
+}
+
+void Form4::Command2_Click() {
+    Pick("All Files|*.*|Comma Separated|*.csv|Text Files|*.txt", Text2);
+}
+
+// The main window's dialog, with one title for both files.
+void Form4::Pick(std::string_view filter, TextBox& box) {
+    const std::string& name = module_.form1.ShowFileDialog({.Kind = DialogKind::Open,
+                                                            .Title = "Open file for conversion",
+                                                            .Filter = std::string(filter),
+                                                            .FileName = {}});
+    if (!name.empty()) {
+        box.SetText(name);
+    }
+}
+
+void Form4::Command3_Click() {
+    module_.ShowHelpTopic(1, "Stripped", "conversions.html#pim");
+}
+
+void Form4::Command4_Click() {
+    ShowButtons(false);
+    bool begins_record = false;
+    Guard([&] { ConvertFile(begins_record); },
+          [&](const RunTimeError&) {
+              module_.Tell("Bad Filename. Please select a new file");
+              if (begins_record) {
+                  Command2_Click();
+              } else {
+                  Command1_Click();
+              }
+          });
+    ShowButtons(true);
+}
+
+void Form4::ConvertFile(bool& begins_record) {
+    module_.File1.OpenForInput(Text1.Text());
+    const std::string ldif = module_.File1.Read(module_.File1.Length());
+    module_.File1.Close();
+    int shown = -1;
+    std::string output = ExportPim(ldif, module_.PimSep, begins_record, [&](std::size_t position) {
+        const double done = static_cast<double>(position) / static_cast<double>(ldif.size());
+        Picture2.Width = done * kFullWidth;
+        if (static_cast<int>(done * 100) != shown) {
+            shown = static_cast<int>(done * 100);
+            module_.platform.Repaint();
+        }
+    });
+    // Reading is over: a failure from here on is one of the output file.
+    begins_record = true;
+    module_.File1.Replace(Text2.Text(), output.append(kCrLf));
+}
+
+void Form4::ShowButtons(bool visible) {
+    Command4.Visible = visible;
+    Command3.Visible = visible;
+}
+
+void Form4::Command5_Click() {
+    Hide();
+    module_.form1.Show(Showing::Modeless);
+}
+
+void Form1::mnuFull_Click() {
+    module_.form4.Show(Showing::Modeless);
+    Hide();
+}
+
+}  // namespace orvik

@@ -1,0 +1,24 @@
+// Exports a Netscape 4.x LDIF book for a handheld organiser. Format:
+// docs/formats/pim.md.
+
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace orvik {
+
+// ExportPim: a line per record, its values joined by the separator. Lines that
+// only Netscape uses
+// ("dn: ", "cn: ", "objectclass: ", "xmozillause", "xnav") are dropped,
+// wherever such a key stands.
+//   "dn: x\r\ngivenname: Al\r\nmail: A1\r\n\r\n", ","  ->  "Al,A1\r\n"
+// progress is given each position that the conversion comes to, counted from 1,
+// in bytes. begins_record is left at whether the last character ended a record.
+[[nodiscard]] std::string ExportPim(std::string_view ldif,
+                                    std::string_view separator,
+                                    bool& begins_record,
+                                    const std::function<void(std::size_t)>& progress);
+
+}  // namespace orvik

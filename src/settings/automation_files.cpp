@@ -1,0 +1,68 @@
+// The file steps of the automation.
+
+#include <string>
+
+#include "app/messages.h"
+#include "app/module1.h"
+#include "app/text.h"
+#include "app/working_text.h"
+
+namespace orvik {
+namespace {
+
+// The file of nicknames that is read and written as alias lines.
+constexpr std::string_view kAliasFile = "nndbase.txt";
+
+}  // namespace
+
+void Module1::AutoOpenFile(const std::string& name) {
+    OldCaption = form1.Caption;
+    File1.OpenForInput(name);
+    form1.StatusBar1.SetPanelText(1, "Opening . . .");
+    WorkText = File1.Read(File1.Length());
+    File1.Close();
+    if (OpenMode == kAskAlways) {
+        form3.Show(Showing::Modal);
+    } else if (HasEnding(name, kAliasFile)) {
+        OpenAliasFile();
+        WorkText = SplitEntries(WorkText, "txt");
+        TextMode = mode::kNative;
+        RefreshLists();
+    } else {
+        // The extraction reads the name there.
+        form1.CommonDialog1.FileName = name;
+        LoadByEnding(name, true);
+        form1.CommonDialog1.FileName.clear();
+    }
+    form1.LdifCurrent = false;
+    form1.StatusBar1.SetPanelText(1, "Ready");
+    form1.Text1.SetText(WorkText);
+}
+
+void Module1::AutoSaveFile(const std::string& name) {
+    if (WorkText.empty()) {
+        Tell(TextNonexistant("An Error has occured because an error type"), "Error");
+    } else if (HasEnding(name, kAliasFile)) {
+        File1.Replace(name, AliasLines());
+    } else {
+        form1.WriteInFormatOf(name, true);
+    }
+}
+
+std::string Module1::AliasLines() {
+    const std::string native = TextMode == mode::kAscii ? SplitEntries(WorkText, "txt") : WorkText;
+    NativeReader reader(native);
+    std::string lines;
+    while (reader.Next()) {
+        lines.append("alias \"").append(reader.TakeNickname()).append("\" ");
+        AppendWithout(lines, reader.RawAddress(), '\n');
+        lines.append(kCrLf);
+    }
+    return lines;
+}
+
+void Module1::AutoExtractFile(const std::string& name) {
+    ExtractAddresses(name, "proces", Icon::None);
+}
+
+}  // namespace orvik
