@@ -1,0 +1,44 @@
+// The common file dialog on Qt's, and what a name typed in it means.
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <string>
+#include <string_view>
+
+#include "platform/platform.h"
+
+class QWidget;
+
+namespace orvik {
+
+// NameFilters: a filter's entries for Qt. Patterns ignore case, and "*.*" means every file.
+//   "Text|*.txt|All files|*.*" -> "Text (*.[tT][xX][tT])", "All files (*)"
+[[nodiscard]] QStringList NameFilters(std::string_view filter);
+
+// FilterEnding: the ending of a filter's entry, counted from 1, with its dot; empty for every file.
+//   "Text|*.txt|All files|*.*", 1 -> ".txt"
+[[nodiscard]] std::string FilterEnding(std::string_view filter, int index);
+
+// WithEnding: a name that was typed without an ending gets the one of the chosen filter.
+//   "lists/book", ".txt" -> "lists/book.txt"
+[[nodiscard]] QString WithEnding(const QString& name, std::string_view ending);
+
+// OverwriteQuestion: what the user is asked before a file that exists is saved to. Some formats are
+// appended to.
+[[nodiscard]] QString OverwriteQuestion(const QString& name);
+
+class FileDialogs {
+ public:
+    // The next dialog starts in this file's folder.
+    void rememberFolderOf(const QString& name);
+    // Shows a dialog over parent, which may be null. Returns the name, empty when it was cancelled,
+    // and leaves the filter in use in FilterIndex.
+    std::string show(FileDialog& dialog, QWidget* parent);
+
+ private:
+    QString folder_;
+};
+
+}  // namespace orvik

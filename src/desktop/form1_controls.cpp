@@ -1,0 +1,87 @@
+// The main window's controls inside its frame.
+
+#include <QPushButton>
+#include <string>
+
+#include "desktop/control_views.h"
+#include "desktop/form1_window.h"
+#include "desktop/list_box_view.h"
+#include "desktop/text_box_view.h"
+
+namespace orvik {
+
+void Form1Window::addText() {
+    const TextBoxView::Commands commands{findChild<QAction*>(QStringLiteral("mnuSelCopy")),
+                                         findChild<QAction*>(QStringLiteral("mnuPaste")),
+                                         findChild<QAction*>(QStringLiteral("mnuDel"))};
+    const auto add = [&](TextBox& box, const char* name, const QString& spoken) {
+        auto* const view = new TextBoxView(
+            box,
+            [this](const FormEvents::Event& event) { return events_.run(event); },
+            commands,
+            centralWidget());
+        view->setObjectName(QString::fromLatin1(name));
+        view->setAccessibleName(spoken);
+        return view;
+    };
+    text1_ = add(form_.Text1, "Text1", tr("Address book as text"));
+    text3_ = add(form_.Text3, "Text3", tr("Additional text"));
+}
+
+void Form1Window::addLists() {
+    const auto add = [this](ListBox& box, const char* name, const QString& spoken) {
+        auto* const view = new ListBoxView(
+            box,
+            [this](const FormEvents::Event& event) { return events_.run(event); },
+            [this, handler = std::string(name) + "_Click"] { events_.runHandler(handler); },
+            centralWidget());
+        view->setObjectName(QString::fromLatin1(name));
+        view->setAccessibleName(spoken);
+        lists_.emplace_back(&box, view);
+    };
+    add(form_.List1, "List1", tr("E-mail addresses"));
+    add(form_.List2, "List2", tr("Nicknames"));
+    add(form_.List3, "List3", tr("Numbers of the rows to select"));
+}
+
+void Form1Window::addButtons() {
+    addButton("cmdEmail", form_.cmdEmail, AtYield::Refused);
+    addButton("cmdNick", form_.cmdNick, AtYield::Refused);
+    addButton("cmdDone", form_.cmdDone, AtYield::Refused);
+    addButton("cmdCancel", form_.cmdCancel, AtYield::Taken);
+}
+
+void Form1Window::addButton(std::string_view name, const Button& button, AtYield at_yield) {
+    auto* const view = MakeButton(name, button, centralWidget());
+    connect(view,
+            &QPushButton::clicked,
+            this,
+            [this, at_yield, handler = std::string(name) + "_Click"] {
+                events_.runHandler(handler, at_yield);
+            });
+    if (at_yield == AtYield::Taken) {
+        desktop_.acceptAtYield(*view);
+    }
+    buttons_.emplace_back(&button, view);
+}
+
+void Form1Window::syncControls() {
+    for (const auto& [list, view] : lists_) {
+        view->sync();
+        SyncControl(*view, *list);
+    }
+    for (const auto& [button, view] : buttons_) {
+        SyncControl(*view, *button);
+    }
+    // The lists lie over the text box.
+    const bool editing = form_.mnuEntEd.Checked;
+    const bool was_covered = text1_->isCovered();
+    text1_->sync(form_.List1.Visible || !form_.Text1.Visible, editing);
+    text3_->sync(!form_.Text3.Visible, false);
+    if (was_covered != text1_->isCovered()) {
+        QWidget* const front = was_covered ? text1_ : findChild<QWidget*>(QStringLiteral("List1"));
+        front->setFocus();
+    }
+}
+
+}  // namespace orvik

@@ -1,0 +1,88 @@
+// Shows Form1: the main window.
+
+#pragma once
+
+#include <QMainWindow>
+#include <QString>
+#include <QTimer>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "app/module1.h"
+#include "desktop/desktop.h"
+#include "desktop/form_events.h"
+
+class QAction;
+class QPushButton;
+
+namespace orvik {
+
+class ListBoxView;
+class StatusBarView;
+class TextBoxView;
+
+class Form1Window : public QMainWindow, public View {
+    Q_OBJECT
+ public:
+    // module and desktop must outlive the window.
+    Form1Window(Module1& module, Desktop& desktop);
+    Form1Window(const Form1Window&) = delete;
+    Form1Window& operator=(const Form1Window&) = delete;
+    Form1Window(Form1Window&&) = delete;
+    Form1Window& operator=(Form1Window&&) = delete;
+    ~Form1Window() override;
+
+    void sync() override;
+    [[nodiscard]] QWidget& window() override { return *this; }
+    [[nodiscard]] std::optional<Encoding> selectionEncoding() const override;
+
+    // Opens a file as if it had been dropped on the window.
+    void openBook(const QString& name);
+
+ protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+ private:
+    // form1_menu.cpp
+    void addMenus();
+    QAction* addCommand(QMenu& menu, const Form1::MenuRow& row);
+    void syncMenus();
+    // Runs a command on the text box's selection; its change joins the undo history.
+    void runOnSelection(std::string_view handler);
+    bool makeRoomForPaste();
+
+    // form1_controls.cpp
+    void addText();
+    void addLists();
+    void addButtons();
+    void addButton(std::string_view name, const Button& button, AtYield at_yield);
+    void syncControls();
+
+    // form1_layout.cpp
+    [[nodiscard]] QSize startSize() const;
+    void layOut();
+    void place();
+    void setFloor();
+
+    Form1& form_;
+    Desktop& desktop_;
+    FormEvents events_;
+    std::vector<std::pair<const MenuItem*, QAction*>> actions_;
+    std::vector<std::pair<const Button*, QPushButton*>> buttons_;
+    std::vector<std::pair<const ListBox*, ListBoxView*>> lists_;
+    TextBoxView* text1_ = nullptr;
+    TextBoxView* text3_ = nullptr;
+    StatusBarView* status_bar_ = nullptr;
+    bool on_selection_ = false;
+    QString dropped_file_;
+    QTimer drop_is_over_;
+};
+
+}  // namespace orvik

@@ -1,0 +1,103 @@
+// orvik [BOOK]: the window program.
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QFileInfo>
+#include <QIcon>
+#include <QTimer>
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "app/module1.h"
+#include "desktop/desktop.h"
+#include "desktop/form1_window.h"
+#include "desktop/form_window.h"
+#include "desktop/qt_platform.h"
+
+namespace {
+
+// Help and version are printed, so they work without a display.
+bool OnlyPrints(int argc, char** argv) {
+    constexpr std::array<std::string_view, 5> kPrinting = {
+        "-h", "--help", "--help-all", "-v", "--version"};
+    return std::any_of(argv + 1, argv + argc, [&](const char* argument) {
+        return std::find(kPrinting.begin(), kPrinting.end(), argument) != kPrinting.end();
+    });
+}
+
+void NameProgram() {
+    QCoreApplication::setApplicationName(QStringLiteral("orvik"));
+    QCoreApplication::setOrganizationName(QStringLiteral("orvik"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ORVIK_VERSION));
+}
+
+// The book's absolute name, empty without one.
+QString ParseArguments(const QCoreApplication& app) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QCoreApplication::tr("Opens, sorts, merges and converts e-mail address books."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("BOOK"),
+                                 QCoreApplication::tr("The address book to open."),
+                                 QStringLiteral("[BOOK]"));
+    parser.process(app);
+    const QStringList books = parser.positionalArguments();
+    if (books.size() > 1) {
+        parser.showHelp(1);
+    }
+    return books.isEmpty() ? QString() : QFileInfo(books.front()).absoluteFilePath();
+}
+
+int RunWindows(QApplication& app, const QString& book) {
+    orvik::Desktop desktop;
+    orvik::QtPlatform platform(desktop);
+    orvik::Module1 module(platform);
+    orvik::Form1Window window(module, desktop);
+    std::vector<std::unique_ptr<orvik::FormWindow>> small_windows;
+    for (orvik::Form* const form : module.Forms()) {
+        if (form != &module.form1) {
+            small_windows.push_back(
+                std::make_unique<orvik::FormWindow>(module, *form, desktop, &window));
+        }
+    }
+    const auto start = [&] {
+        desktop.run([&] { module.RunEvent([&] { module.form1.Show(orvik::Showing::Modeless); }); });
+        if (!book.isEmpty()) {
+            platform.rememberFolderOf(book);
+            window.openBook(book);
+        }
+    };
+    // Inside the event loop, so that the program can end while it starts.
+    QTimer starter;
+    starter.setSingleShot(true);
+    QObject::connect(&starter, &QTimer::timeout, start);
+    starter.start(0);
+    const int status = QApplication::exec();
+    try {
+        desktop.rethrowEnd();
+    } catch (const orvik::ProgramEnded&) {
+        return status;
+    }
+    return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    NameProgram();
+    if (OnlyPrints(argc, argv)) {
+        const QCoreApplication app(argc, argv);
+        ParseArguments(app);
+        return 0;
+    }
+    QApplication app(argc, argv);
+    QGuiApplication::setDesktopFileName(QStringLiteral("orvik"));
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("orvik")));
+    // The window goes when the program ends; a box before it is shown is no last window.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    return RunWindows(app, ParseArguments(app));
+}

@@ -1,0 +1,157 @@
+#include "desktop/qt_platform.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QWidget>
+#include <algorithm>
+
+#include "app/form.h"
+#include "app/messages.h"
+#include "app/run_time_error.h"
+#include "desktop/clipboard.h"
+#include "desktop/text_codec.h"
+
+namespace orvik {
+namespace {
+
+QMessageBox::StandardButtons ButtonsOf(Buttons choice) {
+    switch (choice) {
+        case Buttons::OK:
+            return QMessageBox::Ok;
+        case Buttons::YesNo:
+            return QMessageBox::Yes | QMessageBox::No;
+        case Buttons::YesNoCancel:
+            break;
+    }
+    return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+}
+
+// What closing a box or pressing Escape means.
+QMessageBox::StandardButton EscapeOf(Buttons choice) {
+    switch (choice) {
+        case Buttons::OK:
+            return QMessageBox::Ok;
+        case Buttons::YesNo:
+            return QMessageBox::No;
+        case Buttons::YesNoCancel:
+            break;
+    }
+    return QMessageBox::Cancel;
+}
+
+Answer AnswerOf(int button) {
+    switch (button) {
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::No:
+            return Answer::No;
+        case QMessageBox::Cancel:
+            return Answer::Cancel;
+        default:
+            return Answer::OK;
+    }
+}
+
+QString ShownText(std::string_view text) {
+    return ToLetters(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+
+}  // namespace
+
+QtPlatform::QtPlatform(Desktop& desktop)
+    : desktop_(desktop),
+      settings_(SettingsStore::userFile(), [this](const QString& problem) { tell(problem); }) {}
+
+Answer QtPlatform::ShowBox(const MessageBox& box) {
+    return desktop_.nested([&] {
+        QMessageBox shown(box.Sign == Icon::Question ? QMessageBox::Question : QMessageBox::NoIcon,
+                          ShownText(box.Title),
+                          ShownText(box.Text),
+                          ButtonsOf(box.Choice),
+                          desktop_.frontWindow());
+        shown.setTextFormat(Qt::PlainText);
+        shown.setWindowModality(Qt::WindowModal);
+        shown.setEscapeButton(EscapeOf(box.Choice));
+        return AnswerOf(shown.exec());
+    });
+}
+
+std::string QtPlatform::ShowFileDialog(FileDialog& dialog) {
+    return desktop_.nested([&] { return dialogs_.show(dialog, desktop_.frontWindow()); });
+}
+
+std::string QtPlatform::ClipboardText() {
+    return ClipboardBytes(desktop_.selectionEncoding().value_or(Encoding::Utf8));
+}
+
+void QtPlatform::SetClipboardText(std::string_view text) {
+    SetClipboardBytes(text, desktop_.selectionEncoding().value_or(EncodingOf(text)));
+}
+
+std::optional<std::string> QtPlatform::GetSetting(std::string_view section, std::string_view key) {
+    return settings_.get(section, key);
+}
+
+void QtPlatform::SaveSetting(std::string_view section,
+                             std::string_view key,
+                             std::string_view value) {
+    settings_.save(section, key, value);
+}
+
+// There is no viewer yet; target is the file's name, ">" and the window's.
+void QtPlatform::ShowHelp(HelpCommand /*command*/,
+                          std::string_view target,
+                          std::string_view /*data*/) {
+    QString file = QFile::decodeName(std::string(target.substr(0, target.find('>'))).c_str());
+    tell(QObject::tr("The help file %1 is not there.").arg(file.replace(u'\\', u'/')));
+}
+
+void QtPlatform::ShowForm(Form& form, Showing showing) {
+    View* const view = desktop_.viewOf(form);
+    desktop_.syncAll();
+    if (showing == Showing::Modal) {
+        view->window().setWindowModality(Qt::ApplicationModal);
+    }
+    view->window().show();
+    view->window().activateWindow();
+    if (showing == Showing::Modal) {
+        desktop_.nested([&] {
+            while (form.Visible() && !desktop_.hasEnded()) {
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            }
+            return true;
+        });
+    }
+}
+
+void QtPlatform::HideForm(Form& form) {
+    desktop_.viewOf(form)->window().hide();
+}
+
+void QtPlatform::CloseForm(Form& form) {
+    HideForm(form);
+}
+
+void QtPlatform::ReportFailure(const RunTimeError& failure) {
+    ShowBox({"Run-time error '" + std::to_string(failure.Number()) + "':\r\n\r\n" + failure.what(),
+             std::string(kTitle),
+             Buttons::OK,
+             Icon::None});
+}
+
+std::string QtPlatform::ProgramFolder() {
+    return QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
+}
+
+std::string QtPlatform::ProgramName() {
+    return QFile::encodeName(QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName())
+        .toStdString();
+}
+
+void QtPlatform::tell(const QString& text) {
+    ShowBox({text.toStdString(), std::string(kTitle), Buttons::OK, Icon::None});
+}
+
+}  // namespace orvik

@@ -1,0 +1,37 @@
+// Shows a StatusBar with its two panels, and the ProgressBar laid over it beside them.
+
+#pragma once
+
+#include <QStatusBar>
+#include <array>
+
+#include "app/controls.h"
+
+class QLabel;
+class QProgressBar;
+
+namespace orvik {
+
+class StatusBarView : public QStatusBar {
+    Q_OBJECT
+ public:
+    // The controls must outlive the view.
+    StatusBarView(const StatusBar& bar, const ProgressBar& progress, QWidget* parent);
+
+    // Makes the widgets equal to the form.
+    void sync();
+
+ protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+ private:
+    void place();
+
+    const StatusBar& bar_;
+    const ProgressBar& progress_;
+    std::array<QLabel*, 2> panels_;
+    QProgressBar* progress_bar_;
+    AutoSize sizing_ = AutoSize::Contents;
+};
+
+}  // namespace orvik

@@ -1,0 +1,63 @@
+#include "book.h"
+
+#include <array>
+#include <map>
+#include <random>
+#include <string_view>
+
+#include "app/working_text.h"
+#include "formats/ldif_writer.h"
+#include "formats/progress.h"
+
+namespace orvik::bench {
+namespace {
+
+constexpr std::array<std::string_view, 8> kFirst = {
+    "mary", "john", "anne-marie", "li", "fatima", "oluwaseun", "jo", "alexander"};
+constexpr std::array<std::string_view, 8> kLast = {
+    "miller", "o.brien", "ng", "garcia", "papadopoulos", "lee", "van.der.berg", "smith"};
+constexpr std::array<std::string_view, 4> kHosts = {
+    "mail.example", "example.org", "students.university.example", "x.example"};
+
+class NoProgress : public Progress {
+ public:
+    void Percent(int /*percent*/) override {}
+    void Record() override {}
+};
+
+std::string AsciiOf(std::size_t entries) {
+    std::mt19937 random(42);
+    std::string text;
+    for (std::size_t i = 0; i < entries; ++i) {
+        const std::string_view first = kFirst[random() % kFirst.size()];
+        const std::string_view last = kLast[random() % kLast.size()];
+        std::string address(first);
+        address.append(".").append(last).append(std::to_string(random() % 1000)).append("@");
+        address.append(kHosts[random() % kHosts.size()]);
+        // One in eight has no nickname.
+        if (random() % 8 == 0) {
+            text.append(address);
+        } else {
+            text.append("\"").append(first).append(" ").append(last).append("\" <");
+            text.append(address).append(">");
+        }
+        text.append("\r\n");
+    }
+    return text;
+}
+
+}  // namespace
+
+const Book& BookOf(std::size_t entries) {
+    static std::map<std::size_t, Book> books;
+    Book& book = books[entries];
+    if (book.ascii.empty()) {
+        NoProgress progress;
+        book.ascii = AsciiOf(entries);
+        book.native = JoinBlocks(SplitBlocks(book.ascii, "\r"));
+        book.ldif = WriteLdif(book.native, progress);
+    }
+    return book;
+}
+
+}  // namespace orvik::bench

@@ -1,0 +1,280 @@
+#include "desktop/form1_window.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QUrl>
+#include <cstdio>
+#include <fstream>
+
+#include "desktop/text_box_view.h"
+#include "form1_window_fixture.h"
+
+namespace orvik {
+namespace {
+
+using test::Form1WindowTest;
+using test::kThree;
+using testing::_;
+using testing::ElementsAre;
+using testing::Return;
+
+TEST_F(Form1WindowTest, EveryControlIsOnTheWindowWithItsTexts) {
+    for (const NamedControl& control : form1.Controls()) {
+        SCOPED_TRACE(control.Name);
+        if (const auto* const item = std::get_if<MenuItem*>(&control.Ref)) {
+            const auto& action = Find<QAction>(control.Name);
+            EXPECT_EQ(action.isSeparator(), (*item)->IsSeparator());
+            if (!action.isSeparator()) {
+                EXPECT_EQ(action.text().toStdString(), (*item)->Caption);
+            }
+            continue;
+        }
+        const auto& widget = Find<QWidget>(control.Name);
+        EXPECT_FALSE(widget.accessibleName().isEmpty());
+        if (const auto* const button = std::get_if<Button*>(&control.Ref)) {
+            EXPECT_EQ(Find<QPushButton>(control.Name).text().toStdString(), (*button)->Caption);
+            EXPECT_EQ(widget.toolTip().toStdString(), (*button)->ToolTip);
+            EXPECT_FALSE(widget.accessibleName().contains(u'&'));
+        }
+    }
+    for (const int number : {1, 2}) {
+        const auto& panel = Find<QLabel>("Panel" + std::to_string(number));
+        EXPECT_EQ(panel.text().toStdString(),
+                  form1.StatusBar1.Panels(static_cast<std::size_t>(number)).Text);
+        EXPECT_EQ(panel.toolTip().toStdString(),
+                  form1.StatusBar1.Panels(static_cast<std::size_t>(number)).ToolTip);
+        EXPECT_FALSE(panel.accessibleName().isEmpty());
+    }
+}
+
+TEST_F(Form1WindowTest, MenusHaveTheirRowsInOrder) {
+    const auto menus = form1.Menus();
+    const QList<QAction*> shown = window.menuBar()->actions();
+    ASSERT_EQ(static_cast<std::size_t>(shown.size()), menus.size());
+    for (std::size_t i = 0; i < menus.size(); ++i) {
+        const QList<QAction*> rows = shown[static_cast<qsizetype>(i)]->menu()->actions();
+        ASSERT_EQ(static_cast<std::size_t>(rows.size()), menus[i].Rows.size());
+        for (std::size_t j = 0; j < menus[i].Rows.size(); ++j) {
+            EXPECT_EQ(rows[static_cast<qsizetype>(j)]->objectName(),
+                      ObjectName(menus[i].Rows[j].Name));
+        }
+    }
+}
+
+TEST_F(Form1WindowTest, CommandsHaveTheUsualKeysAndIcons) {
+    const struct {
+        const char* Name;
+        const char* Keys;
+    } rows[] = {
+        {"mnuOpen", "Ctrl+O"}, {"mnuSave", "Ctrl+S"}, {"mnuExit", "Ctrl+Q"}, {"mnuEntEd", "F2"}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(Find<QAction>(row.Name).shortcut(), QKeySequence(QString::fromLatin1(row.Keys)));
+    }
+    EXPECT_FALSE(Find<QAction>("mnuOpen").icon().isNull());
+    EXPECT_FALSE(Find<QAction>("mnuSave").icon().isNull());
+}
+
+// Counts what makes a widget paint itself or lay itself out.
+class TouchCounter : public QObject {
+ public:
+    bool eventFilter(QObject* /*receiver*/, QEvent* event) override {
+        switch (event->type()) {
+            case QEvent::Paint:
+            case QEvent::LayoutRequest:
+            case QEvent::Resize:
+            case QEvent::Move:
+            case QEvent::Show:
+            case QEvent::Hide:
+            case QEvent::EnabledChange:
+            case QEvent::WindowTitleChange:
+                ++touches;
+                break;
+            default:
+                break;
+        }
+        return false;
+    }
+    int touches = 0;
+};
+
+TEST_F(Form1WindowTest, ASecondSyncTouchesNothing) {
+    Show();
+    List(kThree);
+    form1.ProgressBar1.Visible = true;
+    form1.ProgressBar1.Value = 30;
+    form1.Caption = "Orvik - a";
+    window.sync();
+    Settle();
+    TouchCounter counter;
+    qApp->installEventFilter(&counter);
+    window.sync();
+    window.sync();
+    Settle();
+    qApp->removeEventFilter(&counter);
+    EXPECT_EQ(counter.touches, 0);
+}
+
+TEST_F(Form1WindowTest, ARepaintShowsProgressWithoutTakingEvents) {
+    Show();
+    bool taken = false;
+    QMetaObject::invokeMethod(
+        &window, [&] { taken = true; }, Qt::QueuedConnection);
+    TouchCounter counter;
+    qApp->installEventFilter(&counter);
+    form1.ProgressBar1.Visible = true;
+    form1.ProgressBar1.Value = 42;
+    form1.StatusBar1.SetPanelText(1, "Converting: 42%");
+    desktop.repaint();
+    qApp->removeEventFilter(&counter);
+    EXPECT_GT(counter.touches, 0);
+    EXPECT_FALSE(taken);
+    EXPECT_EQ(PanelText(1), QStringLiteral("Converting: 42%"));
+    EXPECT_EQ(Find<QProgressBar>("ProgressBar1").value(), 42);
+    EXPECT_TRUE(Find<QProgressBar>("ProgressBar1").isVisible());
+}
+
+TEST_F(Form1WindowTest, TheProgressBarFillsTheStatusBarBesideThePanels) {
+    Show();
+    form1.ProgressBar1.Visible = true;
+    form1.StatusBar1.PanelSizing = AutoSize::Contents;
+    window.sync();
+    const auto& bar = Find<QProgressBar>("ProgressBar1");
+    const auto& last = Find<QLabel>("Panel2");
+    EXPECT_EQ(bar.x(), last.geometry().right() + 1 + 4);  // 60 twips
+    EXPECT_EQ(bar.geometry().right() + 1, window.statusBar()->width());
+    EXPECT_EQ(bar.y(), 2);  // 25 twips
+    EXPECT_EQ(bar.height(), window.statusBar()->height() - 4);
+    form1.StatusBar1.PanelSizing = AutoSize::Spring;
+    window.sync();
+    EXPECT_GT(last.geometry().right(), window.width() * 3 / 4);
+}
+
+TEST_F(Form1WindowTest, TheListsFollowEachOthersClicks) {
+    Show();
+    List(kThree);
+    auto& list1 = Find<QListView>("List1");
+    auto& list2 = Find<QListView>("List2");
+    ClickRow(list1, 1);
+    EXPECT_THAT(form1.List2.Selected(), ElementsAre(1));
+    EXPECT_TRUE(list2.selectionModel()->isSelected(list2.model()->index(1, 0)));
+    ClickRow(list2, 2, Qt::ControlModifier);
+    EXPECT_THAT(form1.List2.Selected(), ElementsAre(1, 2));
+    EXPECT_THAT(form1.List1.Selected(), ElementsAre(2));
+    // A row that is deselected is followed too.
+    ClickRow(list2, 1, Qt::ControlModifier);
+    EXPECT_THAT(form1.List2.Selected(), ElementsAre(2));
+    EXPECT_THAT(form1.List1.Selected(), ElementsAre(1));
+    QTest::keyClick(&list1, Qt::Key_Down);
+    EXPECT_THAT(form1.List2.Selected(), ElementsAre(2));
+}
+
+TEST_F(Form1WindowTest, TheFormIsToldTheWindowsSize) {
+    Show();
+    window.resize(480, 400);
+    Settle();
+    EXPECT_EQ(form1.Width, window.frameGeometry().width() * 15);
+    EXPECT_EQ(form1.Height, window.frameGeometry().height() * 15);
+    EXPECT_EQ(form1.ScaleWidth, 7200);
+    EXPECT_EQ(form1.ScaleHeight, 6000 - window.menuBar()->height() * 15);
+    EXPECT_EQ(Find<QListView>("List1").geometry().right() + 1, Find<QListView>("List2").x());
+    EXPECT_EQ(Find<QListView>("List2").geometry().right() + 1, 480);
+}
+
+TEST_F(Form1WindowTest, ControlsFillTheWindowAndDoNotOverlap) {
+    Show();
+    for (const int width : {230, 401, 1000}) {
+        window.resize(width, 300);
+        Settle();
+        const int bottom = window.centralWidget()->height();
+        const auto& list = Find<QListView>("List1");
+        const auto& button = Find<QPushButton>("cmdEmail");
+        EXPECT_EQ(list.geometry().bottom() + 1, button.y());
+        EXPECT_EQ(button.geometry().bottom() + 1, bottom);
+        EXPECT_EQ(button.height(), button.sizeHint().height());
+        EXPECT_EQ(Find<TextBoxView>("Text1").height(), bottom);
+        EXPECT_EQ(Find<TextBoxView>("Text1").width(), width);
+    }
+}
+
+TEST_F(Form1WindowTest, TheWindowIsNeverSmallerThanItsFloor) {
+    Show();
+    window.resize(10, 10);
+    Settle();
+    EXPECT_EQ(window.frameGeometry().width(), 227);  // 3400 twips, rounded up
+    EXPECT_EQ(window.frameGeometry().height(), 100);
+    EXPECT_GE(form1.Width, 3400);
+    EXPECT_EQ(form1.Height, 1500);
+}
+
+TEST_F(Form1WindowTest, F1AnywhereShowsHelp) {
+    Show();
+    EXPECT_CALL(platform, ProgramFolder()).WillRepeatedly(Return("/p"));
+    EXPECT_CALL(platform, ShowHelp(HelpCommand::Topic, _, "screenshot.html")).Times(3);
+    QTest::keyClick(&window, Qt::Key_F1);
+    QTest::keyClick(&Find<QListView>("List1"), Qt::Key_F1);
+    SetAscii("a");
+    SwitchEditMode();
+    QTest::keyClick(&Find<TextBoxView>("Text1"), Qt::Key_F1);
+}
+
+TEST_F(Form1WindowTest, ClosingAsksAndStaysOnCancel) {
+    Show();
+    EXPECT_CALL(platform, ShowForm(_, _));
+    EXPECT_CALL(platform, GetSetting(_, _)).WillRepeatedly(Return("5"));
+    EXPECT_CALL(platform, ShowBox(_)).WillRepeatedly(Return(Answer::OK));
+    form1.Show(Showing::Modeless);
+    ExpectSaveQuestion("Save before exiting?", Answer::Cancel);
+    window.close();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(desktop.hasEnded());
+    ExpectSaveQuestion("Save before exiting?", Answer::No);
+    EXPECT_CALL(platform, Ended());
+    window.close();
+    EXPECT_TRUE(desktop.hasEnded());
+}
+
+TEST_F(Form1WindowTest, AFailureIsReportedAndTheWindowGoesOn) {
+    ExpectSaveQuestion("Save before clearing?", Answer::No);
+    EXPECT_CALL(platform, ClipboardText()).WillOnce(Return(""));
+    EXPECT_CALL(platform, ReportFailure(_));
+    Find<QAction>("mnuClearPaste").trigger();
+    EXPECT_FALSE(desktop.hasEnded());
+}
+
+TEST_F(Form1WindowTest, ADroppedFileIsOpened) {
+    Show();
+    const std::string path = testing::TempDir() + "orvik-dropped.txt";
+    std::ofstream(path) << "A1\r\nA2\r\n";
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+    const auto drop = [&] {
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&window, &enter);
+        QDropEvent event(
+            QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier, QEvent::Drop);
+        QApplication::sendEvent(&window, &event);
+    };
+    drop();
+    EXPECT_EQ(module1.WorkText, "") << "while the other program waits";
+    Settle();
+    EXPECT_THAT(ItemsOf(form1.List1), ElementsAre("A1", "A2"));
+    // While a command runs nothing is opened.
+    drop();
+    desktop.run([] { Settle(); });
+    std::remove(path.c_str());
+}
+
+TEST_F(Form1WindowTest, TheTitleShowsTheCaptionAsItIs) {
+    form1.Caption = "Orvik - a[*]\xFC.ldif";
+    window.sync();
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Orvik - a[*][*]\u00FC.ldif"));
+}
+
+}  // namespace
+}  // namespace orvik

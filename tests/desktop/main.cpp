@@ -1,0 +1,33 @@
+#include <QApplication>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+
+#include "qt_messages.h"
+
+namespace {
+
+// A test in which the program ended has told all event loops to return, later ones included. Only
+// the main loop takes that back.
+class LoopsGoOn : public testing::EmptyTestEventListener {
+    void OnTestEnd(const testing::TestInfo& /*test*/) override {
+        QTimer::singleShot(0, [] { QCoreApplication::exit(); });
+        QApplication::exec();
+    }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleMock(&argc, argv);
+    orvik::test::WatchQtMessages(
+        [](const QString& text) { ADD_FAILURE() << "Qt says: " << text.toStdString(); });
+    // Nothing of the user's is read or written.
+    const QTemporaryDir config;
+    qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
+    const QApplication app(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    testing::UnitTest::GetInstance()->listeners().Append(new LoopsGoOn);
+    return RUN_ALL_TESTS();
+}

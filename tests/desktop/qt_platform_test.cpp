@@ -1,0 +1,138 @@
+#include "desktop/qt_platform.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+
+#include <gtest/gtest.h>
+
+#include "app/run_time_error.h"
+
+namespace orvik {
+namespace {
+
+class QtPlatformTest : public testing::Test {
+ protected:
+    // Shows a box while the user acts on it.
+    Answer Show(const MessageBox& box, const std::function<void(QMessageBox&)>& act) {
+        QTimer::singleShot(
+            0, [&] { act(*qobject_cast<QMessageBox*>(QApplication::activeModalWidget())); });
+        return platform.ShowBox(box);
+    }
+    static void Press(QMessageBox& box, QMessageBox::StandardButton button) {
+        box.button(button)->click();
+    }
+    // Closes the next box and keeps what it said.
+    void CloseNextBox() {
+        QTimer::singleShot(0, [this] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            said = box->text();
+            title = box->windowTitle();
+            buttons = box->standardButtons();
+            box->close();
+        });
+    }
+
+    QTemporaryDir folder;
+    // Before the platform looks for the settings.
+    const bool own_settings = qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
+    Desktop desktop;
+    QtPlatform platform{desktop};
+    QString said;
+    QString title;
+    QMessageBox::StandardButtons buttons;
+};
+
+TEST_F(QtPlatformTest, ABoxShowsItsTextAsItIs) {
+    const MessageBox box{"a <b>\r\n\xFC", "Save?", Buttons::YesNoCancel, Icon::Question};
+    Show(box, [](QMessageBox& shown) {
+        EXPECT_EQ(shown.text(), QStringLiteral("a <b>\n\u00FC"));
+        EXPECT_EQ(shown.textFormat(), Qt::PlainText);
+        EXPECT_EQ(shown.windowTitle(), QStringLiteral("Save?"));
+        EXPECT_EQ(shown.icon(), QMessageBox::Question);
+        EXPECT_EQ(shown.windowModality(), Qt::WindowModal);
+        EXPECT_EQ(shown.standardButtons(),
+                  QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        shown.close();
+    });
+}
+
+TEST_F(QtPlatformTest, ABoxGivesItsAnswer) {
+    const auto press = [](QMessageBox::StandardButton button) {
+        return [button](QMessageBox& box) { Press(box, button); };
+    };
+    const auto escape = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); };
+    const struct {
+        Buttons Choice;
+        std::function<void(QMessageBox&)> Act;
+        Answer Expected;
+    } rows[] = {
+        {Buttons::OK, press(QMessageBox::Ok), Answer::OK},
+        {Buttons::OK, escape, Answer::OK},
+        {Buttons::YesNo, press(QMessageBox::Yes), Answer::Yes},
+        {Buttons::YesNo, press(QMessageBox::No), Answer::No},
+        {Buttons::YesNo, escape, Answer::No},
+        {Buttons::YesNoCancel, press(QMessageBox::Yes), Answer::Yes},
+        {Buttons::YesNoCancel, press(QMessageBox::No), Answer::No},
+        {Buttons::YesNoCancel, press(QMessageBox::Cancel), Answer::Cancel},
+        {Buttons::YesNoCancel, escape, Answer::Cancel},
+        {Buttons::YesNoCancel, [](QMessageBox& box) { box.close(); }, Answer::Cancel},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(Show({"text", "title", row.Choice, Icon::None}, row.Act), row.Expected);
+    }
+}
+
+TEST_F(QtPlatformTest, AProgramThatEndedInABoxDoesNotGoOn) {
+    bool went_on = false;
+    desktop.run([&] {
+        Show({"text", "title", Buttons::OK, Icon::None}, [&](QMessageBox& box) {
+            desktop.run([&] { platform.End(); });
+            box.close();
+        });
+        went_on = true;
+    });
+    EXPECT_FALSE(went_on);
+    EXPECT_THROW(desktop.rethrowEnd(), ProgramEnded);
+}
+
+TEST_F(QtPlatformTest, AFailureIsToldWithItsNumber) {
+    CloseNextBox();
+    platform.ReportFailure(RunTimeError(Failure::InvalidProcedureCall));
+    EXPECT_EQ(said, QStringLiteral("Run-time error '5':\n\nInvalid procedure call or argument"));
+    EXPECT_EQ(title, QStringLiteral("Orvik"));
+    EXPECT_EQ(buttons, QMessageBox::Ok);
+}
+
+TEST_F(QtPlatformTest, AMissingHelpFileIsToldWithThePlatformsSeparators) {
+    CloseNextBox();
+    platform.ShowHelp(HelpCommand::Topic, "/opt/orvik\\help.chm>secWin", "screenshot.html");
+    EXPECT_TRUE(said.contains(QStringLiteral("/opt/orvik/help.chm "))) << said.toStdString();
+}
+
+TEST_F(QtPlatformTest, TheClipboardHasTheWorkingTextsLineEnds) {
+    QGuiApplication::clipboard()->setText(QStringLiteral("a\nb"));
+    EXPECT_EQ(platform.ClipboardText(), "a\r\nb");
+    platform.SetClipboardText("\xFC");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("\u00FC"));
+}
+
+TEST_F(QtPlatformTest, SettingsAreTheUsers) {
+    EXPECT_EQ(platform.GetSetting("Settings", "Open"), std::nullopt);
+    platform.SaveSetting("Settings", "Open", "2");
+    EXPECT_EQ(platform.GetSetting("Settings", "open"), "2");
+    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("orvik/orvik.conf"))));
+}
+
+TEST_F(QtPlatformTest, TheProgramIsNamedAfterItsFile) {
+    EXPECT_EQ(platform.ProgramName(), "orvik-desktop-tests");
+    EXPECT_FALSE(platform.ProgramFolder().ends_with('/'));
+}
+
+}  // namespace
+}  // namespace orvik

@@ -1,0 +1,185 @@
+#include "desktop/text_codec.h"
+
+#include <QTextDocument>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace orvik {
+namespace {
+
+using namespace std::string_literals;
+
+TEST(EncodingOf, DecidesForTheWholeText) {
+    const struct {
+        std::string Bytes;
+        Encoding Expected;
+    } rows[] = {
+        {"", Encoding::Utf8},
+        {"plain", Encoding::Utf8},
+        {"J\xC3\xBCrgen", Encoding::Utf8},
+        {"J\xFCrgen", Encoding::Windows1252},
+        {"J\xC3\xBCrgen and J\xFCrgen", Encoding::Windows1252},
+        {"a\0b"s, Encoding::Utf8},
+        {"\xEF\xBB\xBF"
+         "byte order mark",
+         Encoding::Utf8},
+        {"\xF0\x9F\x98\x80", Encoding::Utf8},
+        {"cut off \xC3", Encoding::Windows1252},
+        {"cut off \xE2\x82", Encoding::Windows1252},
+        {"\xC0\x80", Encoding::Windows1252},          // longer than it need be
+        {"\xE0\x9F\xBF", Encoding::Windows1252},      // the same
+        {"\xF0\x8F\xBF\xBF", Encoding::Windows1252},  // the same
+        {"\xED\xA0\x80", Encoding::Windows1252},      // half a pair
+        {"\xF4\x90\x80\x80", Encoding::Windows1252},  // beyond the last letter
+        {"\xE2\x80\xA8", Encoding::Windows1252},      // U+2028
+        {"\xE2\x80\xA9", Encoding::Windows1252},      // U+2029
+        {"\xE2\x90\x8A", Encoding::Windows1252},      // U+240A
+        {"\xEF\xB7\x90", Encoding::Windows1252},      // U+FDD0
+        {"\xEF\xBF\xBE", Encoding::Windows1252},      // U+FFFE
+        {"\xEF\xBF\xBF", Encoding::Windows1252},      // U+FFFF
+        {"\xF0\x9F\xBF\xBE", Encoding::Windows1252},  // U+1FFFE
+        {"\xEF\xBF\xBC", Encoding::Utf8},             // U+FFFC
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(EncodingOf(row.Bytes), row.Expected) << testing::PrintToString(row.Bytes);
+    }
+}
+
+TEST(ToLetters, ShowsBothEncodings) {
+    EXPECT_EQ(ToLetters("J\xC3\xBCrgen"), QStringLiteral("J\u00FCrgen"));
+    EXPECT_EQ(ToLetters("J\xFCrgen"), QStringLiteral("J\u00FCrgen"));
+    EXPECT_EQ(ToLetters("\x80\x9F"), QStringLiteral("\u20AC\u0178"));
+    EXPECT_EQ(ToLetters("\x81\x8D\x8F\x90\x9D"), QStringLiteral("\u0081\u008D\u008F\u0090\u009D"));
+    EXPECT_EQ(ToLetters("\xF0\x9F\x98\x80").size(), 2);
+    EXPECT_EQ(ToLetters("\xEF\xBB\xBF"
+                        "a")
+                  .size(),
+              2);
+}
+
+TEST(ToLetters, EveryByteOfWindows1252HasALetterOfItsOwn) {
+    for (int byte = 0; byte < 256; ++byte) {
+        const std::string bytes(1, static_cast<char>(byte));
+        Encoding encoding = Encoding::Windows1252;
+        EXPECT_EQ(ToBytes(ToLetters(bytes, encoding), encoding), bytes) << byte;
+        EXPECT_EQ(encoding, Encoding::Windows1252) << byte;
+    }
+}
+
+TEST(ToBytes, AForeignLetterMakesTheWholeTextUtf8) {
+    Encoding encoding = Encoding::Windows1252;
+    EXPECT_EQ(ToBytes(u"\u20AC\u00FC", encoding), "\x80\xFC");
+    EXPECT_EQ(encoding, Encoding::Windows1252);
+    EXPECT_EQ(ToBytes(u"\u00FC\u0416", encoding), "\xC3\xBC\xD0\x96");
+    EXPECT_EQ(encoding, Encoding::Utf8);
+}
+
+TEST(ToBytes, AControlThatWindows1252LacksIsForeign) {
+    EXPECT_TRUE(CanEncode(u"\u0081", Encoding::Windows1252));
+    EXPECT_FALSE(CanEncode(u"\u0080", Encoding::Windows1252));
+}
+
+TEST(ToBoxText, ShowsEachKindOfLineEnd) {
+    EXPECT_EQ(ToBoxText("a\r\nb\rc\nd", Encoding::Utf8), QStringLiteral("a\u2029b\u2028c\u240Ad"));
+    EXPECT_EQ(ToBoxText("\r\r\n\n", Encoding::Utf8), QStringLiteral("\u2028\u2029\u240A"));
+    EXPECT_EQ(WithLineBreaks(u"a\u2029b\u2028c\u240Ad"), QStringLiteral("a\r\nb\rc\nd"));
+}
+
+// What a text box makes of the text in its document.
+std::string ThroughDocument(const std::string& bytes) {
+    Encoding encoding = EncodingOf(bytes);
+    QTextDocument document;
+    document.setPlainText(ToBoxText(bytes, encoding));
+    return FromBoxText(document.toRawText(), encoding);
+}
+
+TEST(BoxText, EveryPairOfBytesComesBackFromADocument) {
+    std::string all;
+    for (int first = 0; first < 256; ++first) {
+        all.clear();
+        for (int second = 0; second < 256; ++second) {
+            const std::string pair = {static_cast<char>(first), static_cast<char>(second)};
+            Encoding encoding = EncodingOf(pair);
+            ASSERT_EQ(FromBoxText(ToBoxText(pair, encoding), encoding), pair);
+            all += pair;
+        }
+        ASSERT_EQ(ThroughDocument(all), all) << first;
+    }
+}
+
+TEST(BoxText, RandomTextsComeBackFromADocument) {
+    const std::vector<std::string> pieces = {"\r",
+                                             "\n",
+                                             "\r\n",
+                                             "\t",
+                                             "\0"s,
+                                             " ",
+                                             "\xC2\xA0",
+                                             "\xA0",
+                                             "a",
+                                             "<",
+                                             "\xC3\xBC",
+                                             "\xFC",
+                                             "\xF0\x9F\x98\x80",
+                                             "\xE2\x80\xA8",
+                                             "\xE2\x80\xA9",
+                                             "\xE2\x90\x8A",
+                                             "\xEF\xBF\xBC",
+                                             "\xEF\xBF\xBD",
+                                             "\xEF\xBB\xBF",
+                                             "\xEF\xB7\x90",
+                                             "\x0B",
+                                             "\x0C",
+                                             "\xC2\x85",
+                                             "\xC2\xAD",
+                                             "\x1B",
+                                             "\x7F",
+                                             "\xCC\x81",
+                                             "\xE2\x80\x8F",
+                                             "-nick-"};
+    std::mt19937 random(1);  // the same texts each time
+    for (int i = 0; i < 2000; ++i) {
+        std::string text;
+        for (auto left = random() % 20; left > 0; --left) {
+            text += pieces[random() % pieces.size()];
+        }
+        ASSERT_EQ(ThroughDocument(text), text) << testing::PrintToString(text);
+    }
+}
+
+TEST(Positions, OfBytesAndLettersMatchAtEachLetter) {
+    for (const std::string& text : {"a\r\n\xC3\xBC"
+                                    "b\rc\nd\xF0\x9F\x98\x80"
+                                    "e\xE2\x82\xAC"s,
+                                    "\xFC\r\n\x80\r\r\n\n\n"s}) {
+        const Encoding encoding = EncodingOf(text);
+        const QString letters = ToBoxText(text, encoding);
+        for (qsizetype position = 0; position <= letters.size(); ++position) {
+            if (position > 0 && letters.at(position - 1).isHighSurrogate()) {
+                continue;
+            }
+            const std::size_t offset = ByteOffset(letters, position, encoding);
+            Encoding same = encoding;
+            EXPECT_EQ(offset, FromBoxText(letters.first(position), same).size());
+            EXPECT_EQ(BoxPosition(text, offset, encoding), position);
+        }
+        EXPECT_EQ(ByteOffset(letters, letters.size(), encoding), text.size());
+    }
+}
+
+TEST(Positions, InsideALetterOrALineBreakStandBehindIt) {
+    EXPECT_EQ(BoxPosition("a\r\nb", 2, Encoding::Utf8), 2);
+    EXPECT_EQ(BoxPosition("\xC3\xBC"
+                          "b",
+                          1,
+                          Encoding::Utf8),
+              1);
+    EXPECT_EQ(BoxPosition("\xF0\x9F\x98\x80", 1, Encoding::Utf8), 2);
+    EXPECT_EQ(BoxPosition("ab", 9, Encoding::Utf8), 2);
+}
+
+}  // namespace
+}  // namespace orvik

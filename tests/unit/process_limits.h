@@ -1,0 +1,62 @@
+// What a process may do, taken away and given back.
+
+#pragma once
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <stdexcept>
+
+namespace orvik::test {
+
+// While it lives no file can grow beyond so many bytes: a disk that is full.
+class FileSizeLimit {
+ public:
+    explicit FileSizeLimit(rlim_t bytes) : old_handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &old_limit_);
+        const rlimit limit = {bytes, old_limit_.rlim_max};
+        if (setrlimit(RLIMIT_FSIZE, &limit) != 0) {
+            throw std::runtime_error("no file size limit");
+        }
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    FileSizeLimit(FileSizeLimit&&) = delete;
+    FileSizeLimit& operator=(FileSizeLimit&&) = delete;
+    ~FileSizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &old_limit_);
+        std::signal(SIGXFSZ, old_handler_);
+    }
+
+ private:
+    void (*old_handler_)(int);
+    rlimit old_limit_{};
+};
+
+// While it lives permissions count, also for a test that the superuser runs.
+class OrdinaryUser {
+ public:
+    OrdinaryUser() : old_(geteuid()) { ordinary_ = old_ != 0 || seteuid(kNobody) == 0; }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+    OrdinaryUser(OrdinaryUser&&) = delete;
+    OrdinaryUser& operator=(OrdinaryUser&&) = delete;
+    ~OrdinaryUser() {
+        if (geteuid() != old_ && seteuid(old_) != 0) {
+            std::abort();
+        }
+    }
+
+    // False where the superuser is not allowed to be anybody else.
+    [[nodiscard]] bool Ordinary() const { return ordinary_; }
+
+ private:
+    static constexpr uid_t kNobody = 65534;
+
+    uid_t old_;
+    bool ordinary_ = false;
+};
+
+}  // namespace orvik::test
