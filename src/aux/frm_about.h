@@ -12,7 +12,9 @@ namespace orvik {
 
 class FrmAbout : public Form {
  public:
-    explicit FrmAbout(Module1& module) : Form(module, "frmAbout", "About Orvik") {}
+    explicit FrmAbout(Module1& module) : Form(module, "frmAbout", "About Orvik") {
+        Picture1.Visible = false;
+    }
 
     std::vector<NamedControl> Controls() override;
     std::vector<NamedHandler> Handlers() override;

@@ -19,6 +19,30 @@ void FormEvents::runHandler(std::string_view name, AtYield at_yield) {
     }
 }
 
+FormEvents::Event FormEvents::find(std::string_view name) const {
+    const std::vector<NamedHandler> handlers = form_.Handlers();
+    const auto found = std::find_if(
+        handlers.begin(), handlers.end(), [&](const NamedHandler& h) { return h.Name == name; });
+    return found == handlers.end() ? Event() : found->Run;
+}
+
+bool FormEvents::runNamed(std::string_view name) {
+    const Event handler = find(name);
+    if (handler) {
+        run(handler);
+    }
+    return static_cast<bool>(handler);
+}
+
+void FormEvents::runChange(const Event& change, std::string_view handler) {
+    run([&, behind = find(handler)] {
+        change();
+        if (behind) {
+            behind();
+        }
+    });
+}
+
 void FormEvents::close(QCloseEvent& event) {
     event.ignore();
     run([this] { form_.Unload(); }, AtYield::Taken);

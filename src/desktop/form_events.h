@@ -26,12 +26,19 @@ class FormEvents {
     // that does not exist yet does nothing.
     void runHandler(std::string_view name, AtYield at_yield = AtYield::Refused);
 
+    // Runs the form's handler of an event that is no command; returns false if there is none.
+    bool runNamed(std::string_view name);
+    // The user changes a control; then its handler, if there is one, runs, all as one event.
+    void runChange(const Event& change, std::string_view handler);
+
     // The close box: the form says whether the window goes.
     void close(QCloseEvent& event);
     // Tells the form of a key that it knows. Returns false for any other.
     bool releaseKey(const QKeyEvent& event);
 
  private:
+    [[nodiscard]] Event find(std::string_view name) const;
+
     Module1& module_;
     Form& form_;
     Desktop& desktop_;

@@ -1,22 +1,24 @@
 #include "desktop/form_window.h"
 
+#include <QButtonGroup>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
-#include <QVBoxLayout>
-#include <string>
+#include <algorithm>
 
 #include "desktop/control_views.h"
 #include "desktop/text_box_view.h"
-#include "desktop/text_codec.h"
 
 namespace orvik {
 
 FormWindow::FormWindow(Module1& module, Form& form, Desktop& desktop, QWidget* owner)
-    : QWidget(owner, Qt::Dialog), form_(form), desktop_(desktop), events_(module, form, desktop) {
+    : QWidget(owner, owner == nullptr ? Qt::Window : Qt::Dialog),
+      form_(form),
+      desktop_(desktop),
+      events_(module, form, desktop) {
     setObjectName(ObjectName(form.Name()));
-    new QVBoxLayout(this);
     for (const NamedControl& control : form.Controls()) {
         std::visit([&](auto* kind) { add(control.Name, kind); }, control.Ref);
     }
@@ -28,41 +30,66 @@ FormWindow::~FormWindow() {
     desktop_.remove(form_);
 }
 
-void FormWindow::add(std::string_view name, const Label* label) {
-    auto* const view = new QLabel(ToLetters(label->Caption), this);
-    view->setTextFormat(Qt::PlainText);
-    add(name, *label, *view);
-}
-
-void FormWindow::add(std::string_view name, TextBox* box) {
-    auto* const view = new TextBoxView(
-        *box, [this](const FormEvents::Event& event) { return events_.run(event); }, {}, this);
-    view->setAccessibleName(ToLetters(form_.Caption));
-    texts_.push_back(view);
-    add(name, *box, *view);
-}
-
-void FormWindow::add(std::string_view name, const Button* button) {
-    auto* const view = MakeButton(name, *button, this);
-    connect(view, &QPushButton::clicked, this, [this, handler = std::string(name) + "_Click"] {
-        events_.runHandler(handler);
-    });
-    add(name, *button, *view);
-}
-
-void FormWindow::add(std::string_view name, const Control& control, QWidget& view) {
-    view.setObjectName(ObjectName(name));
-    layout()->addWidget(&view);
-    widgets_.emplace_back(&control, &view);
-}
-
 void FormWindow::sync() {
     SyncTitle(*this, form_.Caption);
     for (const auto& [control, widget] : widgets_) {
         SyncControl(*widget, *control);
     }
-    for (TextBoxView* const text : texts_) {
-        text->sync(text->isHidden(), true);
+    for (const auto& sync : syncs_) {
+        sync();
+    }
+    syncOptions();
+    for (const Text& text : texts_) {
+        text.Shown->sync(text.Shown->isHidden(), text.Editable);
+    }
+}
+
+// An exclusive group always has a chosen option, a form's need not.
+void FormWindow::syncOptions() {
+    for (const auto& [number, group] : groups_) {
+        group->setExclusive(false);
+    }
+    for (const auto& [option, view] : options_) {
+        view->setChecked(option->Value);
+    }
+    for (const auto& [number, group] : groups_) {
+        group->setExclusive(true);
+    }
+}
+
+std::vector<QWidget*> FormWindow::widgets() const {
+    std::vector<QWidget*> all(widgets_.size());
+    std::transform(widgets_.begin(), widgets_.end(), all.begin(), [](const auto& shown) {
+        return shown.second;
+    });
+    return all;
+}
+
+QWidget* FormWindow::find(const Control& control) const {
+    const auto found = std::find_if(widgets_.begin(), widgets_.end(), [&](const auto& shown) {
+        return shown.first == &control;
+    });
+    return found == widgets_.end() ? nullptr : found->second;
+}
+
+void FormWindow::setDefaultButton(const Button& button) {
+    default_button_ = &widget<QPushButton>(button);
+    default_button_->setDefault(true);
+}
+
+void FormWindow::setReadOnly(const TextBox& box) {
+    for (Text& text : texts_) {
+        if (text.Shown == find(box)) {
+            text.Editable = false;
+        }
+    }
+    sync();
+}
+
+void FormWindow::takeClicksAtYield() {
+    desktop_.acceptAtYield(*this);
+    for (QWidget* const view : widgets()) {
+        desktop_.acceptAtYield(*view);
     }
 }
 
@@ -70,10 +97,43 @@ void FormWindow::closeEvent(QCloseEvent* event) {
     events_.close(*event);
 }
 
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Escape:
+            close();
+            return;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (default_button_ != nullptr) {
+                default_button_->click();
+            }
+            return;
+        default:
+            QWidget::keyPressEvent(event);
+    }
+}
+
 void FormWindow::keyReleaseEvent(QKeyEvent* event) {
     if (!events_.releaseKey(*event)) {
         QWidget::keyReleaseEvent(event);
     }
+}
+
+void FormWindow::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
+        events_.run([this] { form_.Form_Click(); }, AtYield::Taken);
+    }
+}
+
+bool FormWindow::eventFilter(QObject* receiver, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonDblClick) {
+        for (const Text& text : texts_) {
+            if (receiver == text.Shown->viewport()) {
+                return events_.runNamed(text.Shown->objectName().toStdString() + "_DblClick");
+            }
+        }
+    }
+    return QWidget::eventFilter(receiver, event);
 }
 
 }  // namespace orvik

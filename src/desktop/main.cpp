@@ -14,8 +14,8 @@
 #include "app/module1.h"
 #include "desktop/desktop.h"
 #include "desktop/form1_window.h"
-#include "desktop/form_window.h"
 #include "desktop/qt_platform.h"
+#include "desktop/small_windows.h"
 
 namespace {
 
@@ -52,7 +52,7 @@ QString ParseArguments(const QCoreApplication& app) {
     return books.isEmpty() ? QString() : QFileInfo(books.front()).absoluteFilePath();
 }
 
-int RunWindows(QApplication& app, const QString& book) {
+int RunWindows(const QString& book) {
     orvik::Desktop desktop;
     orvik::QtPlatform platform(desktop);
     orvik::Module1 module(platform);
@@ -60,8 +60,7 @@ int RunWindows(QApplication& app, const QString& book) {
     std::vector<std::unique_ptr<orvik::FormWindow>> small_windows;
     for (orvik::Form* const form : module.Forms()) {
         if (form != &module.form1) {
-            small_windows.push_back(
-                std::make_unique<orvik::FormWindow>(module, *form, desktop, &window));
+            small_windows.push_back(orvik::MakeWindow(module, *form, desktop, &window));
         }
     }
     const auto start = [&] {
@@ -99,5 +98,5 @@ int main(int argc, char** argv) {
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("orvik")));
     // The window goes when the program ends; a box before it is shown is no last window.
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    return RunWindows(app, ParseArguments(app));
+    return RunWindows(ParseArguments(app));
 }

@@ -4,17 +4,23 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QProcess>
 #include <QWidget>
+#include <QWindow>
 #include <algorithm>
 
 #include "app/form.h"
 #include "app/messages.h"
 #include "app/run_time_error.h"
+#include "desktop/autostart.h"
 #include "desktop/clipboard.h"
 #include "desktop/text_codec.h"
 
 namespace orvik {
 namespace {
+
+// The program group of what starts with the session.
+constexpr std::string_view kStartUp = "StartUp";
 
 QMessageBox::StandardButtons ButtonsOf(Buttons choice) {
     switch (choice) {
@@ -100,6 +106,22 @@ void QtPlatform::SaveSetting(std::string_view section,
     settings_.save(section, key, value);
 }
 
+bool QtPlatform::CreateShellLink(const ShellLink& link) {
+    if (link.Folder != kStartUp) {
+        return false;
+    }
+    // The target is this program, under a name that is not its file's.
+    QStringList command = {QCoreApplication::applicationFilePath()};
+    command += QProcess::splitCommand(ToLetters(link.Arguments));
+    return CreateAutostart(ToLetters(link.Name), command);
+}
+
+void QtPlatform::RemoveShellLink(std::string_view folder, std::string_view name) {
+    if (folder == kStartUp) {
+        RemoveAutostart(ToLetters(name));
+    }
+}
+
 // There is no viewer yet; target is the file's name, ">" and the window's.
 void QtPlatform::ShowHelp(HelpCommand /*command*/,
                           std::string_view target,
@@ -111,11 +133,18 @@ void QtPlatform::ShowHelp(HelpCommand /*command*/,
 void QtPlatform::ShowForm(Form& form, Showing showing) {
     View* const view = desktop_.viewOf(form);
     desktop_.syncAll();
-    if (showing == Showing::Modal) {
-        view->window().setWindowModality(Qt::ApplicationModal);
+    QWidget& window = view->window();
+    const bool modal = showing == Showing::Modal;
+    window.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+    if (QWidget* const front = desktop_.frontWindow(); modal && front != nullptr) {
+        // It stays above the window that waits for it, which need not be its owner.
+        window.winId();
+        if (front != &window && front->windowHandle() != nullptr) {
+            window.windowHandle()->setTransientParent(front->windowHandle());
+        }
     }
-    view->window().show();
-    view->window().activateWindow();
+    window.show();
+    window.activateWindow();
     if (showing == Showing::Modal) {
         desktop_.nested([&] {
             while (form.Visible() && !desktop_.hasEnded()) {

@@ -25,6 +25,11 @@ class QtPlatform : public Platform {
     void SaveSetting(std::string_view section,
                      std::string_view key,
                      std::string_view value) override;
+    void DeleteSettings() override { settings_.clear(); }
+    // A link in the folder "StartUp" starts this program with the user's session; there are no
+    // other folders.
+    bool CreateShellLink(const ShellLink& link) override;
+    void RemoveShellLink(std::string_view folder, std::string_view name) override;
     void ShowHelp(HelpCommand command, std::string_view target, std::string_view data) override;
     void ShowForm(Form& form, Showing showing) override;
     void HideForm(Form& form) override;

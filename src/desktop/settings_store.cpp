@@ -63,6 +63,15 @@ void SettingsStore::save(std::string_view section, std::string_view key, std::st
     check(QObject::tr("The settings file %1 cannot be written."));
 }
 
+void SettingsStore::clear() {
+    kept_.clear();
+    if (settings_.status() == QSettings::NoError) {
+        settings_.clear();
+        settings_.sync();
+    }
+    check(QObject::tr("The settings file %1 cannot be written."));
+}
+
 void SettingsStore::check(const QString& problem) {
     if (settings_.status() != QSettings::NoError && !reported_) {
         reported_ = true;

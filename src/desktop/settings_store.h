@@ -24,6 +24,9 @@ class SettingsStore {
     // What cannot be written is kept for this run.
     void save(std::string_view section, std::string_view key, std::string_view value);
 
+    // Deletes every setting, also for this run. A file that was not understood stays as it is.
+    void clear();
+
     // orvik/orvik.conf in the user's configuration folder.
     [[nodiscard]] static QString userFile();
 

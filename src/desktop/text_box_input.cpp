@@ -11,8 +11,22 @@
 
 namespace orvik {
 
+void TextBoxView::setSingleLine(int letters) {
+    single_line_ = true;
+    setTabChangesFocus(true);
+    setLineWrapMode(QPlainTextEdit::NoWrap);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setMinimumWidth(fontMetrics().averageCharWidth() * letters);
+    const int around = 2 * frameWidth() + static_cast<int>(2 * document()->documentMargin());
+    setFixedHeight(fontMetrics().lineSpacing() + around);
+}
+
 void TextBoxView::keyPressEvent(QKeyEvent* event) {
-    if (event->matches(QKeySequence::InsertLineSeparator)) {
+    if (single_line_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        event->ignore();
+    } else if (event->matches(QKeySequence::InsertLineSeparator)) {
         // Shift+Enter is Enter; a line separator would be a lone CR.
         QKeyEvent enter(event->type(), Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
         QPlainTextEdit::keyPressEvent(&enter);
@@ -71,7 +85,15 @@ bool TextBoxView::canInsertFromMimeData(const QMimeData* source) const {
 
 void TextBoxView::insertFromMimeData(const QMimeData* source) {
     QTextCursor cursor = textCursor();
-    cursor.insertText(BoxTextFromMime(*source));
+    QString text = BoxTextFromMime(*source);
+    if (single_line_) {
+        // A line that is copied as a whole ends in a break.
+        while (text.endsWith(QChar::ParagraphSeparator)) {
+            text.chop(1);
+        }
+        text.replace(QChar::ParagraphSeparator, u' ').replace(QChar::LineSeparator, u' ');
+    }
+    cursor.insertText(text);
     setTextCursor(cursor);
     ensureCursorVisible();
 }

@@ -41,6 +41,9 @@ class TextBoxView : public QPlainTextEdit {
     void sync(bool covered, bool editable);
     [[nodiscard]] bool isCovered() const { return covered_; }
 
+    // The box is one line of about this many letters; Enter and Tab are the window's.
+    void setSingleLine(int letters);
+
     // Whether the text that the running command assigns joins the undo history. Otherwise it is a
     // new text without one.
     void setKeepHistory(bool keep) { keep_history_ = keep; }
@@ -96,6 +99,7 @@ class TextBoxView : public QPlainTextEdit {
     bool covered_ = true;
     bool keep_history_ = false;
     bool syncing_ = false;
+    bool single_line_ = false;
 };
 
 }  // namespace orvik

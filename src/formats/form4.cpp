@@ -6,13 +6,6 @@
 #include "formats/pim_export.h"
 
 namespace orvik {
-namespace {
-
-// The width of the progress strip when all is done, in twips.
-constexpr double kFullWidth = 1215;
-
-}  // namespace
-
 std::vector<NamedControl> Form4::Controls() {
     return {
         {"Label1", &Label1},

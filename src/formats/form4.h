@@ -34,7 +34,8 @@ class Form4 : public Form {
     Label Label2{"Output file:"};
     TextBox Text2;
     Button Command2{"S&elect..."};
-    // Its width is the progress.
+    // Its width is the progress; this one when all is done, in twips.
+    static constexpr double kFullWidth = 1215;
     PictureBox Picture2;
     Button Command4{"&Convert"};
     Button Command3{"&Help"};

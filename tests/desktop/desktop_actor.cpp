@@ -1,12 +1,17 @@
 #include "desktop_actor.h"
 
-#include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QInputMethodEvent>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
 #include <QTest>
 #include <QTextDocument>
 #include <algorithm>
@@ -15,6 +20,7 @@
 #include "desktop/form1_window.h"
 #include "desktop/form_window.h"
 #include "desktop/list_box_view.h"
+#include "desktop/small_windows.h"
 #include "desktop/text_box_view.h"
 #include "desktop/text_codec.h"
 #include "desktop_properties.h"
@@ -29,7 +35,13 @@ bool CanChoose(const QAction& action) {
            (menu == nullptr || menu->menuAction()->isEnabled());
 }
 
-bool CanUse(const QWidget& widget) {
+bool CanUse(QWidget& widget) {
+    for (QWidget* page = &widget; page->parentWidget() != nullptr; page = page->parentWidget()) {
+        auto* const tabs = qobject_cast<QTabWidget*>(page->parentWidget()->parentWidget());
+        if (tabs != nullptr && tabs->indexOf(page) >= 0) {
+            tabs->setCurrentWidget(page);
+        }
+    }
     return widget.isVisible() && widget.isEnabled();
 }
 
@@ -78,8 +90,7 @@ void DesktopActor::Attach(Module1& module) {
     form1_ = std::make_unique<Form1Window>(module, *desktop_);
     for (Form* const form : module.Forms()) {
         if (form != &module.form1) {
-            small_windows_.push_back(
-                std::make_unique<FormWindow>(module, *form, *desktop_, form1_.get()));
+            small_windows_.push_back(MakeWindow(module, *form, *desktop_, form1_.get()));
         }
     }
 }
@@ -91,6 +102,12 @@ QWidget& DesktopActor::WindowOf(const Form& form) const {
 template <class Kind>
 Kind* DesktopActor::Find(const Form& form, std::string_view name) const {
     return WindowOf(form).findChild<Kind*>(ObjectName(name));
+}
+
+template <class Kind>
+Kind* DesktopActor::Usable(const Form& form, std::string_view name) const {
+    auto* const view = Find<Kind>(form, name);
+    return view != nullptr && CanUse(*view) ? view : nullptr;
 }
 
 void DesktopActor::CountWidget() {
@@ -105,7 +122,7 @@ void DesktopActor::RunHandler(Form& form, const NamedHandler& handler) {
         const std::string_view control =
             handler.Name.substr(0, handler.Name.size() - kClick.size());
         auto* const action = Find<QAction>(form, control);
-        auto* const button = Find<QAbstractButton>(form, control);
+        auto* const button = Usable<QPushButton>(form, control);
         // A command on the selection takes the one that the box shows.
         const TextBox& text = module().form1.Text1;
         auto* const view = Find<TextBoxView>(module().form1, "Text1");
@@ -116,7 +133,7 @@ void DesktopActor::RunHandler(Form& form, const NamedHandler& handler) {
             CountWidget();
             return;
         }
-        if (button != nullptr && CanUse(*button)) {
+        if (button != nullptr) {
             button->click();
             CountWidget();
             return;
@@ -128,8 +145,8 @@ void DesktopActor::RunHandler(Form& form, const NamedHandler& handler) {
 }
 
 TextBoxView* DesktopActor::Editable(const Target& target) const {
-    auto* const view = Find<TextBoxView>(target.Owner, target.Name);
-    return view != nullptr && CanUse(*view) && !view->isReadOnly() ? view : nullptr;
+    auto* const view = Usable<TextBoxView>(target.Owner, target.Name);
+    return view != nullptr && !view->isReadOnly() ? view : nullptr;
 }
 
 void DesktopActor::SetText(const Target& target, TextBox& box, const std::string& text) {
@@ -223,6 +240,72 @@ void DesktopActor::SelectRows(const Target& target,
     }
     CountDirect();
     Actor::SelectRows(target, list, rows);
+    Sync();
+}
+
+void DesktopActor::SetCheck(const Target& target, CheckBox& box, bool checked) {
+    Sync();
+    auto* const view = Usable<QCheckBox>(target.Owner, target.Name);
+    if (view != nullptr && view->isChecked() != checked) {
+        view->click();
+        CountWidget();
+        return;
+    }
+    CountDirect();
+    Actor::SetCheck(target, box, checked);
+    Sync();
+}
+
+void DesktopActor::ChooseOption(const Target& target, OptionButton& option) {
+    Sync();
+    if (auto* const view = Usable<QRadioButton>(target.Owner, target.Name)) {
+        view->click();
+        CountWidget();
+        return;
+    }
+    CountDirect();
+    Actor::ChooseOption(target, option);
+    Sync();
+}
+
+void DesktopActor::ChooseItem(const Target& target, ComboBox& combo, const std::string& item) {
+    Sync();
+    auto* const view = Usable<QComboBox>(target.Owner, target.Name);
+    const int row = view == nullptr ? -1 : view->findText(ToLetters(item));
+    if (row >= 0) {
+        view->showPopup();
+        view->view()->setCurrentIndex(view->model()->index(row, 0));
+        QTest::keyClick(view->view(), Qt::Key_Return);
+        CountWidget();
+        return;
+    }
+    CountDirect();
+    Actor::ChooseItem(target, combo, item);
+    Sync();
+}
+
+void DesktopActor::Click(Form& form) {
+    Sync();
+    QWidget& window = WindowOf(form);
+    if (window.isVisible()) {
+        QTest::mouseClick(&window, Qt::LeftButton);
+        CountWidget();
+        return;
+    }
+    CountDirect();
+    Actor::Click(form);
+    Sync();
+}
+
+void DesktopActor::DoubleClick(const Target& target) {
+    Sync();
+    if (auto* const view = Usable<TextBoxView>(target.Owner, target.Name)) {
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton);
+        CountWidget();
+        return;
+    }
+    CountDirect();
+    Actor::DoubleClick(target);
     Sync();
 }
 

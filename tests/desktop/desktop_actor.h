@@ -57,6 +57,11 @@ class DesktopActor : public Actor, public ScenarioPlatform::Windows {
     void SelectRows(const Target& target,
                     ListBox& list,
                     const std::vector<std::size_t>& rows) override;
+    void SetCheck(const Target& target, CheckBox& box, bool checked) override;
+    void ChooseOption(const Target& target, OptionButton& option) override;
+    void ChooseItem(const Target& target, ComboBox& combo, const std::string& item) override;
+    void Click(Form& form) override;
+    void DoubleClick(const Target& target) override;
     void ReleaseKey(Form& form, int key_code) override;
     void Close(Form& form) override;
     std::string ReadProperty(const Target& target, std::string_view property) override;
@@ -71,6 +76,10 @@ class DesktopActor : public Actor, public ScenarioPlatform::Windows {
     // The object of a control by its name, null if it has none.
     template <class Kind>
     [[nodiscard]] Kind* Find(const Form& form, std::string_view name) const;
+    // The widget of a control if a person could use it now, else null. It is brought to the front
+    // if it lies on a background tab.
+    template <class Kind>
+    [[nodiscard]] Kind* Usable(const Form& form, std::string_view name) const;
     // The view of a text that a person could edit now, else null.
     [[nodiscard]] TextBoxView* Editable(const Target& target) const;
     bool ClickRow(ListBoxView& view, const ListBox& list, const std::vector<std::size_t>& rows);

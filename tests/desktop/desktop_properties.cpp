@@ -2,10 +2,13 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QComboBox>
+#include <QGroupBox>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QTextDocument>
 #include <algorithm>
+#include <type_traits>
 #include <vector>
 
 #include "desktop/list_box_view.h"
@@ -81,6 +84,40 @@ Property OfAction(const QAction& action, const MenuItem& item, std::string_view 
     return {};
 }
 
+// The caption of what is pressed, checked or chosen, and whether it is.
+template <class Kind>
+Property OfButton(const QObject& view, const Kind& control, std::string_view name) {
+    const auto& button = *qobject_cast<const QAbstractButton*>(&view);
+    if (name == "Caption") {
+        return Shown(button.text(), control.Caption);
+    }
+    if constexpr (std::is_same_v<Kind, CheckBox>) {
+        if (name == "Value") {
+            return button.isChecked() ? "1" : "0";
+        }
+    } else if constexpr (std::is_same_v<Kind, OptionButton>) {
+        if (name == "Value") {
+            return Format(button.isChecked());
+        }
+    }
+    return {};
+}
+
+Property OfCombo(const QComboBox& view, const ComboBox& combo, std::string_view name) {
+    if (name == "Text") {
+        const QString text = view.currentIndex() < 0 ? view.placeholderText() : view.currentText();
+        return Shown(text, combo.Text);
+    }
+    if (name == "Items") {
+        std::vector<std::string> items;
+        for (int row = 0; row < view.count(); ++row) {
+            items.push_back(Shown(view.itemText(row), combo.Items[static_cast<std::size_t>(row)]));
+        }
+        return FormatList(items);
+    }
+    return {};
+}
+
 Property OfWidget(const QWidget& widget, std::string_view name) {
     if (name == "Visible") {
         return Format(!widget.isHidden());
@@ -118,9 +155,17 @@ Property ShownProperty(QObject& view, const ControlRef& control, std::string_vie
         shown = OfList(*qobject_cast<ListBoxView*>(&view), **list, property);
     } else if (const auto* const bar = std::get_if<StatusBar*>(&control)) {
         shown = OfPanel(view, **bar, property);
-    } else if (const auto* const button = std::get_if<Button*>(&control);
-               button != nullptr && property == "Caption") {
-        shown = Shown(qobject_cast<QAbstractButton*>(&view)->text(), (*button)->Caption);
+    } else if (const auto* const combo = std::get_if<ComboBox*>(&control)) {
+        shown = OfCombo(*qobject_cast<QComboBox*>(&view), **combo, property);
+    } else if (const auto* const frame = std::get_if<Frame*>(&control);
+               frame != nullptr && property == "Caption") {
+        shown = Shown(qobject_cast<QGroupBox*>(&view)->title(), (*frame)->Caption);
+    } else if (const auto* const button = std::get_if<Button*>(&control)) {
+        shown = OfButton(view, **button, property);
+    } else if (const auto* const box = std::get_if<CheckBox*>(&control)) {
+        shown = OfButton(view, **box, property);
+    } else if (const auto* const option = std::get_if<OptionButton*>(&control)) {
+        shown = OfButton(view, **option, property);
     } else if (const auto* const label = std::get_if<Label*>(&control);
                label != nullptr && property == "Caption") {
         shown = Shown(qobject_cast<QLabel*>(&view)->text(), (*label)->Caption);

@@ -1,63 +1,223 @@
 #include "desktop/form_window.h"
 
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
 #include <QTest>
 
 #include <gmock/gmock.h>
 
 #include "desktop/control_views.h"
+#include "desktop/picture_view.h"
+#include "desktop/small_windows.h"
+#include "desktop/text_box_view.h"
 #include "unit/mock_platform.h"
 
 namespace orvik {
 namespace {
 
+using testing::_;
+using testing::Ref;
+using testing::Return;
+
 class FormWindowTest : public test::CommandTest {
  protected:
+    std::unique_ptr<FormWindow> Make(Form& form) {
+        return MakeWindow(module1, form, desktop, &owner);
+    }
+    // A window that is shown; the platform's part in it is taken for granted.
+    std::unique_ptr<FormWindow> Open(Form& form) {
+        auto window = Make(form);
+        EXPECT_CALL(platform, GetSetting(_, _)).WillRepeatedly(Return(std::nullopt));
+        EXPECT_CALL(platform, ShowForm(Ref(form), Showing::Modeless));
+        module1.StartingUp = true;
+        form.Show(Showing::Modeless);
+        window->sync();
+        window->show();
+        return window;
+    }
+
     Desktop desktop;
     QWidget owner;
 };
 
-TEST_F(FormWindowTest, EveryLabelAndButtonIsOnTheWindow) {
+template <class View, class Kind>
+void ExpectCaption(const QWidget& window, const NamedControl& control, const Kind& kind) {
+    auto* const view = window.findChild<View*>(ObjectName(control.Name));
+    ASSERT_NE(view, nullptr) << control.Name;
+    EXPECT_EQ(view->text().toStdString(), kind.Caption);
+    EXPECT_EQ(view->toolTip().toStdString(), kind.ToolTip);
+    if constexpr (!std::is_same_v<View, QLabel>) {
+        EXPECT_EQ(view->accessibleName(), SpokenCaption(kind.Caption));
+    }
+}
+
+void ExpectShown(const QWidget& window, const NamedControl& control) {
+    auto* const view = window.findChild<QWidget*>(ObjectName(control.Name));
+    ASSERT_NE(view, nullptr) << control.Name;
+    // A control that nobody placed lies in the corner of the window.
+    const QWidget* const around = view->parentWidget();
+    ASSERT_NE(around->layout(), nullptr) << control.Name;
+    if (const auto* const button = std::get_if<Button*>(&control.Ref)) {
+        ExpectCaption<QPushButton>(window, control, **button);
+    } else if (const auto* const box = std::get_if<CheckBox*>(&control.Ref)) {
+        ExpectCaption<QCheckBox>(window, control, **box);
+    } else if (const auto* const option = std::get_if<OptionButton*>(&control.Ref)) {
+        ExpectCaption<QRadioButton>(window, control, **option);
+    } else if (const auto* const label = std::get_if<Label*>(&control.Ref)) {
+        ExpectCaption<QLabel>(window, control, **label);
+    } else if (const auto* const frame = std::get_if<Frame*>(&control.Ref)) {
+        EXPECT_EQ(qobject_cast<QGroupBox*>(view)->title().toStdString(), (*frame)->Caption);
+    } else if (const auto* const tabs = std::get_if<TabControl*>(&control.Ref)) {
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(qobject_cast<QTabWidget*>(view)->tabText(i).toStdString(),
+                      (*tabs)->Tabs.at(static_cast<std::size_t>(i)));
+        }
+    } else {
+        EXPECT_FALSE(view->accessibleName().isEmpty()) << control.Name;
+    }
+}
+
+TEST_F(FormWindowTest, EveryControlIsOnItsWindow) {
     for (Form* const form : module1.Forms()) {
         if (form == &form1) {
             continue;
         }
-        FormWindow window(module1, *form, desktop, &owner);
-        EXPECT_EQ(window.windowTitle().toStdString(), form->Caption);
+        SCOPED_TRACE(form->Name());
+        const auto window = Make(*form);
+        EXPECT_EQ(window->windowTitle().toStdString(), form->Caption);
+        EXPECT_EQ(window->objectName().toStdString(), form->Name());
         for (const NamedControl& control : form->Controls()) {
-            const QString name = ObjectName(control.Name);
-            if (const auto* const button = std::get_if<Button*>(&control.Ref)) {
-                auto* const view = window.findChild<QPushButton*>(name);
-                ASSERT_NE(view, nullptr) << control.Name;
-                EXPECT_EQ(view->text().toStdString(), (*button)->Caption);
-                EXPECT_EQ(view->accessibleName(), SpokenCaption((*button)->Caption));
-            } else if (const auto* const label = std::get_if<Label*>(&control.Ref)) {
-                auto* const view = window.findChild<QLabel*>(name);
-                ASSERT_NE(view, nullptr) << control.Name;
-                EXPECT_EQ(view->text().toStdString(), (*label)->Caption);
-            } else {
-                EXPECT_NE(window.findChild<QWidget*>(name), nullptr) << control.Name;
-            }
+            ExpectShown(*window, control);
         }
     }
 }
 
 TEST_F(FormWindowTest, AButtonRunsItsHandler) {
-    FormWindow window(module1, module1.form3, desktop, &owner);
-    EXPECT_CALL(platform, ProgramFolder()).WillRepeatedly(testing::Return("/p"));
-    EXPECT_CALL(platform, ShowHelp(HelpCommand::Topic, testing::_, testing::_)).Times(2);
-    window.findChild<QPushButton*>(QStringLiteral("Command9"))->click();
-    QTest::keyRelease(&window, Qt::Key_F1);
+    const auto window = Make(module1.form3);
+    EXPECT_CALL(platform, ProgramFolder()).WillRepeatedly(Return("/p"));
+    EXPECT_CALL(platform, ShowHelp(HelpCommand::Topic, _, _)).Times(2);
+    window->findChild<QPushButton*>(QStringLiteral("Command9"))->click();
+    QTest::keyRelease(window.get(), Qt::Key_F1);
 }
 
 TEST_F(FormWindowTest, TheCloseBoxUnloadsTheForm) {
-    FormWindow window(module1, module1.form3, desktop, &owner);
-    EXPECT_CALL(platform, ShowForm(testing::Ref(module1.form3), Showing::Modeless));
+    const auto window = Make(module1.form3);
+    EXPECT_CALL(platform, ShowForm(Ref(module1.form3), Showing::Modeless));
     module1.form3.Show(Showing::Modeless);
-    EXPECT_CALL(platform, CloseForm(testing::Ref(module1.form3)));
-    window.close();
+    EXPECT_CALL(platform, CloseForm(Ref(module1.form3)));
+    window->close();
     EXPECT_FALSE(module1.form3.Loaded());
+}
+
+TEST_F(FormWindowTest, EscapeIsTheCloseBox) {
+    const auto window = Open(module1.form2);
+    EXPECT_CALL(platform, CloseForm(Ref(module1.form2)));
+    QTest::keyClick(&window->widget(module1.form2.Text1), Qt::Key_Escape);
+    EXPECT_FALSE(module1.form2.Loaded());
+}
+
+TEST_F(FormWindowTest, EnterInALineIsTheDefaultButton) {
+    Form5& form = module1.form5;
+    module1.PimSep = ",";
+    const auto window = Open(form);
+    auto& text = window->widget<TextBoxView>(form.Text1);
+    text.selectAll();
+    QTest::keyClicks(&text, QStringLiteral("; "));
+    EXPECT_CALL(platform, SaveSetting("Settings", "Sep", "; "));
+    EXPECT_CALL(platform, CloseForm(Ref(form)));
+    QTest::keyClick(&text, Qt::Key_Return);
+    EXPECT_EQ(module1.PimSep, "; ");
+}
+
+TEST_F(FormWindowTest, OfAGroupOneOptionIsChosen) {
+    Form2& form = module1.form2;
+    const auto window = Open(form);
+    window->widget<QRadioButton>(form.Option4).click();
+    EXPECT_TRUE(form.Option4.Value);
+    EXPECT_FALSE(form.Option2.Value);
+    EXPECT_TRUE(form.Option5.Value);
+    EXPECT_FALSE(window->widget<QRadioButton>(form.Option2).isChecked());
+    EXPECT_TRUE(window->widget<QRadioButton>(form.Option5).isChecked());
+    EXPECT_FALSE(window->widget(form.Frame1).isVisible());
+}
+
+TEST_F(FormWindowTest, NoOptionNeedBeChosen) {
+    Form2& form = module1.form2;
+    const auto window = Open(form);
+    form.Option2.Value = false;
+    window->sync();
+    EXPECT_FALSE(window->widget<QRadioButton>(form.Option2).isChecked());
+}
+
+TEST_F(FormWindowTest, ABoxIsCheckedAndUncheckedByTheUser) {
+    Form2& form = module1.form2;
+    const auto window = Open(form);
+    window->widget<QTabWidget>(form.SSTab1).setCurrentIndex(2);
+    window->widget<QCheckBox>(form.Check1).click();
+    EXPECT_EQ(form.Check1.Value, 1);
+    EXPECT_TRUE(window->widget(form.Frame2).isVisible());
+    window->widget<QCheckBox>(form.Check1).click();
+    EXPECT_EQ(form.Check1.Value, 0);
+    EXPECT_FALSE(window->widget(form.Frame2).isVisible());
+}
+
+TEST_F(FormWindowTest, AComboBoxShowsATextThatIsNoItem) {
+    Form2& form = module1.form2;
+    const auto window = Open(form);
+    auto& combo = window->widget<QComboBox>(form.Combo2);
+    EXPECT_EQ(combo.currentIndex(), -1);
+    EXPECT_EQ(combo.placeholderText(), QStringLiteral("Disabled"));
+    auto& sort = window->widget<QComboBox>(form.Combo1);
+    sort.setCurrentIndex(0);
+    emit sort.activated(0);
+    EXPECT_EQ(form.Combo1.Text, "Sort by Address");
+    EXPECT_EQ(combo.currentText(), QStringLiteral("Done"));
+    form.Combo2.Text.clear();
+    window->sync();
+    EXPECT_EQ(combo.currentIndex(), -1);
+    EXPECT_TRUE(combo.placeholderText().isEmpty());
+}
+
+TEST_F(FormWindowTest, TheStripIsAsLongAsTheProgress) {
+    Form4& form = module1.form4;
+    const auto window = Make(form);
+    form.Picture2.Width = Form4::kFullWidth / 2;
+    window->sync();
+    EXPECT_EQ(window->widget<PictureView>(form.Picture2).progress(), 500);
+}
+
+TEST_F(FormWindowTest, ADoubleClickOnTheAboutTextIsAnEvent) {
+    FrmAbout& form = module1.frm_about;
+    const auto window = Make(form);
+    EXPECT_CALL(platform, ShowForm(Ref(form), Showing::Modeless));
+    form.ShowAbout();
+    window->sync();
+    window->show();
+    EXPECT_TRUE(window->widget<TextBoxView>(form.Text1).isReadOnly());
+    QTest::mouseDClick(window->widget<TextBoxView>(form.Text1).viewport(), Qt::LeftButton);
+    EXPECT_TRUE(form.Text1.Text().starts_with("Yes, you have uncovered a secret"));
+    EXPECT_TRUE(form.Picture2.Picture.empty());
+}
+
+TEST_F(FormWindowTest, AClickOnTheAutomationIsTakenAtAYield) {
+    Form6& form = module1.form6;
+    const auto window = Open(form);
+    EXPECT_CALL(platform, ShowBox(_)).Times(2).WillRepeatedly(Return(Answer::Yes));
+    QTest::mouseClick(window.get(), Qt::LeftButton, {}, {1, 1});
+    EXPECT_TRUE(module1.CancelRequested);
+    module1.CancelRequested = false;
+    QMetaObject::invokeMethod(
+        window.get(),
+        [&] { QTest::mouseClick(&window->widget(form.Label1), Qt::LeftButton); },
+        Qt::QueuedConnection);
+    desktop.yield();
+    EXPECT_TRUE(module1.CancelRequested);
 }
 
 }  // namespace

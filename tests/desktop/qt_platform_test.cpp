@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "app/run_time_error.h"
+#include "desktop/autostart.h"
 
 namespace orvik {
 namespace {
@@ -127,6 +128,29 @@ TEST_F(QtPlatformTest, SettingsAreTheUsers) {
     platform.SaveSetting("Settings", "Open", "2");
     EXPECT_EQ(platform.GetSetting("Settings", "open"), "2");
     EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("orvik/orvik.conf"))));
+}
+
+TEST_F(QtPlatformTest, DeletedSettingsAreGone) {
+    platform.SaveSetting("Settings", "Open", "2");
+    platform.DeleteSettings();
+    EXPECT_EQ(platform.GetSetting("Settings", "Open"), std::nullopt);
+}
+
+TEST_F(QtPlatformTest, AStartUpLinkStartsThisProgram) {
+    const QString file = folder.filePath(QStringLiteral("autostart/Orvik Auto.desktop"));
+    const ShellLink link{"StartUp", "Orvik Auto", "/p\\orvik.exe", "", true, "$(Programs)"};
+    EXPECT_TRUE(platform.CreateShellLink(link));
+    QFile entry(file);
+    ASSERT_TRUE(entry.open(QFile::ReadOnly));
+    EXPECT_TRUE(entry.readAll().contains(
+        ("\nExec=" + ExecLine({QCoreApplication::applicationFilePath()}) + "\n").toUtf8()));
+    platform.RemoveShellLink("StartUp", "Orvik Auto");
+    EXPECT_FALSE(QFile::exists(file));
+}
+
+TEST_F(QtPlatformTest, ThereAreNoLinksInOtherFolders) {
+    EXPECT_FALSE(platform.CreateShellLink({"Desktop", "Orvik", "", "", true, ""}));
+    EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("autostart"))));
 }
 
 TEST_F(QtPlatformTest, TheProgramIsNamedAfterItsFile) {

@@ -47,6 +47,21 @@ TEST_F(SettingsStoreTest, EachValueComesBackFromTheFile) {
                                      "\0x"s,
                                      "@x"s,
                                      "a\\b;c%d"s,
+                                     "  a"s,
+                                     "a "s,
+                                     "="s,
+                                     ";a"s,
+                                     "#a"s,
+                                     "[a]"s,
+                                     "a\nb\rc"s,
+                                     "a, b"s,
+                                     "\"a\", \"b\""s,
+                                     "@Invalid()"s,
+                                     "@ByteArray(a)"s,
+                                     "\x80\xFF,\""s,
+                                     "c:\\new\\x41.xtr"s,
+                                     "\xF0\x9F\x93\x96"s,
+                                     "\xE2\x80\xA8"s,
                                      "\r\n"s}) {
         Open().save("Settings", "Sep", value);
         EXPECT_EQ(Open().get("Settings", "Sep"), value) << testing::PrintToString(value);
@@ -65,6 +80,24 @@ TEST_F(SettingsStoreTest, ASectionInsideAnotherIsApart) {
     Open().save("Settings\\AutoSteps", "info", "1");
     EXPECT_EQ(Open().get("Settings\\AutoSteps", "Info"), "1");
     EXPECT_EQ(Open().get("Settings", "info"), std::nullopt);
+}
+
+TEST_F(SettingsStoreTest, AnEmptyValueIsNotMissing) {
+    Open().save("Settings\\AutoSteps", "5", "");
+    EXPECT_EQ(Open().get("Settings\\AutoSteps", "5"), "");
+    EXPECT_EQ(Open().get("Settings\\AutoSteps", "4"), std::nullopt);
+}
+
+TEST_F(SettingsStoreTest, NothingIsLeftAfterClearing) {
+    SettingsStore store = Open();
+    store.save("Settings", "Open", "2");
+    store.save("Settings\\AutoSteps", "1", "5");
+    store.clear();
+    EXPECT_EQ(store.get("Settings", "Open"), std::nullopt);
+    EXPECT_EQ(Open().get("Settings", "Open"), std::nullopt);
+    EXPECT_EQ(Open().get("Settings\\AutoSteps", "1"), std::nullopt);
+    store.save("Settings", "Open", "3");
+    EXPECT_EQ(Open().get("Settings", "Open"), "3");
 }
 
 TEST_F(SettingsStoreTest, ReadsWhatAUserWrote) {

@@ -30,6 +30,9 @@ class MockPlatform : public Platform {
                 SaveSetting,
                 (std::string_view, std::string_view, std::string_view),
                 (override));
+    MOCK_METHOD(void, DeleteSettings, (), (override));
+    MOCK_METHOD(bool, CreateShellLink, (const ShellLink&), (override));
+    MOCK_METHOD(void, RemoveShellLink, (std::string_view, std::string_view), (override));
     MOCK_METHOD(void, ShowHelp, (HelpCommand, std::string_view, std::string_view), (override));
     MOCK_METHOD(void, ShowForm, (Form&, Showing), (override));
     MOCK_METHOD(void, HideForm, (Form&), (override));

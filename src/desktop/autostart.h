@@ -1,0 +1,26 @@
+// Programs that start with the user's session, as desktop entries in the autostart folder.
+
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+namespace orvik {
+
+// ExecLine: a command line as the value of a desktop entry's key Exec: quoted where needed, then
+// escaped as any value is.
+//   {"/opt/my books/orvik"} -> "\"/opt/my books/orvik\"";  {"/a$b"} -> "\"/a\\\\$b\""
+[[nodiscard]] QString ExecLine(const QStringList& command);
+
+// AutostartEntry: the file for a program under this name.
+[[nodiscard]] QByteArray AutostartEntry(const QString& name, const QStringList& command);
+
+// The file of an entry with this name: autostart/NAME.desktop in the user's configuration folder.
+[[nodiscard]] QString AutostartFile(const QString& name);
+
+// CreateAutostart: writes the entry, in place of an earlier one. Returns whether it is there.
+[[nodiscard]] bool CreateAutostart(const QString& name, const QStringList& command);
+void RemoveAutostart(const QString& name);
+
+}  // namespace orvik

@@ -1,0 +1,89 @@
+#include "desktop/picture_view.h"
+
+#include <QIcon>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionProgressBar>
+#include <algorithm>
+#include <cmath>
+
+#include "desktop/text_codec.h"
+
+namespace orvik {
+namespace {
+
+constexpr int kWhole = 1000;
+constexpr int kPictureSize = 64;
+constexpr int kStripWidth = 240;
+// The letter that stands for the program's icon takes this much of the picture.
+constexpr double kLetterShare = 0.6;
+constexpr double kCorner = 8;
+
+}  // namespace
+
+PictureView::PictureView(const PictureBox& box, QWidget* parent) : QWidget(parent), box_(box) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void PictureView::showProgress(double full_width) {
+    full_width_ = full_width;
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setAccessibleName(tr("Progress"));
+    sync();
+}
+
+void PictureView::sync() {
+    const int progress =
+        full_width_ > 0
+            ? static_cast<int>(std::lround(std::clamp(box_.Width / full_width_, 0.0, 1.0) * kWhole))
+            : 0;
+    const QString picture = ToLetters(box_.Picture);
+    if (progress_ != progress || picture_ != picture) {
+        progress_ = progress;
+        picture_ = picture;
+        update();
+    }
+}
+
+QSize PictureView::sizeHint() const {
+    return full_width_ > 0 ? QSize(kStripWidth, fontMetrics().height())
+                           : QSize(kPictureSize, kPictureSize);
+}
+
+void PictureView::paintEvent(QPaintEvent* /*event*/) {
+    if (full_width_ > 0) {
+        paintProgress();
+    } else if (!picture_.isEmpty()) {
+        paintPicture();
+    }
+}
+
+void PictureView::paintProgress() {
+    QStyleOptionProgressBar bar;
+    bar.initFrom(this);
+    bar.state |= QStyle::State_Horizontal;
+    bar.maximum = kWhole;
+    bar.progress = progress_;
+    QPainter painter(this);
+    style()->drawControl(QStyle::CE_ProgressBar, &bar, &painter, this);
+}
+
+void PictureView::paintPicture() {
+    QPainter painter(this);
+    const QIcon icon = windowIcon();
+    if (!icon.isNull()) {
+        icon.paint(&painter, rect());
+        return;
+    }
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette().highlight());
+    painter.drawRoundedRect(rect(), kCorner, kCorner);
+    QFont letter = font();
+    letter.setPixelSize(static_cast<int>(height() * kLetterShare));
+    painter.setFont(letter);
+    painter.setPen(palette().highlightedText().color());
+    painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("@"));
+}
+
+}  // namespace orvik
