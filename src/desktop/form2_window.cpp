@@ -1,6 +1,7 @@
 #include "desktop/form2_window.h"
 
 #include <QGridLayout>
+#include <QShowEvent>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <array>
@@ -34,6 +35,13 @@ Form2Window::Form2Window(Module1& module, Desktop& desktop, QWidget* owner)
     }
     column->addLayout(buttons);
     setDefaultButton(form_.Command1);
+}
+
+void Form2Window::showEvent(QShowEvent* event) {
+    if (!event->spontaneous()) {
+        widget<QTabWidget>(form_.SSTab1).setCurrentIndex(kFormats);
+    }
+    FormWindow::showEvent(event);
 }
 
 QBoxLayout& Form2Window::page(int tab) {

@@ -15,6 +15,10 @@ class Form2Window : public FormWindow {
     // All must outlive the window.
     Form2Window(Module1& module, Desktop& desktop, QWidget* owner);
 
+ protected:
+    // It opens on its first tab.
+    void showEvent(QShowEvent* event) override;
+
  private:
     // The column of a tab.
     QBoxLayout& page(int tab);
