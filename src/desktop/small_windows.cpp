@@ -31,9 +31,9 @@ void AddRow(QBoxLayout& column,
 
 // The controls below each other.
 void LayOutInColumn(FormWindow& window) {
-    auto* const column = new QVBoxLayout(&window);
+    window.setLayout(new QVBoxLayout);
     for (QWidget* const view : window.widgets()) {
-        column->addWidget(view);
+        window.layout()->addWidget(view);
     }
 }
 

@@ -1,8 +1,10 @@
 #include "desktop/form_window.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLayout>
 #include <QPushButton>
@@ -133,6 +135,14 @@ TEST_F(FormWindowTest, EnterInALineIsTheDefaultButton) {
     EXPECT_CALL(platform, CloseForm(Ref(form)));
     QTest::keyClick(&text, Qt::Key_Return);
     EXPECT_EQ(module1.PimSep, "; ");
+}
+
+TEST_F(FormWindowTest, WhatIsPastedIntoALineStaysOneLine) {
+    Form5& form = module1.form5;
+    const auto window = Open(form);
+    QGuiApplication::clipboard()->setText(QStringLiteral("/a\nb\n"));
+    window->widget<TextBoxView>(form.Text1).paste();
+    EXPECT_EQ(form.Text1.Text(), "/a b");
 }
 
 TEST_F(FormWindowTest, OfAGroupOneOptionIsChosen) {
