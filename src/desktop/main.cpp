@@ -52,7 +52,7 @@ QString ParseArguments(const QCoreApplication& app) {
     return books.isEmpty() ? QString() : QFileInfo(books.front()).absoluteFilePath();
 }
 
-int RunWindows(QApplication& app, const QString& book) {
+int RunWindows(const QString& book) {
     orvik::Desktop desktop;
     orvik::QtPlatform platform(desktop);
     orvik::Module1 module(platform);
@@ -80,7 +80,7 @@ int RunWindows(QApplication& app, const QString& book) {
     try {
         desktop.rethrowEnd();
     } catch (const orvik::ProgramEnded&) {
-        return status;
+        // As it should; anything else that was thrown is a mistake.
     }
     return status;
 }
@@ -94,10 +94,10 @@ int main(int argc, char** argv) {
         ParseArguments(app);
         return 0;
     }
-    QApplication app(argc, argv);
+    const QApplication app(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("orvik"));
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("orvik")));
     // The window goes when the program ends; a box before it is shown is no last window.
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    return RunWindows(app, ParseArguments(app));
+    return RunWindows(ParseArguments(app));
 }
