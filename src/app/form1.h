@@ -62,8 +62,8 @@ class Form1 : public Form {
     void mnuClearPaste_Click();
     void List1_Click();
     void List2_Click();
-    // Puts the addresses, or the entries as "NICK" <ADDR>, of a list's selected rows on the clipboard,
-    // a line each.
+    // Puts the addresses, or the entries as "NICK" <ADDR>, of a list's selected rows on the
+    // clipboard, a line each.
     void CopyAddresses(const ListBox& list);
     void CopyEntries(const ListBox& list);
 
