@@ -5,6 +5,7 @@
 #include "app/form1.h"
 #include "app/module1.h"
 #include "app/run_time_error.h"
+#include "app/text.h"
 
 namespace orvik {
 namespace {
@@ -18,7 +19,29 @@ void Follow(const ListBox& clicked, ListBox& other) {
     }
 }
 
+// The item of a row, empty where the list does not reach that far.
+std::string_view ItemAt(const ListBox& list, std::size_t row) {
+    return row < list.Items().size() ? list.Items()[row] : std::string_view{};
+}
+
 }  // namespace
+
+void Form1::CopyAddresses(const ListBox& list) {
+    std::string lines;
+    for (const std::size_t row : list.Selected()) {
+        lines.append(ItemAt(List1, row)).append(kCrLf);
+    }
+    module_.platform.SetClipboardText(lines);
+}
+
+void Form1::CopyEntries(const ListBox& list) {
+    std::string lines;
+    for (const std::size_t row : list.Selected()) {
+        lines.append("\"").append(ItemAt(List2, row)).append("\" <");
+        lines.append(ItemAt(List1, row)).append(">").append(kCrLf);
+    }
+    module_.platform.SetClipboardText(lines);
+}
 
 void Form1::mnuBoxCopy_Click() {
     if (module_.TextMode == mode::kNative) {

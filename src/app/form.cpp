@@ -21,7 +21,12 @@ std::string Form::TitleOf(std::string_view handler) {
         if (handler == std::string(control.Name) + "_Click") {
             std::string title = std::visit(
                 [](const auto* kind) -> std::string {
-                    if constexpr (requires { kind->Caption; }) {
+                    if constexpr (requires {
+                                      kind->Caption;
+                                      kind->ToolTip;
+                                  }) {
+                        return kind->ToolTip.empty() ? kind->Caption : kind->ToolTip;
+                    } else if constexpr (requires { kind->Caption; }) {
                         return kind->Caption;
                     } else {
                         return {};

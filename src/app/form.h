@@ -48,7 +48,8 @@ class Form {
     virtual std::vector<NamedControl> Controls() = 0;
     virtual std::vector<NamedHandler> Handlers() = 0;
 
-    // What a handler is called in its menu or on its button, less access key and dots.
+    // What a handler is called in its menu, in its button's tool tip or on the button, less access
+    // key and dots.
     //   "mnuOpen_Click"  ->  "Open file"
     [[nodiscard]] std::string TitleOf(std::string_view handler);
 

@@ -62,6 +62,10 @@ class Form1 : public Form {
     void mnuClearPaste_Click();
     void List1_Click();
     void List2_Click();
+    // Puts the addresses, or the entries as "NICK" <ADDR>, of a list's selected rows on the
+    // clipboard, a line each.
+    void CopyAddresses(const ListBox& list);
+    void CopyEntries(const ListBox& list);
 
     // Netscape 4 LDIF: src/formats/ldif_writer.cpp and ldif_reader.cpp.
     // Convert: writes the text as LDIF into LdifText; a text in the ASCII form becomes Native.

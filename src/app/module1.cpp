@@ -11,7 +11,12 @@ void Module1::RunEvent(const std::function<void()>& event) {
 }
 
 void Module1::RunCommand(Form& form, const NamedHandler& handler) {
-    history.Run(form.TitleOf(handler.Name), handler.Run);
+    const std::string title = form.TitleOf(handler.Name);
+    if (title.empty()) {
+        RunEvent(handler.Run);
+    } else {
+        history.Run(title, handler.Run);
+    }
 }
 
 void Module1::Tell(std::string_view text, std::string_view title) {

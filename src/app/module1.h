@@ -77,7 +77,8 @@ class Module1 {
     // Runs one event of the user: a failure that the command does not handle is reported, and the
     // program goes on. The end of the program passes through.
     void RunEvent(const std::function<void()>& event);
-    // Runs a handler of a form as an event that can be undone.
+    // Runs a handler of a form as an event, one that can be undone if it belongs to something with
+    // a caption: a click on a row of a list is no command.
     void RunCommand(Form& form, const NamedHandler& handler);
     UndoHistory history{*this};
 

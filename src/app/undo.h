@@ -35,7 +35,7 @@ class UndoHistory {
 
     // Beyond either of these the oldest steps go.
     static constexpr std::size_t kMostSteps = 50;
-    static constexpr std::size_t kMostBytes = 256U * 1024 * 1024;
+    static constexpr std::size_t kMostBytes = std::size_t{256} * 1024 * 1024;
 
  private:
     struct List {

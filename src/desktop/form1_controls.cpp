@@ -6,6 +6,7 @@
 #include "desktop/control_views.h"
 #include "desktop/form1_window.h"
 #include "desktop/list_box_view.h"
+#include "desktop/list_menu.h"
 #include "desktop/text_box_view.h"
 
 namespace orvik {
@@ -41,6 +42,10 @@ void Form1Window::addLists() {
     };
     add(form_.List1, "List1", tr("E-mail addresses"));
     add(form_.List2, "List2", tr("Nicknames"));
+    list_menu_ = new ListMenu(module_, events_, *this);
+    for (const auto& [box, view] : lists_) {
+        list_menu_->addTo(*view, *box);
+    }
     add(form_.List3, "List3", tr("Numbers of the rows to select"));
 }
 

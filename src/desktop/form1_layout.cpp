@@ -82,7 +82,9 @@ void Form1Window::place() {
         }
     }
     for (const auto& [button, view] : buttons_) {
-        set(*view, *button, list_height, button_height);
+        // The form puts a button into the middle of the window where it gives it a top.
+        const int top = ToPixels(button->Top, logicalDpiY());
+        set(*view, *button, top == 0 ? list_height : top, button_height);
     }
 }
 

@@ -13,6 +13,7 @@
 #include "desktop/clipboard.h"
 #include "desktop/control_views.h"
 #include "desktop/form1_window.h"
+#include "desktop/list_menu.h"
 #include "desktop/text_box_view.h"
 #include "desktop/text_codec.h"
 
@@ -105,6 +106,7 @@ void Form1Window::syncMenus() {
         action->setVisible(item->Visible);
         action->setChecked(item->Checked);
     }
+    list_menu_->sync();
 }
 
 void Form1Window::runOnSelection(std::string_view handler) {

@@ -22,7 +22,10 @@ QString DraggedFile(const QMimeData& data) {
 }  // namespace
 
 Form1Window::Form1Window(Module1& module, Desktop& desktop)
-    : form_(module.form1), desktop_(desktop), events_(module, module.form1, desktop) {
+    : form_(module.form1),
+      desktop_(desktop),
+      module_(module),
+      events_(module, module.form1, desktop) {
     setObjectName(QStringLiteral("Form1"));
     setAcceptDrops(true);
     setCentralWidget(new QWidget(this));
@@ -62,7 +65,10 @@ std::optional<Encoding> Form1Window::selectionEncoding() const {
 }
 
 void Form1Window::openBook(const QString& name) {
-    events_.run([&] { form_.OpenBook(QFile::encodeName(name).toStdString()); });
+    events_.run([&] {
+        module_.history.Run(form_.TitleOf("mnuOpen_Click"),
+                            [&] { form_.OpenBook(QFile::encodeName(name).toStdString()); });
+    });
 }
 
 // The window goes when the program ends, not before.

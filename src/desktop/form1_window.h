@@ -20,6 +20,7 @@ class QPushButton;
 namespace orvik {
 
 class ListBoxView;
+class ListMenu;
 class StatusBarView;
 class TextBoxView;
 
@@ -73,7 +74,9 @@ class Form1Window : public QMainWindow, public View {
 
     Form1& form_;
     Desktop& desktop_;
+    Module1& module_;
     FormEvents events_;
+    ListMenu* list_menu_ = nullptr;
     std::vector<std::pair<const MenuItem*, QAction*>> actions_;
     std::vector<std::pair<const Button*, QPushButton*>> buttons_;
     std::vector<std::pair<const ListBox*, ListBoxView*>> lists_;

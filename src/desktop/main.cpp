@@ -79,7 +79,7 @@ int RunWindows(const QString& book) {
     try {
         desktop.rethrowEnd();
     } catch (const orvik::ProgramEnded&) {
-        return status;
+        // As it should; anything else that was thrown is a mistake.
     }
     return status;
 }
@@ -93,7 +93,7 @@ int main(int argc, char** argv) {
         ParseArguments(app);
         return 0;
     }
-    QApplication app(argc, argv);
+    const QApplication app(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("orvik"));
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("orvik")));
     // The window goes when the program ends; a box before it is shown is no last window.

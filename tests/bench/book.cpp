@@ -6,7 +6,9 @@
 #include <string_view>
 
 #include "app/working_text.h"
+#include "formats/juno_writer.h"
 #include "formats/ldif_writer.h"
+#include "formats/netscape3_writer.h"
 #include "formats/progress.h"
 
 namespace orvik::bench {
@@ -46,6 +48,25 @@ std::string AsciiOf(std::size_t entries) {
     return text;
 }
 
+// The books that Orvik does not write.
+void AddForeignBooks(Book& book) {
+    book.csv = "Name,E-mail Address\r\n";
+    book.wordperfect = "Class,Name\r\n";
+    NativeReader reader(book.native);
+    for (std::size_t i = 0; reader.Next(); ++i) {
+        std::string address(reader.RawAddress());
+        std::erase(address, '\n');
+        const std::string nickname(reader.TakeNickname());
+        book.csv += nickname + "," + address + ",,,,,,,,,,,,,,x\r\n";
+        book.wordperfect += "Person,\"" + nickname + "\",,,,\"" + address + "\",x\r\n";
+        book.pegasus += nickname + " <" + address + ">\r\n";
+        if (i % 8 == 0) {
+            book.pegasus += "\\NOSIG\r\n";
+        }
+        book.aliases += "alias \"" + nickname + "\" " + address + "\r\n";
+    }
+}
+
 }  // namespace
 
 const Book& BookOf(std::size_t entries) {
@@ -56,6 +77,9 @@ const Book& BookOf(std::size_t entries) {
         book.ascii = AsciiOf(entries);
         book.native = JoinBlocks(SplitBlocks(book.ascii, "\r"));
         book.ldif = WriteLdif(book.native, progress);
+        book.html = WriteNetscape3(book.native);
+        book.juno = WriteJuno(book.native, "\r", progress);
+        AddForeignBooks(book);
     }
     return book;
 }

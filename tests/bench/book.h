@@ -12,6 +12,12 @@ struct Book {
     std::string ascii;  // "Mary Miller" <mary.miller17@mail.example> and so on, a line each
     std::string native;
     std::string ldif;
+    std::string html;
+    std::string juno;
+    std::string csv;          // sixteen columns
+    std::string wordperfect;  // seven columns
+    std::string pegasus;      // a comment behind every eighth entry
+    std::string aliases;
 };
 const Book& BookOf(std::size_t entries);
 

@@ -202,6 +202,18 @@ TEST_F(Form1WindowTest, ControlsFillTheWindowAndDoNotOverlap) {
     }
 }
 
+TEST_F(Form1WindowTest, AButtonGoesWhereTheFormPutsIt) {
+    Show();
+    form1.cmdCancel.Visible = true;
+    form1.cmdCancel.Left = 1500;
+    form1.cmdCancel.Top = 1800;
+    window.sync();
+    EXPECT_EQ(Find<QPushButton>("cmdCancel").pos(), QPoint(100, 120));
+    form1.cmdCancel.Top = 0;
+    window.sync();
+    EXPECT_EQ(Find<QPushButton>("cmdCancel").y(), Find<QPushButton>("cmdEmail").y());
+}
+
 TEST_F(Form1WindowTest, TheWindowIsNeverSmallerThanItsFloor) {
     Show();
     window.resize(10, 10);

@@ -5,28 +5,13 @@
 #include <string_view>
 
 #include "app/working_text.h"
+#include "checked_progress.h"
 #include "formats/ldif_reader.h"
 #include "formats/ldif_writer.h"
 #include "fuzz_target.h"
 
 namespace orvik::fuzz {
 namespace {
-
-class CheckedProgress : public Progress {
- public:
-    void Percent(int percent) override {
-        Check(percent > percent_ && percent <= 100, "percentages grow up to 100");
-        percent_ = percent;
-    }
-    void Record() override { ++records_; }
-
-    [[nodiscard]] int LastPercent() const { return percent_; }
-    [[nodiscard]] int Records() const { return records_; }
-
- private:
-    int percent_ = -1;
-    int records_ = 0;
-};
 
 void CheckRead(std::string_view ldif, std::string_view separator) {
     const std::string list = ReadLdif(ldif, separator);

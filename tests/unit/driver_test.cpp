@@ -20,7 +20,7 @@ using testing::Return;
 
 constexpr const char* kNothingFound = "There were no addresses found in this file.";
 
-class ExtractTest : public test::CommandTest {
+class ExtractionTest : public test::CommandTest {
  protected:
     // The file that the dialog has chosen.
     void Choose(std::string_view contents) {
@@ -58,7 +58,7 @@ class ExtractTest : public test::CommandTest {
     std::string name_;
 };
 
-TEST_F(ExtractTest, Addresses_AreListedWithThemselvesAsNicknames) {
+TEST_F(ExtractionTest, Addresses_AreListedWithThemselvesAsNicknames) {
     Choose("x <a@b>, c@d\r\n");
     ExpectYields();
     module1.ExtractFromFile();
@@ -74,20 +74,20 @@ TEST_F(ExtractTest, Addresses_AreListedWithThemselvesAsNicknames) {
     ExpectControlsAsBefore();
 }
 
-TEST_F(ExtractTest, NoName_OnlyEmptiesTheText) {
+TEST_F(ExtractionTest, NoName_OnlyEmptiesTheText) {
     SetNative("A9\r\n-nick-\r\n\r\n");
     module1.ExtractFromFile();
     EXPECT_EQ(module1.WorkText, "");
     EXPECT_EQ(module1.TextMode, "Native");
 }
 
-TEST_F(ExtractTest, MissingFile_FailsWith53) {
+TEST_F(ExtractionTest, MissingFile_FailsWith53) {
     form1.CommonDialog1.FileName = folder_.Name("missing");
     EXPECT_EQ(FailureOf([&] { module1.ExtractFromFile(); }), 53);
     EXPECT_TRUE(folder_.Files().empty());
 }
 
-TEST_F(ExtractTest, EmptyFile_TellsThatNothingWasFound) {
+TEST_F(ExtractionTest, EmptyFile_TellsThatNothingWasFound) {
     Choose("");
     form1.Caption = "Orvik - a.xtr";
     ExpectTold(kNothingFound);
@@ -98,14 +98,14 @@ TEST_F(ExtractTest, EmptyFile_TellsThatNothingWasFound) {
     EXPECT_FALSE(FileIsOpen());
 }
 
-TEST_F(ExtractTest, Exactly32000Bytes_AreScannedWithoutQuestion) {
+TEST_F(ExtractionTest, Exactly32000Bytes_AreScannedWithoutQuestion) {
     Choose(std::string(31996, ' ') + "a@b ");
     ExpectYields();
     module1.ExtractFromFile();
     EXPECT_EQ(ItemsOf(form1.List1), Items{"a@b"});
 }
 
-TEST_F(ExtractTest, MoreBytesAndNo_LeaveTheFileOpen) {
+TEST_F(ExtractionTest, MoreBytesAndNo_LeaveTheFileOpen) {
     Choose(std::string(32001, ' '));
     SetNative("A9\r\n-nick-\r\n\r\n");
     form1.Caption = "Orvik - a.xtr";
@@ -126,7 +126,7 @@ TEST_F(ExtractTest, MoreBytesAndNo_LeaveTheFileOpen) {
 
 // The addresses between position 5000 and 20001 stand before the place in their chunk where the
 // scan begins.
-TEST_F(ExtractTest, FortyThousandBytes_AreScannedAtTheirBeginningAndEnd) {
+TEST_F(ExtractionTest, FortyThousandBytes_AreScannedAtTheirBeginningAndEnd) {
     std::string text(40000, ' ');
     for (const std::size_t position : {10, 4990, 5010, 9990, 10010, 19990, 20010, 39990}) {
         const std::string number = std::to_string(position);
@@ -139,7 +139,7 @@ TEST_F(ExtractTest, FortyThousandBytes_AreScannedAtTheirBeginningAndEnd) {
     EXPECT_EQ(ItemsOf(form1.List1), (Items{"a10@b", "a4990@b", "a20010@b", "a39990@b"}));
 }
 
-TEST_F(ExtractTest, Yields_ComeBeforeEachPieceAndWithEachPercentage) {
+TEST_F(ExtractionTest, Yields_ComeBeforeEachPieceAndWithEachPercentage) {
     Choose(std::string(40000, ' '));
     ExpectSizeQuestion("39", Answer::Yes);
     std::vector<std::string> shown;
@@ -160,7 +160,7 @@ TEST_F(ExtractTest, Yields_ComeBeforeEachPieceAndWithEachPercentage) {
     EXPECT_EQ(shown, expected);
 }
 
-TEST_F(ExtractTest, FirstYield_ComesBeforeTheControlsAreSwitchedOff) {
+TEST_F(ExtractionTest, FirstYield_ComesBeforeTheControlsAreSwitchedOff) {
     Choose(" a@b ");
     std::vector<bool> cancel_visible;
     EXPECT_CALL(platform, Yield()).WillRepeatedly([&] {
@@ -173,7 +173,7 @@ TEST_F(ExtractTest, FirstYield_ComesBeforeTheControlsAreSwitchedOff) {
     EXPECT_TRUE(cancel_visible.back());
 }
 
-TEST_F(ExtractTest, CancelDuringAChunk_EndsBeforeTheNext) {
+TEST_F(ExtractionTest, CancelDuringAChunk_EndsBeforeTheNext) {
     Choose(" a@b " + std::string(39995, ' '));
     ExpectSizeQuestion("39", Answer::Yes);
     EXPECT_CALL(platform, Yield()).WillRepeatedly([this] {
@@ -192,7 +192,7 @@ TEST_F(ExtractTest, CancelDuringAChunk_EndsBeforeTheNext) {
     ExpectControlsAsBefore();
 }
 
-TEST_F(ExtractTest, CancelDuringTheTail_ComesTooLate) {
+TEST_F(ExtractionTest, CancelDuringTheTail_ComesTooLate) {
     Choose(" a@b ");
     EXPECT_CALL(platform, Yield()).WillRepeatedly([this] {
         if (form1.cmdCancel.Visible) {
@@ -206,7 +206,7 @@ TEST_F(ExtractTest, CancelDuringTheTail_ComesTooLate) {
     EXPECT_EQ(ItemsOf(form1.List1), Items{"a@b"});
 }
 
-TEST_F(ExtractTest, CancelBeforeTheStart_DoesNotCount) {
+TEST_F(ExtractionTest, CancelBeforeTheStart_DoesNotCount) {
     Choose(" a@b ");
     ExpectYields();
     module1.CancelRequested = true;
@@ -214,7 +214,7 @@ TEST_F(ExtractTest, CancelBeforeTheStart_DoesNotCount) {
     EXPECT_EQ(ItemsOf(form1.List1), Items{"a@b"});
 }
 
-TEST_F(ExtractTest, FileThatShrinks_FailsAndPutsTheControlsBack) {
+TEST_F(ExtractionTest, FileThatShrinks_FailsAndPutsTheControlsBack) {
     Choose(" a@b " + std::string(39995, ' '));
     ExpectSizeQuestion("39", Answer::Yes);
     EXPECT_CALL(platform, Yield()).WillRepeatedly([this] {
@@ -226,7 +226,7 @@ TEST_F(ExtractTest, FileThatShrinks_FailsAndPutsTheControlsBack) {
     ExpectControlsAsBefore();
 }
 
-TEST_F(ExtractTest, FileThatShrinksInEditMode_LeavesTheViewMenuOff) {
+TEST_F(ExtractionTest, FileThatShrinksInEditMode_LeavesTheViewMenuOff) {
     Choose(" a@b ");
     form1.mnuEntEd_Click();
     EXPECT_CALL(platform, Yield()).WillRepeatedly([this] {
@@ -237,7 +237,7 @@ TEST_F(ExtractTest, FileThatShrinksInEditMode_LeavesTheViewMenuOff) {
     EXPECT_TRUE(form1.mnuFile.Enabled);
 }
 
-TEST_F(ExtractTest, MoreAddressesThanCanBeCounted_FailWith6) {
+TEST_F(ExtractionTest, MoreAddressesThanCanBeCounted_FailWith6) {
     std::string text;
     for (int i = 0; i < 32768; ++i) {
         text += "@\n";
@@ -253,7 +253,7 @@ TEST_F(ExtractTest, MoreAddressesThanCanBeCounted_FailWith6) {
     ExpectControlsAsBefore();
 }
 
-TEST_F(ExtractTest, Dialog_OffersTheSources) {
+TEST_F(ExtractionTest, Dialog_OffersTheSources) {
     EXPECT_CALL(
         platform,
         ShowFileDialog(AllOf(Field(&FileDialog::Kind, DialogKind::Open),
@@ -269,14 +269,14 @@ TEST_F(ExtractTest, Dialog_OffersTheSources) {
     EXPECT_EQ(module1.TextMode, "none");
 }
 
-TEST_F(ExtractTest, SaveQuestionAndCancel_ShowsNoDialog) {
+TEST_F(ExtractionTest, SaveQuestionAndCancel_ShowsNoDialog) {
     SetNative("A9\r\n-nick-\r\n\r\n");
     ExpectSaveQuestion("Save before opening?", Answer::Cancel);
     form1.mnuExtract_Click();
     EXPECT_EQ(module1.WorkText, "A9\r\n-nick-\r\n\r\n");
 }
 
-TEST_F(ExtractTest, Command_ShowsTheNameAndTheAddresses) {
+TEST_F(ExtractionTest, Command_ShowsTheNameAndTheAddresses) {
     Choose(" a@b ");
     EXPECT_CALL(platform, ShowFileDialog(_)).WillOnce(Return(name_));
     ExpectYields();
@@ -285,7 +285,7 @@ TEST_F(ExtractTest, Command_ShowsTheNameAndTheAddresses) {
     EXPECT_EQ(form1.Text1.Text(), "a@b\r\n-nick-\r\na@b\r\n");
 }
 
-TEST_F(ExtractTest, CommandThatFindsNothing_LeavesOneEmptyItem) {
+TEST_F(ExtractionTest, CommandThatFindsNothing_LeavesOneEmptyItem) {
     Choose("x");
     EXPECT_CALL(platform, ShowFileDialog(_)).WillOnce(Return(name_));
     ExpectYields();

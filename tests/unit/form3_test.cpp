@@ -163,22 +163,24 @@ TEST_F(Form3Test, F1AndHelp_ShowTheSameTopic) {
     form3.Form_KeyUp(113);
 }
 
-struct Row {
+struct FormatRow {
     const char* name;
     std::string_view button;
     std::string_view contents;
     Items addresses;
 };
 
-class Form3FormatTest : public Form3Test, public testing::WithParamInterface<Row> {};
+class Form3FormatTest : public Form3Test, public testing::WithParamInterface<FormatRow> {};
 
 TEST_P(Form3FormatTest, Button_LoadsItsFormat) {
     module1.textSep = ",";
     Choose(GetParam().contents);
     ExpectClosed();
-    for (const Form3::Row& row : form3.Rows()) {
+    Form3& chooser = form3;
+    for (const Form3::Row& row : chooser.Rows()) {
         if (row.Name == GetParam().button) {
-            (form3.*row.Click)();
+            const Form3::Handler click = row.Click;
+            (chooser.*click)();
         }
     }
     EXPECT_EQ(ItemsOf(form1.List1), GetParam().addresses);
@@ -187,13 +189,15 @@ TEST_P(Form3FormatTest, Button_LoadsItsFormat) {
 INSTANTIATE_TEST_SUITE_P(
     ,
     Form3FormatTest,
-    testing::Values(
-        Row{"WordPerfect", "Command10", "h\r\n1,Al,3,4,5,A1,7\r\n", {"A1"}},
-        Row{"Csv", "Command4", "h\r\nAl,A1,,,,,,,,,,,,,,\r\n", {"A1"}},
-        Row{"Netscape3", "Command3", "x<DT><A HREF=\"mailto:A1\" ALIASID=\"0\">Al</A>", {"A"}},
-        Row{"Ldif", "Command2", "x\r\nmail: A1\r\nsn: y\r\n", {"A1"}},
-        Row{"List", "Command1", "A1,A2,", {"A1", "A2"}},
-        Row{"Pegasus", "Command6", "\\x\r\nA1,", {"\rA1"}}),
+    testing::Values(FormatRow{"WordPerfect", "Command10", "h\r\n1,Al,3,4,5,A1,7\r\n", {"A1"}},
+                    FormatRow{"Csv", "Command4", "h\r\nAl,A1,,,,,,,,,,,,,,\r\n", {"A1"}},
+                    FormatRow{"Netscape3",
+                              "Command3",
+                              "x<DT><A HREF=\"mailto:A1\" ALIASID=\"0\">Al</A>",
+                              {"A"}},
+                    FormatRow{"Ldif", "Command2", "x\r\nmail: A1\r\nsn: y\r\n", {"A1"}},
+                    FormatRow{"List", "Command1", "A1,A2,", {"A1", "A2"}},
+                    FormatRow{"Pegasus", "Command6", "\\x\r\nA1,", {"", "A1"}}),
     [](const auto& row) { return row.param.name; });
 
 }  // namespace

@@ -42,7 +42,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"FirstLineWithoutEnd_LeavesNothing", "\\a", ""},
         Row{"LastLineWithoutEnd_LeavesNothing", "A1\r\n\\a", "A1"},
         Row{"LastLineEndedByCr_LeavesNothing", "A1\r\n\\a\r", "A1"},
-        Row{"LineEndedByCrOnly_TakesTheNextCharacterWithIt", "A1\r\n\\a\rA2", "A12"},
+        Row{"LineEndedByCrOnly_LosesTheCr", "A1\r\n\\a\rA2", "A1A2"},
         Row{"BackslashInsideLine_IsKept", "A\\1\r\n \\a\r\n", "A\\1\r\n \\a\r\n"},
         Row{"BackslashBehindLoneLf_IsKept", "A1\n\\a\r\n", "A1\n\\a\r\n"},
         Row{"BackslashOnly_LeavesNothing", "\\", ""},

@@ -155,10 +155,11 @@ TEST_F(LoadersTest, WordPerfect_IsListed) {
     EXPECT_EQ(ItemsOf(form1.List2), Items{"Al"});
 }
 
+// The line feed that is left of a comment is no separator.
 TEST_F(LoadersTest, Pegasus_IsFilteredListedAndShown) {
     module1.WorkText = "\\TITLE x\r\nA1\r\n\\NOSIG\r\nA2\r\n";
     module1.OpenPegasus();
-    EXPECT_EQ(ItemsOf(form1.List1), Items{"A1"});
+    EXPECT_EQ(ItemsOf(form1.List1), Items{"A1A2"});
     EXPECT_EQ(form1.Text1.Text(), module1.WorkText);
 }
 

@@ -106,7 +106,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"KeyAtEnd_GivesSeparatorOnly", "x ALIASID=\"", ",", ","},
         Row{"OpenLinkText_GoesToTheEnd", "x ALIASID=\"0\">Al</", ",", "Al</,"},
         Row{"TagEndAtEnd_GivesSeparatorOnly", "x\">", ",", ","},
-        Row{"ZeroByte_IsCopied", {"x ALIASID=\"0\">A\0l</A>", 20}, ",", {"A\0l,", 4}}),
+        Row{"ZeroByte_IsCopied", {"x ALIASID=\"0\">A\0l</A>", 21}, ",", {"A\0l,", 4}}),
     NameOf);
 
 // The reader once more, slow and literal. What nothing ends goes to the end of the text.

@@ -1,0 +1,79 @@
+// A file is opened, merged or extracted from, and saved. The bytes:
+//   1 the ending of the file     2 the ending to save under     3 settings and command
+//   4 the answers                5 how often the contents are repeated
+// and behind them the contents.
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "fuzz_program.h"
+#include "fuzz_target.h"
+
+namespace orvik::fuzz {
+namespace {
+
+constexpr std::size_t kHead = 5;
+constexpr std::uint8_t kRepeated = 0xF0;
+constexpr std::size_t kLongest = 33000;
+
+constexpr std::array<std::string_view, 11> kEndings = {
+    "txt", "ldif", "htm", "nv", "csv", "abx", "pml", "xtr", "html", "ldi", "dat"};
+
+std::string NameWith(std::uint8_t ending, std::string_view stem) {
+    return FuzzedProgram::Name(std::string(stem) + "." +
+                               std::string(kEndings.at(ending % kEndings.size())));
+}
+
+std::string Repeated(std::string_view text, std::uint8_t times) {
+    std::string contents(text);
+    // Long files cost time, so few are.
+    times = times < kRepeated ? std::uint8_t{0} : times;
+    for (; times > 0 && contents.size() + text.size() <= kLongest; --times) {
+        contents += text;
+    }
+    return contents;
+}
+
+void RunFiles(const std::uint8_t* data, std::size_t size) {
+    constexpr std::array<std::string_view, 4> kCommands = {
+        "mnuOpen_Click", "mnuOpen_Click", "mnuMerge_Click", "mnuExtract_Click"};
+    FuzzedProgram program;
+    const std::uint8_t settings = data[2];
+    program.Program().textSep = (settings & 1U) != 0 ? "," : "\r";
+    program.Program().OpenMode = 1 + (settings >> 1U) % 4;
+
+    const std::string opened = NameWith(data[0], "book");
+    FuzzedProgram::WriteFile(opened, Repeated(TextOf(data + kHead, size - kHead), data[4]));
+    program.Queue(data[3], opened);
+    const std::string command(kCommands.at((settings >> 3U) % kCommands.size()));
+    if (!program.Run("Form1." + command)) {
+        return;
+    }
+    program.CheckState();
+    // The chooser that a refused file or the settings have brought.
+    if (program.Program().form3.Visible()) {
+        const auto rows = program.Program().form3.Rows();
+        const auto& row = rows[(settings >> 5U) % rows.size()];
+        if (!program.Run("Form3." + std::string(row.HandlerName))) {
+            return;
+        }
+        program.CheckState();
+    }
+    program.Queue(data[3], NameWith(data[1], data[1] >= 0x80 ? "book" : "saved"));
+    if (!program.Run("Form1.mnuSave_Click")) {
+        return;
+    }
+    program.CheckState();
+    program.CheckHistory();
+}
+
+}  // namespace
+}  // namespace orvik::fuzz
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size >= orvik::fuzz::kHead) {
+        orvik::fuzz::RunFiles(data, size);
+    }
+    return 0;
+}
