@@ -1,6 +1,6 @@
 // A file is opened, merged or extracted from, and saved. The bytes:
 //   1 the ending of the file     2 the ending to save under     3 settings and command
-//   4 the answers                5 how often the contents are repeated
+//   4 the answers                5 whether the contents are repeated to a long file
 // and behind them the contents.
 
 #include <array>
@@ -14,7 +14,7 @@ namespace orvik::fuzz {
 namespace {
 
 constexpr std::size_t kHead = 5;
-constexpr std::uint8_t kRepeated = 0xF0;
+constexpr std::uint8_t kLong = 0xA5;
 constexpr std::size_t kLongest = 33000;
 
 constexpr std::array<std::string_view, 11> kEndings = {
@@ -25,11 +25,10 @@ std::string NameWith(std::uint8_t ending, std::string_view stem) {
                                std::string(kEndings.at(ending % kEndings.size())));
 }
 
-std::string Repeated(std::string_view text, std::uint8_t times) {
+// Long files cost time, so one value only asks for one.
+std::string ContentsOf(std::string_view text, std::uint8_t length) {
     std::string contents(text);
-    // Long files cost time, so few are.
-    times = times < kRepeated ? std::uint8_t{0} : times;
-    for (; times > 0 && contents.size() + text.size() <= kLongest; --times) {
+    while (length == kLong && !text.empty() && contents.size() < kLongest) {
         contents += text;
     }
     return contents;
@@ -44,7 +43,7 @@ void RunFiles(const std::uint8_t* data, std::size_t size) {
     program.Program().OpenMode = 1 + (settings >> 1U) % 4;
 
     const std::string opened = NameWith(data[0], "book");
-    FuzzedProgram::WriteFile(opened, Repeated(TextOf(data + kHead, size - kHead), data[4]));
+    FuzzedProgram::WriteFile(opened, ContentsOf(TextOf(data + kHead, size - kHead), data[4]));
     program.Queue(data[3], opened);
     const std::string command(kCommands.at((settings >> 3U) % kCommands.size()));
     if (!program.Run("Form1." + command)) {
