@@ -188,11 +188,11 @@ class Module1 {
     // LoadSettings: reads the settings that are kept here.
     void LoadSettings();
     // A setting of section "Settings", empty where the key is missing.
-    std::string Setting(std::string_view key);
+    std::string Setting(std::string_view name);
     // A setting as a number, 0 where the key is missing or holds none.
-    double NumberOrZero(std::string_view section, std::string_view key);
+    double NumberOrZero(std::string_view section, std::string_view name);
     // Stores a setting of section "Settings".
-    void Save(std::string_view key, std::string_view value);
+    void Save(std::string_view name, std::string_view value);
     // At the program's start: shows the preferences and waits for them.
     void AskForSettings();
 
