@@ -278,7 +278,7 @@ TEST_F(UndoTest, SortAfterUndo_SortsTheOldText) {
     module1.RefreshLists();
     RunHandler("cmdEmail_Click");
     EXPECT_EQ(ItemsOf(form1.List1), (Items{"a", "b"}));
-    ExpectTitles("E-Mail address", "");
+    ExpectTitles("Sort by E-Mail Address", "");
     history_.Undo();
     EXPECT_EQ(ItemsOf(form1.List1), (Items{"b", "a"}));
     RunHandler("cmdEmail_Click");
