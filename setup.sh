@@ -5,13 +5,17 @@ set -euo pipefail
 
 packages=(
     # building
-    g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev
+    g++ cmake ninja-build ccache pkg-config libcli11-dev libglib2.0-dev
+    qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-documentation-tools
+    dpkg-dev file librsvg2-bin
     # testing
     libgtest-dev libgmock-dev libbenchmark-dev
     clang clang-format clang-tidy libclang-rt-14-dev
-    xvfb xdotool x11-utils
+    xvfb xdotool x11-utils imagemagick openbox
+    at-spi2-core dbus python3-pyatspi
+    appstream desktop-file-utils lintian man-db mmdebstrap
     # running: the window system's plug-ins, icons and a font
-    qt6-qpa-plugins libqt6svg6 fonts-dejavu-core
+    qt6-qpa-plugins libqt6svg6 libqt6sql6-sqlite fonts-dejavu-core
 )
 
 missing=()
