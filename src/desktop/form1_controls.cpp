@@ -78,6 +78,7 @@ void Form1Window::syncControls() {
     for (const auto& [button, view] : buttons_) {
         SyncControl(*view, *button);
     }
+    focusCancel();
     // The lists lie over the text box.
     const bool editing = form_.mnuEntEd.Checked;
     const bool was_covered = text1_->isCovered();
@@ -86,6 +87,22 @@ void Form1Window::syncControls() {
     if (was_covered != text1_->isCovered()) {
         QWidget* const front = was_covered ? text1_ : findChild<QWidget*>(QStringLiteral("List1"));
         front->setFocus();
+    }
+}
+
+// During an extraction no other control takes a key, Tab included, so Cancel has the focus then. In
+// a list generation it does not: there the numbers are wanted first.
+void Form1Window::focusCancel() {
+    const bool alone = form_.cmdCancel.Visible && !form_.cmdDone.Visible;
+    if (alone == cancel_has_keys_) {
+        return;
+    }
+    cancel_has_keys_ = alone;
+    if (alone) {
+        before_cancel_ = focusWidget();
+        findChild<QWidget*>(QStringLiteral("cmdCancel"))->setFocus();
+    } else if (before_cancel_ != nullptr && before_cancel_->isVisible()) {
+        before_cancel_->setFocus();
     }
 }
 

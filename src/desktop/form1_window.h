@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QString>
 #include <QTimer>
 #include <optional>
@@ -65,6 +66,7 @@ class Form1Window : public QMainWindow, public View {
     void addButtons();
     void addButton(std::string_view name, const Button& button, AtYield at_yield);
     void syncControls();
+    void focusCancel();
 
     // form1_layout.cpp
     [[nodiscard]] QSize startSize() const;
@@ -84,6 +86,8 @@ class Form1Window : public QMainWindow, public View {
     TextBoxView* text3_ = nullptr;
     StatusBarView* status_bar_ = nullptr;
     bool on_selection_ = false;
+    bool cancel_has_keys_ = false;
+    QPointer<QWidget> before_cancel_;  // what had the focus
     QString dropped_file_;
     QTimer drop_is_over_;
 };

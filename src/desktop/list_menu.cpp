@@ -70,8 +70,8 @@ void ListMenu::addCopy(ListBoxView& view, const QString& caption, const FormEven
 }
 
 void ListMenu::sync() {
-    Name(*undo_, tr("Undo"), module_.history.UndoTitle());
-    Name(*redo_, tr("Redo"), module_.history.RedoTitle());
+    Name(*undo_, tr("&Undo"), module_.history.UndoTitle());
+    Name(*redo_, tr("&Redo"), module_.history.RedoTitle());
 }
 
 }  // namespace orvik
