@@ -71,6 +71,9 @@ void TextBoxView::contextMenuEvent(QContextMenuEvent* event) {
     menu->addActions({commands_->Copy, commands_->Paste, commands_->Delete});
     menu->addSeparator();
     menu->addAction(tr("Select &All"), this, &QPlainTextEdit::selectAll);
+    if (commands_->Find != nullptr) {
+        menu->addAction(commands_->Find);
+    }
     menu->popup(event->globalPos());
 }
 

@@ -28,6 +28,7 @@ class TextBoxView : public QPlainTextEdit {
         QAction* Copy;
         QAction* Paste;
         QAction* Delete;
+        QAction* Find = nullptr;  // only in the context menu
     };
 
     // box must outlive the view.

@@ -72,9 +72,15 @@ bool IsOnlyAFrame(QAccessible::Role role) {
     }
 }
 
+// A row without a nickname has no name, and the notice of the find bar says nothing at first.
+bool MaySayNothing(const QAccessibleInterface& item) {
+    return item.role() == QAccessible::ListItem ||
+           (item.object() != nullptr &&
+            item.object()->objectName() == QStringLiteral("findNotice"));
+}
+
 void CollectNameless(QAccessibleInterface& item, Texts& nameless) {
-    // A row without a nickname has none.
-    if (!IsOnlyAFrame(item.role()) && item.role() != QAccessible::ListItem &&
+    if (!IsOnlyAFrame(item.role()) && !MaySayNothing(item) &&
         item.text(QAccessible::Name).isEmpty()) {
         nameless.push_back(Described(item));
     }
