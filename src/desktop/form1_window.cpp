@@ -72,6 +72,11 @@ void Form1Window::openBook(const QString& name) {
     });
 }
 
+bool Form1Window::endForLogOut() {
+    events_.run([this] { form_.Unload(); }, AtYield::Taken);
+    return desktop_.hasEnded();
+}
+
 // The window goes when the program ends, not before.
 void Form1Window::closeEvent(QCloseEvent* event) {
     events_.close(*event);

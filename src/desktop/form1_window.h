@@ -44,6 +44,9 @@ class Form1Window : public QMainWindow, public View {
     // Opens a file as if it had been dropped on the window.
     void openBook(const QString& name);
 
+    // The session ends: asks as closing does. Returns whether the program has ended.
+    bool endForLogOut();
+
  protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

@@ -4,6 +4,7 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QIcon>
+#include <QSessionManager>
 #include <QTimer>
 #include <algorithm>
 #include <array>
@@ -14,8 +15,10 @@
 #include "app/module1.h"
 #include "desktop/desktop.h"
 #include "desktop/form1_window.h"
+#include "desktop/log_out.h"
 #include "desktop/qt_platform.h"
 #include "desktop/small_windows.h"
+#include "desktop/window_place.h"
 
 namespace {
 
@@ -63,6 +66,16 @@ int RunWindows(const QString& book) {
             small_windows.push_back(orvik::MakeWindow(module, *form, desktop, &window));
         }
     }
+    orvik::RestorePlace(window, orvik::WindowPlaceFile());
+    // Directly, since the answer must be there when the signal has been sent.
+    QObject::connect(
+        qApp,
+        &QGuiApplication::commitDataRequest,
+        &window,
+        [&window](QSessionManager& manager) {
+            orvik::AnswerLogOut(manager, [&window] { return window.endForLogOut(); });
+        },
+        Qt::DirectConnection);
     const auto start = [&] {
         desktop.run([&] { module.RunEvent([&] { module.form1.Show(orvik::Showing::Modeless); }); });
         if (!book.isEmpty()) {
@@ -76,6 +89,9 @@ int RunWindows(const QString& book) {
     QObject::connect(&starter, &QTimer::timeout, start);
     starter.start(0);
     const int status = QApplication::exec();
+    if (window.isVisible()) {
+        orvik::KeepPlace(window, orvik::WindowPlaceFile());
+    }
     try {
         desktop.rethrowEnd();
     } catch (const orvik::ProgramEnded&) {

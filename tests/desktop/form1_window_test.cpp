@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <fstream>
 
+#include "desktop/log_out.h"
 #include "desktop/text_box_view.h"
 #include "form1_window_fixture.h"
 
@@ -248,6 +249,38 @@ TEST_F(Form1WindowTest, ClosingAsksAndStaysOnCancel) {
     ExpectSaveQuestion("Save before exiting?", Answer::No);
     EXPECT_CALL(platform, Ended());
     window.close();
+    EXPECT_TRUE(desktop.hasEnded());
+}
+
+// A session manager that lets the program ask, or not.
+struct Session {
+    [[nodiscard]] bool allowsInteraction() const { return may_ask; }
+    void release() { released = true; }
+    void cancel() { cancelled = true; }
+    bool may_ask = true;
+    bool released = false;
+    bool cancelled = false;
+};
+
+TEST_F(Form1WindowTest, ALogOutAsksAsClosingDoes) {
+    Show();
+    EXPECT_CALL(platform, ShowForm(_, _));
+    EXPECT_CALL(platform, GetSetting(_, _)).WillRepeatedly(Return("5"));
+    EXPECT_CALL(platform, ShowBox(_)).WillRepeatedly(Return(Answer::OK));
+    form1.Show(Showing::Modeless);
+    const auto log_out = [this](Session session) {
+        AnswerLogOut(session, [this] { return window.endForLogOut(); });
+        return session;
+    };
+    EXPECT_FALSE(log_out({.may_ask = false}).released);
+    ExpectSaveQuestion("Save before exiting?", Answer::Cancel);
+    EXPECT_TRUE(log_out({}).cancelled);
+    EXPECT_FALSE(desktop.hasEnded());
+    ExpectSaveQuestion("Save before exiting?", Answer::No);
+    EXPECT_CALL(platform, Ended());
+    const Session ended = log_out({});
+    EXPECT_TRUE(ended.released);
+    EXPECT_FALSE(ended.cancelled);
     EXPECT_TRUE(desktop.hasEnded());
 }
 

@@ -39,5 +39,6 @@ for window in "${found[@]}"; do
     box=$(tail -n 1 "$work/found")
     eventually gone
 done
+[ -s "$XDG_STATE_HOME/orvik/window.conf" ] || fail "the window's place was not kept"
 wait "$first" || fail "exit status $?"
 wait "$second" || fail "exit status $?"

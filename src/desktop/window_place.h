@@ -1,0 +1,23 @@
+// Where a window was, from one run of the program to the next. This is no setting: nobody chose it,
+// and whoever copies the settings to another computer does not want it there.
+
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace orvik {
+
+// orvik/window.conf in the user's folder for such states.
+[[nodiscard]] QString WindowPlaceFile();
+
+// KeepPlace: writes a window's place, size and state. What cannot be written is forgotten.
+void KeepPlace(const QWidget& window, const QString& file);
+
+// RestorePlace: puts a window that is not shown yet where it was; a place that is on no screen any
+// more is moved onto one. Without a file, or with one that holds no place, the window stays as it
+// is.
+void RestorePlace(QWidget& window, const QString& file);
+
+}  // namespace orvik
