@@ -1,12 +1,20 @@
 #include "desktop/desktop.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QEvent>
+#include <QScopedValueRollback>
+#include <QThread>
 #include <QWidget>
+#include <QWindow>
 #include <algorithm>
 
 namespace orvik {
 namespace {
+
+// In milliseconds. A window manager needs a few; one that shows a window elsewhere never does it.
+constexpr int kLongestWait = 500;
+constexpr int kBetweenLooks = 2;
 
 bool IsInput(QEvent::Type type) {
     switch (type) {
@@ -68,7 +76,7 @@ std::optional<Encoding> Desktop::selectionEncoding() const {
 }
 
 bool Desktop::run(const std::function<void()>& event, AtYield at_yield) {
-    if (hasEnded()) {
+    if (hasEnded() || waiting_) {
         return false;
     }
     const bool refused = yielding_ && at_yield == AtYield::Refused;
@@ -104,6 +112,19 @@ void Desktop::repaint() {
             QEvent request(QEvent::UpdateRequest);
             QCoreApplication::sendEvent(&window, &request);
         }
+    }
+}
+
+// The user's input stays in the queue. What a screen reader or the session asks for is no input;
+// run() refuses it.
+void Desktop::waitUntilOnScreen(const QWidget& window) {
+    const QWindow* const shown = window.windowHandle();
+    const QScopedValueRollback waiting(waiting_, true);
+    const QDeadlineTimer deadline(kLongestWait);
+    while (!shown->isExposed() && !deadline.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                        QEventLoop::ExcludeSocketNotifiers);
+        QThread::msleep(kBetweenLooks);
     }
 }
 

@@ -54,13 +54,17 @@ class Desktop : public QObject {
     [[nodiscard]] std::optional<Encoding> selectionEncoding() const;
 
     // Runs an event of the user and makes all windows equal to their forms. Returns false if the
-    // event is refused: at a yield, and after the end.
+    // event is refused: at a yield, while a window comes onto the screen, and after the end.
     bool run(const std::function<void()>& event, AtYield at_yield = AtYield::Refused);
     [[nodiscard]] bool isRunning() const { return running_ > 0; }
 
     void syncAll();
     // Shows the forms as they are now; no event is taken.
     void repaint();
+    // Waits, for a short time at most, until a window that was shown is on the screen. A command
+    // that shows it goes on without taking events, and it would stay blank. No event of the user is
+    // taken, from wherever it comes.
+    void waitUntilOnScreen(const QWidget& window);
     // Lets pending events run. Of the user's input only what goes to a widget of acceptAtYield, and
     // the closing of a window, is taken.
     void yield();
@@ -96,6 +100,7 @@ class Desktop : public QObject {
     std::exception_ptr end_;
     int running_ = 0;
     bool yielding_ = false;
+    bool waiting_ = false;
 };
 
 }  // namespace orvik

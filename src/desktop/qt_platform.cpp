@@ -146,7 +146,9 @@ void QtPlatform::ShowForm(Form& form, Showing showing) {
     }
     window.show();
     window.activateWindow();
-    if (showing == Showing::Modal) {
+    if (!modal) {
+        desktop_.waitUntilOnScreen(window);
+    } else {
         desktop_.nested([&] {
             while (form.Visible() && !desktop_.hasEnded()) {
                 QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);

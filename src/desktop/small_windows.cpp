@@ -85,6 +85,8 @@ Window MakeForm6(Module1& module, Desktop& desktop, QWidget* owner) {
     auto& label = window->widget<QLabel>(form.Label1);
     label.setAlignment(Qt::AlignCenter);
     label.setMargin(label.fontMetrics().height());
+    // Room for the window's title.
+    label.setMinimumWidth(label.fontMetrics().averageCharWidth() * kLetters * 2 / 3);
     LayOutInColumn(*window);
     window->takeClicksAtYield();
     return window;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
 #include <stdexcept>
 
 #include <gmock/gmock.h>
@@ -113,6 +114,28 @@ TEST_F(DesktopTest, AYieldRefusesCommandsOutsideOfNestedLoops) {
     EXPECT_TRUE(refused);
     EXPECT_TRUE(taken);
     EXPECT_TRUE(taken_in_box);
+}
+
+TEST_F(DesktopTest, AWindowComesOntoTheScreenWithoutAnEventOfTheUser) {
+    QWidget window;
+    bool asked = false;
+    bool refused = false;
+    desktop.run([&] {
+        window.show();
+        // A screen reader's press comes as no input.
+        QMetaObject::invokeMethod(
+            &window,
+            [&] {
+                asked = true;
+                refused = !desktop.run([] {}, AtYield::Taken);
+            },
+            Qt::QueuedConnection);
+        desktop.waitUntilOnScreen(window);
+    });
+    EXPECT_TRUE(window.windowHandle()->isExposed());
+    EXPECT_TRUE(asked);
+    EXPECT_TRUE(refused);
+    EXPECT_TRUE(desktop.run([] {}));
 }
 
 TEST_F(DesktopTest, TheEndPassesThroughAYield) {
