@@ -7,39 +7,40 @@
 namespace orvik {
 namespace {
 
-void Collect(const QLayout& layout, std::vector<QWidget*>& widgets);
-
-void Collect(QWidget& widget, std::vector<QWidget*>& widgets) {
-    if (widget.focusPolicy() != Qt::NoFocus) {
-        widgets.push_back(&widget);
-    }
-    if (const auto* const tabs = qobject_cast<QTabWidget*>(&widget)) {
+// What an item holds, in the order in which it is read.
+std::vector<QLayoutItem*> Inside(QLayoutItem& item) {
+    std::vector<QLayoutItem*> inside;
+    if (const QLayout* const layout = item.layout()) {
+        for (int i = 0; i < layout->count(); ++i) {
+            inside.push_back(layout->itemAt(i));
+        }
+    } else if (const auto* const tabs = qobject_cast<QTabWidget*>(item.widget())) {
         for (int i = 0; i < tabs->count(); ++i) {
-            Collect(*tabs->widget(i), widgets);
+            inside.push_back(tabs->widget(i)->layout());
         }
-    } else if (widget.layout() != nullptr) {
-        Collect(*widget.layout(), widgets);
+    } else if (item.widget() != nullptr && item.widget()->layout() != nullptr) {
+        inside.push_back(item.widget()->layout());
     }
-}
-
-void Collect(const QLayout& layout, std::vector<QWidget*>& widgets) {
-    for (int i = 0; i < layout.count(); ++i) {
-        QLayoutItem& item = *layout.itemAt(i);
-        if (item.widget() != nullptr) {
-            Collect(*item.widget(), widgets);
-        } else if (item.layout() != nullptr) {
-            Collect(*item.layout(), widgets);
-        }
-    }
+    return inside;
 }
 
 }  // namespace
 
 void OrderTabs(QWidget& window) {
-    std::vector<QWidget*> widgets;
-    Collect(*window.layout(), widgets);
-    for (std::size_t i = 1; i < widgets.size(); ++i) {
-        QWidget::setTabOrder(widgets[i - 1], widgets[i]);
+    QWidget* before = nullptr;
+    std::vector<QLayoutItem*> to_come{window.layout()};
+    while (!to_come.empty()) {
+        QLayoutItem& item = *to_come.back();
+        to_come.pop_back();
+        QWidget* const widget = item.widget();
+        if (widget != nullptr && widget->focusPolicy() != Qt::NoFocus) {
+            if (before != nullptr) {
+                QWidget::setTabOrder(before, widget);
+            }
+            before = widget;
+        }
+        const std::vector<QLayoutItem*> inside = Inside(item);
+        to_come.insert(to_come.end(), inside.rbegin(), inside.rend());
     }
 }
 

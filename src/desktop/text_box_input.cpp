@@ -23,10 +23,10 @@ void TextBoxView::setSingleLine(int letters) {
 }
 
 void TextBoxView::keyPressEvent(QKeyEvent* event) {
-    if (single_line_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-        event->ignore();
-    } else if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab) {
-        // It arrives only where there is nothing else to go to.
+    const int key = event->key();
+    // A tab arrives only where there is nothing else to go to.
+    const bool tab = key == Qt::Key_Tab || key == Qt::Key_Backtab;
+    if (tab || (single_line_ && (key == Qt::Key_Return || key == Qt::Key_Enter))) {
         event->ignore();
     } else if (event->matches(QKeySequence::InsertLineSeparator)) {
         // Shift+Enter is Enter; a line separator would be a lone CR.

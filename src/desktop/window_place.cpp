@@ -8,7 +8,7 @@
 namespace orvik {
 namespace {
 
-const QString kPlace = QStringLiteral("main/place");
+constexpr const char* kPlace = "main/place";
 
 }  // namespace
 
@@ -23,12 +23,13 @@ QString WindowPlaceFile() {
 
 void KeepPlace(const QWidget& window, const QString& file) {
     QSettings state(file, QSettings::IniFormat);
-    state.setValue(kPlace, window.saveGeometry().toBase64());
+    state.setValue(QLatin1String(kPlace), window.saveGeometry().toBase64());
 }
 
 void RestorePlace(QWidget& window, const QString& file) {
     const QSettings state(file, QSettings::IniFormat);
-    const QByteArray place = QByteArray::fromBase64(state.value(kPlace).toByteArray());
+    const QByteArray place =
+        QByteArray::fromBase64(state.value(QLatin1String(kPlace)).toByteArray());
     if (!place.isEmpty()) {
         // It looks at what it gets, and refuses what it did not write.
         window.restoreGeometry(place);
