@@ -11,6 +11,8 @@ execute_process(
 file(REMOVE ${doc}/LICENSE)
 file(COPY_FILE ${ORVIK_DEBIAN_FILES}/copyright ${doc}/copyright)
 file(COPY_FILE ${ORVIK_DEBIAN_FILES}/changelog ${doc}/changelog)
+file(CHMOD ${doc}/copyright ${doc}/changelog
+     FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 
 file(GLOB long ${doc}/changelog ${usr}/share/man/man1/*.1)
 execute_process(COMMAND gzip --best --no-name ${long} COMMAND_ERROR_IS_FATAL ANY)
