@@ -16,3 +16,8 @@ file(CHMOD ${doc}/copyright ${doc}/changelog
 
 file(GLOB long ${doc}/changelog ${usr}/share/man/man1/*.1)
 execute_process(COMMAND gzip --best --no-name ${long} COMMAND_ERROR_IS_FATAL ANY)
+
+# Folders are made with the umask of whoever builds.
+file(CHMOD_RECURSE ${usr}
+     DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE
+                           GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
