@@ -68,7 +68,7 @@ QString ShownText(std::string_view text) {
 
 QtPlatform::QtPlatform(Desktop& desktop)
     : desktop_(desktop),
-      settings_(SettingsStore::userFile(), [this](const QString& problem) { tell(problem); }) {}
+      settings_(SettingsStore::UserFile(), [this](const std::string& problem) { tell(problem); }) {}
 
 Answer QtPlatform::ShowBox(const MessageBox& box) {
     return desktop_.nested([&] {
@@ -97,13 +97,13 @@ void QtPlatform::SetClipboardText(std::string_view text) {
 }
 
 std::optional<std::string> QtPlatform::GetSetting(std::string_view section, std::string_view key) {
-    return settings_.get(section, key);
+    return settings_.Get(section, key);
 }
 
 void QtPlatform::SaveSetting(std::string_view section,
                              std::string_view key,
                              std::string_view value) {
-    settings_.save(section, key, value);
+    settings_.Save(section, key, value);
 }
 
 bool QtPlatform::CreateShellLink(const ShellLink& link) {
@@ -127,7 +127,8 @@ void QtPlatform::ShowHelp(HelpCommand /*command*/,
                           std::string_view target,
                           std::string_view /*data*/) {
     QString file = QFile::decodeName(std::string(target.substr(0, target.find('>'))).c_str());
-    tell(QObject::tr("The help file %1 is not there.").arg(file.replace(u'\\', u'/')));
+    tell(
+        QObject::tr("The help file %1 is not there.").arg(file.replace(u'\\', u'/')).toStdString());
 }
 
 void QtPlatform::ShowForm(Form& form, Showing showing) {
@@ -179,8 +180,8 @@ std::string QtPlatform::ProgramName() {
         .toStdString();
 }
 
-void QtPlatform::tell(const QString& text) {
-    ShowBox({text.toStdString(), std::string(kTitle), Buttons::OK, Icon::None});
+void QtPlatform::tell(const std::string& text) {
+    ShowBox({text, std::string(kTitle), Buttons::OK, Icon::None});
 }
 
 }  // namespace orvik

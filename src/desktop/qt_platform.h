@@ -7,8 +7,8 @@
 
 #include "desktop/desktop.h"
 #include "desktop/file_dialog.h"
-#include "desktop/settings_store.h"
 #include "platform/platform.h"
+#include "store/settings_store.h"
 
 namespace orvik {
 
@@ -25,7 +25,7 @@ class QtPlatform : public Platform {
     void SaveSetting(std::string_view section,
                      std::string_view key,
                      std::string_view value) override;
-    void DeleteSettings() override { settings_.clear(); }
+    void DeleteSettings() override { settings_.Clear(); }
     // A link in the folder "StartUp" starts this program with the user's session; there are no
     // other folders.
     bool CreateShellLink(const ShellLink& link) override;
@@ -45,7 +45,7 @@ class QtPlatform : public Platform {
     void rememberFolderOf(const QString& name) { dialogs_.rememberFolderOf(name); }
 
  private:
-    void tell(const QString& text);
+    void tell(const std::string& text);
 
     Desktop& desktop_;
     FileDialogs dialogs_;

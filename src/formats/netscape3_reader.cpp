@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kLinkStart = "<DT><A HREF=\"mailto:";
 constexpr std::string_view kAliasKey = "ALIASID=\"";
-constexpr std::string_view kNicknameKey = "NICKNAME=\"";
+constexpr std::string_view kNicknameTag = "NICKNAME=\"";
 constexpr std::string_view kTagEnd = "\">";
 constexpr std::string_view kLinkEnd = "</A>";
 
@@ -35,10 +35,10 @@ std::string ReadNetscape3(std::string_view html, std::string_view separator) {
         if (rest.starts_with(kLinkStart)) {
             i += kLinkStart.size();
             list.append("\"").append(TakeUntil(html, i, "\"")).append("\" ");
-        } else if (rest.starts_with(kAliasKey) || rest.starts_with(kNicknameKey)) {
+        } else if (rest.starts_with(kAliasKey) || rest.starts_with(kNicknameTag)) {
             // Both keys are passed over at the length of the longer one, so an empty ALIASID loses
             // its tag's end and takes the text behind the next one.
-            i += kNicknameKey.size();
+            i += kNicknameTag.size();
             i = FindFrom(html, kTagEnd, i) + kTagEnd.size();
             take_link_text(i);
         } else if (Mid(html, i - 1, kTagEnd.size()) == kTagEnd) {

@@ -11,7 +11,7 @@ namespace {
 constexpr std::array<std::string_view, 5> kDropped = {
     "dn: ", "cn: ", "objectclass: ", "xmozillause", "xnav"};
 
-constexpr std::string_view kRecordEnd = "\r\n\r\n";
+constexpr std::string_view kRecordBreak = "\r\n\r\n";
 
 bool IsDropped(std::string_view text, std::size_t i) {
     const std::string_view rest = Mid(text, i);
@@ -61,7 +61,7 @@ std::string ExportPim(std::string_view ldif,
             if (!SkipLine(ldif, i)) {
                 return output;
             }
-        } else if (Mid(ldif, i, 2) == kCrLf && Mid(ldif, i, 4) != kRecordEnd) {
+        } else if (Mid(ldif, i, 2) == kCrLf && Mid(ldif, i, 4) != kRecordBreak) {
             switch (FindValue(ldif, i)) {
                 case Found::End:
                     return output;
@@ -78,7 +78,7 @@ std::string ExportPim(std::string_view ldif,
         } else {
             output += ldif[i - 1];
         }
-        if (Mid(ldif, i, 4) == kRecordEnd) {
+        if (Mid(ldif, i, 4) == kRecordBreak) {
             begins_record = true;
         }
     }

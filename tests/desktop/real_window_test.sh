@@ -38,7 +38,7 @@ export DISPLAY=":$number"
 unset WAYLAND_DISPLAY QT_QPA_PLATFORM
 
 mkdir -p "$work/config/orvik"
-printf '[Settings]\ntextSep=5\nOpen=1\nExtract=False\nSep=","\nAuto=False\n' \
+printf '[Settings]\ntextSep=5\nOpen=1\nExtract=False\nSep=,\nAuto=False\n' \
     >"$work/config/orvik/orvik.conf"
 for name in Anna Berta; do
     printf 'dn: cn=%s\r\nxmozillanickname: %s\r\nmail: %s@example.org\r\n\r\n' \

@@ -7,7 +7,9 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <optional>
 #include <stdexcept>
+#include <string>
 
 namespace orvik::test {
 
@@ -33,6 +35,32 @@ class FileSizeLimit {
  private:
     void (*old_handler_)(int);
     rlimit old_limit_{};
+};
+
+// While it lives a variable of the environment has another value.
+class Environment {
+ public:
+    Environment(const char* name, const std::string& value) : name_(name) {
+        if (const char* const old = std::getenv(name); old != nullptr) {
+            old_ = old;
+        }
+        setenv(name, value.c_str(), 1);
+    }
+    Environment(const Environment&) = delete;
+    Environment& operator=(const Environment&) = delete;
+    Environment(Environment&&) = delete;
+    Environment& operator=(Environment&&) = delete;
+    ~Environment() {
+        if (old_) {
+            setenv(name_, old_->c_str(), 1);
+        } else {
+            unsetenv(name_);
+        }
+    }
+
+ private:
+    const char* name_;
+    std::optional<std::string> old_;
 };
 
 // While it lives permissions count, also for a test that the superuser runs.
