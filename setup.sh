@@ -14,6 +14,7 @@ packages=(
     xvfb xdotool x11-utils imagemagick openbox
     at-spi2-core dbus python3-pyatspi
     appstream desktop-file-utils lintian man-db mmdebstrap
+    libglib2.0-bin libxml2-utils shared-mime-info
     # running: the window system's plug-ins, icons and a font
     qt6-qpa-plugins libqt6svg6 libqt6sql6-sqlite fonts-dejavu-core
 )
