@@ -14,7 +14,8 @@ namespace orvik {
 void Form1Window::addText() {
     const TextBoxView::Commands commands{findChild<QAction*>(QStringLiteral("mnuSelCopy")),
                                          findChild<QAction*>(QStringLiteral("mnuPaste")),
-                                         findChild<QAction*>(QStringLiteral("mnuDel"))};
+                                         findChild<QAction*>(QStringLiteral("mnuDel")),
+                                         find_};
     const auto add = [&](TextBox& box, const char* name, const QString& spoken) {
         auto* const view = new TextBoxView(
             box,
@@ -42,7 +43,7 @@ void Form1Window::addLists() {
     };
     add(form_.List1, "List1", tr("E-mail addresses"));
     add(form_.List2, "List2", tr("Nicknames"));
-    list_menu_ = new ListMenu(module_, events_, *this);
+    list_menu_ = new ListMenu(module_, events_, *find_, *this);
     for (const auto& [box, view] : lists_) {
         list_menu_->addTo(*view, *box);
     }
@@ -78,6 +79,7 @@ void Form1Window::syncControls() {
     for (const auto& [button, view] : buttons_) {
         SyncControl(*view, *button);
     }
+    focusCancel();
     // The lists lie over the text box.
     const bool editing = form_.mnuEntEd.Checked;
     const bool was_covered = text1_->isCovered();
@@ -86,6 +88,22 @@ void Form1Window::syncControls() {
     if (was_covered != text1_->isCovered()) {
         QWidget* const front = was_covered ? text1_ : findChild<QWidget*>(QStringLiteral("List1"));
         front->setFocus();
+    }
+}
+
+// During an extraction no other control takes a key, Tab included, so Cancel has the focus then. In
+// a list generation it does not: there the numbers are wanted first.
+void Form1Window::focusCancel() {
+    const bool alone = form_.cmdCancel.Visible && !form_.cmdDone.Visible;
+    if (alone == cancel_has_keys_) {
+        return;
+    }
+    cancel_has_keys_ = alone;
+    if (alone) {
+        before_cancel_ = focusWidget();
+        findChild<QWidget*>(QStringLiteral("cmdCancel"))->setFocus();
+    } else if (before_cancel_ != nullptr && before_cancel_->isVisible()) {
+        before_cancel_->setFocus();
     }
 }
 

@@ -59,7 +59,9 @@ void Form1Window::setFloor() {
 }
 
 void Form1Window::place() {
-    const int height = centralWidget()->height();
+    const int bar_height = find_bar_->isHidden() ? 0 : find_bar_->sizeHint().height();
+    const int height = centralWidget()->height() - bar_height;
+    find_bar_->setGeometry(0, height, centralWidget()->width(), bar_height);
     int button_height = 0;
     for (const auto& [button, view] : buttons_) {
         button_height = std::max(button_height, view->sizeHint().height());

@@ -63,6 +63,7 @@ void Form1Window::addMenus() {
     for (const Form1::Menu& menu : form_.Menus()) {
         QMenu* const shown = menuBar()->addMenu(ToLetters(menu.Item->Caption));
         shown->setObjectName(ObjectName(menu.Name));
+        shown->setAccessibleName(SpokenCaption(menu.Item->Caption));
         shown->menuAction()->setObjectName(shown->objectName());
         actions_.emplace_back(menu.Item, shown->menuAction());
         for (const Form1::MenuRow& row : menu.Rows) {

@@ -30,6 +30,7 @@ Form1Window::Form1Window(Module1& module, Desktop& desktop)
     setAcceptDrops(true);
     setCentralWidget(new QWidget(this));
     addMenus();
+    addFind();
     addText();
     addLists();
     addButtons();

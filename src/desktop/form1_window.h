@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QString>
 #include <QTimer>
 #include <optional>
@@ -12,6 +13,7 @@
 
 #include "app/module1.h"
 #include "desktop/desktop.h"
+#include "desktop/find_bar.h"
 #include "desktop/form_events.h"
 
 class QAction;
@@ -65,6 +67,17 @@ class Form1Window : public QMainWindow, public View {
     void addButtons();
     void addButton(std::string_view name, const Button& button, AtYield at_yield);
     void syncControls();
+    void focusCancel();
+
+    // form1_find.cpp
+    void addFind();
+    void openFind();
+    void closeFind();
+    void find(FindBar::Step step);
+    // These return what there is to say about the search.
+    QString findEntry(FindBar::Step step);
+    QString findInText(FindBar::Step step);
+    [[nodiscard]] static QString wrapNotice(bool wrapped, bool backward);
 
     // form1_layout.cpp
     [[nodiscard]] QSize startSize() const;
@@ -83,7 +96,12 @@ class Form1Window : public QMainWindow, public View {
     TextBoxView* text1_ = nullptr;
     TextBoxView* text3_ = nullptr;
     StatusBarView* status_bar_ = nullptr;
+    QAction* find_ = nullptr;
+    FindBar* find_bar_ = nullptr;
+    QPointer<QWidget> before_find_;  // what had the focus
     bool on_selection_ = false;
+    bool cancel_has_keys_ = false;
+    QPointer<QWidget> before_cancel_;  // what had the focus
     QString dropped_file_;
     QTimer drop_is_over_;
 };

@@ -1,6 +1,7 @@
 #include "desktop/form2_window.h"
 
 #include <QGridLayout>
+#include <QLabel>
 #include <QShowEvent>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -105,6 +106,8 @@ void Form2Window::addSteps(QGridLayout& grid) {
         ++row;
     }
     // The last two steps share what they show.
+    widget<QLabel>(form_.Label5).setBuddy(&widget(form_.Combo3));
+    widget(form_.Combo3).setAccessibleName(tr("Step 4 and step 5"));
     grid.addWidget(&widget(form_.Label6), row, 0);
     grid.addWidget(&widget(form_.Combo3), row - 1, 1, 2, 1);
     ++row;

@@ -1,5 +1,6 @@
 // The controls of a form, as widgets.
 
+#include <QAbstractItemView>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
@@ -124,6 +125,7 @@ void FormWindow::add(std::string_view name, ComboBox* combo) {
     });
     add(name, *combo, *view);
     nameAfterLabel(*view);
+    view->view()->setAccessibleName(view->accessibleName());
     syncs_.emplace_back([view, combo] { SyncCombo(*view, *combo); });
 }
 

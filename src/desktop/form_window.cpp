@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "desktop/accessible_views.h"
 #include "desktop/control_views.h"
 #include "desktop/text_box_view.h"
 
@@ -18,6 +19,7 @@ FormWindow::FormWindow(Module1& module, Form& form, Desktop& desktop, QWidget* o
       form_(form),
       desktop_(desktop),
       events_(module, form, desktop) {
+    DescribeViews();
     setObjectName(ObjectName(form.Name()));
     for (const NamedControl& control : form.Controls()) {
         std::visit([&](auto* kind) { add(control.Name, kind); }, control.Ref);
@@ -87,6 +89,7 @@ void FormWindow::setReadOnly(const TextBox& box) {
 }
 
 void FormWindow::takeClicksAtYield() {
+    clickable_ = true;
     desktop_.acceptAtYield(*this);
     for (QWidget* const view : widgets()) {
         desktop_.acceptAtYield(*view);
@@ -98,31 +101,46 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
-        case Qt::Key_Escape:
-            close();
-            return;
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            if (default_button_ != nullptr) {
-                default_button_->click();
-            }
-            return;
-        default:
-            QWidget::keyPressEvent(event);
+    const int key = event->key();
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (clickable_ && (enter || key == Qt::Key_Escape || key == Qt::Key_Space)) {
+        click();
+    } else if (key == Qt::Key_Escape) {
+        close();
+    } else if (enter) {
+        if (default_button_ != nullptr && default_button_->isVisible()) {
+            default_button_->click();
+        }
+    } else {
+        const auto command = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+        unused_key_ = event->text().isEmpty() || (event->modifiers() & command) != 0 ? 0 : key;
+        QWidget::keyPressEvent(event);
     }
 }
 
+// Some forms know every key. They are told of those that nothing else was done with, so that typing
+// a name and going from control to control stay possible.
 void FormWindow::keyReleaseEvent(QKeyEvent* event) {
-    if (!events_.releaseKey(*event)) {
-        QWidget::keyReleaseEvent(event);
+    const int key = event->key();
+    if (events_.releaseKey(*event)) {
+        return;
     }
+    if (key == unused_key_ && !event->isAutoRepeat()) {
+        unused_key_ = 0;
+        events_.run([this, key] { form_.Form_KeyUp(key); });
+        return;
+    }
+    QWidget::keyReleaseEvent(event);
 }
 
 void FormWindow::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
-        events_.run([this] { form_.Form_Click(); }, AtYield::Taken);
+        click();
     }
+}
+
+void FormWindow::click() {
+    events_.run([this] { form_.Form_Click(); }, AtYield::Taken);
 }
 
 bool FormWindow::eventFilter(QObject* receiver, QEvent* event) {

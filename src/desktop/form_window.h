@@ -49,7 +49,8 @@ class FormWindow : public QWidget, public View {
     // The button that Enter presses.
     void setDefaultButton(const Button& button);
     void setReadOnly(const TextBox& box);
-    // A click on the window or on what it shows runs Form_Click, also at a yield.
+    // A click on the window or on what it shows runs Form_Click, also at a yield; so do the keys
+    // that press a button.
     void takeClicksAtYield();
 
  protected:
@@ -82,6 +83,7 @@ class FormWindow : public QWidget, public View {
     // What a label in front of a control says is the control's name.
     void nameAfterLabel(QWidget& view);
     void syncOptions();
+    void click();
 
     [[nodiscard]] QWidget* find(const Control& control) const;
 
@@ -95,6 +97,8 @@ class FormWindow : public QWidget, public View {
     std::vector<std::pair<const OptionButton*, QAbstractButton*>> options_;
     QLabel* label_ = nullptr;  // while controls are added: the last label, if it names none yet
     QPushButton* default_button_ = nullptr;
+    bool clickable_ = false;
+    int unused_key_ = 0;  // the key that is down and that no control has a use for
 };
 
 }  // namespace orvik

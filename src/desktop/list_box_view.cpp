@@ -76,6 +76,16 @@ void ListBoxView::sync() {
     }
 }
 
+void ListBoxView::clickRow(int row) {
+    const QModelIndex index = model_.index(row);
+    {
+        const QScopedValueRollback syncing(syncing_, true);
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    }
+    scrollTo(index);
+    reportClick(row);
+}
+
 int ListBoxView::widthOfNumbers() const {
     return fontMetrics().horizontalAdvance(QStringLiteral("00000000")) +
            verticalScrollBar()->sizeHint().width() + 2 * frameWidth();

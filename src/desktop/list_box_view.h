@@ -23,6 +23,9 @@ class ListBoxView : public QListView {
     // Makes the widget equal to the form.
     void sync();
 
+    // Does what a click on a row does, and scrolls to it.
+    void clickRow(int row);
+
     // How wide the list is if it shows row numbers only.
     [[nodiscard]] int widthOfNumbers() const;
 

@@ -26,10 +26,11 @@ QAction* Separator(QObject* parent) {
 
 }  // namespace
 
-ListMenu::ListMenu(Module1& module, FormEvents& events, QWidget& window)
+ListMenu::ListMenu(Module1& module, FormEvents& events, QAction& find, QWidget& window)
     : QObject(&window),
       module_(module),
       events_(events),
+      find_(find),
       window_(window),
       undo_(addHistory(
           QStringLiteral("undo"), QKeySequence::Undo, [this] { module_.history.Undo(); })),
@@ -61,6 +62,7 @@ void ListMenu::addTo(ListBoxView& view, const ListBox& box) {
     auto* const select_all = new QAction(tr("&Select all"), &view);
     connect(select_all, &QAction::triggered, &view, &ListBoxView::selectAll);
     view.addAction(select_all);
+    view.addAction(&find_);
 }
 
 void ListMenu::addCopy(ListBoxView& view, const QString& caption, const FormEvents::Event& copy) {
@@ -70,8 +72,8 @@ void ListMenu::addCopy(ListBoxView& view, const QString& caption, const FormEven
 }
 
 void ListMenu::sync() {
-    Name(*undo_, tr("Undo"), module_.history.UndoTitle());
-    Name(*redo_, tr("Redo"), module_.history.RedoTitle());
+    Name(*undo_, tr("&Undo"), module_.history.UndoTitle());
+    Name(*redo_, tr("&Redo"), module_.history.RedoTitle());
 }
 
 }  // namespace orvik

@@ -17,8 +17,8 @@ class ListBoxView;
 class ListMenu : public QObject {
     Q_OBJECT
  public:
-    // module, events and window must outlive the menu.
-    ListMenu(Module1& module, FormEvents& events, QWidget& window);
+    // All must outlive the menu. find is the window's own action.
+    ListMenu(Module1& module, FormEvents& events, QAction& find, QWidget& window);
 
     // Gives a list its context menu; box is what the list shows.
     void addTo(ListBoxView& view, const ListBox& box);
@@ -35,6 +35,7 @@ class ListMenu : public QObject {
 
     Module1& module_;
     FormEvents& events_;
+    QAction& find_;
     QWidget& window_;
     QAction* undo_;
     QAction* redo_;

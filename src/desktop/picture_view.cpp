@@ -1,5 +1,6 @@
 #include "desktop/picture_view.h"
 
+#include <QAccessible>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionProgressBar>
@@ -31,10 +32,14 @@ void PictureView::showProgress(double full_width) {
 
 void PictureView::sync() {
     const int progress =
-        full_width_ > 0
+        showsProgress()
             ? static_cast<int>(std::lround(std::clamp(box_.Width / full_width_, 0.0, 1.0) * kWhole))
             : 0;
     const QString picture = ToLetters(box_.Picture);
+    if (progress_ != progress) {
+        QAccessibleValueChangeEvent change(this, progress / 10);
+        QAccessible::updateAccessibility(&change);
+    }
     if (progress_ != progress || picture_ != picture) {
         progress_ = progress;
         picture_ = picture;
@@ -43,12 +48,12 @@ void PictureView::sync() {
 }
 
 QSize PictureView::sizeHint() const {
-    return full_width_ > 0 ? QSize(kStripWidth, fontMetrics().height())
+    return showsProgress() ? QSize(kStripWidth, fontMetrics().height())
                            : QSize(kPictureSize, kPictureSize);
 }
 
 void PictureView::paintEvent(QPaintEvent* /*event*/) {
-    if (full_width_ > 0) {
+    if (showsProgress()) {
         paintProgress();
     } else if (!picture_.isEmpty()) {
         paintPicture();

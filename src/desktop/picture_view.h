@@ -17,6 +17,7 @@ class PictureView : public QWidget {
 
     // The box shows progress; it is complete at this width, in twips.
     void showProgress(double full_width);
+    [[nodiscard]] bool showsProgress() const { return full_width_ > 0; }
     // Makes the widget equal to the form.
     void sync();
     // In thousandths.

@@ -7,6 +7,7 @@
 
 #include "desktop/form2_window.h"
 #include "desktop/picture_view.h"
+#include "desktop/tab_order.h"
 #include "desktop/text_box_view.h"
 
 namespace orvik {
@@ -110,9 +111,7 @@ Window MakeAbout(Module1& module, Desktop& desktop, QWidget* owner) {
     return window;
 }
 
-}  // namespace
-
-Window MakeWindow(Module1& module, Form& form, Desktop& desktop, QWidget* owner) {
+Window Make(Module1& module, Form& form, Desktop& desktop, QWidget* owner) {
     if (&form == &module.form2) {
         return std::make_unique<Form2Window>(module, desktop, owner);
     }
@@ -130,6 +129,14 @@ Window MakeWindow(Module1& module, Form& form, Desktop& desktop, QWidget* owner)
     }
     Window window = std::make_unique<FormWindow>(module, form, desktop, owner);
     LayOutInColumn(*window);
+    return window;
+}
+
+}  // namespace
+
+Window MakeWindow(Module1& module, Form& form, Desktop& desktop, QWidget* owner) {
+    Window window = Make(module, form, desktop, owner);
+    OrderTabs(*window);
     return window;
 }
 

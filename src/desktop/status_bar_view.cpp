@@ -21,7 +21,8 @@ QLabel* MakePanel(const StatusBar& bar, std::size_t number, QWidget* parent) {
     panel->setObjectName(QStringLiteral("Panel%1").arg(number));
     panel->setTextFormat(Qt::PlainText);
     panel->setToolTip(ToLetters(bar.Panels(number).ToolTip));
-    panel->setAccessibleName(panel->toolTip());
+    // Its text is its name, so that a screen reader reads it.
+    panel->setAccessibleDescription(panel->toolTip());
     return panel;
 }
 

@@ -13,7 +13,6 @@ namespace orvik {
 
 void TextBoxView::setSingleLine(int letters) {
     single_line_ = true;
-    setTabChangesFocus(true);
     setLineWrapMode(QPlainTextEdit::NoWrap);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -25,6 +24,9 @@ void TextBoxView::setSingleLine(int letters) {
 
 void TextBoxView::keyPressEvent(QKeyEvent* event) {
     if (single_line_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        event->ignore();
+    } else if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab) {
+        // It arrives only where there is nothing else to go to.
         event->ignore();
     } else if (event->matches(QKeySequence::InsertLineSeparator)) {
         // Shift+Enter is Enter; a line separator would be a lone CR.
@@ -69,6 +71,9 @@ void TextBoxView::contextMenuEvent(QContextMenuEvent* event) {
     menu->addActions({commands_->Copy, commands_->Paste, commands_->Delete});
     menu->addSeparator();
     menu->addAction(tr("Select &All"), this, &QPlainTextEdit::selectAll);
+    if (commands_->Find != nullptr) {
+        menu->addAction(commands_->Find);
+    }
     menu->popup(event->globalPos());
 }
 

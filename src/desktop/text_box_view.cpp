@@ -12,6 +12,8 @@ TextBoxView::TextBoxView(TextBox& box,
                          QWidget* parent)
     : QPlainTextEdit(parent), box_(box), run_(std::move(run)), commands_(commands) {
     setReadOnly(true);
+    // No form of the text has tabs of its own, and a box that keeps the key keeps the user.
+    setTabChangesFocus(true);
     hide();
     taken_ = document()->revision();
     connect(this, &QPlainTextEdit::textChanged, this, [this] { takeEdit(); });

@@ -28,6 +28,7 @@ class TextBoxView : public QPlainTextEdit {
         QAction* Copy;
         QAction* Paste;
         QAction* Delete;
+        QAction* Find = nullptr;  // only in the context menu
     };
 
     // box must outlive the view.
@@ -41,7 +42,7 @@ class TextBoxView : public QPlainTextEdit {
     void sync(bool covered, bool editable);
     [[nodiscard]] bool isCovered() const { return covered_; }
 
-    // The box is one line of about this many letters; Enter and Tab are the window's.
+    // The box is one line of about this many letters; Enter is the window's.
     void setSingleLine(int letters);
 
     // Whether the text that the running command assigns joins the undo history. Otherwise it is a

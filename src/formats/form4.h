@@ -31,10 +31,10 @@ class Form4 : public Form {
     // the two a failure is. Errors: those of the files.
     void ConvertFile(bool& reading_is_over);
 
-    Label Label1{"Netscape 4.x address book (LDIF):"};
+    Label Label1{"&Netscape 4.x address book (LDIF):"};
     TextBox Text1;
     Button Command1{"&Select..."};
-    Label Label2{"Output file:"};
+    Label Label2{"&Output file:"};
     TextBox Text2;
     Button Command2{"S&elect..."};
     // Its width is the progress; this one when all is done, in twips.

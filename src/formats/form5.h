@@ -20,7 +20,7 @@ class Form5 : public Form {
     void Command1_Click();
     void Command2_Click();
 
-    Label Label1{"Text between two values of an exported entry:"};
+    Label Label1{"&Text between two values of an exported entry:"};
     TextBox Text1;
     Button Command1{"OK"};
     Button Command2{"Cancel"};

@@ -53,7 +53,7 @@ class Form2 : public Form {
     OptionButton Option6{"Entries separated by commas", 2};
 
     // Handheld PIM.
-    Label Label1{"Text between two values of an exported entry:"};
+    Label Label1{"Te&xt between two values of an exported entry:"};
     TextBox Text1;
     Button Command3{"&Separator..."};
 

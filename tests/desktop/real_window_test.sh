@@ -1,54 +1,23 @@
 #!/usr/bin/env bash
-# Starts the real program on a display of its own, opens a book, finds the window, and closes it.
-# Argument: the program.
-set -euo pipefail
+# Starts the real program twice on a display of its own, opens a book in both, finds the windows, and
+# closes them. Argument: the program.
+name=real-window
 program=$1
-work=$(mktemp -d)
-server=
-orvik=
+# shellcheck source=tests/desktop/display.sh
+. "$(dirname "$0")/display.sh"
 
-cleanup() {
-    [ -z "$orvik" ] || kill "$orvik" 2>/dev/null || true
-    [ -z "$server" ] || kill "$server" 2>/dev/null || true
-    rm -rf "$work"
+book "$work/book.ldif" Anna Berta
+start "$program" "$work/book.ldif"
+first=$!
+# Nothing keeps a second program from the same book.
+start "$program" "$work/book.ldif"
+second=$!
+windows() {
+    xdotool search --onlyvisible --name "^Orvik - $work/book.ldif\$"
+    [ "$(wc -l <"$work/found")" -eq 2 ]
 }
-trap cleanup EXIT
-
-fail() {
-    echo "real-window: $1"
-    cat "$work/log"
-    exit 1
-}
-
-# Waits up to ten seconds until a command succeeds.
-eventually() {
-    for _ in $(seq 100); do
-        if "$@" >"$work/found" 2>/dev/null; then return; fi
-        sleep 0.1
-    done
-    fail "in vain: $*"
-}
-
-: >"$work/log"
-mkfifo "$work/display"
-Xvfb -displayfd 3 -screen 0 800x600x24 3<>"$work/display" >>"$work/log" 2>&1 &
-server=$!
-read -r -t 10 number <"$work/display" || fail "no display"
-export DISPLAY=":$number"
-unset WAYLAND_DISPLAY QT_QPA_PLATFORM
-
-mkdir -p "$work/config/orvik"
-printf '[Settings]\ntextSep=5\nOpen=1\nExtract=False\nSep=,\nAuto=False\n' \
-    >"$work/config/orvik/orvik.conf"
-for name in Anna Berta; do
-    printf 'dn: cn=%s\r\nxmozillanickname: %s\r\nmail: %s@example.org\r\n\r\n' \
-        "$name" "$name" "$name"
-done >"$work/book.ldif"
-
-XDG_CONFIG_HOME="$work/config" "$program" "$work/book.ldif" >>"$work/log" 2>&1 &
-orvik=$!
-eventually xdotool search --onlyvisible --name "^Orvik - $work/book.ldif\$"
-window=$(head -n 1 "$work/found")
+eventually windows
+mapfile -t found <"$work/found"
 
 # Without a window manager the focus may go elsewhere, so a key is sent until it has worked.
 ask_to_quit() {
@@ -56,15 +25,19 @@ ask_to_quit() {
     xdotool key ctrl+q
     xdotool search --onlyvisible --name '^Save\?$'
 }
-eventually ask_to_quit
-box=$(tail -n 1 "$work/found")
 answer_no() {
     xdotool windowfocus "$box"
     xdotool key alt+n
 }
 gone() {
     answer_no || true
-    ! kill -0 "$orvik"
+    ! kill -0 "$program_id"
 }
-eventually gone
-wait "$orvik" || fail "exit status $?"
+for window in "${found[@]}"; do
+    program_id=$(xdotool getwindowpid "$window")
+    eventually ask_to_quit
+    box=$(tail -n 1 "$work/found")
+    eventually gone
+done
+wait "$first" || fail "exit status $?"
+wait "$second" || fail "exit status $?"

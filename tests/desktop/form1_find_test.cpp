@@ -1,0 +1,146 @@
+// Finding in the main window.
+
+#include <QLineEdit>
+#include <QToolButton>
+
+#include "desktop/text_box_view.h"
+#include "form1_window_fixture.h"
+
+namespace orvik {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class FindTest : public test::Form1WindowTest {
+ protected:
+    void Open() {
+        Show();
+        List("al@x\r\nbo@x\r\ncy@y\r\n-nick-\r\nAl\r\nBo\r\nAlbert\r\n");
+        Find<QListView>("List2").setFocus();
+        Find<QAction>("find").trigger();
+        Settle();
+    }
+    void Type(const char* text) { QTest::keyClicks(&text_, QString::fromLatin1(text)); }
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&text_, key, modifiers);
+    }
+    std::string Notice() { return Find<QLabel>("findNotice").text().toStdString(); }
+    void ExpectFound(std::size_t row, const char* notice = "") {
+        EXPECT_THAT(form1.List1.Selected(), ElementsAre(row));
+        EXPECT_THAT(form1.List2.Selected(), ElementsAre(row));
+        EXPECT_EQ(Find<QListView>("List1").currentIndex().row(), static_cast<int>(row));
+        EXPECT_EQ(Find<QListView>("List2").currentIndex().row(), static_cast<int>(row));
+        EXPECT_EQ(Notice(), notice);
+    }
+
+    QWidget& bar_ = Find<QWidget>("findBar");
+    QLineEdit& text_ = Find<QLineEdit>("findText");
+};
+
+TEST_F(FindTest, TheBarOpensUnderTheListsAndGivesTheFocusBack) {
+    Open();
+    EXPECT_TRUE(text_.hasFocus());
+    EXPECT_EQ(bar_.geometry().bottom() + 1, window.centralWidget()->height());
+    EXPECT_EQ(Find<QWidget>("cmdEmail").geometry().bottom() + 1, bar_.y());
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(bar_.isVisible());
+    EXPECT_TRUE(Find<QListView>("List2").hasFocus());
+    EXPECT_EQ(Find<QWidget>("cmdEmail").geometry().bottom() + 1, window.centralWidget()->height());
+}
+
+TEST_F(FindTest, TypingFindsAndEnterGoesOn) {
+    Open();
+    Type("A");
+    ExpectFound(0);
+    Type("lb");
+    ExpectFound(2);
+    text_.clear();
+    Type("al");
+    ExpectFound(2);
+    Press(Qt::Key_Return);
+    ExpectFound(0, "From the start");
+    Press(Qt::Key_Return);
+    ExpectFound(2);
+    Press(Qt::Key_Return, Qt::ShiftModifier);
+    ExpectFound(0);
+    EXPECT_TRUE(text_.hasFocus());
+}
+
+TEST_F(FindTest, WhatIsNotThereIsToldInTheBar) {
+    Open();
+    Type("bo");
+    Type("?");
+    ExpectFound(1, "Not found");
+    EXPECT_EQ(text_.accessibleDescription(), QStringLiteral("Not found"));
+    Press(Qt::Key_Backspace);
+    ExpectFound(1);
+}
+
+TEST_F(FindTest, ItsKeysWorkWithoutTheBar) {
+    Open();
+    Type("@x");
+    Press(Qt::Key_Escape);
+    Find<QAction>("findNext").trigger();
+    ExpectFound(1);
+    EXPECT_TRUE(bar_.isVisible());
+    EXPECT_FALSE(text_.hasFocus());
+    Find<QToolButton>("findPreviousButton").click();
+    ExpectFound(0);
+    Find<QToolButton>("findPreviousButton").click();
+    ExpectFound(1, "From the end");
+    EXPECT_EQ(Find<QAction>("find").shortcut(), QKeySequence(QKeySequence::Find));
+    EXPECT_EQ(Find<QAction>("findNext").shortcut(), QKeySequence(Qt::Key_F3));
+    EXPECT_EQ(Find<QAction>("findPrevious").shortcut(), QKeySequence(Qt::SHIFT | Qt::Key_F3));
+}
+
+TEST_F(FindTest, SeveralSelectedRowsBecomeOne) {
+    Open();
+    ClickRow(Find<QListView>("List1"), 0);
+    ClickRow(Find<QListView>("List1"), 1, Qt::ControlModifier);
+    Type("bo");
+    ExpectFound(1);
+}
+
+TEST_F(FindTest, NothingIsFoundInTheMiddleOfAnExtraction) {
+    Open();
+    Type("bo");
+    QMetaObject::invokeMethod(
+        &window, [this] { Find<QAction>("findPrevious").trigger(); }, Qt::QueuedConnection);
+    desktop.run([this] { desktop.yield(); });
+    ExpectFound(1);
+}
+
+TEST_F(FindTest, InEditModeTheTextIsSearched) {
+    Open();
+    SwitchEditMode();
+    auto& text = Find<TextBoxView>("Text1");
+    Find<QAction>("find").trigger();
+    const auto found = [&] { return text.textCursor().selectedText().toStdString(); };
+    Type("al");
+    EXPECT_EQ(found(), "Al");
+    const int first = text.textCursor().position();
+    Press(Qt::Key_Return);
+    EXPECT_GT(text.textCursor().position(), first);
+    Press(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(text.textCursor().position(), first);
+    Press(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(Notice(), "From the end");
+    EXPECT_EQ(found(), "Al");
+    Type("?");
+    EXPECT_EQ(Notice(), "Not found");
+    Press(Qt::Key_Escape);
+    EXPECT_TRUE(text.hasFocus());
+}
+
+TEST_F(FindTest, NothingIsFoundInAnEmptyBook) {
+    Show();
+    Find<QAction>("findNext").trigger();
+    EXPECT_TRUE(text_.hasFocus());
+    Type("a");
+    EXPECT_EQ(Notice(), "Not found");
+    EXPECT_THAT(form1.List1.Selected(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace orvik
