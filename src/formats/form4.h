@@ -1,5 +1,4 @@
-// The handheld export: from an LDIF file to a text file, without touching the
-// working text.
+// The handheld export: from an LDIF file to a text file, without touching the working text.
 
 #pragma once
 
