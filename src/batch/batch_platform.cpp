@@ -1,23 +1,15 @@
 #include "batch/batch_platform.h"
 
-#include <cctype>
 #include <filesystem>
 
 #include "app/form.h"
 #include "app/messages.h"
 #include "app/run_time_error.h"
+#include "app/text.h"
 #include "settings/keys.h"
 
 namespace orvik::batch {
 namespace {
-
-std::string Lower(std::string_view text) {
-    std::string lower;
-    for (const char c : text) {
-        lower += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
-    return lower;
-}
 
 Status StatusOf(int failure, bool writing) {
     switch (static_cast<Failure>(failure)) {
@@ -126,19 +118,19 @@ std::string BatchPlatform::ShowFileDialog(FileDialog& dialog) {
 
 std::optional<std::string> BatchPlatform::GetSetting(std::string_view section,
                                                      std::string_view key) {
-    if (const auto stored = stored_.find({Lower(section), Lower(key)}); stored != stored_.end()) {
+    if (const auto stored = stored_.find({ToLower(section), ToLower(key)}); stored != stored_.end()) {
         return stored->second;
     }
     if (arguments_.UsesSettings()) {
         return store_.Get(section, key);
     }
-    return section == key::kSettings ? DefaultSetting(Lower(key)) : std::nullopt;
+    return section == key::kSettings ? DefaultSetting(ToLower(key)) : std::nullopt;
 }
 
 void BatchPlatform::SaveSetting(std::string_view section,
                                 std::string_view key,
                                 std::string_view value) {
-    stored_[{Lower(section), Lower(key)}] = value;
+    stored_[{ToLower(section), ToLower(key)}] = value;
 }
 
 void BatchPlatform::ShowHelp(HelpCommand /*command*/,
