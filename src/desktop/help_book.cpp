@@ -8,6 +8,7 @@
 #include <QTextDocument>
 #include <QtHelp/QHelpEngine>
 #include <algorithm>
+#include <utility>
 
 namespace orvik {
 namespace {
@@ -53,7 +54,7 @@ QStringList HelpPlaces(const QString& asked) {
     return places;
 }
 
-HelpBook::HelpBook(const QString& file, const QString& cache) : file_(file) {
+HelpBook::HelpBook(QString file, const QString& cache) : file_(std::move(file)) {
     if (open(cache)) {
         return;
     }

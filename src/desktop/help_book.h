@@ -30,7 +30,7 @@ class HelpBook {
     // Opens a compiled file. Qt reads it through a collection, which is kept in the folder cache. A
     // collection that is damaged or of another file is made anew; without a folder that can be
     // written it is made in a temporary one.
-    HelpBook(const QString& file, const QString& cache);
+    HelpBook(QString file, const QString& cache);
     HelpBook(const HelpBook&) = delete;
     HelpBook& operator=(const HelpBook&) = delete;
     HelpBook(HelpBook&&) = delete;

@@ -19,6 +19,7 @@ HelpBrowser::HelpBrowser(const HelpBook* book, QWidget* parent)
     : QTextBrowser(parent), book_(book), size_(font().pointSizeF()) {
     setObjectName(QStringLiteral("page"));
     setAccessibleName(tr("Help page"));
+    document()->setDocumentMargin(2 * document()->documentMargin());
     // A help address is no file, so Qt would take it for one of another program.
     setOpenLinks(false);
     connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::showPage);

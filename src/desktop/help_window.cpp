@@ -22,8 +22,8 @@ namespace {
 
 // At first a line of the page has about this many letters, a pane's this many, and the window this
 // many lines.
-constexpr int kPageLetters = 75;
-constexpr int kPaneLetters = 30;
+constexpr int kPageLetters = 85;
+constexpr int kPaneLetters = 44;
 constexpr int kLines = 34;
 
 }  // namespace
@@ -120,7 +120,7 @@ void HelpWindow::addActions(QToolBar& bar) {
 
 QWidget* HelpWindow::makeFindBar() {
     auto* const bar = new QWidget(this);
-    auto* const row = new QHBoxLayout(bar);
+    bar->setLayout(new QHBoxLayout);
     wanted_ = new QLineEdit(bar);
     wanted_->setObjectName(QStringLiteral("find"));
     wanted_->setAccessibleName(tr("Find in this page"));
@@ -134,7 +134,7 @@ QWidget* HelpWindow::makeFindBar() {
                                   static_cast<QWidget*>(next),
                                   static_cast<QWidget*>(previous),
                                   static_cast<QWidget*>(close)}) {
-        row->addWidget(widget);
+        bar->layout()->addWidget(widget);
     }
     connect(wanted_, &QLineEdit::returnPressed, this, [this] { find(false); });
     connect(next, &QPushButton::clicked, this, [this] { find(false); });

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Starts the real program on a display of its own, opens a book, finds the window, and closes it.
+# Starts the real program on a display of its own, opens a book, finds the window, reads help for the
+# preferences, and closes all.
 # Argument: the program.
 set -euo pipefail
 program=$1
@@ -45,12 +46,31 @@ for name in Anna Berta; do
         "$name" "$name" "$name"
 done >"$work/book.ldif"
 
-XDG_CONFIG_HOME="$work/config" "$program" "$work/book.ldif" >>"$work/log" 2>&1 &
+XDG_CONFIG_HOME="$work/config" XDG_CACHE_HOME="$work/cache" "$program" "$work/book.ldif" >>"$work/log" 2>&1 &
 orvik=$!
 eventually xdotool search --onlyvisible --name "^Orvik - $work/book.ldif\$"
 window=$(head -n 1 "$work/found")
 
 # Without a window manager the focus may go elsewhere, so a key is sent until it has worked.
+# shows TITLE WINDOW KEY...: sends keys to a window, and says whether a title is on the display.
+shows() {
+    xdotool windowfocus "$2"
+    xdotool key "${@:3}"
+    sleep 0.2
+    xdotool search --onlyvisible --name "$1"
+}
+shows_not() {
+    ! shows "$@"
+}
+
+# Help takes keys of its own while the preferences wait.
+eventually shows '^Orvik Preferences$' "$window" alt+e f
+preferences=$(tail -n 1 "$work/found")
+eventually shows 'Orvik Help$' "$preferences" F1
+eventually shows_not 'Orvik Help$' "$(tail -n 1 "$work/found")" Escape
+xdotool search --onlyvisible --name '^Orvik Preferences$' >/dev/null || fail "no preferences"
+eventually shows_not '^Orvik Preferences$' "$preferences" Escape
+
 ask_to_quit() {
     xdotool windowfocus "$window"
     xdotool key ctrl+q
