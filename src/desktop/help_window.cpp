@@ -147,6 +147,7 @@ QWidget* HelpWindow::makeFindBar() {
 void HelpWindow::showTopic(const QString& topic) {
     page_->showPage(HelpBook::page(topic));
     bringToFront();
+    page_->setFocus();
 }
 
 void HelpWindow::showProblem(const QString& heading, const QString& body) {

@@ -71,6 +71,9 @@ eventually shows_not 'Orvik Help$' "$(tail -n 1 "$work/found")" Escape
 xdotool search --onlyvisible --name '^Orvik Preferences$' >/dev/null || fail "no preferences"
 eventually shows_not '^Orvik Preferences$' "$preferences" Escape
 
+# The program ends without the help having been closed.
+eventually shows 'Orvik Help$' "$window" F1
+
 ask_to_quit() {
     xdotool windowfocus "$window"
     xdotool key ctrl+q
