@@ -136,7 +136,7 @@ SETTINGS
     press '^Orvik - ' F2
     take '^Orvik - ' edit-mode
     press '^Orvik - ' F2 F1
-    size 'Orvik Help$' 860 560
+    size 'Orvik Help$' 900 560
     take 'Orvik Help$' help
     press 'Orvik Help$' alt+F4
     gone 'Orvik Help$'
