@@ -15,7 +15,8 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     # The settings that a first start would ask for.
     [ -f "$try/config/orvik/orvik.conf" ] || cp packaging/default.conf "$try/config/orvik/orvik.conf"
     cp samples/netscape4.ldif "$try/book.ldif"
-    XDG_CONFIG_HOME="$PWD/$try/config" exec build/release/bin/orvik "$try/book.ldif"
+    XDG_CONFIG_HOME="$PWD/$try/config" XDG_CACHE_HOME="$PWD/$try/cache" \
+        exec build/release/bin/orvik "$try/book.ldif"
 fi
 
 echo "There is no display, so the sample book is sorted and converted without a window:"

@@ -57,10 +57,10 @@ def find(top, role, name):
     return None
 
 
-def press(item):
+def press(item, action="Press"):
     actions = item.queryAction()
     names = [actions.getName(i) for i in range(actions.nActions)]
-    assert actions.doAction(names.index("Press")), names
+    assert actions.doAction(names.index(action)), names
 
 
 @contextmanager

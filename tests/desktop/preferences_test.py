@@ -17,34 +17,44 @@ def fill(dialog, name, text):
     assert box.queryEditableText().setTextContents(text), name
 
 
-def choose_by_key(dialog, combo_name, key):
-    """A closed combo box takes the next item at an arrow key."""
-    combo = find(dialog, pyatspi.ROLE_COMBO_BOX, combo_name)
-    before = combo.name, combo.queryText().getText(0, -1) if "Text" in dir(combo) else None
+def xdotool(*words):
+    subprocess.run(["xdotool", *words], check=True)
 
-    def pressed():
-        combo.queryComponent().grabFocus()
-        subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Orvik Preferences$",
-                        "windowfocus", "--sync", "key", key], check=True)
-        return True
 
-    eventually(combo_name, pressed)
-    return before
+def choose_above(dialog, chosen, above):
+    """Opens a combo box with the mouse, and takes the item above the chosen one with the keys."""
+    combo = find(dialog, pyatspi.ROLE_COMBO_BOX, chosen)
+    place = combo.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    xdotool("mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2))
+    xdotool("click", "1")
+
+    def shown():
+        item = find(combo, pyatspi.ROLE_LIST_ITEM, above)
+        return item.getState().contains(pyatspi.STATE_SHOWING)
+
+    eventually("the open list", shown)
+    xdotool("key", "Up", "Return")
+
+    def taken():
+        # It is called what it shows.
+        combo.clear_cache()
+        return combo.name == above
+
+    eventually(above, taken)
 
 
 def store(program, source, destination):
     dialog = eventually(
         "the preferences", lambda: find(program, pyatspi.ROLE_DIALOG, "Orvik Preferences")
     )
-    tabs = find(dialog, pyatspi.ROLE_PAGE_TAB_LIST, "Orvik Preferences")
-    press(find(tabs, pyatspi.ROLE_PAGE_TAB, "Automation"))
+    press(find(dialog, pyatspi.ROLE_PAGE_TAB, "Automation"))
     press(find(dialog, pyatspi.ROLE_CHECK_BOX, "Use Automation"), "Toggle")
     eventually("the steps", lambda: find(dialog, pyatspi.ROLE_TEXT, "Save File"))
     press(find(dialog, pyatspi.ROLE_CHECK_BOX, "Run on Startup"), "Toggle")
     press(find(dialog, pyatspi.ROLE_RADIO_BUTTON, "Open"), "Toggle")
     fill(dialog, "Step 1", source)
     fill(dialog, "Save File", destination)
-    choose_by_key(dialog, "Step 2", "Up")
+    choose_above(dialog, "Done", "Sort by Nickname")
     press(find(dialog, pyatspi.ROLE_PUSH_BUTTON, "OK"))
 
 
