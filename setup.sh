@@ -11,9 +11,10 @@ packages=(
     # testing
     libgtest-dev libgmock-dev libbenchmark-dev
     clang clang-format clang-tidy libclang-rt-14-dev
-    xvfb xdotool x11-utils imagemagick openbox
-    at-spi2-core dbus python3-pyatspi
+    xvfb xdotool x11-utils imagemagick openbox qt6ct
+    at-spi2-core dbus python3 python3-pyatspi
     appstream desktop-file-utils lintian man-db mmdebstrap
+    libglib2.0-bin libxml2-utils shared-mime-info
     # running: the window system's plug-ins, icons and a font
     qt6-qpa-plugins libqt6svg6 libqt6sql6-sqlite fonts-dejavu-core
 )

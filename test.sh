@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Sets up, builds and runs all tests, and prints the time of each stage.
 #   ./test.sh          what must hold for every commit
-#   ./test.sh --full   also the benchmarks up to a million entries
+#   ./test.sh --full   also the benchmarks up to a million entries, and the package in a fresh Debian
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -64,12 +64,23 @@ bench() {
     build/release/bin/orvik-bench
 }
 
+package() {
+    configure release
+    rm -f build/release/orvik_*.deb
+    cmake --build --preset release --target deb
+    tests/packaging/check.sh build/release
+}
+
+install_package() { tests/packaging/install.sh build/release/orvik_*.deb; }
+
 mkdir -p build
 stage "set up" ./setup.sh
 stage "build under the sanitizers" build_tests
 stage "clang-format" format
 stage "clang-tidy" tidy
 stage "fuzzing" fuzz
+stage "package" package
+[ $full = no ] || stage "package in a fresh Debian" install_package
 [ $full = no ] || stage "benchmarks" bench
 stage "tests" ctest --preset sanitize
 

@@ -129,14 +129,12 @@ class Form1 : public Form {
     // Shows the main window's file dialog and keeps the chosen name, empty when
     // cancelled, in CommonDialog1.
     const std::string& ShowFileDialog(FileDialog dialog);
-    // Writes the working text in the format of the name's ending; ldif_outdated
-    // says that LdifText may be another text's. Returns false, with a message, if
-    // the file is a bad Netscape 3 book. Errors: RunTimeError 52 for an unknown
-    // ending, and those of the file.
+    // Writes the working text in the format of the name's ending; ldif_outdated says that LdifText
+    // may be another text's. Returns false, with a message, if the file is a bad Netscape 3 book.
+    // Errors: RunTimeError 52 for an unknown ending, and those of the file.
     bool WriteInFormatOf(const std::string& name, bool ldif_outdated);
 
-    // Puts the working text into Text1 unless it is longer than the text box
-    // takes.
+    // Puts the working text into Text1 unless it is longer than the text box takes.
     void ShowTextIfShort();
 
     // Empties both lists: "0 items".
@@ -217,8 +215,7 @@ class Form1 : public Form {
     void LeaveEditMode();
     void EnableEditCommands(bool editing);
     void ShowLists(bool visible);
-    // Runs one statement of Open: a failure of it is told, and the caller goes
-    // on.
+    // Runs one statement of Open: a failure of it is told, and the caller goes on.
     void Guarded(const std::function<void()>& statement);
     bool BeginOpen();
     void ReadAndLoad(const std::string& name);

@@ -197,12 +197,10 @@ class Module1 {
     void AskForSettings();
 
     // The automation: src/settings/automation.cpp and automation_files.cpp.
-    // RunAutomation: runs the stored steps, and ends the program if it is so
-    // stored. Errors: those of the steps, and RunTimeError 13 for a step that is
-    // no number.
+    // RunAutomation: runs the stored steps, and ends the program if it is so stored. Errors: those
+    // of the steps, and RunTimeError 13 for a step that is no number.
     void RunAutomation();
-    // Runs the automation if it is switched on. A failure shows the preferences
-    // once.
+    // Runs the automation if it is switched on. A failure shows the preferences once.
     void RunStoredAutomation();
     // SetUpDemoAutomation: stores a program that shows what can be done.
     void SetUpDemoAutomation();
@@ -211,8 +209,7 @@ class Module1 {
     void AutoSaveFile(const std::string& name);
     void AutoExtractFile(const std::string& name);
 
-    // The shortcut that starts the program with the session:
-    // src/aux/shortcut.cpp.
+    // The shortcut that starts the program with the session: src/aux/shortcut.cpp.
     void CreateStartUpLink();
     void RemoveStartUpLink();
 
@@ -236,8 +233,7 @@ class Module1 {
     // Makes the addresses of a file the working text. process is how the question
     // about a long file spells that word. Returns false if none were found.
     bool ExtractAddresses(const std::string& name, std::string_view process, Icon icon);
-    // Asks what to do with a file that its reader does not know; raw is the text
-    // of the file.
+    // Asks what to do with a file that its reader does not know; raw is the text of the file.
     void RefuseFormat(const std::string& raw);
     void RefuseList();
     // What the loaders of lists do first. Returns whether there is a list to load.

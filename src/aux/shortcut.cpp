@@ -1,5 +1,4 @@
-// The shortcut that starts the program with the user's session, and the removal
-// of all settings.
+// The shortcut that starts the program with the user's session, and the removal of all settings.
 
 #include <string>
 

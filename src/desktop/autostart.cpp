@@ -48,6 +48,12 @@ QString Value(QString text) {
 
 QString ExecLine(const QStringList& command) {
     QStringList quoted;
+    // The first word must not have an equals sign, and some desktops look for it before they read
+    // the doubled percent sign as one, so a shell starts such a program.
+    if (command.front().contains(u'=') || command.front().contains(u'%')) {
+        quoted << QStringLiteral("/bin/sh") << QStringLiteral("-c")
+               << Quoted(QStringLiteral("exec \"$0\" \"$@\""));
+    }
     for (const QString& argument : command) {
         quoted.append(Quoted(argument));
     }
@@ -74,7 +80,9 @@ QString AutostartFile(const QString& name) {
 
 bool CreateAutostart(const QString& name, const QStringList& command) {
     const QString file_name = AutostartFile(name);
-    if (name.contains(u'/') || !QDir().mkpath(QFileInfo(file_name).path())) {
+    // An entry is UTF-8, and so are the names in it.
+    const bool nameable = !command.front().contains(QChar::ReplacementCharacter);
+    if (name.contains(u'/') || !nameable || !QDir().mkpath(QFileInfo(file_name).path())) {
         return false;
     }
     const QByteArray entry = AutostartEntry(name, command);

@@ -9,7 +9,7 @@
 namespace orvik {
 
 // ExecLine: a command line as the value of a desktop entry's key Exec: quoted where needed, then
-// escaped as any value is.
+// escaped as any value is. The command is not empty.
 //   {"/opt/my books/orvik"} -> "\"/opt/my books/orvik\"";  {"/a$b"} -> "\"/a\\\\$b\""
 [[nodiscard]] QString ExecLine(const QStringList& command);
 
@@ -19,7 +19,8 @@ namespace orvik {
 // The file of an entry with this name: autostart/NAME.desktop in the user's configuration folder.
 [[nodiscard]] QString AutostartFile(const QString& name);
 
-// CreateAutostart: writes the entry, in place of an earlier one. Returns whether it is there.
+// CreateAutostart: writes the entry, in place of an earlier one. Returns whether it is there; a
+// program whose path is no UTF-8 can have none.
 [[nodiscard]] bool CreateAutostart(const QString& name, const QStringList& command);
 void RemoveAutostart(const QString& name);
 

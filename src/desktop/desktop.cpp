@@ -57,9 +57,15 @@ View* Desktop::viewOf(const Form& form) const {
 }
 
 QWidget* Desktop::frontWindow() const {
-    if (QWidget* const active = QApplication::activeWindow()) {
-        return active;
+    QWidget* const active = QApplication::activeWindow();
+    for (const QWidget* window = active; window != nullptr; window = window->parentWidget()) {
+        if (std::any_of(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+                return &entry.Window->window() == window;
+            })) {
+            return active;
+        }
     }
+    // A help window is none: a box that belonged to it would block no other.
     const auto found = std::find_if(entries_.rbegin(), entries_.rend(), [](const Entry& entry) {
         return entry.Window->window().isVisible();
     });

@@ -20,6 +20,9 @@
 namespace orvik {
 namespace {
 
+// Whether an option was chosen before it was clicked.
+constexpr const char* kWasChosen = "wasChosen";
+
 std::string ClickOf(std::string_view name) {
     return std::string(name) + "_Click";
 }
@@ -95,8 +98,11 @@ void FormWindow::add(std::string_view name, const Frame* frame) {
 void FormWindow::add(std::string_view name, CheckBox* box) {
     auto* const view = new QCheckBox(ToLetters(box->Caption), this);
     view->setAccessibleName(SpokenCaption(box->Caption));
-    connect(view, &QCheckBox::clicked, this, [this, box, handler = ClickOf(name)](bool checked) {
-        events_.runChange([&] { box->Value = checked ? 1 : 0; }, handler);
+    // A screen reader toggles without a click; sync() toggles to what the form already holds.
+    connect(view, &QCheckBox::toggled, this, [this, box, handler = ClickOf(name)](bool checked) {
+        if (checked != (box->Value == 1)) {
+            events_.runChange([&] { box->Value = checked ? 1 : 0; }, handler);
+        }
     });
     add(name, *box, *view);
     syncs_.emplace_back([view, box] { view->setChecked(box->Value == 1); });
@@ -110,8 +116,22 @@ void FormWindow::add(std::string_view name, OptionButton* option) {
         group = new QButtonGroup(this);
     }
     group->addButton(view);
-    connect(view, &QRadioButton::clicked, this, [this, option, handler = ClickOf(name)] {
+    const auto choose = [this, option, handler = ClickOf(name)] {
         events_.runChange([&] { form_.Choose(*option); }, handler);
+    };
+    // A screen reader toggles without a click; a click on what is chosen toggles nothing.
+    connect(view, &QRadioButton::toggled, this, [option, choose](bool checked) {
+        if (checked && !option->Value) {
+            choose();
+        }
+    });
+    connect(view, &QRadioButton::pressed, this, [view, option] {
+        view->setProperty(kWasChosen, option->Value);
+    });
+    connect(view, &QRadioButton::clicked, this, [view, choose] {
+        if (view->property(kWasChosen).toBool()) {
+            choose();
+        }
     });
     add(name, *option, *view);
     options_.emplace_back(option, view);

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
-#include <QIcon>
 #include <QSessionManager>
 #include <QTimer>
 #include <algorithm>
@@ -16,6 +15,7 @@
 #include "desktop/desktop.h"
 #include "desktop/form1_window.h"
 #include "desktop/log_out.h"
+#include "desktop/program_icon.h"
 #include "desktop/qt_platform.h"
 #include "desktop/small_windows.h"
 #include "desktop/window_place.h"
@@ -111,7 +111,7 @@ int main(int argc, char** argv) {
     }
     const QApplication app(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("orvik"));
-    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("orvik")));
+    QGuiApplication::setWindowIcon(orvik::ProgramIcon());
     // The window goes when the program ends; a box before it is shown is no last window.
     QGuiApplication::setQuitOnLastWindowClosed(false);
     return RunWindows(ParseArguments(app));

@@ -1,13 +1,13 @@
 #include "desktop/picture_view.h"
 
 #include <QAccessible>
-#include <QIcon>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionProgressBar>
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/program_icon.h"
 #include "desktop/text_codec.h"
 
 namespace orvik {
@@ -16,9 +16,6 @@ namespace {
 constexpr int kWhole = 1000;
 constexpr int kPictureSize = 64;
 constexpr int kStripWidth = 240;
-// The letter that stands for the program's icon takes this much of the picture.
-constexpr double kLetterShare = 0.6;
-constexpr double kCorner = 8;
 
 }  // namespace
 
@@ -75,20 +72,7 @@ void PictureView::paintProgress() {
 
 void PictureView::paintPicture() {
     QPainter painter(this);
-    const QIcon icon = windowIcon();
-    if (!icon.isNull()) {
-        icon.paint(&painter, rect());
-        return;
-    }
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(palette().highlight());
-    painter.drawRoundedRect(rect(), kCorner, kCorner);
-    QFont letter = font();
-    letter.setPixelSize(static_cast<int>(height() * kLetterShare));
-    painter.setFont(letter);
-    painter.setPen(palette().highlightedText().color());
-    painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("@"));
+    ProgramIcon().paint(&painter, rect());
 }
 
 }  // namespace orvik

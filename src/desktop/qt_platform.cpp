@@ -122,21 +122,13 @@ void QtPlatform::RemoveShellLink(std::string_view folder, std::string_view name)
     }
 }
 
-// There is no viewer yet; target is the file's name, ">" and the window's.
-void QtPlatform::ShowHelp(HelpCommand /*command*/,
-                          std::string_view target,
-                          std::string_view /*data*/) {
-    QString file = QFile::decodeName(std::string(target.substr(0, target.find('>'))).c_str());
-    tell(
-        QObject::tr("The help file %1 is not there.").arg(file.replace(u'\\', u'/')).toStdString());
-}
-
 void QtPlatform::ShowForm(Form& form, Showing showing) {
     View* const view = desktop_.viewOf(form);
     desktop_.syncAll();
     QWidget& window = view->window();
     const bool modal = showing == Showing::Modal;
-    window.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+    // It blocks the program's windows, which are all of one family; the help's are not.
+    window.setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
     if (QWidget* const front = desktop_.frontWindow(); modal && front != nullptr) {
         // It stays above the window that waits for it, which need not be its owner.
         window.winId();

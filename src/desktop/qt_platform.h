@@ -7,6 +7,7 @@
 
 #include "desktop/desktop.h"
 #include "desktop/file_dialog.h"
+#include "desktop/help_viewer.h"
 #include "platform/platform.h"
 #include "store/settings_store.h"
 
@@ -30,7 +31,9 @@ class QtPlatform : public Platform {
     // other folders.
     bool CreateShellLink(const ShellLink& link) override;
     void RemoveShellLink(std::string_view folder, std::string_view name) override;
-    void ShowHelp(HelpCommand command, std::string_view target, std::string_view data) override;
+    void ShowHelp(HelpCommand command, std::string_view target, std::string_view data) override {
+        help_.show(command, target, data);
+    }
     void ShowForm(Form& form, Showing showing) override;
     void HideForm(Form& form) override;
     void CloseForm(Form& form) override;
@@ -50,6 +53,7 @@ class QtPlatform : public Platform {
     Desktop& desktop_;
     FileDialogs dialogs_;
     SettingsStore settings_;
+    HelpViewer help_;
 };
 
 }  // namespace orvik

@@ -47,8 +47,7 @@ void Form1::mnuSave_Click() {
     }
 }
 
-// LDIF and text are written as they stand, the other formats with a line break
-// behind them.
+// LDIF and text are written as they stand, the other formats with a line break behind them.
 bool Form1::WriteInFormatOf(const std::string& name, bool ldif_outdated) {
     if (HasEnding(name, "ldif")) {
         if (!LdifCurrent || ldif_outdated) {

@@ -67,11 +67,11 @@ void Form4::Command3_Click() {
 
 void Form4::Command4_Click() {
     ShowButtons(false);
-    bool begins_record = false;
-    Guard([&] { ConvertFile(begins_record); },
+    bool reading_is_over = false;
+    Guard([&] { ConvertFile(reading_is_over); },
           [&](const RunTimeError&) {
               module_.Tell("Bad Filename. Please select a new file");
-              if (begins_record) {
+              if (reading_is_over) {
                   Command2_Click();
               } else {
                   Command1_Click();
@@ -80,21 +80,22 @@ void Form4::Command4_Click() {
     ShowButtons(true);
 }
 
-void Form4::ConvertFile(bool& begins_record) {
+void Form4::ConvertFile(bool& reading_is_over) {
     module_.File1.OpenForInput(Text1.Text());
     const std::string ldif = module_.File1.Read(module_.File1.Length());
     module_.File1.Close();
     int shown = -1;
-    std::string output = ExportPim(ldif, module_.PimSep, begins_record, [&](std::size_t position) {
-        const double done = static_cast<double>(position) / static_cast<double>(ldif.size());
-        Picture2.Width = done * kFullWidth;
-        if (static_cast<int>(done * 100) != shown) {
-            shown = static_cast<int>(done * 100);
-            module_.platform.Repaint();
-        }
-    });
+    std::string output =
+        ExportPim(ldif, module_.PimSep, reading_is_over, [&](std::size_t position) {
+            const double done = static_cast<double>(position) / static_cast<double>(ldif.size());
+            Picture2.Width = done * kFullWidth;
+            if (static_cast<int>(done * 100) != shown) {
+                shown = static_cast<int>(done * 100);
+                module_.platform.Repaint();
+            }
+        });
     // Reading is over: a failure from here on is one of the output file.
-    begins_record = true;
+    reading_is_over = true;
     module_.File1.Replace(Text2.Text(), output.append(kCrLf));
 }
 

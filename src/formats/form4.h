@@ -1,5 +1,4 @@
-// The handheld export: from an LDIF file to a text file, without touching the
-// working text.
+// The handheld export: from an LDIF file to a text file, without touching the working text.
 
 #pragma once
 
@@ -27,6 +26,9 @@ class Form4 : public Form {
     void Command3_Click();
     void Command4_Click();
     void Command5_Click();
+    // Exports the file named in Text1 to the one named in Text2. reading_is_over tells of which of
+    // the two a failure is. Errors: those of the files.
+    void ConvertFile(bool& reading_is_over);
 
     Label Label1{"&Netscape 4.x address book (LDIF):"};
     TextBox Text1;
@@ -43,7 +45,6 @@ class Form4 : public Form {
 
  private:
     void ShowButtons(bool visible);
-    void ConvertFile(bool& begins_record);
     void Pick(std::string_view filter, TextBox& box);
 };
 

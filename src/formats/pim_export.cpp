@@ -33,8 +33,7 @@ bool SkipLine(std::string_view text, std::size_t& i) {
 
 enum class Found { Value, DroppedLine, End };
 
-// Goes from a line break at i to the ":" of the next line that is kept, and
-// past it.
+// Goes from a line break at i to the ":" of the next line that is kept, and past it.
 Found FindValue(std::string_view text, std::size_t& i) {
     for (; text[i - 1] != ':'; ++i) {
         if (IsDropped(text, i)) {

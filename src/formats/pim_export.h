@@ -1,5 +1,4 @@
-// Exports a Netscape 4.x LDIF book for a handheld organiser. Format:
-// docs/formats/pim.md.
+// Exports a Netscape 4.x LDIF book for a handheld organiser. Format: docs/formats/pim.md.
 
 #pragma once
 
@@ -9,10 +8,8 @@
 
 namespace orvik {
 
-// ExportPim: a line per record, its values joined by the separator. Lines that
-// only Netscape uses
-// ("dn: ", "cn: ", "objectclass: ", "xmozillause", "xnav") are dropped,
-// wherever such a key stands.
+// ExportPim: a line per record, its values joined by the separator. Lines that only Netscape uses
+// ("dn: ", "cn: ", "objectclass: ", "xmozillause", "xnav") are dropped, wherever such a key stands.
 //   "dn: x\r\ngivenname: Al\r\nmail: A1\r\n\r\n", ","  ->  "Al,A1\r\n"
 // progress is given each position that the conversion comes to, counted from 1,
 // in bytes. begins_record is left at whether the last character ended a record.

@@ -97,8 +97,7 @@ class Platform {
     // Deletes every setting of the program.
     virtual void DeleteSettings() = 0;
 
-    // Creates a shortcut, in place of one with the same name; returns whether it
-    // is there.
+    // Creates a shortcut, in place of one with the same name; returns whether it is there.
     virtual bool CreateShellLink(const ShellLink& link) = 0;
     // Removes a shortcut, if there is one.
     virtual void RemoveShellLink(std::string_view folder, std::string_view name) = 0;

@@ -58,8 +58,7 @@ void Module1::RunStoredAutomation() {
         if (!failed) {
             return;
         }
-        // The preferences let the user switch it off; a second failure in a row
-        // skips it.
+        // The preferences let the user switch it off; a second failure in a row skips it.
         if (++failures == 1) {
             AskForSettings();
         }

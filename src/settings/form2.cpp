@@ -12,12 +12,10 @@ namespace {
 constexpr std::string_view kDisabled = "Disabled";
 
 constexpr std::string_view kSourceFilter =
-    "Netscape 4.x|*.ldif|Netscape 3.0|*.htm|Internet Explorer "
-    "4.x|*.csv|Juno|*.nv|"
+    "Netscape 4.x|*.ldif|Netscape 3.0|*.htm|Internet Explorer 4.x|*.csv|Juno|*.nv|"
     "Text files|*.txt|All files|*.*";
 constexpr std::string_view kDestinationFilter =
-    "Netscape 4.x|*.ldif|Netscape 3.x|*.htm|Internet Explorer "
-    "4.x|*.csv|Juno|*.nv|"
+    "Netscape 4.x|*.ldif|Netscape 3.x|*.htm|Internet Explorer 4.x|*.csv|Juno|*.nv|"
     "Text|*.txt|All Files|*.*";
 
 }  // namespace
@@ -100,8 +98,7 @@ void Form2::Form_Load() {
     }
 }
 
-// A value that is missing or no number counts as 0: the window must open
-// whatever is stored.
+// A value that is missing or no number counts as 0: the window must open whatever is stored.
 void Form2::LoadAutomation() {
     const double first = module_.NumberOrZero(key::kSteps, "1");
     if (first == step::kOpenCode) {

@@ -21,8 +21,7 @@ class Form2 : public Form {
     void Form_Load() override;
     void Form_KeyUp(int key_code) override;
 
-    // The buttons: OK, Cancel, the PIM separator, help, and the two browse
-    // buttons.
+    // The buttons: OK, Cancel, the PIM separator, help, and the two browse buttons.
     void Command1_Click();
     void Command2_Click();
     void Command3_Click();
@@ -43,10 +42,8 @@ class Form2 : public Form {
     // File Formats. The options of one group exclude each other.
     OptionButton Option1{"Always use autodetect - assume an unknown file is a text file", 1};
     OptionButton Option2{"Ask the format of unknown files, otherwise use autodetect", 1};
-    OptionButton Option3{
-        "Ask the format of unknown files and text files, "
-        "otherwise use autodetect",
-        1};
+    OptionButton Option3{"Ask the format of unknown files and text files, otherwise use autodetect",
+                         1};
     OptionButton Option4{"Always ask the format", 1};
     Frame Frame1{"Text files"};
     OptionButton Option5{"Entries separated by newlines", 2};

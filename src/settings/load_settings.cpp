@@ -10,8 +10,7 @@
 namespace orvik {
 namespace {
 
-// A setting that fails this often in a row ends the program, so that nobody is
-// caught in it.
+// A setting that fails this often in a row ends the program, so that nobody is caught in it.
 constexpr int kMostFailures = 3;
 
 }  // namespace
@@ -82,8 +81,7 @@ void Module1::AskForSettings() {
     StartingUp = true;
 }
 
-// Outside the start only the very first loading asks, and only for the
-// handheld's separator.
+// Outside the start only the very first loading asks, and only for the handheld's separator.
 void Module1::AskForSeparator() {
     if (FirstPimRun) {
         Tell("This is your first time using Orvik. We need to set a few options.");

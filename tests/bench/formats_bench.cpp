@@ -9,6 +9,7 @@
 #include "formats/juno_writer.h"
 #include "formats/netscape3_reader.h"
 #include "formats/netscape3_writer.h"
+#include "formats/pim_export.h"
 #include "measure.h"
 
 namespace orvik::bench {
@@ -72,12 +73,21 @@ void AliasRead(benchmark::State& state) {
     Measure(state, book.aliases, [&] { return FilterAliases(book.aliases); });
 }
 
+void PimExport(benchmark::State& state) {
+    const Book& book = BookFor(state);
+    Measure(state, book.ldif, [&] {
+        bool begins_record = false;
+        return ExportPim(book.ldif, ",", begins_record, [](std::size_t /*position*/) {});
+    });
+}
+
 BENCHMARK(MemcpyHtml)->Apply(Sizes);
 BENCHMARK(Netscape3Write)->Apply(Sizes);
 BENCHMARK(Netscape3Read)->Apply(Sizes);
 BENCHMARK(Netscape3Merge)->Apply(Sizes);
 BENCHMARK(JunoWrite)->Apply(Sizes);
 BENCHMARK(JunoRead)->Apply(Sizes);
+BENCHMARK(PimExport)->Apply(Sizes);
 BENCHMARK(CsvRead)->Apply(Sizes);
 BENCHMARK(WordPerfectRead)->Apply(Sizes);
 BENCHMARK(PegasusRead)->Apply(Sizes);

@@ -2,7 +2,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -17,7 +19,10 @@ TEST(ExecLineTest, QuotesWhatADesktopEntryReserves) {
         {{QStringLiteral("/usr/bin/orvik")}, "/usr/bin/orvik"},
         {{QStringLiteral("/opt/my books/orvik")}, R"("/opt/my books/orvik")"},
         {{QStringLiteral("/a\tb\nc")}, R"("/a\tb\nc")"},
-        {{QStringLiteral("/100%/orvik")}, "/100%%/orvik"},
+        {{QStringLiteral("/100%/orvik")},
+         R"(/bin/sh -c "exec \\"\\$0\\" \\"\\$@\\"" /100%%/orvik)"},
+        {{QStringLiteral("/a=b")}, R"(/bin/sh -c "exec \\"\\$0\\" \\"\\$@\\"" /a=b)"},
+        {{QStringLiteral("/a"), QStringLiteral("b=c%")}, "/a b=c%%"},
         {{QStringLiteral("/a\"b")}, R"("/a\\"b")"},
         {{QStringLiteral("/a`b")}, R"("/a\\`b")"},
         {{QStringLiteral("/a$b")}, R"("/a\\$b")"},
@@ -53,6 +58,42 @@ TEST_F(AutostartTest, CreatesTheEntryWithItsFolder) {
               "Exec=\"/opt/a b/orvik\"\n"
               "Terminal=false\n"
               "X-GNOME-Autostart-enabled=true\n");
+}
+
+// A program under each name is started by way of its entry, as a session does it.
+TEST_F(AutostartTest, AProgramOfAnyNameIsStarted) {
+    for (const QString& odd : {QStringLiteral("plain"),
+                               QStringLiteral("a b"),
+                               QStringLiteral("100%f"),
+                               QStringLiteral("a=b"),
+                               QStringLiteral("=%%= $@"),
+                               QStringLiteral("a\"b'c`d"),
+                               QStringLiteral("$HOME"),
+                               QStringLiteral("a\\b\\\\c"),
+                               QStringLiteral("a;b&c|d<e>f~g#h(i)*?"),
+                               QStringLiteral("tab\there"),
+                               QStringLiteral("J\u00FCrgen")}) {
+        const QString program = folder.filePath(odd);
+        const QString mark = folder.filePath(QStringLiteral("started"));
+        QFile script(program);
+        ASSERT_TRUE(script.open(QFile::WriteOnly));
+        script.write("#!/bin/sh\n: >'" + mark.toUtf8() + "'\n");
+        script.close();
+        ASSERT_TRUE(script.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+        ASSERT_TRUE(CreateAutostart(name, {program}));
+        EXPECT_EQ(QProcess::execute(QStringLiteral("desktop-file-validate"), {file}), 0)
+            << odd.toStdString();
+        EXPECT_EQ(QProcess::execute(QStringLiteral("gio"), {QStringLiteral("launch"), file}), 0)
+            << odd.toStdString();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(mark); }, 10000))
+            << odd.toStdString();
+        QFile::remove(mark);
+    }
+}
+
+TEST_F(AutostartTest, AProgramThatIsNoUtf8IsRefused) {
+    EXPECT_FALSE(CreateAutostart(name, {QString::fromUtf8("/opt/\xFC/orvik")}));
+    EXPECT_FALSE(QFile::exists(file));
 }
 
 TEST_F(AutostartTest, RemovesTheEntryIfItIsThere) {

@@ -65,3 +65,28 @@ book() {
         printf 'mail: %s@example.org\r\nxnavusehtmlmail: TRUE\r\n\r\n' "$entry"
     done >"$file"
 }
+
+# Without a window manager the focus may go elsewhere, so a key is sent until it has worked.
+
+# shows TITLE WINDOW KEY...: sends keys to a window, and says whether a title is on the display.
+shows() {
+    xdotool windowfocus "$2"
+    xdotool key "${@:3}"
+    sleep 0.2
+    xdotool search --onlyvisible --name "$1"
+}
+shows_not() { ! shows "$@"; }
+
+# ended PROCESS BOX KEY: sends a key to a box, and says whether the process is gone.
+ended() {
+    xdotool windowfocus "$2" || true
+    xdotool key "$3" || true
+    ! kill -0 "$1"
+}
+
+# quit WINDOW PROCESS: leaves the program as a user does who saves nothing.
+quit() {
+    eventually shows '^Save\?$' "$1" ctrl+q
+    eventually ended "$2" "$(tail -n 1 "$work/found")" alt+n
+    wait "$2" || fail "exit status $?"
+}

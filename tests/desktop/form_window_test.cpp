@@ -209,10 +209,15 @@ TEST_F(FormWindowTest, ADoubleClickOnTheAboutTextIsAnEvent) {
     form.ShowAbout();
     window->sync();
     window->show();
+    auto& picture = window->widget<PictureView>(form.Picture2);
+    const QPoint spine(picture.width() / 8, picture.height() / 2);
+    const auto colour = [&] { return picture.grab().toImage().pixelColor(spine); };
+    EXPECT_EQ(colour(), QColor(15, 68, 86));
     EXPECT_TRUE(window->widget<TextBoxView>(form.Text1).isReadOnly());
     QTest::mouseDClick(window->widget<TextBoxView>(form.Text1).viewport(), Qt::LeftButton);
     EXPECT_TRUE(form.Text1.Text().starts_with("Yes, you have uncovered a secret"));
     EXPECT_TRUE(form.Picture2.Picture.empty());
+    EXPECT_EQ(colour(), picture.palette().color(QPalette::Window));
 }
 
 TEST_F(FormWindowTest, AClickOnTheAutomationIsTakenAtAYield) {

@@ -24,8 +24,10 @@ int main(int argc, char** argv) {
     orvik::test::WatchQtMessages(
         [](const QString& text) { ADD_FAILURE() << "Qt says: " << text.toStdString(); });
     // Nothing of the user's is read or written.
-    const QTemporaryDir config;
-    qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
+    const QTemporaryDir own;
+    for (const char* const folder : {"XDG_CONFIG_HOME", "XDG_CACHE_HOME"}) {
+        qputenv(folder, own.path().toLocal8Bit());
+    }
     const QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     testing::UnitTest::GetInstance()->listeners().Append(new LoopsGoOn);

@@ -110,10 +110,10 @@ TEST_F(QtPlatformTest, AFailureIsToldWithItsNumber) {
     EXPECT_EQ(buttons, QMessageBox::Ok);
 }
 
-TEST_F(QtPlatformTest, AMissingHelpFileIsToldWithThePlatformsSeparators) {
-    CloseNextBox();
+// The help's window says so; the program has no box for it.
+TEST_F(QtPlatformTest, AMissingHelpFileBringsNoBox) {
     platform.ShowHelp(HelpCommand::Topic, "/opt/orvik\\help.chm>secWin", "screenshot.html");
-    EXPECT_TRUE(said.contains(QStringLiteral("/opt/orvik/help.chm "))) << said.toStdString();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(QtPlatformTest, TheClipboardHasTheWorkingTextsLineEnds) {

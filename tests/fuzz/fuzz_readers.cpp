@@ -14,6 +14,7 @@
 #include "formats/juno_writer.h"
 #include "formats/netscape3_reader.h"
 #include "formats/netscape3_writer.h"
+#include "formats/pim_export.h"
 #include "fuzz_target.h"
 
 namespace orvik::fuzz {
@@ -108,6 +109,17 @@ void CheckJunoWriter(std::string_view text) {
     }
 }
 
+void CheckPimExport(std::string_view text) {
+    std::size_t reached = 0;
+    bool begins_record = false;
+    const std::string lines = ExportPim(text, "|", begins_record, [&](std::size_t position) {
+        Check(position > reached && position <= text.size(), "the walk goes on");
+        reached = position;
+    });
+    // Each separator stands for a line break and what is before its colon.
+    Check(lines.size() <= text.size(), "an export is no longer than its book");
+}
+
 constexpr std::array kTargets = {
     &CheckNetscape3Reader,
     &CheckJunoReader,
@@ -117,6 +129,7 @@ constexpr std::array kTargets = {
     &CheckAliasFilter,
     &CheckNetscape3Writer,
     &CheckJunoWriter,
+    &CheckPimExport,
 };
 
 }  // namespace

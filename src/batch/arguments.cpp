@@ -1,0 +1,150 @@
+#include "batch/arguments.h"
+
+#include <algorithm>
+#include <map>
+
+#include <CLI/CLI.hpp>
+
+namespace orvik::batch {
+namespace {
+
+constexpr const char* kExamples =
+    "Steps run in the order given; the first one that fails ends the run.\n"
+    "\n"
+    "Examples:\n"
+    "  orvik-batch --open book.nv --sort address --save book.ldif\n"
+    "  orvik-batch --extract Inbox --answer yes --save found.txt\n"
+    "  orvik-batch --open home.ldif --merge work.csv --save all.ldif --save all.txt\n"
+    "  orvik-batch --pim book.ldif organiser.csv\n"
+    "\n"
+    "Exit status: 0 done, 1 a message reported a problem, 2 usage, 66 no input,\n"
+    "73 cannot create, 74 input/output error.";
+
+// What is wrong with the name of a file, empty if nothing is.
+std::string CheckName(const std::string& name) {
+    return name.empty() ? "a file's name is empty" : "";
+}
+
+// The options that are steps, and the steps behind them in the order given.
+class StepOptions {
+ public:
+    void Add(CLI::Option* option, Command what) { commands_[option] = what; }
+
+    [[nodiscard]] std::vector<Step> Steps(const CLI::App& app) const {
+        std::vector<Step> steps;
+        std::map<const CLI::Option*, std::size_t> taken;
+        for (const CLI::Option* const option : app.parse_order()) {
+            const auto known = commands_.find(option);
+            const std::vector<std::string>& values = option->results();
+            // An option stands there once for each of its values.
+            if (known == commands_.end() || taken[option] >= values.size()) {
+                continue;
+            }
+            const auto next = [&] { return values.at(taken[option]++); };
+            Step step{known->second, {}, {}};
+            switch (step.What) {
+                case Command::Automation:
+                    next();
+                    break;
+                case Command::SortByAddress:
+                case Command::SortByNickname:
+                    step.What =
+                        next() == "address" ? Command::SortByAddress : Command::SortByNickname;
+                    break;
+                case Command::Pim:
+                    step.File = next();
+                    step.Output = next();
+                    break;
+                default:
+                    step.File = next();
+            }
+            steps.push_back(std::move(step));
+        }
+        return steps;
+    }
+
+ private:
+    std::map<const CLI::Option*, Command> commands_;
+};
+
+}  // namespace
+
+bool Arguments::UsesSettings() const {
+    return std::any_of(Steps.begin(), Steps.end(), [](const Step& step) {
+        return step.What == Command::Automation;
+    });
+}
+
+std::variant<Arguments, Status> ParseArguments(int argc,
+                                               const char* const* argv,
+                                               std::ostream& out,
+                                               std::ostream& err) {
+    CLI::App app("Opens, sorts, merges and converts e-mail address books without a window.",
+                 "orvik-batch");
+    app.set_version_flag("--version", "orvik-batch " ORVIK_VERSION, "Print the version and exit");
+    app.set_help_flag("-h,--help", "Print this help and exit");
+    app.footer(kExamples);
+
+    StepOptions steps;
+    std::vector<std::string> ignored;
+    const auto file = [&](const char* name, Command what, const char* description) {
+        CLI::Option* const option = app.add_option(name, ignored, description)
+                                        ->type_name("FILE")
+                                        ->allow_extra_args(false)
+                                        ->check(&CheckName);
+        steps.Add(option, what);
+        return option;
+    };
+    CLI::Option* const open =
+        file("--open", Command::Open, "Open an address book; its ending tells the format");
+    CLI::Option* const extract =
+        file("--extract", Command::Extract, "Take the addresses out of any file");
+    open->expected(1)->excludes(extract->expected(1));
+    file("--merge", Command::Merge, "Join another address book to the entries");
+    steps.Add(app.add_option("--sort", ignored, "Sort the entries, up to 500 of them")
+                  ->type_name("KEY")
+                  ->expected(1)
+                  ->check(CLI::IsMember({"address", "nickname"})),
+              Command::SortByAddress);
+    file("--save",
+         Command::Save,
+         "Save the entries in the format of the file's ending (.ldif, .htm, .nv, .pml, .txt); a "
+         "file that is there is replaced, or added to for .htm, .nv and .pml");
+    steps.Add(app.add_option("--pim", ignored, "Export an LDIF file for a handheld organiser")
+                  ->type_name("IN OUT")
+                  ->expected(2)
+                  ->check(&CheckName),
+              Command::Pim);
+    Arguments arguments;
+    bool automation = false;
+    steps.Add(
+        app.add_flag("--automation", automation, "Run the automation that the preferences store"),
+        Command::Automation);
+    std::string separator;
+    std::string reply = "no";
+    app.add_option("--separator", separator, "What separates the entries of text lists")
+        ->type_name("SIGN")
+        ->check(CLI::IsMember({"newline", "comma"}));
+    app.add_option("--answer", reply, "What every question is answered")
+        ->capture_default_str()
+        ->type_name("WORD")
+        ->check(CLI::IsMember({"yes", "no"}));
+    app.add_flag("-q,--quiet", arguments.Quiet, "Tell problems only");
+
+    try {
+        app.parse(argc, argv);
+        arguments.Steps = steps.Steps(app);
+        if (arguments.Steps.empty()) {
+            throw CLI::RequiredError("A step");
+        }
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error, out, err) == 0 ? Status::Done : Status::Usage;
+    }
+    if (!separator.empty()) {
+        arguments.EntriesBy = separator == "comma" ? Separator::Comma : Separator::Newline;
+    }
+    arguments.Reply = reply == "yes" ? Answer::Yes : Answer::No;
+    return arguments;
+}
+
+}  // namespace orvik::batch

@@ -1,0 +1,58 @@
+// The arguments of orvik-batch.
+
+#pragma once
+
+#include <optional>
+#include <ostream>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "platform/platform.h"
+
+namespace orvik::batch {
+
+// The exit status; the last three are those of sysexits.
+enum class Status {
+    Done = 0,
+    // A message reported a problem.
+    Problem = 1,
+    Usage = 2,
+    NoInput = 66,
+    CannotCreate = 73,
+    InputOutput = 74,
+};
+
+enum class Command { Open, Extract, Merge, SortByAddress, SortByNickname, Save, Pim, Automation };
+
+struct Step {
+    Command What = Command::Open;
+    // The file that is read or written; for Pim the one that is read.
+    std::string File;
+    // The file that Pim writes.
+    std::string Output;
+};
+
+enum class Separator { Newline, Comma };
+
+struct Arguments {
+    // In the order given, at least one.
+    std::vector<Step> Steps;
+    // None: what the settings say, or newlines without them.
+    std::optional<Separator> EntriesBy;
+    // What every question is answered.
+    Answer Reply = Answer::No;
+    bool Quiet = false;
+
+    // Whether the user's settings are read.
+    [[nodiscard]] bool UsesSettings() const;
+};
+
+// ParseArguments: the arguments, or the exit status where there is nothing to run: after help and
+// version, which go to out, and after a mistake, which goes to err.
+[[nodiscard]] std::variant<Arguments, Status> ParseArguments(int argc,
+                                                             const char* const* argv,
+                                                             std::ostream& out,
+                                                             std::ostream& err);
+
+}  // namespace orvik::batch

@@ -1,0 +1,169 @@
+#include "batch/batch_platform.h"
+
+#include <filesystem>
+
+#include "app/form.h"
+#include "app/messages.h"
+#include "app/run_time_error.h"
+#include "app/text.h"
+#include "settings/keys.h"
+
+namespace orvik::batch {
+namespace {
+
+Status StatusOf(int failure, bool writing) {
+    switch (static_cast<Failure>(failure)) {
+        case Failure::DiskFull:
+        case Failure::InputPastEnd:
+            return Status::InputOutput;
+        case Failure::BadFileNumber:
+        case Failure::FileNotFound:
+        case Failure::PermissionDenied:
+        case Failure::PathFileAccess:
+        case Failure::PathNotFound:
+            return writing ? Status::CannotCreate : Status::NoInput;
+        default:
+            return Status::Problem;
+    }
+}
+
+// Open titles the box of a failure with its number.
+Status StatusOf(const MessageBox& box) {
+    const bool numbered =
+        !box.Title.empty() && box.Title.find_first_not_of("0123456789") == std::string::npos;
+    return numbered ? StatusOf(std::stoi(box.Title), false) : Status::Problem;
+}
+
+// The settings of a run that reads none of the user's.
+std::optional<std::string> DefaultSetting(std::string_view key) {
+    static const std::map<std::string, std::string, std::less<>> kDefaults = {
+        {"textsep", std::to_string(key::kByNewlines)},
+        {"open", "1"},
+        {"extract", "False"},
+        {"sep", ","},
+    };
+    const auto found = kDefaults.find(key);
+    return found == kDefaults.end() ? std::nullopt : std::optional(found->second);
+}
+
+}  // namespace
+
+BatchPlatform::BatchPlatform(const Arguments& arguments, Messenger& messenger, SettingsStore& store)
+    : arguments_(arguments), messenger_(messenger), store_(store) {
+    // The automation is a step of its own, so the start-up must not run it.
+    SaveSetting(key::kSettings, "Auto", "False");
+    if (arguments_.EntriesBy) {
+        SaveSetting(key::kSettings,
+                    "textSep",
+                    std::to_string(*arguments_.EntriesBy == Separator::Comma ? key::kByCommas
+                                                                             : key::kByNewlines));
+    }
+}
+
+void BatchPlatform::BeginStep(std::optional<DialogKind> dialog,
+                              std::string_view file,
+                              std::function<std::string()> how_far) {
+    dialog_ = dialog;
+    file_ = file;
+    how_far_ = std::move(how_far);
+    told_too_much_ = false;
+    messenger_.BeginStep(file);
+}
+
+void BatchPlatform::Fail(std::string_view text, Status status) {
+    messenger_.Tell(text);
+    if (result_ == Status::Done) {
+        result_ = status;
+    }
+}
+
+void BatchPlatform::Fail(const RunTimeError& failure, bool writing) {
+    Fail(failure.what(), StatusOf(failure.Number(), writing));
+}
+
+void BatchPlatform::Note(std::string_view text) {
+    if (!arguments_.Quiet) {
+        messenger_.Tell(text);
+    }
+}
+
+Answer BatchPlatform::ShowBox(const MessageBox& box) {
+    if (box.Choice == Buttons::OK) {
+        if (box.Text != TooMuchText()) {
+            Fail(box.Text, StatusOf(box));
+        } else if (!told_too_much_) {
+            // The windows leave such a text out of the text box; nothing is lost by it.
+            told_too_much_ = true;
+            Note(box.Text);
+        }
+        return Answer::OK;
+    }
+    const std::string answered =
+        box.Text + (arguments_.Reply == Answer::Yes ? " - answered yes" : " - answered no");
+    if (box.Text == UnknownFormat()) {
+        Fail(answered);
+    } else {
+        Note(answered);
+    }
+    return arguments_.Reply;
+}
+
+std::string BatchPlatform::ShowFileDialog(FileDialog& dialog) {
+    if (dialog_ == dialog.Kind) {
+        return file_;
+    }
+    Note("No file is named for \"" + dialog.Title + "\"");
+    return {};
+}
+
+std::optional<std::string> BatchPlatform::GetSetting(std::string_view section,
+                                                     std::string_view key) {
+    if (const auto stored = stored_.find({ToLower(section), ToLower(key)}); stored != stored_.end()) {
+        return stored->second;
+    }
+    if (arguments_.UsesSettings()) {
+        return store_.Get(section, key);
+    }
+    return section == key::kSettings ? DefaultSetting(ToLower(key)) : std::nullopt;
+}
+
+void BatchPlatform::SaveSetting(std::string_view section,
+                                std::string_view key,
+                                std::string_view value) {
+    stored_[{ToLower(section), ToLower(key)}] = value;
+}
+
+void BatchPlatform::ShowHelp(HelpCommand /*command*/,
+                             std::string_view /*target*/,
+                             std::string_view data) {
+    Note("Help is in the manual page orvik-batch(1): " + std::string(data));
+}
+
+void BatchPlatform::ShowForm(Form& form, Showing /*showing*/) {
+    if (form.Name() == "Form1" || form.Name() == "Form6") {
+        return;
+    }
+    if (form.Name() == "Form3") {
+        Fail("The format would have to be chosen by hand");
+    } else {
+        Fail("The settings are not complete. Start orvik and choose the preferences");
+    }
+    End();
+}
+
+void BatchPlatform::Repaint() {
+    if (!arguments_.Quiet && how_far_) {
+        messenger_.Progress(how_far_());
+    }
+}
+
+void BatchPlatform::ReportFailure(const RunTimeError& failure) {
+    Fail(failure, dialog_ == DialogKind::Save);
+}
+
+std::string BatchPlatform::ProgramFolder() {
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+}
+
+}  // namespace orvik::batch

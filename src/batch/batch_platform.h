@@ -1,0 +1,78 @@
+// The platform of the command line: messages become lines, questions have one answer for all, a
+// file dialog answers with the file of the step, and a window that only a person can answer ends
+// the run.
+
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "batch/arguments.h"
+#include "batch/messenger.h"
+#include "platform/platform.h"
+#include "store/settings_store.h"
+
+namespace orvik::batch {
+
+class BatchPlatform : public Platform {
+ public:
+    // All three must outlive the platform.
+    BatchPlatform(const Arguments& arguments, Messenger& messenger, SettingsStore& store);
+
+    // A step begins: the file dialog of this kind answers with the file, and progress is what
+    // how_far says.
+    void BeginStep(std::optional<DialogKind> dialog,
+                   std::string_view file,
+                   std::function<std::string()> how_far);
+
+    // A problem that the user must know of; the first one gives the exit status.
+    void Fail(std::string_view text, Status status = Status::Problem);
+    // A run-time failure of a step that was reading or writing a file.
+    void Fail(const RunTimeError& failure, bool writing);
+    [[nodiscard]] Status Result() const { return result_; }
+
+    Answer ShowBox(const MessageBox& box) override;
+    std::string ShowFileDialog(FileDialog& dialog) override;
+    std::string ClipboardText() override { return clipboard_; }
+    void SetClipboardText(std::string_view text) override { clipboard_ = text; }
+    // Without the automation: what a first start proposes, with formats always detected.
+    std::optional<std::string> GetSetting(std::string_view section, std::string_view key) override;
+    // The user's settings are only read: what a step stores holds for the run.
+    void SaveSetting(std::string_view section,
+                     std::string_view key,
+                     std::string_view value) override;
+    void DeleteSettings() override { stored_.clear(); }
+    bool CreateShellLink(const ShellLink& /*link*/) override { return false; }
+    void RemoveShellLink(std::string_view /*folder*/, std::string_view /*name*/) override {}
+    void ShowHelp(HelpCommand command, std::string_view target, std::string_view data) override;
+    void ShowForm(Form& form, Showing showing) override;
+    void HideForm(Form& /*form*/) override {}
+    void CloseForm(Form& /*form*/) override {}
+    void Repaint() override;
+    void Yield() override { Repaint(); }
+    void ReportFailure(const RunTimeError& failure) override;
+    std::string ProgramFolder() override;
+    std::string ProgramName() override { return "orvik-batch"; }
+    [[noreturn]] void End() override { throw ProgramEnded(); }
+
+ private:
+    // A line that -q leaves out.
+    void Note(std::string_view text);
+
+    const Arguments& arguments_;
+    Messenger& messenger_;
+    SettingsStore& store_;
+    std::function<std::string()> how_far_;
+    std::optional<DialogKind> dialog_;
+    std::string file_;
+    bool told_too_much_ = false;
+    Status result_ = Status::Done;
+    std::string clipboard_;
+    std::map<std::pair<std::string, std::string>, std::string> stored_;
+};
+
+}  // namespace orvik::batch

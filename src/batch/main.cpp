@@ -1,0 +1,31 @@
+// orvik-batch: the commands of Orvik for scripts.
+
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <iostream>
+#include <variant>
+
+#include "batch/arguments.h"
+#include "batch/messenger.h"
+#include "batch/run_steps.h"
+#include "store/settings_store.h"
+
+namespace {
+
+// A step that is done before a reader looks needs no progress.
+constexpr std::chrono::milliseconds kQuickStep{500};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    using namespace orvik::batch;
+    const auto parsed = ParseArguments(argc, argv, std::cout, std::cerr);
+    if (const auto* const status = std::get_if<Status>(&parsed)) {
+        return static_cast<int>(*status);
+    }
+    Messenger messenger(stderr, isatty(STDERR_FILENO) == 1, kQuickStep);
+    return static_cast<int>(
+        RunSteps(std::get<Arguments>(parsed), messenger, orvik::SettingsStore::UserFile()));
+}

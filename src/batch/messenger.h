@@ -1,0 +1,43 @@
+// What orvik-batch tells its user: lines on standard error, and a line that shows how far a long
+// step has come.
+
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+namespace orvik::batch {
+
+class Messenger {
+ public:
+    // Writes to a stream that must outlive the messenger. Progress is for a terminal only, and of
+    // steps that take longer than quick_step.
+    Messenger(std::FILE* stream, bool shows_progress, std::chrono::milliseconds quick_step)
+        : stream_(stream), shows_progress_(shows_progress), quick_step_(quick_step) {}
+
+    // Starts the clock of a step and names the file that its messages are about, if any.
+    void BeginStep(std::string_view file);
+    void EndStep() { ClearProgress(); }
+
+    // A line of its own; line breaks in the text become blanks, other control characters "?".
+    void Tell(std::string_view text);
+    // Shows how far the step is, on a line that the next one covers.
+    void Progress(std::string_view text);
+
+ private:
+    using Clock = std::chrono::steady_clock;
+
+    void ClearProgress();
+
+    std::FILE* stream_;
+    bool shows_progress_;
+    std::chrono::milliseconds quick_step_;
+    std::string file_;
+    Clock::time_point next_progress_;
+    std::size_t shown_length_ = 0;
+};
+
+}  // namespace orvik::batch

@@ -1,0 +1,145 @@
+#include "batch/run_steps.h"
+
+#include <string>
+
+#include "app/module1.h"
+#include "app/run_time_error.h"
+#include "batch/batch_platform.h"
+#include "settings/keys.h"
+#include "settings/numbers.h"
+
+namespace orvik::batch {
+namespace {
+
+class Runner {
+ public:
+    Runner(const Arguments& arguments, Messenger& messenger, SettingsStore& store)
+        : platform_(arguments, messenger, store) {}
+
+    // What the window program does when it starts.
+    void Start() {
+        platform_.BeginStep({}, {}, nullptr);
+        Run([&] { module_.form1.Load(); }, [] { return false; });
+    }
+
+    void RunStep(const Step& step) {
+        switch (step.What) {
+            case Command::Open:
+                Read(step, [&] { module_.form1.mnuOpen_Click(); });
+                break;
+            case Command::Extract:
+                Read(step, [&] { module_.form1.mnuExtract_Click(); });
+                break;
+            case Command::Merge:
+                Read(step, [&] { module_.form1.mnuMerge_Click(); });
+                break;
+            case Command::SortByAddress:
+                Sort([&] { module_.form1.cmdEmail_Click(); });
+                break;
+            case Command::SortByNickname:
+                Sort([&] { module_.form1.cmdNick_Click(); });
+                break;
+            case Command::Save:
+                platform_.BeginStep(DialogKind::Save, step.File, [&] { return Panel(); });
+                Run([&] { module_.form1.mnuSave_Click(); }, [] { return true; });
+                break;
+            case Command::Pim:
+                ExportPim(step);
+                break;
+            case Command::Automation:
+                RunAutomation();
+                break;
+        }
+    }
+
+    [[nodiscard]] Status Result() const { return platform_.Result(); }
+
+ private:
+    template <class Act, class Writing>
+    void Run(const Act& act, const Writing& writing) {
+        try {
+            Guard(act, [&](const RunTimeError& failure) { platform_.Fail(failure, writing()); });
+        } catch (const ProgramEnded&) {
+            // Of the window program: what ended it was told, and an automation may end it when it
+            // is done.
+        }
+    }
+
+    template <class Act>
+    void Read(const Step& step, const Act& act) {
+        platform_.BeginStep(DialogKind::Open, step.File, [&] { return Panel(); });
+        Run(act, [] { return false; });
+        if (module_.WorkText.empty() && Result() == Status::Done) {
+            platform_.Fail("There are no entries now");
+        }
+    }
+
+    template <class Act>
+    void Sort(const Act& act) {
+        platform_.BeginStep({}, {}, [&] { return Panel(); });
+        Run(act, [] { return false; });
+    }
+
+    void ExportPim(const Step& step) {
+        Form4& form = module_.form4;
+        form.Text1.SetText(step.File);
+        form.Text2.SetText(step.Output);
+        bool writing = false;
+        platform_.BeginStep({}, step.File, [&] {
+            const int percent = static_cast<int>(form.Picture2.Width / Form4::kFullWidth * 100);
+            return "Exporting: " + std::to_string(percent) + "%";
+        });
+        Run([&] { form.ConvertFile(writing); },
+            [&] {
+                if (writing) {
+                    platform_.BeginStep({}, step.Output, nullptr);
+                }
+                return writing;
+            });
+    }
+
+    void RunAutomation() {
+        platform_.BeginStep({}, "automation", [&] { return Panel(); });
+        Run([&] { module_.RunAutomation(); },
+            [&] {
+                // The window of the automation shows the step that failed.
+                const std::string& shown = module_.form6.Label1.Caption;
+                const std::string step = shown.substr(shown.find_last_of(' ') + 1);
+                const double code = module_.NumberOrZero(key::kSteps, step);
+                const bool saves = code == step::kSaveCode;
+                const bool reads = code == step::kOpenCode || code == step::kExtractCode;
+                platform_.BeginStep({},
+                                    saves   ? module_.Setting("aSaveName")
+                                    : reads ? module_.Setting("aOpenName")
+                                            : "automation, step " + step,
+                                    {});
+                return saves;
+            });
+    }
+
+    std::string Panel() { return module_.form1.StatusBar1.Panels(1).Text; }
+
+    BatchPlatform platform_;
+    Module1 module_{platform_};
+};
+
+}  // namespace
+
+Status RunSteps(const Arguments& arguments,
+                Messenger& messenger,
+                const std::string& settings_file) {
+    SettingsStore store(settings_file,
+                        [&](const std::string& problem) { messenger.Tell(problem); });
+    Runner runner(arguments, messenger, store);
+    runner.Start();
+    for (const Step& step : arguments.Steps) {
+        if (runner.Result() != Status::Done) {
+            break;
+        }
+        runner.RunStep(step);
+        messenger.EndStep();
+    }
+    return runner.Result();
+}
+
+}  // namespace orvik::batch

@@ -1,0 +1,17 @@
+// Runs the steps of orvik-batch.
+
+#pragma once
+
+#include "batch/arguments.h"
+#include "batch/messenger.h"
+#include "store/settings_store.h"
+
+namespace orvik::batch {
+
+// RunSteps: runs the steps in their order up to the first one that has a problem, so that nothing
+// is saved after a book that could not be read. Returns the exit status.
+[[nodiscard]] Status RunSteps(const Arguments& arguments,
+                              Messenger& messenger,
+                              const std::string& settings_file);
+
+}  // namespace orvik::batch

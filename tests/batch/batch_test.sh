@@ -1,0 +1,228 @@
+#!/usr/bin/env bash
+# Runs orvik-batch as a script would, and looks at its files, its messages and its exit status.
+# Arguments: the program, and the folder of the sample books.
+set -euo pipefail
+program=$1
+samples=$2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+export XDG_CONFIG_HOME="$work/config"
+failed=0
+large='pretty large (77 kilobytes) and may take a long time to process. Proceed anyway?'
+
+fail() {
+    echo "batch: $test: $1"
+    failed=1
+}
+
+# run NAME STATUS ARGUMENT...: runs the program; what it printed is in out and err.
+run() {
+    test=$1
+    local wanted=$2 status=0
+    shift 2
+    "$program" "$@" >out 2>err </dev/null || status=$?
+    if [ "$status" -ne "$wanted" ]; then
+        fail "exit status $status instead of $wanted: $(cat err)"
+    fi
+}
+tells() { grep -qF -- "$1" err || fail "does not tell: $1 but: $(cat err)"; }
+tells_nothing() { [ ! -s err ] || fail "tells: $(cat err)"; }
+tells_once() { [ "$(grep -cF -- "$1" err)" = 1 ] || fail "does not tell once: $1 but: $(cat err)"; }
+holds() { [ "$(cat "$1")" = "$2" ] || fail "$1 holds: $(cat "$1")"; }
+is_missing() { [ ! -e "$1" ] || fail "$1 is there"; }
+has() { grep -qF -- "$2" "$1" || fail "$1 has no: $2"; }
+lines() { [ "$(wc -l <"$1")" = "$2" ] || fail "$1 has $(wc -l <"$1") lines"; }
+
+# settings OPEN SOURCE DESTINATION STEP1 STEP2 STEP3
+settings() {
+    mkdir -p config/orvik
+    cat >config/orvik/orvik.conf <<SETTINGS
+[Settings]
+textSep=5
+Open=$1
+Extract=False
+Sep=;
+Auto=False
+info=1
+aClose=1
+aOpenName=$2
+aSaveName=$3
+[Settings\\AutoSteps]
+1=$4
+2=$5
+3=$6
+4=0
+5=
+SETTINGS
+}
+
+printf '"Cy" <c@example.org>\r\n"Al" <b@example.org>\r\n"Bo" <a@example.org>\r\n' >three.txt
+printf '"Di" <d@example.org>\r\n' >one.txt
+# Of a large file mostly the beginning is looked at.
+{ echo 'Mail e@example.org, please.'; seq 3300 | sed 's/.*/no address in this line/'; } >large.mbox
+
+# Usage.
+run "no step" 2
+tells "A step is required"
+run "help" 0 --help
+has out "--automation"
+run "version" 0 --version
+has out "orvik-batch "
+for wrong in --bogus "--sort up" "--separator blank" "--answer perhaps" "--open a --extract b" \
+    "--open a --open b" "--pim a" "book.ldif" "--merge a b" --open --sort; do
+    # shellcheck disable=SC2086
+    run "usage $wrong" 2 $wrong
+    tells "--help"
+done
+run "an empty name" 2 --open ""
+tells "a file's name is empty"
+
+# Formats, and the order of the steps.
+run "convert" 0 --open three.txt --save b.ldif --save b.nv --save b.htm --save b.pml --save b.txt
+tells_nothing
+has b.ldif "mail: c@example.org"
+has b.nv "c@example.org"
+has b.htm "mailto:c@example.org"
+holds b.txt "$(cat three.txt)"
+run "sort by address" 0 --open three.txt --sort address --save sorted.txt
+holds sorted.txt "$(printf '"Bo" <a@example.org>\r\n"Al" <b@example.org>\r\n"Cy" <c@example.org>\r')"
+run "sort by nickname" 0 --open three.txt --sort nickname --save sorted.txt
+holds sorted.txt "$(printf '"Al" <b@example.org>\r\n"Bo" <a@example.org>\r\n"Cy" <c@example.org>\r')"
+run "saving before and after" 0 --open three.txt --save before.txt --merge one.txt --save after.txt
+lines before.txt 3
+lines after.txt 4
+run "merging into nothing" 0 --merge three.txt --merge one.txt --save merged.txt
+holds merged.txt "$(cat after.txt)"
+run "commas" 0 --open b.ldif --separator comma --save commas.txt
+holds commas.txt '"Cy" <c@example.org>,"Al" <b@example.org>,"Bo" <a@example.org>,'
+run "reading commas" 0 --open commas.txt --separator comma --save again.ldif
+has again.ldif "mail: a@example.org"
+run "a short ending" 0 --open three.txt --save short.ldi
+has short.ldif "mail: c@example.org"
+for sample in "$samples"/*; do
+    run "sample $sample" 0 --open "$sample" --save sample.ldif
+    tells_nothing
+    has sample.ldif "mail: "
+done
+
+# Targets that exist.
+cp b.pml twice.pml
+run "a list is added to" 0 --open one.txt --save twice.pml
+has twice.pml "c@example.org"
+has twice.pml "d@example.org"
+cp b.htm twice.htm
+run "a Netscape 3 book is added to" 0 --open one.txt --save twice.htm
+has twice.htm "mailto:c@example.org"
+has twice.htm "mailto:d@example.org"
+run "LDIF is replaced" 0 --open one.txt --save b.ldif
+has b.ldif "mail: d@example.org"
+if grep -q "c@example.org" b.ldif; then fail "the old book is still there"; fi
+echo "no book" >bad.htm
+run "a bad Netscape 3 book stays" 1 --open one.txt --save bad.htm --save never.txt
+tells "bad.htm: Bad Netscape 3.x Address Book!"
+holds bad.htm "no book"
+is_missing never.txt
+
+# Extraction and its question.
+run "a large file is declined" 1 --extract large.mbox --save never.txt
+tells "$large - answered no"
+tells "large.mbox: There are no entries now"
+is_missing never.txt
+run "a large file is accepted" 0 --extract large.mbox --answer yes --save found.txt
+tells "$large - answered yes"
+holds found.txt "$(printf '"e@example.org" <e@example.org>\r')"
+run "quiet" 0 -q --extract large.mbox --answer yes --save found.txt
+tells_nothing
+run "nothing found" 1 --extract bad.htm
+tells "There were no addresses found in this file."
+
+# The handheld export.
+printf 'dn: x\r\ngivenname: Al\r\nmail: A1\r\n\r\n' >pim.ldif
+run "the handheld export" 0 --pim pim.ldif pim.csv
+holds pim.csv "$(printf 'Al,A1\r\n\r')"
+run "a missing book" 66 --pim gone.ldif pim.csv
+tells "gone.ldif: File not found"
+run "an export that cannot be created" 73 --pim pim.ldif gone/pim.csv
+tells "gone/pim.csv: Path not found"
+
+# Files that fail; nothing is saved after them.
+for name in gone.ldif gone/book.ldif "$work" three.txt/book; do
+    run "no input $name" 66 --open "$name" --save never.txt
+    tells "$name: Error: "
+    run "nothing to extract from $name" 66 --extract "$name" --save never.txt
+    run "nothing to merge $name" 66 --open three.txt --merge "$name" --save never.txt
+    is_missing never.txt
+done
+run "a missing folder" 73 --open three.txt --save gone/book.ldif
+tells "gone/book.ldif: Path not found"
+run "no such format" 73 --open three.txt --save book.doc
+tells "book.doc: Bad file name or number"
+run "a folder" 73 --open three.txt --save "$work/config.ldif/" || true
+cp three.txt full.txt
+test="a full disk"
+status=0
+(trap '' XFSZ; ulimit -f 0; "$program" --open one.txt --save full.txt 2>&1 | cat >/dev/null
+ exit "${PIPESTATUS[0]}") || status=$?
+[ "$status" = 74 ] || fail "exit status $status instead of 74"
+holds full.txt "$(cat three.txt)"
+: >empty.ldif
+run "an empty book" 1 --open empty.ldif
+tells "#USR&002"
+tells "answered no"
+run "an empty book whose format would be chosen" 1 --open empty.ldif --answer yes
+tells "The format would have to be chosen by hand"
+run "no entries" 1 --save never.txt
+tells "#USR&001"
+is_missing never.txt
+
+# Limits.
+for i in $(seq 501); do printf '%s@example.org\r\n' "$i"; done >many.txt
+run "too many to sort" 1 --open many.txt --sort address --save never.txt
+tells "Orvik cannot sort more than 500 addresses."
+is_missing never.txt
+for i in $(seq 2500); do printf '%s@example.org\r\n' "$i"; done >long.txt
+run "a long book" 0 --open long.txt --save long.nv
+tells_once "long.txt: An Error type #USR&003"
+tells_once "long.nv: An Error type #USR&003"
+run "a long book, quietly" 0 -q --open long.txt --save long.ldif
+tells_nothing
+[ "$(grep -c '^mail: ' long.ldif)" = 2500 ] || fail "entries are missing"
+
+# The automation.
+run "no settings" 1 --automation
+tells "The settings are not complete."
+is_missing config
+settings 1 three.txt auto.txt 5 3 1
+run "the automation" 0 --automation --save later.ldif
+tells_nothing
+# What is stored as a sort by nickname sorts by address.
+holds auto.txt "$(printf '"Bo" <a@example.org>\r\n"Al" <b@example.org>\r\n"Cy" <c@example.org>\r')"
+has later.ldif "mail: a@example.org"
+cp config/orvik/orvik.conf settings
+run "the settings' separator" 0 --automation --pim pim.ldif pim.csv
+holds pim.csv "$(printf 'Al;A1\r\n\r')"
+cmp -s config/orvik/orvik.conf settings || fail "the settings changed"
+settings 4 three.txt auto.txt 5 3 1
+run "settings are not read for other steps" 0 --open three.txt --pim pim.ldif pim.csv
+holds pim.csv "$(printf 'Al,A1\r\n\r')"
+run "a format that is always asked" 1 --automation
+tells "The format would have to be chosen by hand"
+settings 1 three.txt auto.txt 5 "" 1
+run "an empty step" 1 --automation
+tells "automation, step 2: Type mismatch"
+settings 1 gone.txt auto.txt 5 3 1
+run "a missing source" 66 --automation
+tells "gone.txt: File not found"
+settings 1 three.txt gone/auto.txt 5 3 1
+run "a destination that cannot be created" 73 --automation
+tells "gone/auto.txt: Path not found"
+settings 1 large.mbox auto.txt 2 3 1
+run "an automation that extracts" 0 --automation --answer yes
+holds auto.txt "$(printf '"e@example.org" <e@example.org>\r')"
+echo "no settings" >config/orvik/orvik.conf
+run "settings that cannot be read" 1 --automation
+tells "orvik.conf cannot be read."
+holds config/orvik/orvik.conf "no settings"
+
+exit $failed

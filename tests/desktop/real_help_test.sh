@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Reads the help of the real program while its preferences wait, and leaves the program with the help
+# open. Argument: the program.
+name=real-help
+program=$1
+# shellcheck source=tests/desktop/display.sh
+. "$(dirname "$0")/display.sh"
+
+start "$program"
+process=$!
+eventually xdotool search --onlyvisible --name '^Orvik$'
+window=$(head -n 1 "$work/found")
+
+# Help takes keys of its own while the preferences wait.
+eventually shows '^Orvik Preferences$' "$window" alt+e f
+preferences=$(tail -n 1 "$work/found")
+eventually shows 'Orvik Help$' "$preferences" F1
+eventually shows_not 'Orvik Help$' "$(tail -n 1 "$work/found")" Escape
+xdotool search --onlyvisible --name '^Orvik Preferences$' >/dev/null || fail "no preferences"
+eventually shows_not '^Orvik Preferences$' "$preferences" Escape
+
+# The program ends without the help having been closed.
+eventually shows 'Orvik Help$' "$window" F1
+quit "$window" "$process"
