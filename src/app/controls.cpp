@@ -36,6 +36,10 @@ void TextBox::Restore(std::string text) {
 void TextBox::Assign(std::string text, std::size_t sel_start) {
     Restore(std::move(text));
     SelStart = std::min(sel_start, text_.size());
+    RunChange();
+}
+
+void TextBox::RunChange() {
     if (Change && !changing_) {
         const Mark mark(changing_);
         Change();

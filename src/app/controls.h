@@ -111,6 +111,8 @@ class TextBox : public Control {
     void EditByUser(std::string text, std::size_t sel_start);
     // Puts an earlier text back, without Change.
     void Restore(std::string text);
+    // Runs Change.
+    void RunChange();
     // The user selected; what lies beyond the text is cut off.
     void Select(std::size_t start, std::size_t length);
 

@@ -138,7 +138,7 @@ std::vector<NamedHandler> Form1::Handlers() {
         bind("cmdCancel_Click", &Form1::cmdCancel_Click),
         bind("List1_Click", &Form1::List1_Click),
         bind("List2_Click", &Form1::List2_Click),
-        bind("Text1_Change", &Form1::Text1_Change),
+        {"Text1_Change", [this] { Text1.RunChange(); }},
     };
 }
 

@@ -136,6 +136,18 @@ std::string_view AddLines(std::string_view text, const std::function<void(std::s
 
 }  // namespace
 
+bool HasNickLine(std::string_view text) {
+    for (std::size_t p = text.find(kNick); p != std::string_view::npos;
+         p = text.find(kNick, p + 1)) {
+        const std::string_view behind = text.substr(p + kNick.size());
+        if ((p == 0 || text.substr(0, p).ends_with(kCrLf)) &&
+            (behind.empty() || behind.starts_with(kCrLf))) {
+            return true;
+        }
+    }
+    return false;
+}
+
 NativeBlocks SplitBlocks(std::string_view text, std::string_view separator) {
     return Splitter(text, separator).Run();
 }

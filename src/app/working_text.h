@@ -15,6 +15,10 @@ namespace orvik {
 
 inline constexpr std::string_view kNick = "-nick-";
 
+// HasNickLine: whether a text has the line "-nick-", as a Native text has; a nickname may hold the
+// same letters.
+[[nodiscard]] bool HasNickLine(std::string_view text);
+
 // The most characters (bytes) that the text box takes.
 inline constexpr std::size_t kTextLimit = 32000;
 

@@ -27,6 +27,8 @@ std::vector<NamedHandler> FrmSelect::Handlers() {
         {"Form_Load", [this] { Form_Load(); }},
         {"Form_Unload", [this] { Unload(); }},
         {"Command1_Click", [this] { Command1_Click(); }},
+        {"Command2_Click", [] {}},
+        {"Command3_Click", [] {}},
     };
 }
 
@@ -40,6 +42,9 @@ void FrmSelect::Command1_Click() {
     }
     main.List3.Visible = true;
     main.cmdDone.Visible = true;
+    // An extraction leaves it in the middle of the window.
+    main.cmdCancel.Left = main.List2.Left;
+    main.cmdCancel.Top = 0;
     main.cmdCancel.Visible = true;
     // A second press adds a second run of numbers.
     for (std::size_t i = 1; i <= count; ++i) {

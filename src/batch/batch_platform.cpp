@@ -118,7 +118,8 @@ std::string BatchPlatform::ShowFileDialog(FileDialog& dialog) {
 
 std::optional<std::string> BatchPlatform::GetSetting(std::string_view section,
                                                      std::string_view key) {
-    if (const auto stored = stored_.find({ToLower(section), ToLower(key)}); stored != stored_.end()) {
+    if (const auto stored = stored_.find({ToLower(section), ToLower(key)});
+        stored != stored_.end()) {
         return stored->second;
     }
     if (arguments_.UsesSettings()) {

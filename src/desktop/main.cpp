@@ -7,7 +7,9 @@
 #include <QTimer>
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -22,13 +24,26 @@
 
 namespace {
 
+bool IsAnyOf(std::span<const std::string_view> words, std::span<char*> arguments) {
+    return std::any_of(arguments.begin(), arguments.end(), [&](const char* argument) {
+        return std::find(words.begin(), words.end(), argument) != words.end();
+    });
+}
+
 // Help and version are printed, so they work without a display.
-bool OnlyPrints(int argc, char** argv) {
+bool OnlyPrints(std::span<char*> arguments) {
     constexpr std::array<std::string_view, 5> kPrinting = {
         "-h", "--help", "--help-all", "-v", "--version"};
-    return std::any_of(argv + 1, argv + argc, [&](const char* argument) {
-        return std::find(kPrinting.begin(), kPrinting.end(), argument) != kPrinting.end();
-    });
+    return IsAnyOf(kPrinting, arguments);
+}
+
+// Without a display Qt would end the program as if it had crashed.
+bool HasDisplay(std::span<char*> arguments) {
+    constexpr std::array<std::string_view, 4> kNaming = {
+        "-platform", "--platform", "-display", "--display"};
+    return IsAnyOf(kNaming, arguments) || !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
 void NameProgram() {
@@ -104,10 +119,17 @@ int RunWindows(const QString& book) {
 
 int main(int argc, char** argv) {
     NameProgram();
-    if (OnlyPrints(argc, argv)) {
+    const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
+    if (OnlyPrints(arguments)) {
         const QCoreApplication app(argc, argv);
         ParseArguments(app);
         return 0;
+    }
+    if (!HasDisplay(arguments)) {
+        const QCoreApplication app(argc, argv);
+        ParseArguments(app);
+        std::fputs("orvik: There is no display. orvik-batch does the same without one.\n", stderr);
+        return 1;
     }
     const QApplication app(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("orvik"));

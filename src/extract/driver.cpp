@@ -59,6 +59,7 @@ void Module1::ScanAddresses(std::string& found,
 
 void Module1::ExtractFromFile() {
     WorkText.clear();
+    CancelRequested = false;
     const std::string name = form1.CommonDialog1.FileName;
     if (!name.empty() && !ExtractAddresses(name, "process", Icon::Question)) {
         form1.Caption = kTitle;

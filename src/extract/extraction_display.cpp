@@ -40,8 +40,6 @@ ExtractionControls::~ExtractionControls() {
         *flag = before;
     }
     form_.cmdCancel.Visible = false;
-    form_.cmdCancel.Left = form_.List2.Left;
-    form_.cmdCancel.Top = 0;
 }
 
 void ExtractionControls::ShowCancel() {

@@ -228,6 +228,17 @@ void FileSlot::Append(const std::string& name, std::string_view contents) {
           });
 }
 
+void FileSlot::TryAppending(const std::string& name) {
+    CheckName(name);
+    const fs::path path = Resolve(name);
+    const bool is_new = TypeOf(path) == fs::file_type::not_found;
+    Append(name, "");
+    if (is_new) {
+        std::error_code ignored;
+        fs::remove(path, ignored);
+    }
+}
+
 void FileSlot::Replace(const std::string& name, std::string_view contents) {
     Close();
     CheckName(name);

@@ -48,6 +48,8 @@ class FileSlot {
     void Replace(const std::string& name, std::string_view contents);
     // Adds to the end of a file, or creates it. After a failure the file has its old length.
     void Append(const std::string& name, std::string_view contents);
+    // Fails as adding to a file would, before the text is made. No file is left that was not there.
+    void TryAppending(const std::string& name);
     // The contents of a file, empty where there is none.
     std::string ReadIfThere(const std::string& name);
 

@@ -62,15 +62,16 @@ std::string Module1::ThroughLdif(std::string text) {
     if (text.empty()) {
         return text;
     }
-    TextMode = text.find(kNick) != std::string::npos ? mode::kNative : mode::kAscii;
+    TextMode = HasNickLine(text) ? mode::kNative : mode::kAscii;
     form1.Convert(text);
     form1.unconvert();
     return WorkText;
 }
 
 void Module1::MergeLdif(std::string& old_text, std::string& new_text) {
-    old_text = ThroughLdif(std::move(old_text));
-    new_text = ThroughLdif(std::move(new_text));
+    // After a failure both texts are what they were.
+    old_text = ThroughLdif(old_text);
+    new_text = ThroughLdif(new_text);
     WorkText = old_text + textSep + new_text;
     TextMode = mode::kAscii;
     RefreshLists();

@@ -63,6 +63,7 @@ bool Form1::WriteInFormatOf(const std::string& name, bool ldif_outdated) {
     } else if (HasEnding(name, "htm") || HasEnding(name, "html")) {
         return SaveNetscape3(name);
     } else if (HasEnding(name, "nv")) {
+        module_.File1.TryAppending(name);
         module_.File1.Append(name, module_.JunoText(module_.WorkText).append(kCrLf));
     } else {
         // No other ending says in which format to write.
@@ -79,6 +80,7 @@ void Form1::RoundTripThroughLdif() {
 }
 
 bool Form1::SaveNetscape3(const std::string& name) {
+    module_.File1.TryAppending(name);
     const std::string old_book = module_.File1.ReadIfThere(name);
     std::string book = Net3(module_.WorkText);
     if (!old_book.empty()) {

@@ -112,8 +112,8 @@ def check_project(root, pages):
 
 LITERAL = r'"(?:[^"\\]|\\.)*"'
 # What a message is made of besides fixed text: numbers, names, and texts found elsewhere in it.
-VARIABLE = {"Number", "box", "count", "failure", "key", "list", "no_text", "std", "string", "to_string",
-            "what"}
+VARIABLE = {"Number", "Text", "Title", "answered", "box", "const", "count", "data", "dialog", "failure",
+            "file_", "key", "list", "no_text", "problem", "std", "string", "text", "to_string", "what"}
 
 
 def unquote(literal):
@@ -168,9 +168,9 @@ def messages(root):
             continue
         if path.name == "run_time_error.cpp":
             found += [(path, text) for text in literals(code) if not text.startswith("app/")]
-        for call in re.finditer(r"\b(?:Tell|Ask|OfferSave)\(", code):
+        for call in re.finditer(r"\b(?:Tell|Ask|OfferSave|Fail|Note|Report)\(", code):
             argument = arguments(code, call.end())
-            if re.match(r"(?:const )?std::string", argument) or not argument:
+            if re.match(r"(?:const )?(?:std::string|RunTimeError)", argument) or not argument:
                 continue  # a declaration
             found += [(path, text) for text in literals(argument)]
             for name in re.findall(r"[A-Za-z_]\w*", re.sub(LITERAL, "", argument)):

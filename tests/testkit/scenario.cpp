@@ -93,13 +93,22 @@ void Scenario::RunWords(std::string_view line) {
 
 void Scenario::RunModal(const std::string& statements) {
     std::string_view rest = statements;
+    bool ended = false;
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find(';'), rest.size());
         const std::string_view statement = rest.substr(0, end);
         if (statement.find_first_not_of(" \t") != std::string_view::npos) {
-            RunWords(statement);
+            // What still runs after the end also does so here.
+            try {
+                RunWords(statement);
+            } catch (const ProgramEnded&) {
+                ended = true;
+            }
         }
         rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    if (ended) {
+        throw ProgramEnded();
     }
 }
 

@@ -230,7 +230,8 @@ void Scenario::ShowSetting(const Words& words) {
 
 void Scenario::ShowFile(const Words& words) {
     std::ifstream file(InFolder(words[1]), std::ios::binary);
-    const bool found = fs::is_regular_file(words[1]) && file;
+    std::error_code error;
+    const bool found = fs::is_regular_file(words[1], error) && file;
     const std::string bytes{std::istreambuf_iterator<char>(file), {}};
     platform_.PrintLine("file " + Quote(words[1]) + " " + (found ? Quote(bytes) : "(none)"));
 }
