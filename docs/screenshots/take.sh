@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Takes the pictures of all windows: the real program, on a display and with settings of its own, in
-# a light and a dark palette, at scale 1 and 2. Beside what ./setup.sh installs it needs qt6ct,
-# through which a palette is chosen as a user would choose it.
+# a light and a dark palette, at scale 1 and 2. The palette is chosen through qt6ct, as a user would
+# choose it.
 #   docs/screenshots/take.sh [PROGRAM]      default: build/release/bin/orvik
 # A picture is NAME[-dark][@2x].png; the help shows those that are neither dark nor large.
 set -euo pipefail
@@ -14,7 +14,7 @@ for tool in Xvfb openbox xdotool import convert; do
 done
 [ -x "$program" ] || { echo "$program is not built" >&2; exit 1; }
 palette_of() { echo "/usr/share/qt6ct/colors/$1.conf"; }
-[ -r "$(palette_of darker)" ] || { echo "qt6ct is missing: apt-get install qt6ct" >&2; exit 1; }
+[ -r "$(palette_of darker)" ] || { echo "qt6ct is missing: run ./setup.sh" >&2; exit 1; }
 
 work=$(mktemp -d)
 server=
@@ -101,7 +101,7 @@ settings() {
 textSep=5
 Open=2
 Extract=False
-Sep=","
+Sep=,
 Auto=$1
 info=1
 StartUp=0

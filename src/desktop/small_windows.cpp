@@ -30,12 +30,24 @@ void AddRow(QBoxLayout& column,
     column.addLayout(row);
 }
 
-// The controls below each other.
-void LayOutInColumn(FormWindow& window) {
-    window.setLayout(new QVBoxLayout);
-    for (QWidget* const view : window.widgets()) {
-        window.layout()->addWidget(view);
+// The formats below each other, and under them what is no format.
+Window MakeForm3(Module1& module, Desktop& desktop, QWidget* owner) {
+    Form3& form = module.form3;
+    Window window = std::make_unique<FormWindow>(module, form, desktop, owner);
+    auto* const column = new QVBoxLayout(window.get());
+    column->addWidget(&window->widget(form.Label1));
+    for (const Button* const format : {&form.Command10,
+                                       &form.Command4,
+                                       &form.Command3,
+                                       &form.Command5,
+                                       &form.Command2,
+                                       &form.Command1,
+                                       &form.Command6}) {
+        column->addWidget(&window->widget(*format));
     }
+    column->addStretch();
+    AddRow(*column, *window, {&form.Command9, &form.Command8, &form.Command7});
+    return window;
 }
 
 Window MakeForm4(Module1& module, Desktop& desktop) {
@@ -87,7 +99,8 @@ Window MakeForm6(Module1& module, Desktop& desktop, QWidget* owner) {
     label.setMargin(label.fontMetrics().height());
     // Room for the window's title.
     label.setMinimumWidth(label.fontMetrics().averageCharWidth() * kLetters * 2 / 3);
-    LayOutInColumn(*window);
+    auto* const column = new QVBoxLayout(window.get());
+    column->addWidget(&label);
     window->takeClicksAtYield();
     return window;
 }
@@ -113,9 +126,23 @@ Window MakeAbout(Module1& module, Desktop& desktop, QWidget* owner) {
     return window;
 }
 
+Window MakeSelect(Module1& module, Desktop& desktop, QWidget* owner) {
+    FrmSelect& form = module.frm_select;
+    Window window = std::make_unique<FormWindow>(module, form, desktop, owner);
+    auto* const column = new QVBoxLayout(window.get());
+    column->addWidget(&window->widget(form.Text1), 1);
+    AddRow(*column, *window, {&form.Command1, &form.Command2, &form.Command3});
+    window->setReadOnly(form.Text1);
+    window->setDefaultButton(form.Command1);
+    return window;
+}
+
 Window Make(Module1& module, Form& form, Desktop& desktop, QWidget* owner) {
     if (&form == &module.form2) {
         return std::make_unique<Form2Window>(module, desktop, owner);
+    }
+    if (&form == &module.form3) {
+        return MakeForm3(module, desktop, owner);
     }
     if (&form == &module.form4) {
         return MakeForm4(module, desktop);
@@ -129,9 +156,7 @@ Window Make(Module1& module, Form& form, Desktop& desktop, QWidget* owner) {
     if (&form == &module.frm_about) {
         return MakeAbout(module, desktop, owner);
     }
-    Window window = std::make_unique<FormWindow>(module, form, desktop, owner);
-    LayOutInColumn(*window);
-    return window;
+    return MakeSelect(module, desktop, owner);
 }
 
 }  // namespace

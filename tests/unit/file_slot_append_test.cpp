@@ -1,7 +1,5 @@
 // Adding to files through FileSlot.
 
-#include <sys/stat.h>
-
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -45,13 +43,6 @@ TEST_F(FileSlotAppendTest, MissingFile_IsCreated) {
     EXPECT_EQ(folder_.Files(), Files{"a.pml"});
 }
 
-TEST_F(FileSlotAppendTest, FileLeftOpen_IsClosed) {
-    WriteFile(folder_.Name("a.pml"), "old");
-    slot_.OpenForInput(folder_.Name("a.pml"));
-    slot_.Append(folder_.Name("a.pml"), "new");
-    EXPECT_EQ(FailureOf([&] { slot_.Read(1); }), 52);
-}
-
 TEST_F(FileSlotAppendTest, LinkToFile_IsFollowed) {
     WriteFile(folder_.Name("a.pml"), "old");
     fs::create_symlink("a.pml", folder_.Name("link"));
@@ -81,51 +72,6 @@ TEST_F(FileSlotAppendTest, FullDiskAndMissingFile_FailsWith61AndLeavesNothing) {
     }
     EXPECT_EQ(failure, 61);
     EXPECT_TRUE(folder_.Files().empty());
-}
-
-TEST_F(FileSlotAppendTest, MissingFolder_FailsWith76) {
-    EXPECT_EQ(FailureOfAppending(folder_.Name("missing/a.pml")), 76);
-    EXPECT_TRUE(folder_.Files().empty());
-}
-
-TEST_F(FileSlotAppendTest, FileUsedAsFolder_FailsWith76) {
-    WriteFile(folder_.Name("a.pml"), "old");
-    EXPECT_EQ(FailureOfAppending(folder_.Name("a.pml/b.pml")), 76);
-    EXPECT_EQ(ReadFile(folder_.Name("a.pml")), "old");
-}
-
-TEST_F(FileSlotAppendTest, Folder_FailsWith75) {
-    EXPECT_EQ(FailureOfAppending(folder_.Path()), 75);
-}
-
-TEST_F(FileSlotAppendTest, EmptyName_FailsWith75) {
-    EXPECT_EQ(FailureOfAppending(""), 75);
-}
-
-TEST_F(FileSlotAppendTest, ZeroByteInName_FailsWith52) {
-    EXPECT_EQ(FailureOfAppending(folder_.Name("a.pml") + std::string("\0b", 2)), 52);
-    EXPECT_TRUE(folder_.Files().empty());
-}
-
-TEST_F(FileSlotAppendTest, PipeNobodyReadsFrom_FailsWith75AtOnce) {
-    ASSERT_EQ(mkfifo(folder_.Name("pipe").c_str(), 0600), 0);
-    EXPECT_EQ(FailureOfAppending(folder_.Name("pipe")), 75);
-}
-
-TEST_F(FileSlotAppendTest, WriteProtectedFile_FailsWith70) {
-    WriteFile(folder_.Name("a.pml"), "old");
-    fs::permissions(folder_.Path(), fs::perms(0777));
-    fs::permissions(folder_.Name("a.pml"), fs::perms(0444));
-    int failure = 0;
-    {
-        const test::OrdinaryUser user;
-        if (!user.Ordinary()) {
-            GTEST_SKIP() << "the superuser writes every file";
-        }
-        failure = FailureOfAppending(folder_.Name("a.pml"));
-    }
-    EXPECT_EQ(failure, 70);
-    EXPECT_EQ(ReadFile(folder_.Name("a.pml")), "old");
 }
 
 }  // namespace
