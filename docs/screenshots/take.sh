@@ -108,10 +108,11 @@ StartUp=0
 aClose=0
 aOpenName=$2
 aSaveName=/home/ada/found.ldif
-AutoSteps\\1=2
-AutoSteps\\2=4
-AutoSteps\\3=1
-AutoSteps\\4=0
+[Settings\\AutoSteps]
+1=2
+2=4
+3=1
+4=0
 SETTINGS
 }
 
