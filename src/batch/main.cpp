@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdio>
 #include <iostream>
 #include <variant>
 
@@ -25,7 +24,7 @@ int main(int argc, char** argv) {
     if (const auto* const status = std::get_if<Status>(&parsed)) {
         return static_cast<int>(*status);
     }
-    Messenger messenger(stderr, isatty(STDERR_FILENO) == 1, kQuickStep);
+    Messenger messenger(std::cerr, isatty(STDERR_FILENO) == 1, kQuickStep);
     return static_cast<int>(
         RunSteps(std::get<Arguments>(parsed), messenger, orvik::SettingsStore::UserFile()));
 }

@@ -37,7 +37,7 @@ void Messenger::Tell(std::string_view text) {
     }
     AppendPrintable(line, text);
     line += '\n';
-    std::fputs(line.c_str(), stream_);
+    stream_ << line;
 }
 
 void Messenger::Progress(std::string_view text) {
@@ -55,13 +55,12 @@ void Messenger::Progress(std::string_view text) {
         line.append(shown_length_ - length, ' ');
     }
     shown_length_ = length;
-    std::fprintf(stream_, "\r%s", line.c_str());
-    std::fflush(stream_);
+    stream_ << '\r' << line << std::flush;
 }
 
 void Messenger::ClearProgress() {
     if (shown_length_ > 0) {
-        std::fprintf(stream_, "\r%*s\r", static_cast<int>(shown_length_), "");
+        stream_ << '\r' << std::string(shown_length_, ' ') << '\r';
         shown_length_ = 0;
     }
 }

@@ -5,7 +5,7 @@
 
 #include <chrono>
 #include <cstddef>
-#include <cstdio>
+#include <ostream>
 #include <string>
 #include <string_view>
 
@@ -15,7 +15,7 @@ class Messenger {
  public:
     // Writes to a stream that must outlive the messenger. Progress is for a terminal only, and of
     // steps that take longer than quick_step.
-    Messenger(std::FILE* stream, bool shows_progress, std::chrono::milliseconds quick_step)
+    Messenger(std::ostream& stream, bool shows_progress, std::chrono::milliseconds quick_step)
         : stream_(stream), shows_progress_(shows_progress), quick_step_(quick_step) {}
 
     // Starts the clock of a step and names the file that its messages are about, if any.
@@ -32,7 +32,7 @@ class Messenger {
 
     void ClearProgress();
 
-    std::FILE* stream_;
+    std::ostream& stream_;
     bool shows_progress_;
     std::chrono::milliseconds quick_step_;
     std::string file_;

@@ -117,7 +117,7 @@ class Runner {
             });
     }
 
-    std::string Panel() { return module_.form1.StatusBar1.Panels(1).Text; }
+    [[nodiscard]] std::string Panel() const { return module_.form1.StatusBar1.Panels(1).Text; }
 
     BatchPlatform platform_;
     Module1 module_{platform_};

@@ -7,7 +7,7 @@
 #include <QTimer>
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <iostream>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -128,7 +128,7 @@ int main(int argc, char** argv) {
     if (!HasDisplay(arguments)) {
         const QCoreApplication app(argc, argv);
         ParseArguments(app);
-        std::fputs("orvik: There is no display. orvik-batch does the same without one.\n", stderr);
+        std::cerr << "orvik: There is no display. orvik-batch does the same without one.\n";
         return 1;
     }
     const QApplication app(argc, argv);

@@ -1,8 +1,6 @@
 #include "batch/messenger.h"
 
-#include <cstdio>
-#include <cstdlib>
-#include <string>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -13,24 +11,7 @@ using namespace std::chrono_literals;
 
 class MessengerTest : public testing::Test {
  protected:
-    MessengerTest() : stream(open_memstream(&text, &length)) {}
-    MessengerTest(const MessengerTest&) = delete;
-    MessengerTest& operator=(const MessengerTest&) = delete;
-    MessengerTest(MessengerTest&&) = delete;
-    MessengerTest& operator=(MessengerTest&&) = delete;
-    ~MessengerTest() override {
-        std::fclose(stream);
-        std::free(text);
-    }
-
-    [[nodiscard]] std::string Written() const {
-        std::fflush(stream);
-        return {text, length};
-    }
-
-    char* text = nullptr;
-    std::size_t length = 0;
-    std::FILE* stream;
+    std::ostringstream stream;
 };
 
 TEST_F(MessengerTest, AMessageIsOneLineAboutItsFile) {
@@ -38,14 +19,14 @@ TEST_F(MessengerTest, AMessageIsOneLineAboutItsFile) {
     messenger.Tell("No step yet");
     messenger.BeginStep("book.ldif");
     messenger.Tell("Two\r\n\r\nlines");
-    EXPECT_EQ(Written(), "orvik-batch: No step yet\norvik-batch: book.ldif: Two lines\n");
+    EXPECT_EQ(stream.str(), "orvik-batch: No step yet\norvik-batch: book.ldif: Two lines\n");
 }
 
 TEST_F(MessengerTest, WhatWouldSteerATerminalIsNotSentToIt) {
     Messenger messenger(stream, false, 0ms);
     messenger.BeginStep("a\x1B[2J\x7F");
     messenger.Tell("J\xC3\xBCrg\t");
-    EXPECT_EQ(Written(), "orvik-batch: a?[2J?: J\xC3\xBCrg?\n");
+    EXPECT_EQ(stream.str(), "orvik-batch: a?[2J?: J\xC3\xBCrg?\n");
 }
 
 TEST_F(MessengerTest, ProgressCoversTheProgressBeforeIt) {
@@ -55,7 +36,7 @@ TEST_F(MessengerTest, ProgressCoversTheProgressBeforeIt) {
     messenger.Progress("9%");
     messenger.EndStep();
     messenger.EndStep();
-    EXPECT_EQ(Written(), "\rb: 100%\rb: 9%  \r     \r");
+    EXPECT_EQ(stream.str(), "\rb: 100%\rb: 9%  \r     \r");
 }
 
 TEST_F(MessengerTest, AMessageTakesThePlaceOfTheProgress) {
@@ -63,7 +44,7 @@ TEST_F(MessengerTest, AMessageTakesThePlaceOfTheProgress) {
     messenger.BeginStep("b");
     messenger.Progress("9%");
     messenger.Tell("Done");
-    EXPECT_EQ(Written(), "\rb: 9%\r     \rorvik-batch: b: Done\n");
+    EXPECT_EQ(stream.str(), "\rb: 9%\r     \rorvik-batch: b: Done\n");
 }
 
 TEST_F(MessengerTest, AQuickStepShowsNoProgress) {
@@ -71,7 +52,7 @@ TEST_F(MessengerTest, AQuickStepShowsNoProgress) {
     messenger.BeginStep("b");
     messenger.Progress("9%");
     messenger.EndStep();
-    EXPECT_EQ(Written(), "");
+    EXPECT_EQ(stream.str(), "");
 }
 
 TEST_F(MessengerTest, AFileGetsNoProgress) {
@@ -79,7 +60,7 @@ TEST_F(MessengerTest, AFileGetsNoProgress) {
     messenger.BeginStep("b");
     messenger.Progress("9%");
     messenger.EndStep();
-    EXPECT_EQ(Written(), "");
+    EXPECT_EQ(stream.str(), "");
 }
 
 }  // namespace
