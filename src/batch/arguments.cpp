@@ -87,6 +87,7 @@ std::variant<Arguments, Status> ParseArguments(int argc,
 
     StepOptions steps;
     std::vector<std::string> ignored;
+    // Without extra arguments a name in brackets is no list of names.
     const auto file = [&](const char* name, Command what, const char* description) {
         CLI::Option* const option = app.add_option(name, ignored, description)
                                         ->type_name("FILE")
@@ -104,6 +105,7 @@ std::variant<Arguments, Status> ParseArguments(int argc,
     steps.Add(app.add_option("--sort", ignored, "Sort the entries, up to 500 of them")
                   ->type_name("KEY")
                   ->expected(1)
+                  ->allow_extra_args(false)
                   ->check(CLI::IsMember({"address", "nickname"})),
               Command::SortByAddress);
     file("--save",
@@ -113,6 +115,7 @@ std::variant<Arguments, Status> ParseArguments(int argc,
     steps.Add(app.add_option("--pim", ignored, "Export an LDIF file for a handheld organiser")
                   ->type_name("IN OUT")
                   ->expected(2)
+                  ->allow_extra_args(false)
                   ->check(&CheckName),
               Command::Pim);
     Arguments arguments;

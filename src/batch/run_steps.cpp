@@ -4,6 +4,7 @@
 
 #include "app/module1.h"
 #include "app/run_time_error.h"
+#include "app/text.h"
 #include "batch/batch_platform.h"
 #include "settings/keys.h"
 #include "settings/numbers.h"
@@ -40,8 +41,7 @@ class Runner {
                 Sort([&] { module_.form1.cmdNick_Click(); });
                 break;
             case Command::Save:
-                platform_.BeginStep(DialogKind::Save, step.File, [&] { return Panel(); });
-                Run([&] { module_.form1.mnuSave_Click(); }, [] { return true; });
+                Save(step);
                 break;
             case Command::Pim:
                 ExportPim(step);
@@ -71,6 +71,16 @@ class Runner {
         Run(act, [] { return false; });
         if (module_.WorkText.empty() && Result() == Status::Done) {
             platform_.Fail("There are no entries now");
+        }
+    }
+
+    void Save(const Step& step) {
+        platform_.BeginStep(DialogKind::Save, step.File, [&] { return Panel(); });
+        if (module_.textSep == "," && HasEnding(step.File, "nv")) {
+            // The Juno writer would leave out every entry.
+            platform_.Fail("A Juno book can only be saved with entries separated by newlines");
+        } else {
+            Run([&] { module_.form1.mnuSave_Click(); }, [] { return true; });
         }
     }
 

@@ -1,4 +1,4 @@
-// The bar under the lists in which the user says what to find.
+// The bar in which the user says what to find, at the foot of a window.
 
 #pragma once
 
@@ -20,16 +20,22 @@ class FindBar : public QWidget {
         Previous,
     };
 
-    // next and previous are also the bar's buttons.
-    FindBar(QAction& next, QAction& previous, QWidget* parent);
+    // The window gets the actions "find", "findNext" and "findPrevious" with their keys.
+    FindBar(QWidget& window, QWidget* parent);
+
+    [[nodiscard]] QAction& findAction() const { return *find_; }
 
     // Shows the bar; what is typed takes the place of what was wanted before.
     void open();
     [[nodiscard]] QString wanted() const;
-    // What became of the search, empty if there is nothing to say.
+    // Says what became of the search, nothing where it is empty.
     void tell(const QString& notice);
+    // What to tell of a search that came to its end, wrapped around or not.
+    [[nodiscard]] static QString notice(bool found, bool wrapped, Step step);
 
  signals:
+    // The user wants to type what to find.
+    void asked();
     void stepped(orvik::FindBar::Step step);
     // Escape or the close button.
     void left();
@@ -38,6 +44,7 @@ class FindBar : public QWidget {
     void keyPressEvent(QKeyEvent* event) override;
 
  private:
+    QAction* find_;
     QLineEdit* wanted_;
     QLabel* notice_;
 };

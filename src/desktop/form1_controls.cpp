@@ -15,7 +15,7 @@ void Form1Window::addText() {
     const TextBoxView::Commands commands{findChild<QAction*>(QStringLiteral("mnuSelCopy")),
                                          findChild<QAction*>(QStringLiteral("mnuPaste")),
                                          findChild<QAction*>(QStringLiteral("mnuDel")),
-                                         find_};
+                                         &find_bar_->findAction()};
     const auto add = [&](TextBox& box, const char* name, const QString& spoken) {
         auto* const view = new TextBoxView(
             box,
@@ -43,7 +43,7 @@ void Form1Window::addLists() {
     };
     add(form_.List1, "List1", tr("E-mail addresses"));
     add(form_.List2, "List2", tr("Nicknames"));
-    list_menu_ = new ListMenu(module_, events_, *find_, *this);
+    list_menu_ = new ListMenu(module_, events_, find_bar_->findAction(), *this);
     for (const auto& [box, view] : lists_) {
         list_menu_->addTo(*view, *box);
     }

@@ -1,11 +1,7 @@
 // Finding in the main window: entries in list view, letters in edit mode.
 
-#include <QAction>
-#include <QIcon>
-#include <QStyle>
-#include <QTextCursor>
-
 #include "desktop/find_entry.h"
+#include "desktop/find_in_text.h"
 #include "desktop/form1_window.h"
 #include "desktop/list_box_view.h"
 #include "desktop/text_box_view.h"
@@ -13,23 +9,8 @@
 namespace orvik {
 
 void Form1Window::addFind() {
-    const auto add = [this](const char* name, const QString& text, const QKeySequence& keys) {
-        auto* const action = new QAction(text, this);
-        action->setObjectName(QString::fromLatin1(name));
-        action->setShortcut(keys);
-        addAction(action);
-        return action;
-    };
-    find_ = add("find", tr("&Find..."), QKeySequence::Find);
-    QAction* const next = add("findNext", tr("Find &next"), Qt::Key_F3);
-    QAction* const previous = add("findPrevious", tr("Find &previous"), Qt::SHIFT | Qt::Key_F3);
-    find_->setIcon(QIcon::fromTheme(QStringLiteral("edit-find")));
-    next->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
-    previous->setIcon(style()->standardIcon(QStyle::SP_ArrowUp));
-    find_bar_ = new FindBar(*next, *previous, centralWidget());
-    connect(find_, &QAction::triggered, this, [this] { openFind(); });
-    connect(next, &QAction::triggered, this, [this] { find(FindBar::Step::Next); });
-    connect(previous, &QAction::triggered, this, [this] { find(FindBar::Step::Previous); });
+    find_bar_ = new FindBar(*this, centralWidget());
+    connect(find_bar_, &FindBar::asked, this, [this] { openFind(); });
     connect(find_bar_, &FindBar::stepped, this, [this](FindBar::Step step) { find(step); });
     connect(find_bar_, &FindBar::left, this, [this] { closeFind(); });
 }
@@ -82,12 +63,12 @@ QString Form1Window::findEntry(FindBar::Step step) {
                                  from,
                                  backward ? Direction::Backward : Direction::Forward);
     if (!found) {
-        return wanted.isEmpty() ? QString() : tr("Not found");
+        return wanted.isEmpty() ? QString() : FindBar::notice(false, false, step);
     }
     // What a click would do, in the list that has the row; the other one follows.
     const bool in_list1 = found->Row < form_.List1.Items().size();
     lists_.at(in_list1 ? 0 : 1).second->clickRow(static_cast<int>(found->Row));
-    return wrapNotice(found->Wrapped, backward);
+    return FindBar::notice(true, found->Wrapped, step);
 }
 
 QString Form1Window::findInText(FindBar::Step step) {
@@ -95,29 +76,11 @@ QString Form1Window::findInText(FindBar::Step step) {
     if (wanted.isEmpty()) {
         return {};
     }
-    const bool backward = step == FindBar::Step::Previous;
-    const QTextDocument::FindFlags flags =
-        backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
-    const QTextDocument& document = *text1_->document();
-    const QTextCursor before = text1_->textCursor();
-    QTextCursor found = step == FindBar::Step::Typed
-                            ? document.find(wanted, before.selectionStart(), flags)
-                            : document.find(wanted, before, flags);
-    const bool wrapped = found.isNull();
-    if (wrapped) {
-        QTextCursor edge(text1_->document());
-        edge.movePosition(backward ? QTextCursor::End : QTextCursor::Start);
-        found = document.find(wanted, edge, flags);
+    const TextPlace found = FindInText(text1_->textCursor(), wanted, step);
+    if (!found.Cursor.isNull()) {
+        text1_->setTextCursor(found.Cursor);
     }
-    if (found.isNull()) {
-        return tr("Not found");
-    }
-    text1_->setTextCursor(found);
-    return wrapNotice(wrapped, backward);
-}
-
-QString Form1Window::wrapNotice(bool wrapped, bool backward) {
-    return !wrapped ? QString() : backward ? tr("From the end") : tr("From the start");
+    return FindBar::notice(!found.Cursor.isNull(), found.Wrapped, step);
 }
 
 }  // namespace orvik

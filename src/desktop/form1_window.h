@@ -80,7 +80,6 @@ class Form1Window : public QMainWindow, public View {
     // These return what there is to say about the search.
     QString findEntry(FindBar::Step step);
     QString findInText(FindBar::Step step);
-    [[nodiscard]] static QString wrapNotice(bool wrapped, bool backward);
 
     // form1_layout.cpp
     [[nodiscard]] QSize startSize() const;
@@ -99,7 +98,6 @@ class Form1Window : public QMainWindow, public View {
     TextBoxView* text1_ = nullptr;
     TextBoxView* text3_ = nullptr;
     StatusBarView* status_bar_ = nullptr;
-    QAction* find_ = nullptr;
     FindBar* find_bar_ = nullptr;
     QPointer<QWidget> before_find_;  // what had the focus
     bool on_selection_ = false;

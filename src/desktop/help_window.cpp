@@ -1,19 +1,15 @@
 #include "desktop/help_window.h"
 
 #include <QAction>
-#include <QHBoxLayout>
 #include <QIcon>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QSplitter>
 #include <QStyle>
 #include <QTabWidget>
-#include <QTextDocument>
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "desktop/find_in_text.h"
 #include "desktop/help_book.h"
 #include "desktop/help_browser.h"
 
@@ -32,15 +28,21 @@ HelpWindow::HelpWindow(HelpBook* book, Kind kind)
     : book_(book), kind_(kind), page_(new HelpBrowser(book, this)) {
     setObjectName(kind == Kind::WithPanes ? QStringLiteral("secWin") : QStringLiteral("Stripped"));
     setWindowTitle(tr("Orvik Help"));
-    auto* const bar = new QToolBar(tr("Navigation"), this);
-    addActions(*bar);
     auto* const right = new QWidget(this);
     auto* const column = new QVBoxLayout(right);
     column->setContentsMargins({});
     column->setSpacing(0);
     column->addWidget(page_);
-    find_bar_ = makeFindBar();
+    find_bar_ = new FindBar(*this, right);
+    connect(find_bar_, &FindBar::asked, this, [this] {
+        find_bar_->tell({});
+        find_bar_->open();
+    });
+    connect(find_bar_, &FindBar::stepped, this, [this](FindBar::Step step) { find(step); });
+    connect(find_bar_, &FindBar::left, this, [this] { closeFind(); });
     column->addWidget(find_bar_);
+    auto* const bar = new QToolBar(tr("Navigation"), this);
+    addActions(*bar);
     const int letter = fontMetrics().averageCharWidth();
     int letters = kPageLetters;
     if (kind == Kind::WithPanes) {
@@ -108,40 +110,12 @@ void HelpWindow::addActions(QToolBar& bar) {
         page_->resetZoom();
     });
     bar.addSeparator();
-    add(tr("Find..."), "edit-find", none, QKeySequence::keyBindings(QKeySequence::Find), [this] {
-        startFinding();
-    });
+    bar.addAction(&find_bar_->findAction());
     back->setEnabled(false);
     forward->setEnabled(false);
     first->setEnabled(book_ != nullptr);
     connect(page_, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
     connect(page_, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
-}
-
-QWidget* HelpWindow::makeFindBar() {
-    auto* const bar = new QWidget(this);
-    bar->setLayout(new QHBoxLayout);
-    wanted_ = new QLineEdit(bar);
-    wanted_->setObjectName(QStringLiteral("find"));
-    wanted_->setAccessibleName(tr("Find in this page"));
-    auto* const label = new QLabel(tr("&Find:"), bar);
-    label->setBuddy(wanted_);
-    auto* const next = new QPushButton(tr("&Next"), bar);
-    auto* const previous = new QPushButton(tr("&Previous"), bar);
-    auto* const close = new QPushButton(tr("&Close"), bar);
-    for (QWidget* const widget : {static_cast<QWidget*>(label),
-                                  static_cast<QWidget*>(wanted_),
-                                  static_cast<QWidget*>(next),
-                                  static_cast<QWidget*>(previous),
-                                  static_cast<QWidget*>(close)}) {
-        bar->layout()->addWidget(widget);
-    }
-    connect(wanted_, &QLineEdit::returnPressed, this, [this] { find(false); });
-    connect(next, &QPushButton::clicked, this, [this] { find(false); });
-    connect(previous, &QPushButton::clicked, this, [this] { find(true); });
-    connect(close, &QPushButton::clicked, bar, &QWidget::hide);
-    bar->hide();
-    return bar;
 }
 
 void HelpWindow::showTopic(const QString& topic) {
@@ -173,32 +147,30 @@ void HelpWindow::bringToFront() {
     activateWindow();
 }
 
-void HelpWindow::startFinding() {
-    find_bar_->show();
-    wanted_->selectAll();
-    wanted_->setFocus();
-}
-
-// Goes on at the other end of the page.
-void HelpWindow::find(bool backwards) {
-    const QTextDocument::FindFlags flags =
-        backwards ? QTextDocument::FindBackward : QTextDocument::FindFlags();
-    if (wanted_->text().isEmpty() || page_->find(wanted_->text(), flags)) {
+void HelpWindow::find(FindBar::Step step) {
+    if (find_bar_->wanted().isEmpty()) {
+        find_bar_->tell({});
+        find_bar_->open();
         return;
     }
-    const QTextCursor here = page_->textCursor();
-    page_->moveCursor(backwards ? QTextCursor::End : QTextCursor::Start);
-    if (!page_->find(wanted_->text(), flags)) {
-        page_->setTextCursor(here);
+    const TextPlace found = FindInText(page_->textCursor(), find_bar_->wanted(), step);
+    if (!found.Cursor.isNull()) {
+        page_->setTextCursor(found.Cursor);
     }
+    find_bar_->show();
+    find_bar_->tell(FindBar::notice(!found.Cursor.isNull(), found.Wrapped, step));
+}
+
+void HelpWindow::closeFind() {
+    find_bar_->hide();
+    page_->setFocus();
 }
 
 void HelpWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Escape) {
         QMainWindow::keyPressEvent(event);
     } else if (!find_bar_->isHidden()) {
-        find_bar_->hide();
-        page_->setFocus();
+        closeFind();
     } else if (kind_ == Kind::PageAlone) {
         close();
     }

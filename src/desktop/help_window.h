@@ -5,7 +5,8 @@
 #include <QMainWindow>
 #include <QString>
 
-class QLineEdit;
+#include "desktop/find_bar.h"
+
 class QListWidget;
 class QTabWidget;
 class QToolBar;
@@ -38,22 +39,20 @@ class HelpWindow : public QMainWindow {
 
  private:
     void addActions(QToolBar& bar);
-    [[nodiscard]] QWidget* makeFindBar();
     [[nodiscard]] QTabWidget* makePanes();
     [[nodiscard]] QWidget* makeContents();
     [[nodiscard]] QWidget* makeIndex();
     [[nodiscard]] QWidget* makeSearch();
     void showPane(int number);
     void bringToFront();
-    void startFinding();
-    void find(bool backwards);
+    void find(FindBar::Step step);
+    void closeFind();
 
     HelpBook* book_;
     Kind kind_;
     HelpBrowser* page_;
     QTabWidget* panes_ = nullptr;
-    QWidget* find_bar_ = nullptr;
-    QLineEdit* wanted_ = nullptr;
+    FindBar* find_bar_ = nullptr;
 };
 
 }  // namespace orvik

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "app/run_time_error.h"
+#include "files/links.h"
 
 namespace orvik {
 namespace {
@@ -35,10 +36,6 @@ Failure FailureOf(int error) {
         default:
             return Failure::PathFileAccess;
     }
-}
-
-fs::path FolderOf(const fs::path& path) {
-    return path.has_parent_path() ? path.parent_path() : fs::path(".");
 }
 
 // A missing file in a missing folder is a missing path.
@@ -88,20 +85,6 @@ OpenFile OpenOrThrow(const fs::path& path, const char* how) {
         Throw(errno, path);
     }
     return file;
-}
-
-// The file that a name stands for in the end, existing or not, so that a link stays a link.
-fs::path Resolve(fs::path path) {
-    constexpr int kMostLinks = 40;
-    std::error_code error;
-    for (int links = 0; fs::is_symlink(path, error) && links < kMostLinks; ++links) {
-        const fs::path target = fs::read_symlink(path, error);
-        if (error) {
-            break;
-        }
-        path = FolderOf(path) / target;
-    }
-    return path;
 }
 
 // A new, empty file in the folder of a target, removed again unless it was renamed.
@@ -209,7 +192,7 @@ std::string FileSlot::ReadIfThere(const std::string& name) {
 void FileSlot::Append(const std::string& name, std::string_view contents) {
     Close();
     CheckName(name);
-    const fs::path path = Resolve(name);
+    const fs::path path = ResolveLinks(name);
     const fs::file_type type = TypeOf(path);
     if (type != fs::file_type::regular && type != fs::file_type::not_found) {
         throw RunTimeError(Failure::PathFileAccess);
@@ -230,19 +213,20 @@ void FileSlot::Append(const std::string& name, std::string_view contents) {
 
 void FileSlot::TryAppending(const std::string& name) {
     CheckName(name);
-    const fs::path path = Resolve(name);
-    const bool is_new = TypeOf(path) == fs::file_type::not_found;
-    Append(name, "");
-    if (is_new) {
-        std::error_code ignored;
-        fs::remove(path, ignored);
+    const fs::path path = ResolveLinks(name);
+    if (TypeOf(path) == fs::file_type::not_found) {
+        // Under its own name another program may be making it just now.
+        Close();
+        const FileBeside attempt(path);
+    } else {
+        Append(name, "");
     }
 }
 
 void FileSlot::Replace(const std::string& name, std::string_view contents) {
     Close();
     CheckName(name);
-    const fs::path path = Resolve(name);
+    const fs::path path = ResolveLinks(name);
     switch (TypeOf(path)) {
         case fs::file_type::character:
             // A device such as a terminal takes the bytes as they come.

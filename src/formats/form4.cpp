@@ -85,15 +85,14 @@ void Form4::ConvertFile(bool& reading_is_over) {
     const std::string ldif = module_.File1.Read(module_.File1.Length());
     module_.File1.Close();
     int shown = -1;
-    std::string output =
-        ExportPim(ldif, module_.PimSep, reading_is_over, [&](std::size_t position) {
-            const double done = static_cast<double>(position) / static_cast<double>(ldif.size());
-            Picture2.Width = done * kFullWidth;
-            if (static_cast<int>(done * 100) != shown) {
-                shown = static_cast<int>(done * 100);
-                module_.platform.Repaint();
-            }
-        });
+    std::string output = ExportPim(ldif, module_.PimSep, [&](std::size_t position) {
+        const double done = static_cast<double>(position) / static_cast<double>(ldif.size());
+        Picture2.Width = done * kFullWidth;
+        if (static_cast<int>(done * 100) != shown) {
+            shown = static_cast<int>(done * 100);
+            module_.platform.Repaint();
+        }
+    });
     // Reading is over: a failure from here on is one of the output file.
     reading_is_over = true;
     module_.File1.Replace(Text2.Text(), output.append(kCrLf));

@@ -51,9 +51,9 @@ Found FindValue(std::string_view text, std::size_t& i) {
 
 std::string ExportPim(std::string_view ldif,
                       std::string_view separator,
-                      bool& begins_record,
                       const std::function<void(std::size_t)>& progress) {
     std::string output;
+    bool begins_record = false;
     for (std::size_t i = 1; i <= ldif.size(); ++i) {
         progress(i);
         if (IsDropped(ldif, i)) {

@@ -11,11 +11,9 @@ namespace orvik {
 // ExportPim: a line per record, its values joined by the separator. Lines that only Netscape uses
 // ("dn: ", "cn: ", "objectclass: ", "xmozillause", "xnav") are dropped, wherever such a key stands.
 //   "dn: x\r\ngivenname: Al\r\nmail: A1\r\n\r\n", ","  ->  "Al,A1\r\n"
-// progress is given each position that the conversion comes to, counted from 1,
-// in bytes. begins_record is left at whether the last character ended a record.
+// progress is given each position that the conversion comes to, counted from 1, in bytes.
 [[nodiscard]] std::string ExportPim(std::string_view ldif,
                                     std::string_view separator,
-                                    bool& begins_record,
                                     const std::function<void(std::size_t)>& progress);
 
 }  // namespace orvik

@@ -14,6 +14,7 @@
 
 #include <glib.h>
 
+#include "files/links.h"
 #include "store/setting_text.h"
 
 namespace orvik {
@@ -130,13 +131,38 @@ class FolderLock {
     bool held_ = false;
 };
 
+enum class Outcome { Written, Unreadable, Unwritable };
+
+Outcome ChangeUnderLock(const std::string& name, const std::function<void(KeyFile&)>& change) {
+    const std::string folder = FolderOf(name);
+    g_mkdir_with_parents(folder.c_str(), kFolderMode);
+    const FolderLock lock(folder);
+    KeyFile file;
+    if (Load(name, file) == State::Unreadable) {
+        return Outcome::Unreadable;
+    }
+    change(file);
+    gsize length = 0;
+    const Owned<gchar> contents(g_key_file_to_data(file.Keys.get(), &length, nullptr), &g_free);
+    const bool written =
+        lock.IsHeld() &&
+        g_file_set_contents_full(ResolveLinks(name).c_str(),
+                                 contents.get(),
+                                 static_cast<gssize>(length),
+                                 static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT |
+                                                                    G_FILE_SET_CONTENTS_DURABLE),
+                                 kFileMode,
+                                 nullptr) != FALSE;
+    return written ? Outcome::Written : Outcome::Unwritable;
+}
+
 }  // namespace
 
 SettingsStore::SettingsStore(std::string file, std::function<void(const std::string&)> report)
     : file_(std::move(file)), report_(std::move(report)) {}
 
 std::string SettingsStore::UserFile() {
-    // GLib would answer what it was at its first call.
+    // GLib keeps the folder that it answered first.
     const gchar* const config = g_getenv("XDG_CONFIG_HOME");
     const std::string folder = config != nullptr && g_path_is_absolute(config) != FALSE
                                    ? config
@@ -188,34 +214,14 @@ void SettingsStore::Clear() {
 }
 
 bool SettingsStore::Change(const std::function<void(KeyFile&)>& change) {
-    std::error_code error;
-    const std::string folder = fs::path(file_).parent_path();
-    g_mkdir_with_parents(folder.c_str(), kFolderMode);
-    const FolderLock lock(folder);
-    KeyFile file;
-    const State state = Load(file_, file);
-    if (state == State::Unreadable) {
+    // What is told may wait for the user, and no other program shall wait for that.
+    const Outcome outcome = ChangeUnderLock(file_, change);
+    if (outcome == Outcome::Unreadable) {
         Report("The settings file " + file_ + " cannot be read.");
-        return false;
-    }
-    change(file);
-    // A link stays a link: the file that it leads to is replaced.
-    const fs::path target = state == State::Read ? fs::canonical(file_, error) : fs::path(file_);
-    gsize length = 0;
-    const Owned<gchar> contents(g_key_file_to_data(file.Keys.get(), &length, nullptr), &g_free);
-    const bool written =
-        lock.IsHeld() && !error &&
-        g_file_set_contents_full(target.c_str(),
-                                 contents.get(),
-                                 static_cast<gssize>(length),
-                                 static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT |
-                                                                    G_FILE_SET_CONTENTS_DURABLE),
-                                 kFileMode,
-                                 nullptr) != FALSE;
-    if (!written) {
+    } else if (outcome == Outcome::Unwritable) {
         Report("The settings file " + file_ + " cannot be written.");
     }
-    return written;
+    return outcome == Outcome::Written;
 }
 
 void SettingsStore::Report(const std::string& problem) {

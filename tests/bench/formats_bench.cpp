@@ -76,8 +76,7 @@ void AliasRead(benchmark::State& state) {
 void PimExport(benchmark::State& state) {
     const Book& book = BookFor(state);
     Measure(state, book.ldif, [&] {
-        bool begins_record = false;
-        return ExportPim(book.ldif, ",", begins_record, [](std::size_t /*position*/) {});
+        return ExportPim(book.ldif, ",", [](std::size_t /*position*/) {});
     });
 }
 

@@ -71,6 +71,7 @@ def running(*command):
     program = subprocess.Popen(command)
     try:
         yield eventually("the program", application)
+        assert program.poll() is None, f"the program ended with {program.returncode}"
     finally:
         program.send_signal(signal.SIGKILL)
         program.wait()

@@ -111,6 +111,29 @@ TEST_F(FindTest, NothingIsFoundInTheMiddleOfAnExtraction) {
     ExpectFound(1);
 }
 
+TEST_F(FindTest, TabGoesThroughTheBarAsTheEyeDoes) {
+    Open();
+    for (const char* expected : {"findPreviousButton", "findNextButton", "findClose"}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), expected);
+    }
+}
+
+TEST_F(FindTest, EnterPressesTheButtonThatHasTheFocus) {
+    Open();
+    Type("al");
+    ExpectFound(0);
+    auto& previous = Find<QToolButton>("findPreviousButton");
+    previous.setFocus();
+    QTest::keyClick(&previous, Qt::Key_Return);
+    ExpectFound(2, "From the end");
+    auto& close = Find<QToolButton>("findClose");
+    close.setFocus();
+    QTest::keyClick(&close, Qt::Key_Return);
+    EXPECT_FALSE(bar_.isVisible());
+    ExpectFound(2, "From the end");
+}
+
 TEST_F(FindTest, InEditModeTheTextIsSearched) {
     Open();
     SwitchEditMode();

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMainWindow>
@@ -176,7 +177,7 @@ TEST_F(HelpViewerTest, TextIsFoundInThePageAndAroundItsEnd) {
     QMainWindow& window = Window("Stripped");
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
-    auto& wanted = *window.findChild<QLineEdit*>(QStringLiteral("find"));
+    auto& wanted = *window.findChild<QLineEdit*>(QStringLiteral("findText"));
     ASSERT_TRUE(wanted.isVisible());
     QTest::keyClicks(&wanted, QStringLiteral("exactly 500"));
     QTest::keyClick(&wanted, Qt::Key_Return);
@@ -184,6 +185,12 @@ TEST_F(HelpViewerTest, TextIsFoundInThePageAndAroundItsEnd) {
     EXPECT_EQ(Page(window).textCursor().selectedText(), QStringLiteral("exactly 500"));
     QTest::keyClick(&wanted, Qt::Key_Return);
     EXPECT_EQ(Page(window).textCursor().position(), place);
+    EXPECT_EQ(window.findChild<QLabel*>(QStringLiteral("findNotice"))->text(),
+              QStringLiteral("From the start"));
+    QTest::keyClicks(&wanted, QStringLiteral("x"));
+    QTest::keyClick(&wanted, Qt::Key_Return);
+    EXPECT_EQ(window.findChild<QLabel*>(QStringLiteral("findNotice"))->text(),
+              QStringLiteral("Not found"));
     QTest::keyClick(&wanted, Qt::Key_Escape);
     EXPECT_FALSE(wanted.isVisible());
     EXPECT_TRUE(window.isVisible());
@@ -254,7 +261,7 @@ TEST_F(HelpViewerTest, ACacheThatCannotBeWrittenIsReplaced) {
 TEST_F(HelpViewerTest, EveryPartOfAWindowHasAnAccessibleName) {
     viewer.show(HelpCommand::Contents, HelpFile() + ">SecWin", "");
     for (const char* const name :
-         {"page", "panes", "contents", "indexWord", "index", "searchWords", "hits", "find"}) {
+         {"page", "panes", "contents", "indexWord", "index", "searchWords", "hits", "findText"}) {
         EXPECT_FALSE(Find<QWidget>(name).accessibleName().isEmpty()) << name;
     }
 }

@@ -111,8 +111,7 @@ void CheckJunoWriter(std::string_view text) {
 
 void CheckPimExport(std::string_view text) {
     std::size_t reached = 0;
-    bool begins_record = false;
-    const std::string lines = ExportPim(text, "|", begins_record, [&](std::size_t position) {
+    const std::string lines = ExportPim(text, "|", [&](std::size_t position) {
         Check(position > reached && position <= text.size(), "the walk goes on");
         reached = position;
     });

@@ -13,9 +13,8 @@ using test::ForRandomTexts;
 using test::LiteralText;
 
 std::string Export(std::string_view ldif, std::string_view separator = ",") {
-    bool begins_record = false;
     std::size_t reached = 0;
-    return ExportPim(ldif, separator, begins_record, [&](std::size_t position) {
+    return ExportPim(ldif, separator, [&](std::size_t position) {
         EXPECT_GT(position, reached);
         EXPECT_LE(position, ldif.size());
         reached = position;

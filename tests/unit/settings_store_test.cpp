@@ -239,6 +239,28 @@ TEST_F(SettingsStoreTest, ALinkStaysALink) {
     EXPECT_EQ(test::ReadFile(real), "[Settings]\nOpen=2\n");
 }
 
+TEST_F(SettingsStoreTest, ALinkToNothingYetGetsItsFile) {
+    const std::string real = folder.Name("dotfiles.conf");
+    fs::create_directories(fs::path(file).parent_path());
+    fs::create_symlink(real, file);
+    Open().Save("Settings", "Open", "2");
+    EXPECT_TRUE(fs::is_symlink(file));
+    EXPECT_EQ(test::ReadFile(real), "[Settings]\nOpen=2\n");
+}
+
+TEST_F(SettingsStoreTest, NoLockIsHeldWhileAProblemIsTold) {
+    Write("no settings at all\n");
+    int told = 0;
+    SettingsStore store(file, [&](const std::string&) {
+        ++told;
+        const int other = open(folder.Name("orvik").c_str(), O_RDONLY | O_DIRECTORY);
+        EXPECT_EQ(flock(other, LOCK_EX | LOCK_NB), 0);
+        close(other);
+    });
+    store.Save("Settings", "Open", "2");
+    EXPECT_EQ(told, 1);
+}
+
 TEST_F(SettingsStoreTest, WhatIsNoFileIsToldOnceAndKeptForTheRun) {
     fs::create_directories(file);
     SettingsStore store = Open();
