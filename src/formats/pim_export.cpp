@@ -13,11 +13,24 @@ constexpr std::array<std::string_view, 5> kDropped = {
 
 constexpr std::string_view kRecordBreak = "\r\n\r\n";
 
+// Whether neither a line break nor a dropped key begins with this character.
+bool IsPlain(char c) {
+    return c != '\r' && c != 'd' && c != 'c' && c != 'o' && c != 'x';
+}
+
+// How many characters from i on are exported as they are, whatever stands around them.
+std::size_t PlainRun(std::string_view text, std::size_t i) {
+    const std::string_view rest = Mid(text, i);
+    return static_cast<std::size_t>(std::find_if_not(rest.begin(), rest.end(), IsPlain) -
+                                    rest.begin());
+}
+
 bool IsDropped(std::string_view text, std::size_t i) {
     const std::string_view rest = Mid(text, i);
-    return std::any_of(kDropped.begin(), kDropped.end(), [&](std::string_view key) {
-        return rest.starts_with(key);
-    });
+    return !rest.empty() && !IsPlain(rest.front()) &&
+           std::any_of(kDropped.begin(), kDropped.end(), [&](std::string_view key) {
+               return rest.starts_with(key);
+           });
 }
 
 // Goes from a dropped key at i to where the walk goes on: two before the line
@@ -55,6 +68,12 @@ std::string ExportPim(std::string_view ldif,
     std::string output;
     bool begins_record = false;
     for (std::size_t i = 1; i <= ldif.size(); ++i) {
+        if (const std::size_t run = PlainRun(ldif, i); run > 0) {
+            output.append(Mid(ldif, i, run));
+            i += run - 1;
+            progress(i);
+            continue;
+        }
         progress(i);
         if (IsDropped(ldif, i)) {
             if (!SkipLine(ldif, i)) {
