@@ -11,8 +11,8 @@ namespace orvik {
 // ExportPim: a line per record, its values joined by the separator. Lines that only Netscape uses
 // ("dn: ", "cn: ", "objectclass: ", "xmozillause", "xnav") are dropped, wherever such a key stands.
 //   "dn: x\r\ngivenname: Al\r\nmail: A1\r\n\r\n", ","  ->  "Al,A1\r\n"
-// progress is given positions that the conversion comes to, counted from 1, in bytes; the last one of
-// all among them.
+// progress is given positions that the conversion comes to, counted from 1, in bytes; the last one
+// of all among them.
 [[nodiscard]] std::string ExportPim(std::string_view ldif,
                                     std::string_view separator,
                                     const std::function<void(std::size_t)>& progress);
