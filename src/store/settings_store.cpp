@@ -4,16 +4,15 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <memory>
 #include <system_error>
 #include <thread>
-#include <vector>
 
 #include <glib.h>
 
+#include "app/text.h"
 #include "files/links.h"
 #include "store/setting_text.h"
 
@@ -44,17 +43,11 @@ constexpr int kFileMode = 0600;
 template <class T>
 using Owned = std::unique_ptr<T, decltype(&g_free)>;
 
-std::string Lower(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(), g_ascii_tolower);
-    return lower;
-}
-
 // The last of the names that differs in case only: in a file edited by hand there may be several.
 std::optional<std::string> FindName(gchar** names, std::string_view wanted) {
     std::optional<std::string> found;
     for (gchar** name = names; name != nullptr && *name != nullptr; ++name) {
-        if (Lower(UnescapeSetting(*name)) == Lower(wanted)) {
+        if (ToLower(UnescapeSetting(*name)) == ToLower(wanted)) {
             found = *name;
         }
     }
@@ -171,7 +164,7 @@ std::string SettingsStore::UserFile() {
 }
 
 std::optional<std::string> SettingsStore::Get(std::string_view section, std::string_view key) {
-    if (const auto kept = kept_.find({Lower(section), Lower(key)}); kept != kept_.end()) {
+    if (const auto kept = kept_.find({ToLower(section), ToLower(key)}); kept != kept_.end()) {
         return kept->second;
     }
     KeyFile file;
@@ -197,7 +190,7 @@ void SettingsStore::Save(std::string_view section, std::string_view key, std::st
                              place.Key.c_str(),
                              EscapeSetting(value, SettingPart::Value).c_str());
     });
-    const auto name = std::pair(Lower(section), Lower(key));
+    const auto name = std::pair(ToLower(section), ToLower(key));
     if (saved) {
         kept_.erase(name);
     } else {
