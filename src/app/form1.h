@@ -98,7 +98,7 @@ class Form1 : public Form {
     void mnuSave_Click();
     void mnuMerge_Click();
 
-    void mnuExtract_Click();  // src/extract/driver.cpp
+    void mnuExtract_Click();  // src/extract/extraction.cpp
 
     // Sorting, duplicates, nickname parsing: src/listops/.
     void cmdEmail_Click();

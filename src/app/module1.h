@@ -11,13 +11,13 @@
 #include <string_view>
 #include <vector>
 
+#include "app/file_slot.h"
 #include "app/form.h"
 #include "app/form1.h"
 #include "app/messages.h"
 #include "app/undo.h"
 #include "aux/frm_about.h"
 #include "aux/frm_select.h"
-#include "files/file_slot.h"
 #include "files/form3.h"
 #include "formats/form4.h"
 #include "formats/form5.h"
@@ -163,7 +163,7 @@ class Module1 {
     // in the ASCII form, by way of LDIF.
     void MergeLdif(std::string& old_text, std::string& new_text);
 
-    // Extraction: src/extract/driver.cpp.
+    // Extraction: src/extract/extraction.cpp.
     // ScanAddresses: appends the addresses of a chunk to found; total is the file's length in
     // bytes, start the chunk's 1-based position in it. Errors: RunTimeError 6 past 32767 addresses.
     void ScanAddresses(std::string& found,

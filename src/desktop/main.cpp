@@ -14,13 +14,13 @@
 #include <vector>
 
 #include "app/module1.h"
-#include "desktop/desktop.h"
-#include "desktop/form1_window.h"
-#include "desktop/log_out.h"
-#include "desktop/program_icon.h"
-#include "desktop/qt_platform.h"
-#include "desktop/small_windows.h"
-#include "desktop/window_place.h"
+#include "desktop/session/desktop.h"
+#include "desktop/session/log_out.h"
+#include "desktop/session/program_icon.h"
+#include "desktop/session/qt_platform.h"
+#include "desktop/session/window_place.h"
+#include "desktop/windows/form1_window.h"
+#include "desktop/windows/small_windows.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include <glib.h>
 
 #include "app/text.h"
-#include "files/links.h"
+#include "platform/links.h"
 #include "store/setting_text.h"
 
 namespace orvik {

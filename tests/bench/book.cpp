@@ -1,4 +1,4 @@
-#include "book.h"
+#include "bench/book.h"
 
 #include <array>
 #include <map>

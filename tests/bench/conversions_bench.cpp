@@ -5,9 +5,9 @@
 
 #include "app/controls.h"
 #include "app/working_text.h"
+#include "bench/measure.h"
 #include "formats/ldif_reader.h"
 #include "formats/ldif_writer.h"
-#include "measure.h"
 
 namespace orvik::bench {
 namespace {

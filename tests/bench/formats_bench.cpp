@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "bench/measure.h"
 #include "files/list_filters.h"
 #include "files/netscape3_merge.h"
 #include "formats/csv_reader.h"
@@ -10,7 +11,6 @@
 #include "formats/netscape3_reader.h"
 #include "formats/netscape3_writer.h"
 #include "formats/pim_export.h"
-#include "measure.h"
 
 namespace orvik::bench {
 namespace {

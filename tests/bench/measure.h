@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "book.h"
+#include "bench/book.h"
 #include "formats/progress.h"
 
 namespace orvik::bench {

@@ -7,9 +7,9 @@
 #include <string_view>
 
 #include "app/working_text.h"
+#include "bench/measure.h"
 #include "extract/scan.h"
 #include "listops/sort_entries.h"
-#include "measure.h"
 
 namespace orvik::bench {
 namespace {

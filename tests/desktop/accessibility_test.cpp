@@ -9,10 +9,10 @@
 #include <map>
 #include <set>
 
-#include "desktop/picture_view.h"
-#include "desktop/small_windows.h"
-#include "desktop/text_box_view.h"
-#include "form1_window_fixture.h"
+#include "desktop/form1_window_fixture.h"
+#include "desktop/text/text_box_view.h"
+#include "desktop/views/picture_view.h"
+#include "desktop/windows/small_windows.h"
 
 namespace orvik {
 namespace {

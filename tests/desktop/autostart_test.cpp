@@ -1,4 +1,4 @@
-#include "desktop/autostart.h"
+#include "desktop/session/autostart.h"
 
 #include <QDir>
 #include <QFile>

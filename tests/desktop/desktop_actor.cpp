@@ -1,4 +1,4 @@
-#include "desktop_actor.h"
+#include "desktop/desktop_actor.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -16,14 +16,14 @@
 #include <QTextDocument>
 #include <algorithm>
 
-#include "desktop/control_views.h"
-#include "desktop/form1_window.h"
-#include "desktop/form_window.h"
-#include "desktop/list_box_view.h"
-#include "desktop/small_windows.h"
-#include "desktop/text_box_view.h"
-#include "desktop/text_codec.h"
-#include "desktop_properties.h"
+#include "desktop/desktop_properties.h"
+#include "desktop/text/text_box_view.h"
+#include "desktop/text/text_codec.h"
+#include "desktop/views/control_views.h"
+#include "desktop/views/list_box_view.h"
+#include "desktop/windows/form1_window.h"
+#include "desktop/windows/form_window.h"
+#include "desktop/windows/small_windows.h"
 
 namespace orvik::testkit {
 namespace {

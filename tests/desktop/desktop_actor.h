@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "desktop/desktop.h"
+#include "desktop/session/desktop.h"
 #include "testkit/actor.h"
 
 class QWidget;

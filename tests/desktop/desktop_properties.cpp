@@ -1,4 +1,4 @@
-#include "desktop_properties.h"
+#include "desktop/desktop_properties.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -11,9 +11,9 @@
 #include <type_traits>
 #include <vector>
 
-#include "desktop/list_box_view.h"
-#include "desktop/text_box_view.h"
-#include "desktop/text_codec.h"
+#include "desktop/text/text_box_view.h"
+#include "desktop/text/text_codec.h"
+#include "desktop/views/list_box_view.h"
 #include "testkit/transcript.h"
 
 namespace orvik::testkit {

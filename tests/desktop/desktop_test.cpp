@@ -1,4 +1,4 @@
-#include "desktop/desktop.h"
+#include "desktop/session/desktop.h"
 
 #include <QApplication>
 #include <QPushButton>

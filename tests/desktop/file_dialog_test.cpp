@@ -1,4 +1,4 @@
-#include "desktop/file_dialog.h"
+#include "desktop/session/file_dialog.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>

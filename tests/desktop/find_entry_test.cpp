@@ -1,4 +1,4 @@
-#include "desktop/find_entry.h"
+#include "desktop/text/find_entry.h"
 
 #include <QString>
 #include <random>
@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "desktop/text_codec.h"
+#include "desktop/text/text_codec.h"
 
 namespace orvik {
 namespace {

@@ -4,8 +4,8 @@
 #include <QGuiApplication>
 #include <QPushButton>
 
-#include "desktop/text_box_view.h"
-#include "form1_window_fixture.h"
+#include "desktop/form1_window_fixture.h"
+#include "desktop/text/text_box_view.h"
 
 namespace orvik {
 namespace {

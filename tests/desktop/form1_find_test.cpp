@@ -3,8 +3,8 @@
 #include <QLineEdit>
 #include <QToolButton>
 
-#include "desktop/text_box_view.h"
-#include "form1_window_fixture.h"
+#include "desktop/form1_window_fixture.h"
+#include "desktop/text/text_box_view.h"
 
 namespace orvik {
 namespace {

@@ -11,9 +11,9 @@
 #include <string>
 #include <string_view>
 
-#include "desktop/control_views.h"
-#include "desktop/desktop.h"
-#include "desktop/form1_window.h"
+#include "desktop/session/desktop.h"
+#include "desktop/views/control_views.h"
+#include "desktop/windows/form1_window.h"
 #include "unit/mock_platform.h"
 
 namespace orvik::test {

@@ -1,4 +1,4 @@
-#include "desktop/form1_window.h"
+#include "desktop/windows/form1_window.h"
 
 #include <QApplication>
 #include <QDropEvent>
@@ -12,9 +12,9 @@
 #include <cstdio>
 #include <fstream>
 
-#include "desktop/log_out.h"
-#include "desktop/text_box_view.h"
-#include "form1_window_fixture.h"
+#include "desktop/form1_window_fixture.h"
+#include "desktop/session/log_out.h"
+#include "desktop/text/text_box_view.h"
 
 namespace orvik {
 namespace {

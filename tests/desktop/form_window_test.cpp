@@ -1,4 +1,4 @@
-#include "desktop/form_window.h"
+#include "desktop/windows/form_window.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -14,10 +14,10 @@
 
 #include <gmock/gmock.h>
 
-#include "desktop/control_views.h"
-#include "desktop/picture_view.h"
-#include "desktop/small_windows.h"
-#include "desktop/text_box_view.h"
+#include "desktop/text/text_box_view.h"
+#include "desktop/views/control_views.h"
+#include "desktop/views/picture_view.h"
+#include "desktop/windows/small_windows.h"
 #include "unit/mock_platform.h"
 
 namespace orvik {

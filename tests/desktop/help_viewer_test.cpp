@@ -1,4 +1,4 @@
-#include "desktop/help_viewer.h"
+#include "desktop/help/help_viewer.h"
 
 #include <QApplication>
 #include <QDir>
@@ -23,10 +23,10 @@
 #include <gtest/gtest.h>
 
 #include "app/module1.h"
-#include "desktop/form1_window.h"
-#include "desktop/help_book.h"
-#include "desktop/qt_platform.h"
-#include "desktop/small_windows.h"
+#include "desktop/help/help_book.h"
+#include "desktop/session/qt_platform.h"
+#include "desktop/windows/form1_window.h"
+#include "desktop/windows/small_windows.h"
 
 namespace orvik {
 namespace {

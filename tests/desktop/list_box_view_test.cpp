@@ -1,4 +1,4 @@
-#include "desktop/list_box_view.h"
+#include "desktop/views/list_box_view.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>

@@ -4,7 +4,7 @@
 
 #include <gmock/gmock.h>
 
-#include "qt_messages.h"
+#include "desktop/qt_messages.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 #include <string_view>
 #include <vector>
 
-#include "desktop_actor.h"
-#include "qt_messages.h"
+#include "desktop/desktop_actor.h"
+#include "desktop/qt_messages.h"
 #include "testkit/scenario_main.h"
 #include "testkit/statement.h"
 

@@ -1,4 +1,4 @@
-#include "desktop/qt_platform.h"
+#include "desktop/session/qt_platform.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "app/run_time_error.h"
-#include "desktop/autostart.h"
+#include "desktop/session/autostart.h"
 
 namespace orvik {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/text_box_view.h"
+#include "desktop/text/text_box_view.h"
 
 #include <QAction>
 #include <QApplication>
@@ -12,7 +12,7 @@
 
 #include <gtest/gtest.h>
 
-#include "desktop/clipboard.h"
+#include "desktop/text/system_clipboard.h"
 
 namespace orvik {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/text_codec.h"
+#include "desktop/text/text_codec.h"
 
 #include <QTextDocument>
 #include <random>

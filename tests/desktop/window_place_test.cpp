@@ -1,4 +1,4 @@
-#include "desktop/window_place.h"
+#include "desktop/session/window_place.h"
 
 #include <QFile>
 #include <QScreen>

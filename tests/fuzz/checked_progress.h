@@ -3,7 +3,7 @@
 #pragma once
 
 #include "formats/progress.h"
-#include "fuzz_target.h"
+#include "fuzz/fuzz_target.h"
 
 namespace orvik::fuzz {
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "fuzz_program.h"
-#include "fuzz_target.h"
+#include "fuzz/fuzz_program.h"
+#include "fuzz/fuzz_target.h"
 
 namespace orvik::fuzz {
 namespace {

@@ -5,10 +5,10 @@
 #include <string_view>
 
 #include "app/working_text.h"
-#include "checked_progress.h"
 #include "formats/ldif_reader.h"
 #include "formats/ldif_writer.h"
-#include "fuzz_target.h"
+#include "fuzz/checked_progress.h"
+#include "fuzz/fuzz_target.h"
 
 namespace orvik::fuzz {
 namespace {

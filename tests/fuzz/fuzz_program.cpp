@@ -1,4 +1,4 @@
-#include "fuzz_program.h"
+#include "fuzz/fuzz_program.h"
 
 #include <array>
 #include <cstdio>
@@ -7,7 +7,7 @@
 #include <fstream>
 #include <random>
 
-#include "fuzz_target.h"
+#include "fuzz/fuzz_target.h"
 #include "testkit/statement.h"
 #include "testkit/transcript.h"
 

@@ -6,7 +6,6 @@
 
 #include "app/text.h"
 #include "app/working_text.h"
-#include "checked_progress.h"
 #include "files/list_filters.h"
 #include "files/netscape3_merge.h"
 #include "formats/csv_reader.h"
@@ -15,7 +14,8 @@
 #include "formats/netscape3_reader.h"
 #include "formats/netscape3_writer.h"
 #include "formats/pim_export.h"
-#include "fuzz_target.h"
+#include "fuzz/checked_progress.h"
+#include "fuzz/fuzz_target.h"
 
 namespace orvik::fuzz {
 namespace {

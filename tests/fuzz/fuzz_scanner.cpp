@@ -10,7 +10,7 @@
 #include "app/text.h"
 #include "app/working_text.h"
 #include "extract/scan.h"
-#include "fuzz_target.h"
+#include "fuzz/fuzz_target.h"
 #include "listops/sort_entries.h"
 
 namespace orvik::fuzz {

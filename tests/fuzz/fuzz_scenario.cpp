@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "fuzz_program.h"
-#include "fuzz_target.h"
+#include "fuzz/fuzz_program.h"
+#include "fuzz/fuzz_target.h"
 #include "testkit/transcript.h"
 
 namespace orvik::fuzz {

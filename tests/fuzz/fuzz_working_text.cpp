@@ -8,7 +8,7 @@
 
 #include "app/text.h"
 #include "app/working_text.h"
-#include "fuzz_target.h"
+#include "fuzz/fuzz_target.h"
 
 namespace orvik::fuzz {
 namespace {

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "fuzz_target.h"
+#include "fuzz/fuzz_target.h"
 
 namespace {
 

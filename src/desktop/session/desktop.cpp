@@ -1,0 +1,167 @@
+#include "desktop/session/desktop.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QEvent>
+#include <QScopedValueRollback>
+#include <QThread>
+#include <QWidget>
+#include <QWindow>
+#include <algorithm>
+
+namespace orvik {
+namespace {
+
+// In milliseconds. A window manager needs a few; one that shows a window elsewhere never does it.
+constexpr int kLongestWait = 500;
+constexpr int kBetweenLooks = 2;
+
+bool IsInput(QEvent::Type type) {
+    switch (type) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Shortcut:
+        case QEvent::ShortcutOverride:
+        case QEvent::ContextMenu:
+        case QEvent::InputMethod:
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+void Desktop::add(const Form& form, View& view) {
+    entries_.push_back({&form, &view});
+}
+
+void Desktop::remove(const Form& form) {
+    std::erase_if(entries_, [&](const Entry& entry) { return entry.Shown == &form; });
+}
+
+View* Desktop::viewOf(const Form& form) const {
+    const auto found = std::find_if(
+        entries_.begin(), entries_.end(), [&](const Entry& entry) { return entry.Shown == &form; });
+    return found == entries_.end() ? nullptr : found->Window;
+}
+
+QWidget* Desktop::frontWindow() const {
+    QWidget* const active = QApplication::activeWindow();
+    for (const QWidget* window = active; window != nullptr; window = window->parentWidget()) {
+        if (std::any_of(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+                return &entry.Window->window() == window;
+            })) {
+            return active;
+        }
+    }
+    // A help window is none: a box that belonged to it would block no other.
+    const auto found = std::find_if(entries_.rbegin(), entries_.rend(), [](const Entry& entry) {
+        return entry.Window->window().isVisible();
+    });
+    return found == entries_.rend() ? nullptr : &found->Window->window();
+}
+
+std::optional<Encoding> Desktop::selectionEncoding() const {
+    for (const Entry& entry : entries_) {
+        if (const auto encoding = entry.Window->selectionEncoding()) {
+            return encoding;
+        }
+    }
+    return {};
+}
+
+bool Desktop::run(const std::function<void()>& event, AtYield at_yield) {
+    if (hasEnded() || waiting_) {
+        return false;
+    }
+    const bool refused = yielding_ && at_yield == AtYield::Refused;
+    if (!refused) {
+        ++running_;
+        try {
+            event();
+        } catch (...) {
+            end_ = std::current_exception();
+        }
+        --running_;
+    }
+    if (hasEnded()) {
+        QCoreApplication::exit();
+    } else {
+        syncAll();
+    }
+    return !refused;
+}
+
+void Desktop::syncAll() {
+    for (const Entry& entry : entries_) {
+        entry.Window->sync();
+    }
+}
+
+void Desktop::repaint() {
+    syncAll();
+    for (const Entry& entry : entries_) {
+        QWidget& window = entry.Window->window();
+        if (window.isVisible()) {
+            // What sync() marked as changed is painted, and nothing else.
+            QEvent request(QEvent::UpdateRequest);
+            QCoreApplication::sendEvent(&window, &request);
+        }
+    }
+}
+
+// The user's input stays in the queue. What a screen reader or the session asks for is no input;
+// run() refuses it.
+void Desktop::waitUntilOnScreen(const QWidget& window) {
+    const QWindow* const shown = window.windowHandle();
+    const QScopedValueRollback waiting(waiting_, true);
+    const QDeadlineTimer deadline(kLongestWait);
+    while (!shown->isExposed() && !deadline.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                        QEventLoop::ExcludeSocketNotifiers);
+        QThread::msleep(kBetweenLooks);
+    }
+}
+
+void Desktop::yield() {
+    rethrowEnd();
+    syncAll();
+    if (!yielding_) {
+        yielding_ = true;
+        qApp->installEventFilter(this);
+        QCoreApplication::processEvents();
+        qApp->removeEventFilter(this);
+        yielding_ = false;
+    }
+    rethrowEnd();
+}
+
+void Desktop::acceptAtYield(QWidget& widget) {
+    accepted_at_yield_.push_back(&widget);
+}
+
+void Desktop::rethrowEnd() const {
+    if (hasEnded()) {
+        std::rethrow_exception(end_);
+    }
+}
+
+bool Desktop::eventFilter(QObject* receiver, QEvent* event) {
+    // What a QWindow gets is sent on to one of its widgets, and filtered there.
+    return yielding_ && IsInput(event->type()) && !receiver->isWindowType() &&
+           std::find(accepted_at_yield_.begin(), accepted_at_yield_.end(), receiver) ==
+               accepted_at_yield_.end();
+}
+
+}  // namespace orvik

@@ -1,0 +1,106 @@
+// The windows of the program, and the one way in which the user's events reach their forms.
+//
+// No exception crosses one of Qt's event loops. run() catches at every slot; what ends the program
+// is remembered, all event loops are told to return, and a nested one (a box, a dialog, a modal
+// window, a yield) throws it again on its way back into the command that opened it.
+
+#pragma once
+
+#include <QObject>
+#include <exception>
+#include <functional>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "app/form.h"
+#include "desktop/text/text_codec.h"
+
+class QWidget;
+
+namespace orvik {
+
+// One window: it shows a form and nothing of its own.
+class View {
+ public:
+    View() = default;
+    View(const View&) = delete;
+    View& operator=(const View&) = delete;
+    View(View&&) = delete;
+    View& operator=(View&&) = delete;
+    virtual ~View() = default;
+
+    // Makes the widgets equal to the form; one whose value did not change is not touched.
+    virtual void sync() = 0;
+    [[nodiscard]] virtual QWidget& window() = 0;
+    // The encoding of the text whose selection the running command works on, if it does so.
+    [[nodiscard]] virtual std::optional<Encoding> selectionEncoding() const { return {}; }
+};
+
+// Whether an event is also taken while a command lets pending events run.
+enum class AtYield { Refused, Taken };
+
+class Desktop : public QObject {
+    Q_OBJECT
+ public:
+    Desktop() = default;
+
+    // The view must stay until the desktop goes or its form is removed.
+    void add(const Form& form, View& view);
+    void remove(const Form& form);
+    [[nodiscard]] View* viewOf(const Form& form) const;
+    // The window that a box or a dialog belongs to; none before the first one is shown.
+    [[nodiscard]] QWidget* frontWindow() const;
+    [[nodiscard]] std::optional<Encoding> selectionEncoding() const;
+
+    // Runs an event of the user and makes all windows equal to their forms. Returns false if the
+    // event is refused: at a yield, while a window comes onto the screen, and after the end.
+    bool run(const std::function<void()>& event, AtYield at_yield = AtYield::Refused);
+    [[nodiscard]] bool isRunning() const { return running_ > 0; }
+
+    void syncAll();
+    // Shows the forms as they are now; no event is taken.
+    void repaint();
+    // Waits, for a short time at most, until a window that was shown is on the screen. A command
+    // that shows it goes on without taking events, and it would stay blank. No event of the user is
+    // taken, from wherever it comes.
+    void waitUntilOnScreen(const QWidget& window);
+    // Lets pending events run. Of the user's input only what goes to a widget of acceptAtYield, and
+    // the closing of a window, is taken.
+    void yield();
+    void acceptAtYield(QWidget& widget);
+
+    // Runs an event loop, for example a box, in the middle of a command.
+    template <class Loop>
+    auto nested(Loop&& loop) {
+        rethrowEnd();
+        syncAll();
+        const bool yielding = std::exchange(yielding_, false);
+        auto result = loop();
+        yielding_ = yielding;
+        rethrowEnd();
+        return result;
+    }
+
+    [[nodiscard]] bool hasEnded() const { return end_ != nullptr; }
+    // Throws what ended the program, if anything has.
+    void rethrowEnd() const;
+
+ protected:
+    // At a yield: swallows what is not accepted.
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+ private:
+    struct Entry {
+        const Form* Shown;
+        View* Window;
+    };
+    std::vector<Entry> entries_;
+    std::vector<QObject*> accepted_at_yield_;
+    std::exception_ptr end_;
+    int running_ = 0;
+    bool yielding_ = false;
+    bool waiting_ = false;
+};
+
+}  // namespace orvik

@@ -1,0 +1,59 @@
+// The platform of the window program.
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "desktop/help/help_viewer.h"
+#include "desktop/session/desktop.h"
+#include "desktop/session/file_dialog.h"
+#include "platform/platform.h"
+#include "store/settings_store.h"
+
+namespace orvik {
+
+class QtPlatform : public Platform {
+ public:
+    // desktop must outlive the platform.
+    explicit QtPlatform(Desktop& desktop);
+
+    Answer ShowBox(const MessageBox& box) override;
+    std::string ShowFileDialog(FileDialog& dialog) override;
+    std::string ClipboardText() override;
+    void SetClipboardText(std::string_view text) override;
+    std::optional<std::string> GetSetting(std::string_view section, std::string_view key) override;
+    void SaveSetting(std::string_view section,
+                     std::string_view key,
+                     std::string_view value) override;
+    void DeleteSettings() override { settings_.Clear(); }
+    // A link in the folder "StartUp" starts this program with the user's session; there are no
+    // other folders.
+    bool CreateShellLink(const ShellLink& link) override;
+    void RemoveShellLink(std::string_view folder, std::string_view name) override;
+    void ShowHelp(HelpCommand command, std::string_view target, std::string_view data) override {
+        help_.show(command, target, data);
+    }
+    void ShowForm(Form& form, Showing showing) override;
+    void HideForm(Form& form) override;
+    void CloseForm(Form& form) override;
+    void Repaint() override { desktop_.repaint(); }
+    void Yield() override { desktop_.yield(); }
+    void ReportFailure(const RunTimeError& failure) override;
+    std::string ProgramFolder() override;
+    std::string ProgramName() override;
+    [[noreturn]] void End() override { throw ProgramEnded(); }
+
+    // The next file dialog starts in this file's folder.
+    void rememberFolderOf(const QString& name) { dialogs_.rememberFolderOf(name); }
+
+ private:
+    void tell(const std::string& text);
+
+    Desktop& desktop_;
+    FileDialogs dialogs_;
+    SettingsStore settings_;
+    HelpViewer help_;
+};
+
+}  // namespace orvik

@@ -1,0 +1,43 @@
+#include "desktop/views/control_views.h"
+
+#include <QPushButton>
+
+#include "desktop/text/text_codec.h"
+
+namespace orvik {
+
+QString ObjectName(std::string_view name) {
+    return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+QString SpokenCaption(std::string_view caption) {
+    return ToLetters(caption).remove(u'&');
+}
+
+QPushButton* MakeButton(std::string_view name, const Button& button, QWidget* parent) {
+    auto* const view = new QPushButton(ToLetters(button.Caption), parent);
+    view->setObjectName(ObjectName(name));
+    view->setToolTip(ToLetters(button.ToolTip));
+    view->setAccessibleName(SpokenCaption(button.Caption));
+    return view;
+}
+
+void SyncControl(QWidget& widget, const Control& control) {
+    if (widget.isHidden() == control.Visible) {
+        widget.setVisible(control.Visible);
+    }
+    if (widget.testAttribute(Qt::WA_ForceDisabled) == control.Enabled) {
+        widget.setEnabled(control.Enabled);
+    }
+}
+
+void SyncTitle(QWidget& window, std::string_view caption) {
+    QString title = ToLetters(caption);
+    // "[*]" in a title stands for a mark of Qt's own.
+    title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    if (window.windowTitle() != title) {
+        window.setWindowTitle(title);
+    }
+}
+
+}  // namespace orvik

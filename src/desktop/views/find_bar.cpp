@@ -1,0 +1,143 @@
+#include "desktop/views/find_bar.h"
+
+#include <QAccessible>
+#include <QAction>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStyle>
+#include <QToolButton>
+
+namespace orvik {
+namespace {
+
+constexpr int kFewestLetters = 8;
+constexpr int kMargin = 2;
+
+QAction* AddAction(QWidget& window,
+                   const char* name,
+                   const QString& text,
+                   const QKeySequence& keys) {
+    auto* const action = new QAction(text, &window);
+    action->setObjectName(QString::fromLatin1(name));
+    action->setShortcut(keys);
+    window.addAction(action);
+    return action;
+}
+
+QToolButton* MakeIconButton(const QString& name, const QString& spoken, QWidget* parent) {
+    auto* const button = new QToolButton(parent);
+    button->setObjectName(name);
+    button->setAccessibleName(spoken);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    return button;
+}
+
+QToolButton* MakeStepButton(QAction& action, QWidget* parent) {
+    const QString spoken = action.text().remove(u'&');
+    auto* const button =
+        MakeIconButton(action.objectName() + QStringLiteral("Button"), spoken, parent);
+    button->setDefaultAction(&action);
+    button->setToolTip(spoken + QStringLiteral(" (") +
+                       action.shortcut().toString(QKeySequence::NativeText) + u')');
+    return button;
+}
+
+}  // namespace
+
+FindBar::FindBar(QWidget& window, QWidget* parent)
+    : QWidget(parent),
+      find_(AddAction(window, "find", tr("&Find..."), QKeySequence::Find)),
+      wanted_(new QLineEdit(this)),
+      notice_(new QLabel(this)) {
+    setObjectName(QStringLiteral("findBar"));
+    QAction* const previous =
+        AddAction(window, "findPrevious", tr("Find &previous"), Qt::SHIFT | Qt::Key_F3);
+    QAction* const next = AddAction(window, "findNext", tr("Find &next"), Qt::Key_F3);
+    find_->setIcon(QIcon::fromTheme(QStringLiteral("edit-find")));
+    previous->setIcon(style()->standardIcon(QStyle::SP_ArrowUp));
+    next->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
+    auto* const label = new QLabel(tr("Find &text:"), this);
+    label->setObjectName(QStringLiteral("findLabel"));
+    label->setBuddy(wanted_);
+    wanted_->setObjectName(QStringLiteral("findText"));
+    wanted_->setAccessibleName(tr("Find text"));
+    wanted_->setMinimumWidth(fontMetrics().averageCharWidth() * kFewestLetters);
+    notice_->setObjectName(QStringLiteral("findNotice"));
+
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(2 * kMargin, kMargin, kMargin, kMargin);
+    row->addWidget(label);
+    row->addWidget(wanted_, 1);
+    row->addWidget(MakeStepButton(*previous, this));
+    row->addWidget(MakeStepButton(*next, this));
+    row->addWidget(notice_);
+    auto* const close = MakeIconButton(QStringLiteral("findClose"), tr("Close the find bar"), this);
+    close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    close->setToolTip(tr("Close (Esc)"));
+    row->addWidget(close);
+
+    connect(find_, &QAction::triggered, this, &FindBar::asked);
+    connect(next, &QAction::triggered, this, [this] { emit stepped(Step::Next); });
+    connect(previous, &QAction::triggered, this, [this] { emit stepped(Step::Previous); });
+    connect(wanted_, &QLineEdit::textEdited, this, [this] { emit stepped(Step::Typed); });
+    connect(close, &QToolButton::clicked, this, &FindBar::left);
+    hide();
+}
+
+void FindBar::open() {
+    show();
+    wanted_->selectAll();
+    wanted_->setFocus();
+}
+
+QString FindBar::wanted() const {
+    return wanted_->text();
+}
+
+void FindBar::tell(const QString& notice) {
+    if (notice_->text() == notice) {
+        return;
+    }
+    notice_->setText(notice);
+    wanted_->setAccessibleDescription(notice);
+    if (!notice.isEmpty()) {
+        QAccessibleEvent alert(notice_, QAccessible::Alert);
+        QAccessible::updateAccessibility(&alert);
+    }
+}
+
+QString FindBar::notice(bool found, bool wrapped, Step step) {
+    if (!found) {
+        return tr("Not found");
+    }
+    return !wrapped                 ? QString()
+           : step == Step::Previous ? tr("From the end")
+                                    : tr("From the start");
+}
+
+void FindBar::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Escape:
+            emit left();
+            return;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            // Tool buttons leave these keys alone.
+            if (auto* const button = qobject_cast<QToolButton*>(focusWidget())) {
+                button->click();
+                return;
+            }
+            emit stepped((event->modifiers() & Qt::ShiftModifier) != 0 ? Step::Previous
+                                                                       : Step::Next);
+            return;
+        default:
+            QWidget::keyPressEvent(event);
+    }
+}
+
+}  // namespace orvik

@@ -1,0 +1,91 @@
+#include "desktop/views/status_bar_view.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <algorithm>
+#include <cmath>
+
+#include "desktop/text/text_codec.h"
+#include "desktop/views/measures.h"
+
+namespace orvik {
+namespace {
+
+// Where the progress bar lies, in twips: this far behind the panels, and below the upper and above
+// the lower edge of the status bar.
+constexpr double kBesidePanels = 60;
+constexpr double kInsideBar = 25;
+
+QLabel* MakePanel(const StatusBar& bar, std::size_t number, QWidget* parent) {
+    auto* const panel = new QLabel(parent);
+    panel->setObjectName(QStringLiteral("Panel%1").arg(number));
+    panel->setTextFormat(Qt::PlainText);
+    panel->setToolTip(ToLetters(bar.Panels(number).ToolTip));
+    // Its text is its name, so that a screen reader reads it.
+    panel->setAccessibleDescription(panel->toolTip());
+    return panel;
+}
+
+}  // namespace
+
+StatusBarView::StatusBarView(const StatusBar& bar, const ProgressBar& progress, QWidget* parent)
+    : QStatusBar(parent),
+      bar_(bar),
+      progress_(progress),
+      panels_{MakePanel(bar, 1, this), MakePanel(bar, 2, this)},
+      progress_bar_(new QProgressBar(this)) {
+    progress_bar_->setObjectName(QStringLiteral("ProgressBar1"));
+    progress_bar_->setAccessibleName(tr("Progress"));
+    progress_bar_->setRange(0, 100);
+    progress_bar_->setTextVisible(false);
+    progress_bar_->hide();
+    sync();
+}
+
+void StatusBarView::sync() {
+    bool changed = false;
+    for (std::size_t i = 0; i < panels_.size(); ++i) {
+        const QString text = ToLetters(bar_.Panels(i + 1).Text);
+        if (panels_.at(i)->text() != text) {
+            panels_.at(i)->setText(text);
+            changed = true;
+        }
+    }
+    if (sizing_ != bar_.PanelSizing) {
+        sizing_ = bar_.PanelSizing;
+        changed = true;
+    }
+    if (progress_bar_->isVisibleTo(this) != progress_.Visible) {
+        progress_bar_->setVisible(progress_.Visible);
+        changed = true;
+    }
+    // QProgressBar leaves an equal value alone.
+    progress_bar_->setValue(static_cast<int>(std::lround(progress_.Value)));
+    if (changed) {
+        place();
+    }
+}
+
+void StatusBarView::resizeEvent(QResizeEvent* event) {
+    QStatusBar::resizeEvent(event);
+    place();
+}
+
+// At once and not by a layout, which waits for an event that a repaint does not take.
+void StatusBarView::place() {
+    const int gap = ToPixels(kBesidePanels, logicalDpiX());
+    const int first = panels_.front()->sizeHint().width();
+    const int second = panels_.back()->sizeHint().width();
+    const int spring = width() - 2 * gap - second - height();
+    int left = gap;
+    const auto add = [&](QWidget& panel, int wide) {
+        panel.setGeometry(left, 0, wide, height());
+        left += wide + gap;
+    };
+    add(*panels_.front(), sizing_ == AutoSize::Spring ? std::max(first, spring) : first);
+    add(*panels_.back(), second);
+    const int inside = ToPixels(kInsideBar, logicalDpiY());
+    progress_bar_->setGeometry(left, inside, std::max(0, width() - left), height() - 2 * inside);
+}
+
+}  // namespace orvik

@@ -1,0 +1,110 @@
+// The main window's controls inside its frame.
+
+#include <QPushButton>
+#include <string>
+
+#include "desktop/text/text_box_view.h"
+#include "desktop/views/control_views.h"
+#include "desktop/views/list_box_view.h"
+#include "desktop/views/list_menu.h"
+#include "desktop/windows/form1_window.h"
+
+namespace orvik {
+
+void Form1Window::addText() {
+    const TextBoxView::Commands commands{findChild<QAction*>(QStringLiteral("mnuSelCopy")),
+                                         findChild<QAction*>(QStringLiteral("mnuPaste")),
+                                         findChild<QAction*>(QStringLiteral("mnuDel")),
+                                         &find_bar_->findAction()};
+    const auto add = [&](TextBox& box, const char* name, const QString& spoken) {
+        auto* const view = new TextBoxView(
+            box,
+            [this](const FormEvents::Event& event) { return events_.run(event); },
+            commands,
+            centralWidget());
+        view->setObjectName(QString::fromLatin1(name));
+        view->setAccessibleName(spoken);
+        return view;
+    };
+    text1_ = add(form_.Text1, "Text1", tr("Address book as text"));
+    text3_ = add(form_.Text3, "Text3", tr("Additional text"));
+}
+
+void Form1Window::addLists() {
+    const auto add = [this](ListBox& box, const char* name, const QString& spoken) {
+        auto* const view = new ListBoxView(
+            box,
+            [this](const FormEvents::Event& event) { return events_.run(event); },
+            [this, handler = std::string(name) + "_Click"] { events_.runHandler(handler); },
+            centralWidget());
+        view->setObjectName(QString::fromLatin1(name));
+        view->setAccessibleName(spoken);
+        lists_.emplace_back(&box, view);
+    };
+    add(form_.List1, "List1", tr("E-mail addresses"));
+    add(form_.List2, "List2", tr("Nicknames"));
+    list_menu_ = new ListMenu(module_, events_, find_bar_->findAction(), *this);
+    for (const auto& [box, view] : lists_) {
+        list_menu_->addTo(*view, *box);
+    }
+    add(form_.List3, "List3", tr("Numbers of the rows to select"));
+}
+
+void Form1Window::addButtons() {
+    addButton("cmdEmail", form_.cmdEmail, AtYield::Refused);
+    addButton("cmdNick", form_.cmdNick, AtYield::Refused);
+    addButton("cmdDone", form_.cmdDone, AtYield::Refused);
+    addButton("cmdCancel", form_.cmdCancel, AtYield::Taken);
+}
+
+void Form1Window::addButton(std::string_view name, const Button& button, AtYield at_yield) {
+    auto* const view = MakeButton(name, button, centralWidget());
+    connect(view,
+            &QPushButton::clicked,
+            this,
+            [this, at_yield, handler = std::string(name) + "_Click"] {
+                events_.runHandler(handler, at_yield);
+            });
+    if (at_yield == AtYield::Taken) {
+        desktop_.acceptAtYield(*view);
+    }
+    buttons_.emplace_back(&button, view);
+}
+
+void Form1Window::syncControls() {
+    for (const auto& [list, view] : lists_) {
+        view->sync();
+        SyncControl(*view, *list);
+    }
+    for (const auto& [button, view] : buttons_) {
+        SyncControl(*view, *button);
+    }
+    focusCancel();
+    // The lists lie over the text box.
+    const bool editing = form_.mnuEntEd.Checked;
+    const bool was_covered = text1_->isCovered();
+    text1_->sync(form_.List1.Visible || !form_.Text1.Visible, editing);
+    text3_->sync(!form_.Text3.Visible, false);
+    if (was_covered != text1_->isCovered()) {
+        QWidget* const front = was_covered ? text1_ : findChild<QWidget*>(QStringLiteral("List1"));
+        front->setFocus();
+    }
+}
+
+// During an extraction no other control takes a key, Tab included, so Cancel has the focus then. In
+// a list generation it does not: there the numbers are wanted first.
+void Form1Window::focusCancel() {
+    const bool alone = form_.cmdCancel.Visible && !form_.cmdDone.Visible;
+    if (alone == cancel_has_keys_) {
+        return;
+    }
+    cancel_has_keys_ = alone;
+    if (alone) {
+        before_cancel_ = focusWidget();
+        findChild<QWidget*>(QStringLiteral("cmdCancel"))->setFocus();
+    } else if (before_cancel_ != nullptr && before_cancel_->isVisible()) {
+        before_cancel_->setFocus();
+    }
+}
+
+}  // namespace orvik

@@ -1,0 +1,110 @@
+// Shows Form1: the main window.
+
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <QString>
+#include <QTimer>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "app/module1.h"
+#include "desktop/session/desktop.h"
+#include "desktop/views/find_bar.h"
+#include "desktop/windows/form_events.h"
+
+class QAction;
+class QPushButton;
+
+namespace orvik {
+
+class ListBoxView;
+class ListMenu;
+class StatusBarView;
+class TextBoxView;
+
+class Form1Window : public QMainWindow, public View {
+    Q_OBJECT
+ public:
+    // module and desktop must outlive the window.
+    Form1Window(Module1& module, Desktop& desktop);
+    Form1Window(const Form1Window&) = delete;
+    Form1Window& operator=(const Form1Window&) = delete;
+    Form1Window(Form1Window&&) = delete;
+    Form1Window& operator=(Form1Window&&) = delete;
+    ~Form1Window() override;
+
+    void sync() override;
+    [[nodiscard]] QWidget& window() override { return *this; }
+    [[nodiscard]] std::optional<Encoding> selectionEncoding() const override;
+
+    // Opens a file as if it had been dropped on the window.
+    void openBook(const QString& name);
+
+    // The session ends: asks as closing does. Returns whether the program has ended.
+    bool endForLogOut();
+
+ protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+ private:
+    // form1_menu.cpp
+    void addMenus();
+    QAction* addCommand(QMenu& menu, const Form1::MenuRow& row);
+    void syncMenus();
+    // Runs a command on the text box's selection; its change joins the undo history.
+    void runOnSelection(std::string_view handler);
+    bool makeRoomForPaste();
+
+    // form1_controls.cpp
+    void addText();
+    void addLists();
+    void addButtons();
+    void addButton(std::string_view name, const Button& button, AtYield at_yield);
+    void syncControls();
+    void focusCancel();
+
+    // form1_find.cpp
+    void addFind();
+    void openFind();
+    void closeFind();
+    void find(FindBar::Step step);
+    // These return what there is to say about the search.
+    QString findEntry(FindBar::Step step);
+    QString findInText(FindBar::Step step);
+
+    // form1_layout.cpp
+    [[nodiscard]] QSize startSize() const;
+    void layOut();
+    void place();
+    void setFloor();
+
+    Form1& form_;
+    Desktop& desktop_;
+    Module1& module_;
+    FormEvents events_;
+    ListMenu* list_menu_ = nullptr;
+    std::vector<std::pair<const MenuItem*, QAction*>> actions_;
+    std::vector<std::pair<const Button*, QPushButton*>> buttons_;
+    std::vector<std::pair<const ListBox*, ListBoxView*>> lists_;
+    TextBoxView* text1_ = nullptr;
+    TextBoxView* text3_ = nullptr;
+    StatusBarView* status_bar_ = nullptr;
+    FindBar* find_bar_ = nullptr;
+    QPointer<QWidget> before_find_;  // what had the focus
+    bool on_selection_ = false;
+    bool cancel_has_keys_ = false;
+    QPointer<QWidget> before_cancel_;  // what had the focus
+    QString dropped_file_;
+    QTimer drop_is_over_;
+};
+
+}  // namespace orvik

@@ -1,0 +1,120 @@
+#include "desktop/windows/form2_window.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QShowEvent>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <array>
+#include <utility>
+
+#include "desktop/text/text_box_view.h"
+
+namespace orvik {
+namespace {
+
+enum Tab { kFormats, kPim, kAutomation };
+
+constexpr int kLetters = 30;
+
+}  // namespace
+
+Form2Window::Form2Window(Module1& module, Desktop& desktop, QWidget* owner)
+    : FormWindow(module, module.form2, desktop, owner), form_(module.form2) {
+    for (const TextBox* const box : {&form_.Text1, &form_.Text2, &form_.Text3}) {
+        widget<TextBoxView>(*box).setSingleLine(kLetters);
+    }
+    auto* const column = new QVBoxLayout(this);
+    column->addWidget(&widget(form_.SSTab1));
+    layOutFormats();
+    layOutPim();
+    layOutAutomation();
+    auto* const buttons = new QHBoxLayout;
+    buttons->addStretch();
+    for (const Button* const button : {&form_.Command1, &form_.Command2, &form_.Command4}) {
+        buttons->addWidget(&widget(*button));
+    }
+    column->addLayout(buttons);
+    setDefaultButton(form_.Command1);
+}
+
+void Form2Window::showEvent(QShowEvent* event) {
+    if (!event->spontaneous()) {
+        widget<QTabWidget>(form_.SSTab1).setCurrentIndex(kFormats);
+    }
+    FormWindow::showEvent(event);
+}
+
+QBoxLayout& Form2Window::page(int tab) {
+    return *new QVBoxLayout(widget<QTabWidget>(form_.SSTab1).widget(tab));
+}
+
+void Form2Window::layOutFormats() {
+    QBoxLayout& column = page(kFormats);
+    for (const OptionButton* const option :
+         {&form_.Option1, &form_.Option2, &form_.Option3, &form_.Option4}) {
+        column.addWidget(&widget(*option));
+    }
+    column.addWidget(&widget(form_.Frame1));
+    auto* const separators = new QVBoxLayout(&widget(form_.Frame1));
+    separators->addWidget(&widget(form_.Option5));
+    separators->addWidget(&widget(form_.Option6));
+    column.addStretch();
+}
+
+void Form2Window::layOutPim() {
+    QBoxLayout& column = page(kPim);
+    column.addWidget(&widget(form_.Label1));
+    auto* const row = new QHBoxLayout;
+    row->addWidget(&widget(form_.Text1), 1);
+    row->addWidget(&widget(form_.Command3));
+    column.addLayout(row);
+    column.addStretch();
+}
+
+void Form2Window::layOutAutomation() {
+    QBoxLayout& column = page(kAutomation);
+    column.addWidget(&widget(form_.Check1));
+    column.addWidget(&widget(form_.Frame2));
+    auto* const inside = new QVBoxLayout(&widget(form_.Frame2));
+    for (const CheckBox* const box : {&form_.Check2, &form_.Check3, &form_.Check4}) {
+        inside->addWidget(&widget(*box));
+    }
+    auto* const grid = new QGridLayout;
+    addSteps(*grid);
+    inside->addLayout(grid);
+    column.addStretch();
+}
+
+void Form2Window::addSteps(QGridLayout& grid) {
+    grid.addWidget(&widget(form_.Label2), 0, 0);
+    auto* const kinds = new QHBoxLayout;
+    kinds->addWidget(&widget(form_.Option7));
+    kinds->addWidget(&widget(form_.Option8));
+    kinds->addStretch();
+    grid.addLayout(kinds, 0, 1);
+    grid.addWidget(&widget(form_.Text2), 1, 1);
+    grid.addWidget(&widget(form_.Command5), 1, 2);
+    int row = 2;
+    const std::array<std::pair<const Label*, const ComboBox*>, 3> steps = {
+        {{&form_.Label3, &form_.Combo1}, {&form_.Label4, &form_.Combo2}, {&form_.Label5, nullptr}}};
+    for (const auto& [label, combo] : steps) {
+        grid.addWidget(&widget(*label), row, 0);
+        if (combo != nullptr) {
+            grid.addWidget(&widget(*combo), row, 1);
+        }
+        ++row;
+    }
+    // The last two steps share what they show.
+    widget<QLabel>(form_.Label5).setBuddy(&widget(form_.Combo3));
+    widget(form_.Combo3).setAccessibleName(tr("Step 4 and step 5"));
+    grid.addWidget(&widget(form_.Label6), row, 0);
+    grid.addWidget(&widget(form_.Combo3), row - 1, 1, 2, 1);
+    ++row;
+    grid.addWidget(&widget(form_.Label7), row, 0);
+    grid.addWidget(&widget(form_.Text3), row, 1);
+    grid.addWidget(&widget(form_.Command6), row, 2);
+    grid.setColumnStretch(1, 1);
+}
+
+}  // namespace orvik

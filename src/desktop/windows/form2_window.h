@@ -1,0 +1,33 @@
+// Shows Form2: the preferences on three tabs.
+
+#pragma once
+
+#include "desktop/windows/form_window.h"
+
+class QBoxLayout;
+class QGridLayout;
+
+namespace orvik {
+
+class Form2Window : public FormWindow {
+    Q_OBJECT
+ public:
+    // All must outlive the window.
+    Form2Window(Module1& module, Desktop& desktop, QWidget* owner);
+
+ protected:
+    // It opens on its first tab.
+    void showEvent(QShowEvent* event) override;
+
+ private:
+    // The column of a tab.
+    QBoxLayout& page(int tab);
+    void layOutFormats();
+    void layOutPim();
+    void layOutAutomation();
+    void addSteps(QGridLayout& grid);
+
+    const Form2& form_;
+};
+
+}  // namespace orvik

@@ -1,0 +1,104 @@
+// Shows a form with its controls. The controls come without a layout: each window places its own
+// (small_windows.h, form2_window.h).
+
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <map>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "desktop/session/desktop.h"
+#include "desktop/windows/form_events.h"
+
+class QAbstractButton;
+class QButtonGroup;
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+namespace orvik {
+
+class TextBoxView;
+
+class FormWindow : public QWidget, public View {
+    Q_OBJECT
+ public:
+    // All must outlive the window. owner is the window that it stays above; without one it is a
+    // window of its own right.
+    FormWindow(Module1& module, Form& form, Desktop& desktop, QWidget* owner);
+    FormWindow(const FormWindow&) = delete;
+    FormWindow& operator=(const FormWindow&) = delete;
+    FormWindow(FormWindow&&) = delete;
+    FormWindow& operator=(FormWindow&&) = delete;
+    ~FormWindow() override;
+
+    void sync() override;
+    [[nodiscard]] QWidget& window() override { return *this; }
+
+    // The widgets in the order of the form's controls.
+    [[nodiscard]] std::vector<QWidget*> widgets() const;
+    // The widget of a control, which must be of this kind.
+    template <class Kind = QWidget>
+    [[nodiscard]] Kind& widget(const Control& control) const {
+        return *qobject_cast<Kind*>(find(control));
+    }
+
+    // The button that Enter presses.
+    void setDefaultButton(const Button& button);
+    void setReadOnly(const TextBox& box);
+    // A click on the window or on what it shows runs Form_Click, also at a yield; so do the keys
+    // that press a button.
+    void takeClicksAtYield();
+
+ protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    // Double clicks on a text.
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+ private:
+    struct Text {
+        TextBoxView* Shown;
+        bool Editable;
+    };
+
+    // form_controls.cpp
+    void add(std::string_view name, const Label* label);
+    void add(std::string_view name, TextBox* box);
+    void add(std::string_view name, const Button* button);
+    void add(std::string_view name, const Frame* frame);
+    void add(std::string_view name, CheckBox* box);
+    void add(std::string_view name, OptionButton* option);
+    void add(std::string_view name, ComboBox* combo);
+    void add(std::string_view name, const PictureBox* picture);
+    void add(std::string_view name, const TabControl* tabs);
+    // Only the main window has controls of any other kind.
+    void add(std::string_view /*name*/, const void* /*control*/) {}
+    void add(std::string_view name, const Control& control, QWidget& view);
+    // What a label in front of a control says is the control's name.
+    void nameAfterLabel(QWidget& view);
+    void syncOptions();
+    void click();
+
+    [[nodiscard]] QWidget* find(const Control& control) const;
+
+    Form& form_;
+    Desktop& desktop_;
+    FormEvents events_;
+    std::vector<std::pair<const Control*, QWidget*>> widgets_;
+    std::vector<Text> texts_;
+    std::vector<std::function<void()>> syncs_;
+    std::map<int, QButtonGroup*> groups_;
+    std::vector<std::pair<const OptionButton*, QAbstractButton*>> options_;
+    QLabel* label_ = nullptr;  // while controls are added: the last label, if it names none yet
+    QPushButton* default_button_ = nullptr;
+    bool clickable_ = false;
+    int unused_key_ = 0;  // the key that is down and that no control has a use for
+};
+
+}  // namespace orvik

@@ -1,0 +1,19 @@
+// The windows beside the main window.
+
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "desktop/windows/form_window.h"
+
+namespace orvik {
+
+// MakeWindow: the window of any form but the main one. All must outlive it; owner is the main
+// window.
+[[nodiscard]] std::unique_ptr<FormWindow> MakeWindow(Module1& module,
+                                                     Form& form,
+                                                     Desktop& desktop,
+                                                     QWidget* owner);
+
+}  // namespace orvik

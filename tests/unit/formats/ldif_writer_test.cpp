@@ -1,0 +1,258 @@
+#include "formats/ldif_writer.h"
+
+#include <string>
+#include <vector>
+
+#include "app/messages.h"
+#include "unit/failure.h"
+#include "unit/generated_texts.h"
+#include "unit/mock_platform.h"
+
+namespace orvik {
+namespace {
+
+using test::FailureOf;
+using test::ForEveryText;
+using test::ForRandomTexts;
+using test::Fragments;
+
+constexpr int kRecordEvent = -1;
+
+// What is reported, in order: percentages, and kRecordEvent for each record.
+class Recorder : public Progress {
+ public:
+    void Percent(int percent) override { events.push_back(percent); }
+    void Record() override { events.push_back(kRecordEvent); }
+
+    std::vector<int> events;
+};
+
+std::string Write(std::string_view native) {
+    Recorder progress;
+    return WriteLdif(native, progress);
+}
+
+// A record as a program that knows the format would write it by hand.
+std::string RecordOf(const std::string& address, const std::string& nickname) {
+    return "dn: cn=" + nickname + ",mail=" + address + "\r\ncn: " + nickname +
+           "\r\ngivenname: " + nickname + "\r\nxmozillanickname: " + nickname +
+           "\r\nobjectclass: top\r\nobjectclass: person\r\nmail: " + address +
+           "\r\nxnavusehtmlmail: TRUE\r\n";
+}
+
+TEST(WriteLdif, OneEntry_IsOneRecord) {
+    EXPECT_EQ(Write("A1\r\n-nick-\r\nAl\r\n"),
+              "dn: cn=Al,mail=A1\r\n"
+              "cn: Al\r\n"
+              "givenname: Al\r\n"
+              "xmozillanickname: Al\r\n"
+              "objectclass: top\r\n"
+              "objectclass: person\r\n"
+              "mail: A1\r\n"
+              "xnavusehtmlmail: TRUE\r\n");
+}
+
+TEST(WriteLdif, SecondEntryWithoutNickname_KeepsBlankBehindColons) {
+    EXPECT_EQ(Write("A1\r\nA2\r\n-nick-\r\nAl\r\n\r\n"),
+              "dn: cn=Al,mail=A1\r\n"
+              "cn: Al\r\n"
+              "givenname: Al\r\n"
+              "xmozillanickname: Al\r\n"
+              "objectclass: top\r\n"
+              "objectclass: person\r\n"
+              "mail: A1\r\n"
+              "xnavusehtmlmail: TRUE\r\n"
+              "\r\n"
+              "dn: cn=,mail=A2\r\n"
+              "cn: \r\n"
+              "givenname: \r\n"
+              "xmozillanickname: \r\n"
+              "objectclass: top\r\n"
+              "objectclass: person\r\n"
+              "mail: A2\r\n"
+              "xnavusehtmlmail: TRUE\r\n");
+}
+
+struct Row {
+    const char* name;
+    std::string_view native;
+    std::string ldif;
+};
+
+class WriteLdifTest : public testing::TestWithParam<Row> {};
+
+TEST_P(WriteLdifTest, Row) {
+    EXPECT_EQ(Write(GetParam().native), GetParam().ldif);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ,
+    WriteLdifTest,
+    testing::Values(
+        Row{"CommaInNickname_IsCopied", "A\r\n-nick-\r\nSmith, Al\r\n", RecordOf("A", "Smith, Al")},
+        Row{"EqualsSignInNickname_IsCopied", "A\r\n-nick-\r\na=b\r\n", RecordOf("A", "a=b")},
+        Row{"BytesAbove127_AreCopied", "\xE9\r\n-nick-\r\n\xFF\r\n", RecordOf("\xE9", "\xFF")},
+        Row{"EmptyAddress_KeepsItsLines", "\r\n-nick-\r\nAl\r\n", RecordOf("", "Al")},
+        Row{"NicknameWithoutCrLf_LosesLastCharacter", "A\r\n-nick-\r\nAlx", RecordOf("A", "Al")},
+        Row{"LfInAddress_IsDropped", "\nA\n1\r\n-nick-\r\nAl\r\n", RecordOf("A1", "Al")},
+        Row{"LfInNickname_IsCopied", "A\r\n-nick-\r\nA\nl\r\n", RecordOf("A", "A\nl")},
+        Row{"SeparatorInsideLine_DropsThatLine", "A1\r\nA-nick-\r\nAl\r\n", RecordOf("A1", "Al")},
+        Row{"NoSeparator_IsReadAsIfItStoodAtTheEnd",
+            "A1\r\nA2",
+            RecordOf("A1", "") + "\r\n" + RecordOf("A2", "")}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(WriteLdif, NoEntry_FailsWith5) {
+    for (const std::string text : {"", "-nick-\r\n", "-nick-\r\nAl\r\n", "A-nick-\r\n"}) {
+        EXPECT_EQ(FailureOf([&] { static_cast<void>(Write(text)); }), 5) << text;
+    }
+}
+
+// The writer once more, slow and literal. Percentages that follow each other unchanged are reported
+// once.
+std::string WriteLiterally(std::string text, Progress& progress) {
+    if (text.find("-nick-") == std::string::npos) {
+        text += text.empty() ? "-nick-\r\n" : "\r\n-nick-\r\n";
+    }
+    const auto mid = [&](std::size_t position, std::size_t length) {
+        return position <= text.size() ? text.substr(position - 1, length) : std::string();
+    };
+    std::size_t p = 1;
+    while (mid(p, 6) != "-nick-") {
+        ++p;
+    }
+    std::size_t q = p + 8;
+    std::string ldif;
+    std::string address;
+    int shown = -1;
+    for (std::size_t j = 1; j <= p; ++j) {
+        const int percent = static_cast<int>(static_cast<double>(j) / static_cast<double>(p) * 100);
+        if (percent != shown) {
+            progress.Percent(percent);
+            shown = percent;
+        }
+        if (mid(j, 1) == "\r") {
+            std::string nickname;
+            while (mid(q, 2) != "\r\n" && q < text.size()) {
+                nickname += mid(q, 1);
+                ++q;
+            }
+            q += 2;
+            ldif += RecordOf(address, nickname) + "\r\n";
+            address = "";
+            progress.Record();
+        } else if (mid(j, 1) != "\n") {
+            address += mid(j, 1);
+        }
+    }
+    if (ldif.size() < 2) {
+        throw RunTimeError(Failure::InvalidProcedureCall);
+    }
+    return ldif.substr(0, ldif.size() - 2);
+}
+
+void CompareWrites(const std::string& text) {
+    std::string expected;
+    std::string actual;
+    Recorder expected_progress;
+    Recorder actual_progress;
+    const int failure = FailureOf([&] { expected = WriteLiterally(text, expected_progress); });
+    ASSERT_EQ(FailureOf([&] { actual = WriteLdif(text, actual_progress); }), failure)
+        << testing::PrintToString(text);
+    ASSERT_EQ(actual, expected) << testing::PrintToString(text);
+    ASSERT_EQ(actual_progress.events, expected_progress.events) << testing::PrintToString(text);
+}
+
+const Fragments& NativeFragments() {
+    static const Fragments fragments = {"a", "\r", "\n", "\r\n", "-nick-", "-"};
+    return fragments;
+}
+
+TEST(WriteLdif, EveryShortText_EqualsLiteralWriter) {
+    ForEveryText(NativeFragments(), 5, CompareWrites);
+}
+
+TEST(WriteLdif, RandomLongTexts_EqualLiteralWriter) {
+    ForRandomTexts(NativeFragments(), 80, 1500, CompareWrites);
+}
+
+TEST(WriteLdif, RandomLongTextsWithLateSeparator_EqualLiteralWriter) {
+    ForRandomTexts({"a@b.example", "\r\n", "\r", "\n", "a"}, 60, 1500, [](const std::string& text) {
+        CompareWrites(text + "\r\n-nick-\r\n" + text);
+    });
+}
+
+using Convert = test::CommandTest;
+
+TEST_F(Convert, NativeText_IsKeptInLdifText) {
+    SetNative("A1\r\n-nick-\r\nAl\r\n");
+    form1.mnuConvert_Click();
+    EXPECT_EQ(module1.LdifText, RecordOf("A1", "Al"));
+    EXPECT_TRUE(form1.LdifCurrent);
+    EXPECT_EQ(module1.WorkText, "A1\r\n-nick-\r\nAl\r\n");
+}
+
+TEST_F(Convert, AsciiText_BecomesNativeWhileTheModeStays) {
+    SetAscii("\"Al\" <A1>\r\n");
+    form1.mnuConvert_Click();
+    EXPECT_EQ(module1.WorkText, "A1\r\n-nick-\r\nAl\r\n");
+    EXPECT_EQ(module1.TextMode, "ASCII");
+    EXPECT_EQ(module1.LdifText, RecordOf("A1", "Al"));
+}
+
+TEST_F(Convert, OtherText_BecomesNativeInPlace) {
+    module1.TextMode = mode::kAscii;
+    std::string text = "A2\r\n";
+    form1.Convert(text);
+    EXPECT_EQ(text, "A2\r\n-nick-\r\n\r\n");
+    EXPECT_EQ(module1.WorkText, "");
+}
+
+TEST_F(Convert, End_PutsTheDisplayBack) {
+    SetNative("A1\r\n-nick-\r\nAl\r\n");
+    form1.mnuConvert_Click();
+    EXPECT_EQ(Panel(1), "Ready");
+    EXPECT_EQ(form1.StatusBar1.PanelSizing, AutoSize::Spring);
+    EXPECT_FALSE(form1.ProgressBar1.Visible);
+    EXPECT_EQ(form1.ProgressBar1.Value, 100);
+}
+
+TEST_F(Convert, TextWithoutEntry_LeavesEmptyLdifAndTheDisplayAsItStood) {
+    SetNative("-nick-\r\n");
+    module1.LdifText = "old";
+    form1.mnuConvert_Click();
+    EXPECT_EQ(module1.LdifText, "");
+    EXPECT_TRUE(form1.LdifCurrent);
+    EXPECT_EQ(Panel(1), "Converting: 100%");
+    EXPECT_EQ(form1.StatusBar1.PanelSizing, AutoSize::Contents);
+    EXPECT_TRUE(form1.ProgressBar1.Visible);
+}
+
+TEST_F(Convert, ListWithoutEntry_FailsBeforeAnythingChanges) {
+    SetAscii("\r\n");
+    module1.LdifText = "old";
+    EXPECT_EQ(FailureOf([&] { form1.mnuConvert_Click(); }), 5);
+    EXPECT_EQ(module1.LdifText, "old");
+    EXPECT_FALSE(form1.LdifCurrent);
+}
+
+TEST_F(Convert, EmptyTextWithoutMode_EndsWithEmptyLdif) {
+    form1.mnuConvert_Click();
+    EXPECT_EQ(module1.LdifText, "");
+    EXPECT_TRUE(form1.LdifCurrent);
+}
+
+TEST_F(Convert, EmptyTextToCopy_LeavesTheClipboardAlone) {
+    form1.mnuCopyConvert_Click();
+    EXPECT_FALSE(form1.LdifCurrent);
+}
+
+TEST_F(Convert, TextToCopy_IsPutOnTheClipboard) {
+    SetNative("A1\r\n-nick-\r\nAl\r\n");
+    const std::string ldif = RecordOf("A1", "Al");
+    EXPECT_CALL(platform, SetClipboardText(std::string_view(ldif)));
+    form1.mnuCopyConvert_Click();
+}
+
+}  // namespace
+}  // namespace orvik
