@@ -14,8 +14,8 @@ namespace {
 // does not have leaves its selection as it is.
 void Follow(const ListBox& clicked, ListBox& other) {
     if (clicked.ListIndex >= 0) {
-        Guard([&] { other.Select({static_cast<std::size_t>(clicked.ListIndex)}); },
-              [](const RunTimeError&) {});
+        TrapFailure([&] { other.Select({static_cast<std::size_t>(clicked.ListIndex)}); },
+                    [](const RunTimeError&) {});
     }
 }
 
@@ -71,17 +71,31 @@ void Form1::mnuClear_Click() {
     Caption = kTitle;
 }
 
-void Form1::mnuClearPaste_Click() {
+bool Form1::BeginPaste(std::string& pasted) {
     if (!OfferSave("Save before clearing?")) {
+        return false;
+    }
+    pasted = module_.platform.ClipboardText();
+    module_.WorkText.clear();
+    return true;
+}
+
+void Form1::EndPaste() {
+    module_.RefreshLists();
+    Caption = kTitle;
+}
+
+void Form1::mnuClearPaste_Click() {
+    std::string pasted;
+    if (!BeginPaste(pasted)) {
         return;
     }
-    module_.WorkText = module_.platform.ClipboardText();
+    module_.WorkText = std::move(pasted);
     module_.TextMode = mode::kAscii;
     ShowTextIfShort();
     // An empty clipboard has made the mode "none".
     module_.TextMode = mode::kAscii;
-    module_.RefreshLists();
-    Caption = kTitle;
+    EndPaste();
 }
 
 void Form1::List1_Click() {

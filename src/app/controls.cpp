@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "app/mark.h"
 #include "app/run_time_error.h"
+#include "app/scope.h"
 
 namespace orvik {
 

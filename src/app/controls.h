@@ -234,9 +234,13 @@ using ControlRef = std::variant<TextBox*,
                                 StatusBar*,
                                 ProgressBar*>;
 
+// One row of a form's table: a control under its name, and what a click and a double click on it
+// run, if anything.
 struct NamedControl {
     std::string_view Name;
     ControlRef Ref;
+    std::function<void()> Click = {};
+    std::function<void()> DoubleClick = {};
 };
 
 }  // namespace orvik

@@ -16,10 +16,17 @@ void Form1::mnuEntEd_Click() {
     }
 }
 
-bool Form1::EnterEditMode() {
+// On and off, twice: each switch brings text and lists in step, as loading a Juno book needs.
+void Form1::ToggleEditModeFourTimes() {
+    for (int i = 0; i < 4; ++i) {
+        mnuEntEd_Click();
+    }
+}
+
+void Form1::EnterEditMode() {
     if (module_.WorkText.size() > kTextLimit) {
-        module_.Tell(TooMuchText(), "Error");
-        return false;
+        module_.TellTooMuchText();
+        return;
     }
     EnableEditCommands(true);
     if (module_.TextMode == mode::kNative && !module_.WorkText.empty()) {
@@ -30,7 +37,6 @@ bool Form1::EnterEditMode() {
     ShowLists(false);
     StatusBar1.SetPanelText(1, "Edit Mode on");
     Text1.SetText(module_.WorkText);
-    return true;
 }
 
 void Form1::LeaveEditMode() {
@@ -72,7 +78,7 @@ void Form1::ShowLists(bool visible) {
 void Form1::Text1_Change() {
     if (!Text1.Text().empty()) {
         if (Text1.Text().size() > kTextLimit) {
-            module_.Tell(TooMuchText(), "Error");
+            module_.TellTooMuchText();
             Text1.SetText(module_.WorkText);
         } else if (module_.TextMode == mode::kNone) {
             module_.TextMode = mode::kAscii;

@@ -1,10 +1,37 @@
 #include "app/form.h"
 
+#include <stdexcept>
+#include <utility>
 #include <variant>
 
 #include "app/module1.h"
 
 namespace orvik {
+namespace {
+
+// What a command is called in its menu, in its button's tool tip or on the button, less access key
+// and dots.
+//   "&Open file..."  ->  "Open file"
+std::string TitleOf(const ControlRef& control) {
+    std::string title = std::visit(
+        [](const auto* kind) -> std::string {
+            if constexpr (requires {
+                              kind->Caption;
+                              kind->ToolTip;
+                          }) {
+                return kind->ToolTip.empty() ? kind->Caption : kind->ToolTip;
+            } else if constexpr (requires { kind->Caption; }) {
+                return kind->Caption;
+            } else {
+                return {};
+            }
+        },
+        control);
+    std::erase_if(title, [](char c) { return c == '&' || c == '.'; });
+    return title;
+}
+
+}  // namespace
 
 void Form::Choose(OptionButton& option) {
     for (const NamedControl& control : Controls()) {
@@ -16,28 +43,32 @@ void Form::Choose(OptionButton& option) {
     option.Value = true;
 }
 
-std::string Form::TitleOf(std::string_view handler) {
+std::vector<NamedHandler> Form::Handlers() {
+    std::vector<NamedHandler> handlers = OtherHandlers();
+    handlers.push_back({"Form_Load", [this] { Form_Load(); }});
+    handlers.push_back({"Form_Unload", [this] { Unload(); }});
     for (const NamedControl& control : Controls()) {
-        if (handler == std::string(control.Name) + "_Click") {
-            std::string title = std::visit(
-                [](const auto* kind) -> std::string {
-                    if constexpr (requires {
-                                      kind->Caption;
-                                      kind->ToolTip;
-                                  }) {
-                        return kind->ToolTip.empty() ? kind->Caption : kind->ToolTip;
-                    } else if constexpr (requires { kind->Caption; }) {
-                        return kind->Caption;
-                    } else {
-                        return {};
-                    }
-                },
-                control.Ref);
-            std::erase_if(title, [](char c) { return c == '&' || c == '.'; });
-            return title;
+        if (control.Click) {
+            handlers.push_back(CommandOf(control));
+        }
+        if (control.DoubleClick) {
+            handlers.push_back({std::string(control.Name) + "_DblClick", control.DoubleClick});
         }
     }
-    return {};
+    return handlers;
+}
+
+NamedControl Form::ControlNamed(std::string_view name) {
+    for (NamedControl& control : Controls()) {
+        if (control.Name == name) {
+            return std::move(control);
+        }
+    }
+    throw std::logic_error("no control " + std::string(name));
+}
+
+NamedHandler Form::CommandOf(const NamedControl& control) {
+    return {std::string(control.Name) + "_Click", control.Click, TitleOf(control.Ref)};
 }
 
 void Form::Load() {

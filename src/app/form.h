@@ -17,9 +17,12 @@ class Module1;
 
 inline constexpr int kKeyF1 = 112;
 
+// A handler under its name, for example "mnuOpen_Click". Title is what a person calls it, "Open
+// file"; a handler that is no command, such as a click on a row of a list, has none.
 struct NamedHandler {
-    std::string_view Name;
+    std::string Name;
     std::function<void()> Run;
+    std::string Title = {};
 };
 
 class Form {
@@ -44,14 +47,14 @@ class Form {
     // Runs Form_Unload and, unless that keeps the window open, closes it.
     void Unload();
 
-    // Every control and every handler without arguments under its name.
+    // Every control, each told once with what it runs.
     virtual std::vector<NamedControl> Controls() = 0;
-    virtual std::vector<NamedHandler> Handlers() = 0;
-
-    // What a handler is called in its menu, in its button's tool tip or on the button, less access
-    // key and dots.
-    //   "mnuOpen_Click"  ->  "Open file"
-    [[nodiscard]] std::string TitleOf(std::string_view handler);
+    // Every handler without arguments: those of the controls, and those of the form itself.
+    std::vector<NamedHandler> Handlers();
+    // The control of this name. Errors: std::logic_error if there is none.
+    [[nodiscard]] NamedControl ControlNamed(std::string_view name);
+    // What a click on a control runs, as a command of the user.
+    [[nodiscard]] static NamedHandler CommandOf(const NamedControl& control);
 
     virtual void Form_Load() {}
     // The window is about to be shown.
@@ -76,6 +79,16 @@ class Form {
     bool Minimised = false;
 
  protected:
+    // A row whose control runs a handler of this form when it is clicked.
+    template <class Kind>
+    [[nodiscard]] NamedControl Clicked(std::string_view name,
+                                       ControlRef control,
+                                       void (Kind::*click)()) {
+        return {name, control, [form = static_cast<Kind*>(this), click] { (form->*click)(); }};
+    }
+    // The handlers that belong to no click, but Form_Load and Form_Unload, which every form has.
+    virtual std::vector<NamedHandler> OtherHandlers() { return {}; }
+
     Module1& module_;
 
  private:

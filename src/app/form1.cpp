@@ -23,11 +23,6 @@ Form1::Form1(Module1& module) : Form(module, "Form1", kTitle) {
     cmdDone.Visible = false;
     cmdCancel.Visible = false;
     ProgressBar1.Visible = false;
-    for (const Menu& menu : Menus()) {
-        for (const MenuRow& row : menu.Rows) {
-            row.Item->Enabled = row.Click != nullptr || row.Item->IsSeparator();
-        }
-    }
     EnableEditCommands(false);
 }
 
@@ -42,7 +37,7 @@ void Form1::Form_Load() {
     module_.LoadSettings();
     module_.RunStoredAutomation();
     module_.StartingUp = false;
-    module_.form2.Unload();
+    module_.CloseSettings();
 }
 
 bool Form1::Form_Unload() {
@@ -96,15 +91,6 @@ void Form1::Form_KeyUp(int key_code) {
 
 void Form1::mnuExit_Click() {
     Unload();
-}
-
-void Form1::cmdCancel_Click() {
-    if (module_.Ask("Are you sure you want to stop the extraction process?",
-                    "Really cancel?",
-                    Buttons::YesNo,
-                    Icon::Question) == Answer::Yes) {
-        module_.CancelRequested = true;
-    }
 }
 
 bool Form1::OfferSave(std::string_view question) {

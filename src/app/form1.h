@@ -21,25 +21,16 @@ class Form1 : public Form {
     static constexpr double kMinimumWidth = 3400;
     static constexpr double kMinimumHeight = 1500;
 
-    using Handler = void (Form1::*)();
-
-    // One row of a menu. Click is null for a separator and for an item whose command does not exist
-    // yet; such an item is disabled.
-    struct MenuRow {
-        std::string_view Name;
-        MenuItem* Item;
-        Handler Click;
-    };
+    // A menu and its rows, each a menu item; a separator runs nothing.
     struct Menu {
         std::string_view Name;
         MenuItem* Item;
-        std::vector<MenuRow> Rows;
+        std::vector<NamedControl> Rows;
     };
-    // The menus and their rows, in order.
+    // The menus in order.
     [[nodiscard]] std::vector<Menu> Menus();
 
     std::vector<NamedControl> Controls() override;
-    std::vector<NamedHandler> Handlers() override;
 
     // Start-up, layout, shut-down and keys: src/app/form1.cpp.
     void Form_Load() override;
@@ -47,13 +38,13 @@ class Form1 : public Form {
     void Form_Resize() override;
     void Form_KeyUp(int key_code) override;
     void mnuExit_Click();
-    void cmdCancel_Click();
 
     // Edit mode: src/app/edit_mode.cpp.
     void mnuEntEd_Click();
+    void ToggleEditModeFourTimes();
     void Text1_Change();
 
-    // Clipboard, clear and delete: src/app/clipboard.cpp.
+    // Clipboard, clear and delete: src/app/clipboard_commands.cpp.
     void mnuBoxCopy_Click();
     void mnuSelCopy_Click();
     void mnuPaste_Click();
@@ -67,7 +58,7 @@ class Form1 : public Form {
     void CopyAddresses(const ListBox& list);
     void CopyEntries(const ListBox& list);
 
-    // Netscape 4 LDIF: src/formats/ldif_writer.cpp and ldif_reader.cpp.
+    // Netscape 4 LDIF: src/formats/netscape4_commands.cpp.
     // Convert: writes the text as LDIF into LdifText; a text in the ASCII form becomes Native.
     void Convert(std::string& text);
     void mnuConvert_Click();
@@ -77,7 +68,7 @@ class Form1 : public Form {
     void mnuUn_Click();
     void mnuClearPasteNet4_Click();
 
-    // Netscape 3 HTML: src/formats/netscape3_writer.cpp and netscape3_reader.cpp.
+    // Netscape 3 HTML: src/formats/netscape3_commands.cpp.
     // Net3: the text as a Netscape 3 book; a text in the ASCII form becomes Native.
     std::string Net3(std::string& text1String);
     void mnuCopyNet3_Click();
@@ -85,10 +76,9 @@ class Form1 : public Form {
     std::string UnNet3(const std::string& what);
     void mnuClearPasteNet3_Click();
 
-    // Juno: src/formats/juno_writer.cpp and juno_reader.cpp.
+    // Juno: src/formats/juno_commands.cpp.
     void mnuJuno_Click();
     void mnuPasteJuno_Click();
-    void ToggleEditModeFourTimes();
 
     // Files: src/files/.
     void mnuOpen_Click();
@@ -98,13 +88,15 @@ class Form1 : public Form {
     void mnuSave_Click();
     void mnuMerge_Click();
 
-    void mnuExtract_Click();  // src/extract/extraction.cpp
+    // Extraction: src/extract/extraction.cpp.
+    void mnuExtract_Click();
+    void cmdCancel_Click();
 
     // Sorting, duplicates, nickname parsing: src/listops/.
     void cmdEmail_Click();
     void cmdNick_Click();
-    void mnuAlphNick_Click() { cmdNick_Click(); }
-    void mnuAlphAddr_Click() { cmdEmail_Click(); }
+    void mnuAlphNick_Click();
+    void mnuAlphAddr_Click();
     void mnuRemDup_Click();
     void mnuParse_Click();
 
@@ -112,12 +104,12 @@ class Form1 : public Form {
     void mnuList_Click();
     void cmdDone_Click();
 
-    // The automation and the preferences: src/settings/; the handheld export:
-    // src/formats/form4.cpp; the removal of all settings: src/aux/shortcut.cpp.
+    // The automation, the preferences and the removal of all settings: src/settings/.
     void mnuAuto_Click();
     void mnuPrefs_Click();
-    void mnuFull_Click();
     void mnuUninst_Click();
+
+    void mnuFull_Click();  // the handheld export: src/formats/form4.cpp
 
     // Help: src/aux/help.cpp and frm_about.cpp.
     void mnuHlp_Click();
@@ -133,6 +125,15 @@ class Form1 : public Form {
     // may be another text's. Returns false, with a message, if the file is a bad Netscape 3 book.
     // Errors: RunTimeError 52 for an unknown ending, and those of the file.
     bool WriteInFormatOf(const std::string& name, bool ldif_outdated);
+
+    // Asks whether to save first, and saves on Yes. Returns false on Cancel.
+    bool OfferSave(std::string_view question);
+
+    // What the commands "Clear and Paste" begin and end with. The beginning asks whether to save,
+    // reads the clipboard and empties the working text; it returns false on Cancel. The end lists
+    // what was pasted.
+    bool BeginPaste(std::string& pasted);
+    void EndPaste();
 
     // Puts the working text into Text1 unless it is longer than the text box takes.
     void ShowTextIfShort();
@@ -208,21 +209,12 @@ class Form1 : public Form {
     MenuItem mnuFuture{"&Future plans..."};
 
  private:
-    // Asks whether to save first, and saves on Yes. Returns false on Cancel.
-    bool OfferSave(std::string_view question);
-    // Switches edit mode on. Returns false, with the message, if the text is too long.
-    bool EnterEditMode();
+    std::vector<NamedHandler> OtherHandlers() override;
+    // Switches edit mode on, or tells that the text is too long.
+    void EnterEditMode();
     void LeaveEditMode();
     void EnableEditCommands(bool editing);
     void ShowLists(bool visible);
-    // Runs one statement of Open: a failure of it is told, and the caller goes on.
-    void Guarded(const std::function<void()>& statement);
-    bool BeginOpen();
-    void ReadAndLoad(const std::string& name);
-    template <void (Module1::*Sort)()>
-    void SortBy();
-    void RoundTripThroughLdif();
-    bool SaveNetscape3(const std::string& name);
 };
 
 }  // namespace orvik

@@ -7,24 +7,38 @@
 namespace orvik {
 
 void Module1::RunEvent(const std::function<void()>& event) {
-    Guard(event, [this](const RunTimeError& failure) { platform.ReportFailure(failure); });
+    TrapFailure(event, [this](const RunTimeError& failure) { platform.ReportFailure(failure); });
 }
 
-void Module1::RunCommand(Form& form, const NamedHandler& handler) {
-    const std::string title = form.TitleOf(handler.Name);
-    if (title.empty()) {
+void Module1::RunCommand(const NamedHandler& handler) {
+    if (handler.Title.empty()) {
         RunEvent(handler.Run);
     } else {
-        history.Run(title, handler.Run);
+        history.Run(handler.Title, handler.Run);
     }
 }
 
 void Module1::Tell(std::string_view text, std::string_view title) {
-    platform.ShowBox({std::string(text), std::string(title), Buttons::OK, Icon::None});
+    platform.ShowBox({std::string(text), std::string(title)});
 }
 
-Answer Module1::Ask(std::string_view text, std::string_view title, Buttons buttons, Icon icon) {
-    const Answer answer = platform.ShowBox({std::string(text), std::string(title), buttons, icon});
+void Module1::Tell(const RunTimeError& failure) {
+    platform.ShowBox({.Text = std::string("Error: ") + failure.what(),
+                      .Title = std::to_string(failure.Number()),
+                      .Cause = failure.Cause()});
+}
+
+void Module1::TellTooMuchText() {
+    platform.ShowBox({.Text = TooMuchText(), .Title = "Error", .About = Matter::TextTooLong});
+}
+
+Answer Module1::Ask(
+    std::string_view text, std::string_view title, Buttons buttons, Icon icon, Matter about) {
+    const Answer answer = platform.ShowBox({.Text = std::string(text),
+                                            .Title = std::string(title),
+                                            .Choice = buttons,
+                                            .Sign = icon,
+                                            .About = about});
     MsgAnswer = std::to_string(static_cast<int>(answer));
     return answer;
 }

@@ -16,17 +16,18 @@
 #include "app/form1.h"
 #include "app/messages.h"
 #include "app/undo.h"
-#include "aux/frm_about.h"
-#include "aux/frm_select.h"
-#include "files/form3.h"
-#include "formats/form4.h"
-#include "formats/form5.h"
-#include "listops/sort_entries.h"
+#include "platform/file_system.h"
 #include "platform/platform.h"
-#include "settings/form2.h"
-#include "settings/form6.h"
 
 namespace orvik {
+
+class Form2;
+class Form3;
+class Form4;
+class Form5;
+class Form6;
+class FrmAbout;
+class FrmSelect;
 
 // The values of TextMode.
 namespace mode {
@@ -42,18 +43,25 @@ inline constexpr int kDetectAlways = 1;
 inline constexpr int kAskForTextFiles = 3;
 inline constexpr int kAskAlways = 4;
 
-class Module1 {
+// The windows of the program. The root (src/program/program.h) makes and keeps them; a source that
+// shows one of them includes its header.
+struct Windows {
+    Form1& form1;
+    Form2& form2;
+    Form3& form3;
+    Form4& form4;
+    Form5& form5;
+    Form6& form6;
+    FrmAbout& frm_about;
+    FrmSelect& frm_select;
+};
+
+class Module1 : public Windows {
  public:
-    explicit Module1(Platform& platform_)
-        : platform(platform_),
-          form1(*this),
-          form2(*this),
-          form3(*this),
-          form4(*this),
-          form5(*this),
-          form6(*this),
-          frm_about(*this),
-          frm_select(*this) {}
+    // All must outlive the module. The windows need not be made yet; their making may already read
+    // what is here.
+    Module1(Platform& platform_, FileSystem& files_, const Windows& windows)
+        : Windows(windows), platform(platform_), files(files_) {}
     Module1(const Module1&) = delete;
     Module1& operator=(const Module1&) = delete;
     Module1(Module1&&) = delete;
@@ -61,31 +69,27 @@ class Module1 {
     ~Module1() = default;
 
     Platform& platform;
-    Form1 form1;
-    Form2 form2;
-    Form3 form3;
-    Form4 form4;
-    Form5 form5;
-    Form6 form6;
-    FrmAbout frm_about;
-    FrmSelect frm_select;
-    // Every window of the program.
-    [[nodiscard]] std::vector<Form*> Forms() {
-        return {&form1, &form2, &form3, &form4, &form5, &form6, &frm_about, &frm_select};
-    }
+    FileSystem& files;
 
     // Runs one event of the user: a failure that the command does not handle is reported, and the
     // program goes on. The end of the program passes through.
     void RunEvent(const std::function<void()>& event);
-    // Runs a handler of a form as an event, one that can be undone if it belongs to something with
-    // a caption: a click on a row of a list is no command.
-    void RunCommand(Form& form, const NamedHandler& handler);
+    // Runs a handler as an event, one that can be undone if it has a title.
+    void RunCommand(const NamedHandler& handler);
     UndoHistory history{*this};
 
     // Shows a box with an OK button.
     void Tell(std::string_view text, std::string_view title = kTitle);
+    // Tells of a failure that the command goes on after, under its number.
+    void Tell(const RunTimeError& failure);
+    // Tells that a text is longer than the text box takes.
+    void TellTooMuchText();
     // Shows a question, keeps its answer in MsgAnswer and returns it.
-    Answer Ask(std::string_view text, std::string_view title, Buttons buttons, Icon icon);
+    Answer Ask(std::string_view text,
+               std::string_view title,
+               Buttons buttons,
+               Icon icon,
+               Matter about = Matter::Other);
 
     // The working text (src/app/working_text.h) and what it is split by.
     std::string WorkText;
@@ -121,7 +125,7 @@ class Module1 {
     std::int16_t AddressCount = 0;
     bool CancelRequested = false;
 
-    FileSlot File1;
+    FileSlot File1{files};
 
     // SplitEntries: a list in the ASCII form in the Native form; EmailBlock and NickBlock keep the
     // two blocks. kind is "txt". Errors: RunTimeError 5 if the list holds no entry.
@@ -156,6 +160,8 @@ class Module1 {
     // Runs the loader that a file name's ending asks for; an unknown ending brings the chooser or
     // is a text list, as OpenMode says. Without pegasus a distribution list counts as unknown.
     void LoadByEnding(const std::string& name, bool pegasus);
+    // Shows the chooser.
+    void ChooseFormat(Showing showing);
     // Closes the chooser and runs Open again.
     void ReopenFromChooser();
 
@@ -173,6 +179,8 @@ class Module1 {
     // ExtractFromFile: makes the addresses of the file that the file dialog has chosen the working
     // text. A failure or a cancel leaves it empty.
     void ExtractFromFile();
+    // The same for a file of the automation.
+    void AutoExtractFile(const std::string& name);
 
     // Sorting: src/listops/sort.cpp. Both sort WorkText, up to 500 entries, and leave it Native.
     void SortByAddress();
@@ -193,10 +201,13 @@ class Module1 {
     double NumberOrZero(std::string_view section, std::string_view name);
     // Stores a setting of section "Settings".
     void Save(std::string_view name, std::string_view value);
-    // At the program's start: shows the preferences and waits for them.
+    // At the program's start: shows the preferences and waits for them; at its end they go.
     void AskForSettings();
+    void CloseSettings();
 
     // The automation: src/settings/automation.cpp and automation_files.cpp.
+    // The number of the step that runs or ran last, from 1.
+    int AutomationStep = 0;
     // RunAutomation: runs the stored steps, and ends the program if it is so stored. Errors: those
     // of the steps, and RunTimeError 13 for a step that is no number.
     void RunAutomation();
@@ -207,7 +218,6 @@ class Module1 {
     // The file steps; each takes a file's name.
     void AutoOpenFile(const std::string& name);
     void AutoSaveFile(const std::string& name);
-    void AutoExtractFile(const std::string& name);
 
     // The shortcut that starts the program with the session: src/aux/shortcut.cpp.
     void CreateStartUpLink();
@@ -220,32 +230,6 @@ class Module1 {
     void ShowHelpTopic(int number, std::string_view window, std::string_view topic);
     void ShowHelpContents(int number, std::string_view window);
     void ShowHelpIndex(int number, std::string_view window);
-
- private:
-    // Reads one setting; while that fails the user is asked for the settings.
-    // Returns false if loading ends here.
-    bool ReadOrAsk(const std::function<void()>& read);
-    void AskForSeparator();
-    bool RunStep(const std::string& number,
-                 const std::string& source,
-                 const std::string& destination);
-    std::string AliasLines();
-    // Makes the addresses of a file the working text. process is how the question
-    // about a long file spells that word. Returns false if none were found.
-    bool ExtractAddresses(const std::string& name, std::string_view process, Icon icon);
-    // Asks what to do with a file that its reader does not know; raw is the text of the file.
-    void RefuseFormat(const std::string& raw);
-    void RefuseList();
-    // What the loaders of lists do first. Returns whether there is a list to load.
-    bool BeginList();
-    // Runs a reader of columns. Returns whether there is a book now.
-    bool OpenColumns(void (Module1::*reader)());
-    void LoadNative(std::optional<std::string> native);
-    std::string ThroughLdif(std::string text);
-    void ScanFile(std::size_t length, std::string& found);
-    bool BeginSort(std::string_view no_text, std::string_view title);
-    void SortWorkText(SortKey key);
-    void AppendSorted(std::string_view block, int percent_done);
 };
 
 }  // namespace orvik

@@ -29,17 +29,19 @@ class RunTimeError : public std::exception {
     explicit RunTimeError(Failure failure) noexcept : failure_(failure) {}
 
     [[nodiscard]] int Number() const noexcept { return static_cast<int>(failure_); }
+    [[nodiscard]] Failure Cause() const noexcept { return failure_; }
     [[nodiscard]] const char* what() const noexcept override;
 
  private:
     Failure failure_;
 };
 
-// Runs a statement; a failure of it, memory that does not suffice included, goes to report, and the
-// caller goes on with its next statement. The end of the program is no failure and passes through.
-//   Guard([&] { file.OpenForInput(name); }, [&](const RunTimeError& e) { Tell(e); });
+// TrapFailure: runs a statement; a failure of it, memory that does not suffice included, goes to
+// report, and the caller goes on with its next statement. The end of the program is no failure and
+// passes through.
+//   TrapFailure([&] { file.OpenForInput(name); }, [&](const RunTimeError& e) { Tell(e); });
 template <class Statement, class Report>
-void Guard(Statement&& statement, Report&& report) {
+void TrapFailure(Statement&& statement, Report&& report) {
     try {
         statement();
     } catch (const RunTimeError& failure) {

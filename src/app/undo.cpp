@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "app/mark.h"
 #include "app/module1.h"
 #include "app/run_time_error.h"
+#include "app/scope.h"
 
 namespace orvik {
 
@@ -16,7 +16,7 @@ void UndoHistory::Run(std::string_view title, const std::function<void()>& comma
     const Mark mark(running_);
     if (!before_) {
         // Without the memory for a copy the command runs all the same, and cannot be undone.
-        Guard([&] { before_ = Capture(title); }, [](const RunTimeError&) {});
+        TrapFailure([&] { before_ = Capture(title); }, [](const RunTimeError&) {});
     }
     module_.RunEvent(command);
     if (module_.EditMode) {

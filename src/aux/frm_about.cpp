@@ -46,17 +46,8 @@ std::vector<NamedControl> FrmAbout::Controls() {
     return {
         {"Picture1", &Picture1},
         {"Picture2", &Picture2},
-        {"Text1", &Text1},
-        {"Command1", &Command1},
-    };
-}
-
-std::vector<NamedHandler> FrmAbout::Handlers() {
-    return {
-        {"Form_Load", [this] { Form_Load(); }},
-        {"Form_Unload", [this] { Unload(); }},
-        {"Command1_Click", [this] { Command1_Click(); }},
-        {"Text1_DblClick", [this] { Text1_DblClick(); }},
+        {"Text1", &Text1, {}, [this] { Text1_DblClick(); }},
+        Clicked("Command1", &Command1, &FrmAbout::Command1_Click),
     };
 }
 

@@ -17,7 +17,6 @@ class FrmAbout : public Form {
     }
 
     std::vector<NamedControl> Controls() override;
-    std::vector<NamedHandler> Handlers() override;
 
     void ShowAbout();
     void ShowFuturePlans();

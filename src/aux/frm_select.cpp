@@ -15,20 +15,10 @@ FrmSelect::FrmSelect(Module1& module) : Form(module, "frmSelect", "Generate List
 
 std::vector<NamedControl> FrmSelect::Controls() {
     return {
-        {"Command1", &Command1},
-        {"Command2", &Command2},
-        {"Command3", &Command3},
+        Clicked("Command1", &Command1, &FrmSelect::Command1_Click),
+        {"Command2", &Command2, [] {}},
+        {"Command3", &Command3, [] {}},
         {"Text1", &Text1},
-    };
-}
-
-std::vector<NamedHandler> FrmSelect::Handlers() {
-    return {
-        {"Form_Load", [this] { Form_Load(); }},
-        {"Form_Unload", [this] { Unload(); }},
-        {"Command1_Click", [this] { Command1_Click(); }},
-        {"Command2_Click", [] {}},
-        {"Command3_Click", [] {}},
     };
 }
 

@@ -14,7 +14,6 @@ class FrmSelect : public Form {
     explicit FrmSelect(Module1& module);
 
     std::vector<NamedControl> Controls() override;
-    std::vector<NamedHandler> Handlers() override;
 
     void Command1_Click();
 

@@ -6,6 +6,7 @@
 #include "app/module1.h"
 #include "app/text.h"
 #include "app/working_text.h"
+#include "aux/frm_select.h"
 
 namespace orvik {
 

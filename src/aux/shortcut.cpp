@@ -1,4 +1,4 @@
-// The shortcut that starts the program with the user's session, and the removal of all settings.
+// The shortcut that starts the program with the user's session.
 
 #include <string>
 
@@ -28,10 +28,6 @@ void Module1::CreateStartUpLink() {
 // Whether there was one does not matter.
 void Module1::RemoveStartUpLink() {
     platform.RemoveShellLink(kFolder, kName);
-}
-
-void Form1::mnuUninst_Click() {
-    module_.platform.DeleteSettings();
 }
 
 }  // namespace orvik

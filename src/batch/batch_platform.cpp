@@ -3,16 +3,17 @@
 #include <filesystem>
 
 #include "app/form.h"
-#include "app/messages.h"
 #include "app/run_time_error.h"
 #include "app/text.h"
+#include "files/form3.h"
+#include "settings/form6.h"
 #include "settings/keys.h"
 
 namespace orvik::batch {
 namespace {
 
-Status StatusOf(int failure, bool writing) {
-    switch (static_cast<Failure>(failure)) {
+Status StatusOf(Failure failure, bool writing) {
+    switch (failure) {
         case Failure::DiskFull:
         case Failure::InputPastEnd:
             return Status::InputOutput;
@@ -27,11 +28,9 @@ Status StatusOf(int failure, bool writing) {
     }
 }
 
-// Open titles the box of a failure with its number.
+// Only Open tells of failures in boxes.
 Status StatusOf(const MessageBox& box) {
-    const bool numbered =
-        !box.Title.empty() && box.Title.find_first_not_of("0123456789") == std::string::npos;
-    return numbered ? StatusOf(std::stoi(box.Title), false) : Status::Problem;
+    return box.Cause ? StatusOf(*box.Cause, false) : Status::Problem;
 }
 
 // The settings of a run that reads none of the user's.
@@ -78,7 +77,7 @@ void BatchPlatform::Fail(std::string_view text, Status status) {
 }
 
 void BatchPlatform::Fail(const RunTimeError& failure, bool writing) {
-    Fail(failure.what(), StatusOf(failure.Number(), writing));
+    Fail(failure.what(), StatusOf(failure.Cause(), writing));
 }
 
 void BatchPlatform::Note(std::string_view text) {
@@ -89,7 +88,7 @@ void BatchPlatform::Note(std::string_view text) {
 
 Answer BatchPlatform::ShowBox(const MessageBox& box) {
     if (box.Choice == Buttons::OK) {
-        if (box.Text != TooMuchText()) {
+        if (box.About != Matter::TextTooLong) {
             Fail(box.Text, StatusOf(box));
         } else if (!told_too_much_) {
             // The windows leave such a text out of the text box; nothing is lost by it.
@@ -100,7 +99,7 @@ Answer BatchPlatform::ShowBox(const MessageBox& box) {
     }
     const std::string answered =
         box.Text + (arguments_.Reply == Answer::Yes ? " - answered yes" : " - answered no");
-    if (box.Text == UnknownFormat()) {
+    if (box.About == Matter::UnknownFormat) {
         Fail(answered);
     } else {
         Note(answered);
@@ -141,10 +140,10 @@ void BatchPlatform::ShowHelp(HelpCommand /*command*/,
 }
 
 void BatchPlatform::ShowForm(Form& form, Showing /*showing*/) {
-    if (form.Name() == "Form1" || form.Name() == "Form6") {
+    if (&form == &windows_->form1 || &form == &windows_->form6) {
         return;
     }
-    if (form.Name() == "Form3") {
+    if (&form == &windows_->form3) {
         Fail("The format would have to be chosen by hand");
     } else {
         Fail("The settings are not complete. Start orvik and choose the preferences");

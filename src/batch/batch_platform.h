@@ -11,6 +11,7 @@
 #include <string_view>
 #include <utility>
 
+#include "app/module1.h"
 #include "batch/arguments.h"
 #include "batch/messenger.h"
 #include "platform/platform.h"
@@ -23,6 +24,8 @@ class BatchPlatform : public Platform {
     // All three must outlive the platform.
     BatchPlatform(const Arguments& arguments, Messenger& messenger, SettingsStore& store);
 
+    // The windows that a command may show.
+    void Attach(const Windows& windows) { windows_ = &windows; }
     // A step begins: the file dialog of this kind answers with the file, and progress is what
     // how_far says.
     void BeginStep(std::optional<DialogKind> dialog,
@@ -66,6 +69,7 @@ class BatchPlatform : public Platform {
     const Arguments& arguments_;
     Messenger& messenger_;
     SettingsStore& store_;
+    const Windows* windows_ = nullptr;
     std::function<std::string()> how_far_;
     std::optional<DialogKind> dialog_;
     std::string file_;

@@ -2,10 +2,11 @@
 
 #include <string>
 
-#include "app/module1.h"
 #include "app/run_time_error.h"
-#include "app/text.h"
 #include "batch/batch_platform.h"
+#include "formats/endings.h"
+#include "platform/system_files.h"
+#include "program/program.h"
 #include "settings/keys.h"
 #include "settings/numbers.h"
 
@@ -15,7 +16,9 @@ namespace {
 class Runner {
  public:
     Runner(const Arguments& arguments, Messenger& messenger, SettingsStore& store)
-        : platform_(arguments, messenger, store) {}
+        : platform_(arguments, messenger, store) {
+        platform_.Attach(module_);
+    }
 
     // What the window program does when it starts.
     void Start() {
@@ -58,7 +61,8 @@ class Runner {
     template <class Act, class Writing>
     void Run(const Act& act, const Writing& writing) {
         try {
-            Guard(act, [&](const RunTimeError& failure) { platform_.Fail(failure, writing()); });
+            TrapFailure(act,
+                        [&](const RunTimeError& failure) { platform_.Fail(failure, writing()); });
         } catch (const ProgramEnded&) {
             // Of the window program: what ended it was told, and an automation may end it when it
             // is done.
@@ -76,7 +80,8 @@ class Runner {
 
     void Save(const Step& step) {
         platform_.BeginStep(DialogKind::Save, step.File, [&] { return Panel(); });
-        if (module_.textSep == "," && HasEnding(step.File, "nv")) {
+        const Ending* const ending = FindEnding(step.File);
+        if (module_.textSep == "," && ending != nullptr && ending->What == Format::Juno) {
             // The Juno writer would leave out every entry.
             platform_.Fail("A Juno book can only be saved with entries separated by newlines");
         } else {
@@ -112,9 +117,7 @@ class Runner {
         platform_.BeginStep({}, "automation", [&] { return Panel(); });
         Run([&] { module_.RunAutomation(); },
             [&] {
-                // The window of the automation shows the step that failed.
-                const std::string& shown = module_.form6.Label1.Caption;
-                const std::string step = shown.substr(shown.find_last_of(' ') + 1);
+                const std::string step = std::to_string(module_.AutomationStep);
                 const double code = module_.NumberOrZero(key::kSteps, step);
                 const bool saves = code == step::kSaveCode;
                 const bool reads = code == step::kOpenCode || code == step::kExtractCode;
@@ -130,7 +133,9 @@ class Runner {
     [[nodiscard]] std::string Panel() const { return module_.form1.StatusBar1.Panels(1).Text; }
 
     BatchPlatform platform_;
-    Module1 module_{platform_};
+    SystemFiles files_;
+    Program program_{platform_, files_};
+    Module1& module_ = program_.module;
 };
 
 }  // namespace

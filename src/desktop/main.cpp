@@ -8,12 +8,9 @@
 #include <algorithm>
 #include <array>
 #include <iostream>
-#include <memory>
 #include <span>
 #include <string_view>
-#include <vector>
 
-#include "app/module1.h"
 #include "desktop/session/desktop.h"
 #include "desktop/session/log_out.h"
 #include "desktop/session/program_icon.h"
@@ -21,6 +18,8 @@
 #include "desktop/session/window_place.h"
 #include "desktop/windows/form1_window.h"
 #include "desktop/windows/small_windows.h"
+#include "platform/system_files.h"
+#include "program/program.h"
 
 namespace {
 
@@ -73,14 +72,10 @@ QString ParseArguments(const QCoreApplication& app) {
 int RunWindows(const QString& book) {
     orvik::Desktop desktop;
     orvik::QtPlatform platform(desktop);
-    orvik::Module1 module(platform);
-    orvik::Form1Window window(module, desktop);
-    std::vector<std::unique_ptr<orvik::FormWindow>> small_windows;
-    for (orvik::Form* const form : module.Forms()) {
-        if (form != &module.form1) {
-            small_windows.push_back(orvik::MakeWindow(module, *form, desktop, &window));
-        }
-    }
+    orvik::SystemFiles files;
+    orvik::Program program(platform, files);
+    orvik::Form1Window window(program.module, desktop);
+    const auto small_windows = orvik::MakeSmallWindows(program, desktop, &window);
     orvik::RestorePlace(window, orvik::WindowPlaceFile());
     // Directly, since the answer must be there when the signal has been sent.
     QObject::connect(
@@ -92,7 +87,9 @@ int RunWindows(const QString& book) {
         },
         Qt::DirectConnection);
     const auto start = [&] {
-        desktop.run([&] { module.RunEvent([&] { module.form1.Show(orvik::Showing::Modeless); }); });
+        desktop.run([&] {
+            program.module.RunEvent([&] { program.form1.Show(orvik::Showing::Modeless); });
+        });
         if (!book.isEmpty()) {
             platform.rememberFolderOf(book);
             window.openBook(book);

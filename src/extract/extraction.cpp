@@ -5,7 +5,7 @@
 #include "app/form1.h"
 #include "app/messages.h"
 #include "app/module1.h"
-#include "app/run_time_error.h"
+#include "app/scope.h"
 #include "app/text.h"
 #include "app/working_text.h"
 #include "extract/extraction_display.h"
@@ -25,6 +25,68 @@ constexpr std::size_t kKilobyte = 1024;
 
 // A text of this length or longer is not put into the text box.
 constexpr std::size_t kShownAfterExtraction = 32000;
+
+void ScanFile(Module1& module, std::size_t length, std::string& found) {
+    ExtractionControls controls(module.form1);
+    const OnFailure empty([&] { module.WorkText.clear(); });
+    const OnExit closing([&] { module.File1.Close(); });
+    bool tail = false;
+    for (std::size_t position = 1; position <= length && !tail; position += kChunkLength) {
+        module.platform.Yield();
+        if (module.CancelRequested) {
+            module.CancelRequested = false;
+            module.WorkText.clear();
+            found.clear();
+            return;
+        }
+        controls.ShowCancel();
+        tail = length - position < kScannedAtOnce;
+        const std::string chunk = module.File1.Read(tail ? length - position + 1 : kChunkLength);
+        module.WorkText = chunk;
+        if (tail) {
+            module.form1.StatusBar1.SetPanelText(1, "Extracting . . .");
+        }
+        module.ScanAddresses(found, chunk, length, position);
+    }
+}
+
+// Makes the addresses of a file the working text. process is how the question about a long file
+// spells that word. Returns false if none were found.
+bool ExtractAddresses(Module1& module,
+                      const std::string& name,
+                      std::string_view process,
+                      Icon icon) {
+    module.CancelRequested = false;
+    module.WorkText.clear();
+    module.File1.OpenForInput(name);
+    module.AddressCount = 0;
+    const std::size_t length = module.File1.Length();
+    if (length > kScannedAtOnce) {
+        std::string question = "The File " + name + " is pretty large (";
+        question.append(std::to_string(length / kKilobyte));
+        question.append(" kilobytes) and may take a long time to ").append(process);
+        question.append(". Proceed anyway?");
+        if (module.Ask(question, "Warning: long file", Buttons::YesNo, icon) == Answer::No) {
+            // The file stays open until the next command opens one.
+            return true;
+        }
+    }
+    std::string found;
+    ScanFile(module, length, found);
+    module.form1.StatusBar1.SetPanelText(1, "Ready");
+    if (found.empty()) {
+        module.Tell("There were no addresses found in this file.");
+        module.WorkText.clear();
+        return false;
+    }
+    // Each address is its own nickname.
+    module.WorkText = found;
+    module.WorkText.append(kNick).append(kCrLf).append(found);
+    module.TextMode = mode::kNative;
+    module.RefreshLists();
+    module.form1.Text1.SetText(module.WorkText);
+    return true;
+}
 
 }  // namespace
 
@@ -61,69 +123,21 @@ void Module1::ExtractFromFile() {
     WorkText.clear();
     CancelRequested = false;
     const std::string name = form1.CommonDialog1.FileName;
-    if (!name.empty() && !ExtractAddresses(name, "process", Icon::Question)) {
+    if (!name.empty() && !ExtractAddresses(*this, name, "process", Icon::Question)) {
         form1.Caption = kTitle;
     }
 }
 
-bool Module1::ExtractAddresses(const std::string& name, std::string_view process, Icon icon) {
-    CancelRequested = false;
-    WorkText.clear();
-    File1.OpenForInput(name);
-    AddressCount = 0;
-    const std::size_t length = File1.Length();
-    if (length > kScannedAtOnce) {
-        std::string question = "The File " + name + " is pretty large (";
-        question.append(std::to_string(length / kKilobyte));
-        question.append(" kilobytes) and may take a long time to ").append(process);
-        question.append(". Proceed anyway?");
-        if (Ask(question, "Warning: long file", Buttons::YesNo, icon) == Answer::No) {
-            // The file stays open until the next command opens one.
-            return true;
-        }
-    }
-    std::string found;
-    Guard([&] { ScanFile(length, found); },
-          [&](const RunTimeError& failure) {
-              WorkText.clear();
-              throw failure;
-          });
-    form1.StatusBar1.SetPanelText(1, "Ready");
-    if (found.empty()) {
-        Tell("There were no addresses found in this file.");
-        WorkText.clear();
-        return false;
-    }
-    // Each address is its own nickname.
-    WorkText = found;
-    WorkText.append(kNick).append(kCrLf).append(found);
-    TextMode = mode::kNative;
-    RefreshLists();
-    form1.Text1.SetText(WorkText);
-    return true;
+void Module1::AutoExtractFile(const std::string& name) {
+    ExtractAddresses(*this, name, "proces", Icon::None);
 }
 
-void Module1::ScanFile(std::size_t length, std::string& found) {
-    ExtractionControls controls(form1);
-    // The file is closed on every way out.
-    const FileSlot::Closing closing(File1);
-    bool tail = false;
-    for (std::size_t position = 1; position <= length && !tail; position += kChunkLength) {
-        platform.Yield();
-        if (CancelRequested) {
-            CancelRequested = false;
-            WorkText.clear();
-            found.clear();
-            return;
-        }
-        controls.ShowCancel();
-        tail = length - position < kScannedAtOnce;
-        const std::string chunk = File1.Read(tail ? length - position + 1 : kChunkLength);
-        WorkText = chunk;
-        if (tail) {
-            form1.StatusBar1.SetPanelText(1, "Extracting . . .");
-        }
-        ScanAddresses(found, chunk, length, position);
+void Form1::cmdCancel_Click() {
+    if (module_.Ask("Are you sure you want to stop the extraction process?",
+                    "Really cancel?",
+                    Buttons::YesNo,
+                    Icon::Question) == Answer::Yes) {
+        module_.CancelRequested = true;
     }
 }
 

@@ -15,39 +15,24 @@ constexpr std::size_t kShownAtClosing = 32767;
 
 Form3::Form3(Module1& module) : Form(module, "Form3", "User input required") {}
 
-std::vector<Form3::Row> Form3::Rows() {
-    return {
-        {"Command10", &Command10, "Command10_Click", &Form3::Command10_Click},
-        {"Command9", &Command9, "Command9_Click", &Form3::Command9_Click},
-        {"Command8", &Command8, "Command8_Click", &Form3::Command8_Click},
-        {"Command7", &Command7, "Command7_Click", &Form3::Command7_Click},
-        {"Command4", &Command4, "Command4_Click", &Form3::Command4_Click},
-        {"Command3", &Command3, "Command3_Click", &Form3::Command3_Click},
-        {"Command5", &Command5, "Command5_Click", &Form3::Command5_Click},
-        {"Command2", &Command2, "Command2_Click", &Form3::Command2_Click},
-        {"Command1", &Command1, "Command1_Click", &Form3::Command1_Click},
-        {"Command6", &Command6, "Command6_Click", &Form3::Command6_Click},
-    };
-}
-
 std::vector<NamedControl> Form3::Controls() {
-    std::vector<NamedControl> controls = {{"Label1", &Label1}};
-    for (const Row& row : Rows()) {
-        controls.push_back({row.Name, row.Control});
-    }
-    return controls;
+    return {
+        {"Label1", &Label1},
+        Clicked("Command10", &Command10, &Form3::Command10_Click),
+        Clicked("Command9", &Command9, &Form3::Command9_Click),
+        Clicked("Command8", &Command8, &Form3::Command8_Click),
+        Clicked("Command7", &Command7, &Form3::Command7_Click),
+        Clicked("Command4", &Command4, &Form3::Command4_Click),
+        Clicked("Command3", &Command3, &Form3::Command3_Click),
+        Clicked("Command5", &Command5, &Form3::Command5_Click),
+        Clicked("Command2", &Command2, &Form3::Command2_Click),
+        Clicked("Command1", &Command1, &Form3::Command1_Click),
+        Clicked("Command6", &Command6, &Form3::Command6_Click),
+    };
 }
 
-std::vector<NamedHandler> Form3::Handlers() {
-    std::vector<NamedHandler> handlers = {
-        {"Form_Load", [this] { Form_Load(); }},
-        {"Form_Activate", [this] { Form_Activate(); }},
-        {"Form_Unload", [this] { Unload(); }},
-    };
-    for (const Row& row : Rows()) {
-        handlers.push_back({row.HandlerName, [this, click = row.Click] { (this->*click)(); }});
-    }
-    return handlers;
+std::vector<NamedHandler> Form3::OtherHandlers() {
+    return {{"Form_Activate", [this] { Form_Activate(); }}};
 }
 
 void Form3::Form_Load() {
@@ -74,9 +59,9 @@ void Form3::Form_KeyUp(int key_code) {
     }
 }
 
-template <void (Module1::*Loader)()>
-void Form3::LoadAs() {
-    (module_.*Loader)();
+// Loads the working text; the form goes unless the loader refused it.
+void Form3::LoadAs(void (Module1::*loader)()) {
+    (module_.*loader)();
     if (module_.WorkText.empty()) {
         module_.WorkText = saved_text_;
     } else {
@@ -85,25 +70,25 @@ void Form3::LoadAs() {
 }
 
 void Form3::Command1_Click() {
-    LoadAs<&Module1::OpenTextList>();
+    LoadAs(&Module1::OpenTextList);
 }
 void Form3::Command2_Click() {
-    LoadAs<&Module1::OpenNetscape4>();
+    LoadAs(&Module1::OpenNetscape4);
 }
 void Form3::Command3_Click() {
-    LoadAs<&Module1::OpenNetscape3>();
+    LoadAs(&Module1::OpenNetscape3);
 }
 void Form3::Command4_Click() {
-    LoadAs<&Module1::OpenCsv>();
+    LoadAs(&Module1::OpenCsv);
 }
 void Form3::Command5_Click() {
-    LoadAs<&Module1::OpenJuno>();
+    LoadAs(&Module1::OpenJuno);
 }
 void Form3::Command6_Click() {
-    LoadAs<&Module1::OpenPegasus>();
+    LoadAs(&Module1::OpenPegasus);
 }
 void Form3::Command10_Click() {
-    LoadAs<&Module1::OpenWordPerfect>();
+    LoadAs(&Module1::OpenWordPerfect);
 }
 
 // The caption keeps the name of the file that was not loaded.
@@ -117,6 +102,10 @@ void Form3::Command8_Click() {
     module_.ReopenFromChooser();
     closed_by_button_ = true;
     Unload();
+}
+
+void Module1::ChooseFormat(Showing showing) {
+    form3.Show(showing);
 }
 
 void Form3::Command9_Click() {

@@ -14,20 +14,8 @@ class Form3 : public Form {
  public:
     explicit Form3(Module1& module);
 
-    using Handler = void (Form3::*)();
-
-    // One button and its handler.
-    struct Row {
-        std::string_view Name;
-        Button* Control;
-        std::string_view HandlerName;
-        Handler Click;
-    };
-    // The buttons, in the form's order.
-    [[nodiscard]] std::vector<Row> Rows();
-
+    // The buttons stand in the form's order.
     std::vector<NamedControl> Controls() override;
-    std::vector<NamedHandler> Handlers() override;
 
     void Form_Load() override;
     void Form_Activate() override;
@@ -58,9 +46,8 @@ class Form3 : public Form {
     Button Command6{"&Pegasus Mail Distribution List"};
 
  private:
-    // Loads the working text; the form goes unless the loader refused it.
-    template <void (Module1::*Loader)()>
-    void LoadAs();
+    std::vector<NamedHandler> OtherHandlers() override;
+    void LoadAs(void (Module1::*loader)());
 
     std::string saved_text_;
     bool closed_by_button_ = false;

@@ -5,43 +5,82 @@
 #include "app/messages.h"
 #include "app/module1.h"
 #include "app/run_time_error.h"
+#include "files/form3.h"
 #include "files/list_filters.h"
 
 namespace orvik {
+namespace {
+
+Answer AskForType(Module1& module) {
+    return module.Ask(UnknownFormat(), "Error", Buttons::YesNo, Icon::None, Matter::UnknownFormat);
+}
 
 // How the loaders of the formats refuse a file. The user who is choosing already chooses again.
-void Module1::RefuseFormat(const std::string& raw) {
-    if (form3.Visible()) {
-        Tell("This file is not recognizable. Please select another format", "Error");
+void RefuseFormat(Module1& module, const std::string& raw) {
+    if (module.form3.Visible()) {
+        module.Tell("This file is not recognizable. Please select another format", "Error");
         return;
     }
-    if (Ask(UnknownFormat(), "Error", Buttons::YesNo, Icon::None) == Answer::Yes) {
-        WorkText = raw;
-        form3.Show(Showing::Modeless);
+    if (AskForType(module) == Answer::Yes) {
+        module.WorkText = raw;
+        module.ChooseFormat(Showing::Modeless);
     } else {
-        form1.Caption = OldCaption;
+        module.form1.Caption = module.OldCaption;
     }
 }
 
 // How the loaders of lists refuse a file, which they do only with an empty one.
-void Module1::RefuseList() {
-    const Answer answer = Ask(UnknownFormat(), "Error", Buttons::YesNo, Icon::None);
-    if (form3.Visible() || answer != Answer::Yes) {
-        form1.Caption = OldCaption;
+void RefuseList(Module1& module) {
+    const Answer answer = AskForType(module);
+    if (module.form3.Visible() || answer != Answer::Yes) {
+        module.form1.Caption = module.OldCaption;
     } else {
-        form3.Show(Showing::Modeless);
+        module.ChooseFormat(Showing::Modeless);
     }
 }
 
+// What the loaders of lists do first. Returns whether there is a list to load.
+bool BeginList(Module1& module) {
+    if (module.OpenMode == kAskForTextFiles) {
+        module.ChooseFormat(Showing::Modeless);
+        return false;
+    }
+    if (module.AutoExtract) {
+        module.Tell("Extraction routines have not been cleaned up yet");
+        return false;
+    }
+    module.TextMode = mode::kAscii;
+    if (module.WorkText.empty()) {
+        RefuseList(module);
+        return false;
+    }
+    return true;
+}
+
+// Runs a reader of columns. Returns whether there is a book now.
+bool OpenColumns(Module1& module, void (Module1::*reader)()) {
+    const std::string raw = module.WorkText;
+    if (!raw.empty()) {
+        (module.*reader)();
+    }
+    if (!module.WorkText.empty()) {
+        return true;
+    }
+    RefuseFormat(module, raw);
+    return false;
+}
+
+}  // namespace
+
 void Module1::OpenNetscape3() {
     if (WorkText.empty()) {
-        RefuseFormat(WorkText);
+        RefuseFormat(*this, WorkText);
         return;
     }
     const std::string raw = WorkText;
     WorkText = form1.UnNet3(raw);
     if (WorkText.empty()) {
-        RefuseFormat(raw);
+        RefuseFormat(*this, raw);
         return;
     }
     TextMode = mode::kAscii;
@@ -55,7 +94,7 @@ void Module1::OpenNetscape3() {
 
 void Module1::OpenNetscape4() {
     if (WorkText.empty()) {
-        RefuseFormat(WorkText);
+        RefuseFormat(*this, WorkText);
         return;
     }
     TextMode = mode::kMoz4;
@@ -68,25 +107,8 @@ void Module1::OpenNetscape4() {
     form1.ShowTextIfShort();
 }
 
-bool Module1::BeginList() {
-    if (OpenMode == kAskForTextFiles) {
-        form3.Show(Showing::Modeless);
-        return false;
-    }
-    if (AutoExtract) {
-        Tell("Extraction routines have not been cleaned up yet");
-        return false;
-    }
-    TextMode = mode::kAscii;
-    if (WorkText.empty()) {
-        RefuseList();
-        return false;
-    }
-    return true;
-}
-
 void Module1::OpenTextList() {
-    if (!BeginList()) {
+    if (!BeginList(*this)) {
         return;
     }
     if (!EditMode) {
@@ -96,55 +118,43 @@ void Module1::OpenTextList() {
 }
 
 void Module1::OpenPegasus() {
-    if (!BeginList()) {
+    if (!BeginList(*this)) {
         return;
     }
     WorkText = FilterPegasus(WorkText);
     if (!EditMode) {
         // A list of nothing but comments is a list without entries.
-        Guard([&] { RefreshLists(); },
-              [&](const RunTimeError& failure) {
-                  if (failure.Number() != static_cast<int>(Failure::InvalidProcedureCall)) {
-                      throw failure;
-                  }
-                  form1.ClearLists();
-              });
+        TrapFailure([&] { RefreshLists(); },
+                    [&](const RunTimeError& failure) {
+                        if (failure.Cause() != Failure::InvalidProcedureCall) {
+                            throw failure;
+                        }
+                        form1.ClearLists();
+                    });
     }
     form1.ShowTextIfShort();
 }
 
 void Module1::OpenCsv() {
-    OpenColumns(&Module1::ReadCsv);
+    OpenColumns(*this, &Module1::ReadCsv);
 }
 
 void Module1::OpenWordPerfect() {
-    if (OpenColumns(&Module1::ReadWordPerfect) && !EditMode) {
+    if (OpenColumns(*this, &Module1::ReadWordPerfect) && !EditMode) {
         RefreshLists();
     }
 }
 
-bool Module1::OpenColumns(void (Module1::*reader)()) {
-    const std::string raw = WorkText;
-    if (!raw.empty()) {
-        (this->*reader)();
-    }
-    if (!WorkText.empty()) {
-        return true;
-    }
-    RefuseFormat(raw);
-    return false;
-}
-
 void Module1::OpenJuno() {
     if (WorkText.empty()) {
-        RefuseFormat(WorkText);
+        RefuseFormat(*this, WorkText);
         return;
     }
     TextMode = mode::kJuno;
     const std::string raw = WorkText;
     WorkText = ReadJuno(raw);
     if (WorkText.empty()) {
-        RefuseFormat(raw);
+        RefuseFormat(*this, raw);
         return;
     }
     RefreshLists();

@@ -28,6 +28,17 @@ std::string PresetName(std::string_view caption) {
     return name;
 }
 
+// A text in the ASCII form, by way of LDIF.
+std::string ThroughLdif(Module1& module, std::string text) {
+    if (text.empty()) {
+        return text;
+    }
+    module.TextMode = HasNickLine(text) ? mode::kNative : mode::kAscii;
+    module.form1.Convert(text);
+    module.form1.unconvert();
+    return module.WorkText;
+}
+
 }  // namespace
 
 void Form1::mnuMerge_Click() {
@@ -47,7 +58,7 @@ void Form1::mnuMerge_Click() {
     module_.WorkText = module_.File1.Read(module_.File1.Length());
     module_.File1.Close();
     if (module_.OpenMode == kAskAlways) {
-        module_.form3.Show(Showing::Modeless);
+        module_.ChooseFormat(Showing::Modeless);
         return;
     }
     module_.LoadByEnding(name, false);
@@ -58,20 +69,10 @@ void Form1::mnuMerge_Click() {
     module_.MergeLdif(module_.TextBeforeOpen, new_text);
 }
 
-std::string Module1::ThroughLdif(std::string text) {
-    if (text.empty()) {
-        return text;
-    }
-    TextMode = HasNickLine(text) ? mode::kNative : mode::kAscii;
-    form1.Convert(text);
-    form1.unconvert();
-    return WorkText;
-}
-
 void Module1::MergeLdif(std::string& old_text, std::string& new_text) {
     // After a failure both texts are what they were.
-    old_text = ThroughLdif(old_text);
-    new_text = ThroughLdif(new_text);
+    old_text = ThroughLdif(*this, old_text);
+    new_text = ThroughLdif(*this, new_text);
     WorkText = old_text + textSep + new_text;
     TextMode = mode::kAscii;
     RefreshLists();

@@ -14,26 +14,43 @@ constexpr std::string_view kOpenFilter =
     "Netscape 4.x|*.ldif|Netscape 3.0|*.htm|Internet Explorer 4.x|*.csv|Juno|*.nv|"
     "WordPerfect 8|*.abx|Pegasus Mail|*.pml|Text files|*.txt|All files|*.*";
 
-}  // namespace
-
-void Form1::Guarded(const std::function<void()>& statement) {
-    Guard(statement, [this](const RunTimeError& failure) {
-        module_.Tell(std::string("Error: ") + failure.what(), std::to_string(failure.Number()));
-    });
+// Runs one statement of Open: a failure of it is told, and the caller goes on.
+void GoOn(Module1& module, const std::function<void()>& statement) {
+    TrapFailure(statement, [&](const RunTimeError& failure) { module.Tell(failure); });
 }
 
-bool Form1::BeginOpen() {
-    Guarded([&] { module_.TextBeforeOpen = module_.WorkText; });
-    module_.JustStarted = false;
+// Returns false if the user keeps the book that is open.
+bool BeginOpen(Module1& module) {
+    GoOn(module, [&] { module.TextBeforeOpen = module.WorkText; });
+    module.JustStarted = false;
     bool go_on = true;
-    if (!module_.WorkText.empty()) {
-        Guarded([&] { go_on = OfferSave("Save before opening?"); });
+    if (!module.WorkText.empty()) {
+        GoOn(module, [&] { go_on = module.form1.OfferSave("Save before opening?"); });
     }
     return go_on;
 }
 
+void ReadAndLoad(Module1& module, const std::string& name) {
+    module.OldCaption = module.form1.Caption;
+    module.form1.Caption = std::string(kTitle) + " - " + name;
+    GoOn(module, [&] { module.File1.OpenForInput(name); });
+    module.form1.StatusBar1.SetPanelText(1, "Opening . . .");
+    GoOn(module, [&] { module.WorkText = module.File1.Read(module.File1.Length()); });
+    module.File1.Close();
+    if (module.OpenMode == kAskAlways) {
+        GoOn(module, [&] { module.ChooseFormat(Showing::Modeless); });
+        return;
+    }
+    GoOn(module, [&] { module.LoadByEnding(name, true); });
+    module.form1.LdifCurrent = false;
+    module.form1.StatusBar1.SetPanelText(1, "Ready");
+    GoOn(module, [&] { module.form1.Text1.SetText(module.WorkText); });
+}
+
+}  // namespace
+
 void Form1::mnuOpen_Click() {
-    if (!BeginOpen()) {
+    if (!BeginOpen(module_)) {
         return;
     }
     const std::string name = ShowFileDialog({.Kind = DialogKind::Open,
@@ -42,32 +59,15 @@ void Form1::mnuOpen_Click() {
                                              .Flags = kFileMustExist | kHideReadOnly,
                                              .FileName = {}});
     if (!name.empty()) {
-        ReadAndLoad(name);
+        ReadAndLoad(module_, name);
     }
 }
 
 void Form1::OpenBook(const std::string& name) {
-    if (BeginOpen()) {
+    if (BeginOpen(module_)) {
         CommonDialog1.FileName = name;
-        ReadAndLoad(name);
+        ReadAndLoad(module_, name);
     }
-}
-
-void Form1::ReadAndLoad(const std::string& name) {
-    module_.OldCaption = Caption;
-    Caption = std::string(kTitle) + " - " + name;
-    Guarded([&] { module_.File1.OpenForInput(name); });
-    StatusBar1.SetPanelText(1, "Opening . . .");
-    Guarded([&] { module_.WorkText = module_.File1.Read(module_.File1.Length()); });
-    module_.File1.Close();
-    if (module_.OpenMode == kAskAlways) {
-        Guarded([&] { module_.form3.Show(Showing::Modeless); });
-        return;
-    }
-    Guarded([&] { module_.LoadByEnding(name, true); });
-    LdifCurrent = false;
-    StatusBar1.SetPanelText(1, "Ready");
-    Guarded([&] { Text1.SetText(module_.WorkText); });
 }
 
 }  // namespace orvik

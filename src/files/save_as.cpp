@@ -11,6 +11,7 @@
 #include "app/text.h"
 #include "app/working_text.h"
 #include "files/netscape3_merge.h"
+#include "formats/endings.h"
 
 namespace orvik {
 namespace {
@@ -18,6 +19,31 @@ namespace {
 constexpr std::string_view kSaveFilter =
     "Netscape 4.x or IE|*.ldif|Netscape 3.x|*.htm|Juno|*.nv|Pegasus|*.pml|Text|*.txt|"
     "All Files|*.*";
+
+// Brings each entry into the form "NICK" <ADDR>.
+void RoundTripThroughLdif(Module1& module) {
+    if (module.TextMode != "Text") {
+        module.form1.mnuConvert_Click();
+        module.form1.mnuUn_Click();
+    }
+}
+
+// Returns false, with a message, if the file is no Netscape 3 book.
+bool SaveNetscape3(Module1& module, const std::string& name) {
+    module.File1.TryAppending(name);
+    const std::string old_book = module.File1.ReadIfThere(name);
+    std::string book = module.form1.Net3(module.WorkText);
+    if (!old_book.empty()) {
+        std::optional<std::string> merged = MergeNetscape3(old_book, book);
+        if (!merged) {
+            module.Tell("Bad Netscape 3.x Address Book!");
+            return false;
+        }
+        book = std::move(*merged);
+    }
+    module.File1.Replace(name, book.append(kCrLf));
+    return true;
+}
 
 }  // namespace
 
@@ -49,49 +75,33 @@ void Form1::mnuSave_Click() {
 
 // LDIF and text are written as they stand, the other formats with a line break behind them.
 bool Form1::WriteInFormatOf(const std::string& name, bool ldif_outdated) {
-    if (HasEnding(name, "ldif")) {
-        if (!LdifCurrent || ldif_outdated) {
-            Convert(module_.WorkText);
-        }
-        module_.File1.Replace(name, module_.LdifText);
-    } else if (HasEnding(name, "txt")) {
-        RoundTripThroughLdif();
-        module_.File1.Replace(name, module_.WorkText);
-    } else if (HasEnding(name, "pml")) {
-        RoundTripThroughLdif();
-        module_.File1.Append(name, std::string(kCrLf) + module_.WorkText + std::string(kCrLf));
-    } else if (HasEnding(name, "htm") || HasEnding(name, "html")) {
-        return SaveNetscape3(name);
-    } else if (HasEnding(name, "nv")) {
-        module_.File1.TryAppending(name);
-        module_.File1.Append(name, module_.JunoText(module_.WorkText).append(kCrLf));
-    } else {
+    const Ending* const ending = FindEnding(name);
+    if (ending == nullptr || ending->Way == Saving::Never) {
         // No other ending says in which format to write.
         throw RunTimeError(Failure::BadFileNumber);
     }
-    return true;
-}
-
-void Form1::RoundTripThroughLdif() {
-    if (module_.TextMode != "Text") {
-        mnuConvert_Click();
-        mnuUn_Click();
+    FileSlot& file = module_.File1;
+    switch (ending->What) {
+        case Format::Netscape3:
+            return SaveNetscape3(module_, name);
+        case Format::Juno:
+            file.TryAppending(name);
+            file.Append(name, module_.JunoText(module_.WorkText).append(kCrLf));
+            break;
+        case Format::Pegasus:
+            RoundTripThroughLdif(module_);
+            file.Append(name, std::string(kCrLf) + module_.WorkText + std::string(kCrLf));
+            break;
+        case Format::TextList:
+            RoundTripThroughLdif(module_);
+            file.Replace(name, module_.WorkText);
+            break;
+        default:
+            if (!LdifCurrent || ldif_outdated) {
+                Convert(module_.WorkText);
+            }
+            file.Replace(name, module_.LdifText);
     }
-}
-
-bool Form1::SaveNetscape3(const std::string& name) {
-    module_.File1.TryAppending(name);
-    const std::string old_book = module_.File1.ReadIfThere(name);
-    std::string book = Net3(module_.WorkText);
-    if (!old_book.empty()) {
-        std::optional<std::string> merged = MergeNetscape3(old_book, book);
-        if (!merged) {
-            module_.Tell("Bad Netscape 3.x Address Book!");
-            return false;
-        }
-        book = std::move(*merged);
-    }
-    module_.File1.Replace(name, book.append(kCrLf));
     return true;
 }
 

@@ -1,8 +1,5 @@
 #include "formats/csv_reader.h"
 
-#include "app/form1.h"
-#include "app/module1.h"
-#include "app/run_time_error.h"
 #include "app/text.h"
 #include "app/working_text.h"
 
@@ -108,29 +105,6 @@ std::optional<std::string> WordPerfectToNative(std::string_view csv) {
         entries.AddUnquoted(email, nick);
     }
     return entries.Native();
-}
-
-void Module1::ReadCsv() {
-    LoadNative(CsvToNative(WorkText));
-}
-
-void Module1::ReadWordPerfect() {
-    LoadNative(WordPerfectToNative(WorkText));
-}
-
-void Module1::LoadNative(std::optional<std::string> native) {
-    if (!native) {
-        Tell("Error!");
-        throw RunTimeError(Failure::InvalidProcedureCall);
-    }
-    TextMode = mode::kNative;
-    form1.Convert(*native);
-    form1.unconvert();
-    if (!EditMode) {
-        // On and off again: the new working text is listed.
-        form1.mnuEntEd_Click();
-        form1.mnuEntEd_Click();
-    }
 }
 
 }  // namespace orvik

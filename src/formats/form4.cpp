@@ -10,26 +10,14 @@ std::vector<NamedControl> Form4::Controls() {
     return {
         {"Label1", &Label1},
         {"Text1", &Text1},
-        {"Command1", &Command1},
+        Clicked("Command1", &Command1, &Form4::Command1_Click),
         {"Label2", &Label2},
         {"Text2", &Text2},
-        {"Command2", &Command2},
+        Clicked("Command2", &Command2, &Form4::Command2_Click),
         {"Picture2", &Picture2},
-        {"Command4", &Command4},
-        {"Command3", &Command3},
-        {"Command5", &Command5},
-    };
-}
-
-std::vector<NamedHandler> Form4::Handlers() {
-    return {
-        {"Form_Load", [this] { Form_Load(); }},
-        {"Form_Unload", [this] { Unload(); }},
-        {"Command1_Click", [this] { Command1_Click(); }},
-        {"Command2_Click", [this] { Command2_Click(); }},
-        {"Command3_Click", [this] { Command3_Click(); }},
-        {"Command4_Click", [this] { Command4_Click(); }},
-        {"Command5_Click", [this] { Command5_Click(); }},
+        Clicked("Command4", &Command4, &Form4::Command4_Click),
+        Clicked("Command3", &Command3, &Form4::Command3_Click),
+        Clicked("Command5", &Command5, &Form4::Command5_Click),
     };
 }
 
@@ -68,15 +56,15 @@ void Form4::Command3_Click() {
 void Form4::Command4_Click() {
     ShowButtons(false);
     bool reading_is_over = false;
-    Guard([&] { ConvertFile(reading_is_over); },
-          [&](const RunTimeError&) {
-              module_.Tell("Bad Filename. Please select a new file");
-              if (reading_is_over) {
-                  Command2_Click();
-              } else {
-                  Command1_Click();
-              }
-          });
+    TrapFailure([&] { ConvertFile(reading_is_over); },
+                [&](const RunTimeError&) {
+                    module_.Tell("Bad Filename. Please select a new file");
+                    if (reading_is_over) {
+                        Command2_Click();
+                    } else {
+                        Command1_Click();
+                    }
+                });
     ShowButtons(true);
 }
 

@@ -15,7 +15,6 @@ class Form4 : public Form {
     explicit Form4(Module1& module) : Form(module, "Form4", "Netscape to PIM") {}
 
     std::vector<NamedControl> Controls() override;
-    std::vector<NamedHandler> Handlers() override;
 
     // The close box goes back to the main window, as the back button does.
     bool Form_Unload() override;

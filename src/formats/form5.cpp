@@ -8,17 +8,8 @@ std::vector<NamedControl> Form5::Controls() {
     return {
         {"Label1", &Label1},
         {"Text1", &Text1},
-        {"Command1", &Command1},
-        {"Command2", &Command2},
-    };
-}
-
-std::vector<NamedHandler> Form5::Handlers() {
-    return {
-        {"Form_Load", [this] { Form_Load(); }},
-        {"Form_Unload", [this] { Unload(); }},
-        {"Command1_Click", [this] { Command1_Click(); }},
-        {"Command2_Click", [this] { Command2_Click(); }},
+        Clicked("Command1", &Command1, &Form5::Command1_Click),
+        Clicked("Command2", &Command2, &Form5::Command2_Click),
     };
 }
 

@@ -14,7 +14,6 @@ class Form5 : public Form {
     explicit Form5(Module1& module) : Form(module, "Form5", "PIM Separator") {}
 
     std::vector<NamedControl> Controls() override;
-    std::vector<NamedHandler> Handlers() override;
 
     void Form_Load() override;
     void Command1_Click();

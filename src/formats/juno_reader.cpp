@@ -1,7 +1,5 @@
 #include "formats/juno_reader.h"
 
-#include "app/form1.h"
-#include "app/module1.h"
 #include "app/text.h"
 
 namespace orvik {
@@ -27,30 +25,6 @@ std::string ReadJuno(std::string_view juno) {
         }
     }
     return list;
-}
-
-std::string Module1::ReadJuno(const std::string& text) {
-    std::string list = orvik::ReadJuno(text);
-    TextMode = mode::kAscii;
-    return list;
-}
-
-void Form1::mnuPasteJuno_Click() {
-    if (!OfferSave("Save before clearing?")) {
-        return;
-    }
-    module_.WorkText.clear();
-    module_.WorkText = module_.ReadJuno(module_.platform.ClipboardText());
-    ShowTextIfShort();
-    module_.RefreshLists();
-    module_.TextMode = mode::kAscii;
-    ToggleEditModeFourTimes();
-}
-
-void Form1::ToggleEditModeFourTimes() {
-    for (int i = 0; i < 4; ++i) {
-        mnuEntEd_Click();
-    }
 }
 
 }  // namespace orvik

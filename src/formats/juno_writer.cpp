@@ -1,10 +1,7 @@
 #include "formats/juno_writer.h"
 
-#include "app/form1.h"
-#include "app/module1.h"
 #include "app/text.h"
 #include "app/working_text.h"
-#include "formats/conversion_progress.h"
 
 namespace orvik {
 
@@ -27,26 +24,6 @@ std::string WriteJuno(std::string_view native, std::string_view separator, Progr
     meter.Reach(reader.Separator());
     CutEnd(book, kCrLf.size());
     return book;
-}
-
-std::string Module1::JunoText(std::string& text) {
-    if (TextMode == mode::kAscii) {
-        form1.mnuParse_Click();
-    }
-    ConversionProgress progress(form1, platform);
-    std::string book = WriteJuno(text, textSep, progress);
-    progress.Finish();
-    return book;
-}
-
-void Form1::mnuJuno_Click() {
-    if (module_.WorkText.empty()) {
-        return;
-    }
-    module_.platform.SetClipboardText(module_.JunoText(module_.WorkText));
-    // On and off again: the working text is listed anew.
-    mnuEntEd_Click();
-    mnuEntEd_Click();
 }
 
 }  // namespace orvik

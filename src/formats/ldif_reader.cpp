@@ -1,7 +1,5 @@
 #include "formats/ldif_reader.h"
 
-#include "app/form1.h"
-#include "app/module1.h"
 #include "app/text.h"
 #include "app/working_text.h"
 
@@ -43,28 +41,6 @@ std::string ReadLdif(std::string_view ldif, std::string_view separator) {
         list += entry_end;
     }
     return list;
-}
-
-void Form1::unconvert() {
-    module_.WorkText = ReadLdif(module_.LdifText, module_.textSep);
-    module_.TextMode = mode::kAscii;
-}
-
-void Form1::mnuUn_Click() {
-    unconvert();
-}
-
-void Form1::mnuClearPasteNet4_Click() {
-    if (!OfferSave("Save before clearing?")) {
-        return;
-    }
-    module_.WorkText.clear();
-    module_.LdifText = module_.platform.ClipboardText();
-    unconvert();
-    mnuParse_Click();
-    ShowTextIfShort();
-    module_.RefreshLists();
-    Caption = kTitle;
 }
 
 }  // namespace orvik

@@ -2,13 +2,8 @@
 
 #include <algorithm>
 
-#include "app/form1.h"
-#include "app/messages.h"
-#include "app/module1.h"
-#include "app/run_time_error.h"
 #include "app/text.h"
 #include "app/working_text.h"
-#include "formats/conversion_progress.h"
 
 namespace orvik {
 namespace {
@@ -46,39 +41,6 @@ std::string WriteLdif(std::string_view native, Progress& progress) {
     meter.Reach(reader.Separator());
     CutEnd(ldif, kCrLf.size());
     return ldif;
-}
-
-void Form1::Convert(std::string& text) {
-    if (module_.TextMode == mode::kAscii) {
-        text = module_.SplitEntries(text, "txt");
-    }
-    module_.LdifText.clear();
-    Guard(
-        [&] {
-            ConversionProgress progress(*this, module_.platform);
-            module_.LdifText = WriteLdif(text, progress);
-            progress.Finish();
-        },
-        [](const RunTimeError& failure) {
-            // A book without an entry gives an empty LDIF text. Lack of memory must not: it would
-            // be saved over somebody's file.
-            if (failure.Number() == static_cast<int>(Failure::OutOfMemory)) {
-                throw failure;
-            }
-        });
-    LdifCurrent = true;
-}
-
-void Form1::mnuConvert_Click() {
-    Convert(module_.WorkText);
-}
-
-void Form1::mnuCopyConvert_Click() {
-    if (module_.WorkText.empty()) {
-        return;
-    }
-    mnuConvert_Click();
-    module_.platform.SetClipboardText(module_.LdifText);
 }
 
 }  // namespace orvik

@@ -1,8 +1,5 @@
 #include "formats/netscape3_reader.h"
 
-#include "app/form1.h"
-#include "app/module1.h"
-#include "app/run_time_error.h"
 #include "app/text.h"
 
 namespace orvik {
@@ -47,29 +44,6 @@ std::string ReadNetscape3(std::string_view html, std::string_view separator) {
         }
     }
     return list;
-}
-
-std::string Form1::UnNet3(const std::string& what) {
-    std::string list = ReadNetscape3(what, module_.textSep);
-    // With CR this takes the last character of the last link text as well: the lists count on a
-    // last character that is dropped.
-    Guard([&] { CutEnd(list, module_.textSep == "\r" ? 2 : 1); },
-          [&](const RunTimeError& failure) {
-              module_.Tell("Error #" + std::to_string(failure.Number()));
-          });
-    return list;
-}
-
-void Form1::mnuClearPasteNet3_Click() {
-    if (!OfferSave("Save before clearing?")) {
-        return;
-    }
-    module_.WorkText.clear();
-    module_.WorkText = UnNet3(module_.platform.ClipboardText());
-    ShowTextIfShort();
-    module_.RefreshLists();
-    module_.TextMode = mode::kNative;
-    Caption = kTitle;
 }
 
 }  // namespace orvik

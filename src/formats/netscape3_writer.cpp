@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "app/form1.h"
-#include "app/module1.h"
 #include "app/text.h"
 #include "app/working_text.h"
 
@@ -45,19 +43,6 @@ std::string WriteNetscape3(std::string_view text) {
         nickname += kCrLf.size();
     }
     return book.append("\r\n</DL><p>");
-}
-
-std::string Form1::Net3(std::string& text1String) {
-    if (module_.TextMode == mode::kAscii) {
-        text1String = module_.SplitEntries(text1String, "txt");
-    }
-    return WriteNetscape3(text1String);
-}
-
-void Form1::mnuCopyNet3_Click() {
-    if (!module_.WorkText.empty()) {
-        module_.platform.SetClipboardText(Net3(module_.WorkText));
-    }
 }
 
 }  // namespace orvik

@@ -15,28 +15,76 @@ namespace {
 constexpr int kSlots = 500;
 constexpr int kSlotsPerStep = 20;
 
-}  // namespace
-
-template <void (Module1::*Sort)()>
-void Form1::SortBy() {
-    if (module_.WorkText.empty()) {
-        return;
+// Half of the display belongs to each block; it counts the slots, not the lines.
+void AppendSorted(Module1& module, std::string_view block, int percent_done) {
+    module.WorkText.append(block);
+    for (int slot = kSlotsPerStep; slot <= kSlots; slot += kSlotsPerStep) {
+        const int percent = percent_done + slot / 10;
+        module.form1.ProgressBar1.Value = percent;
+        module.form1.StatusBar1.SetPanelText(1, "Alphabetizing..." + std::to_string(percent) + "%");
+        module.platform.Repaint();
     }
-    if (module_.ItemCount > kMostSorted) {
-        module_.TellTooManyToSort();
-        return;
-    }
-    (module_.*Sort)();
-    ShowTextIfShort();
-    module_.RefreshLists();
 }
 
+// Brings the working text into the Native form, or tells that there is none.
+bool BeginSort(Module1& module, std::string_view no_text, std::string_view title) {
+    if (module.TextMode == mode::kAscii) {
+        module.WorkText = module.SplitEntries(module.WorkText, "txt");
+    } else if (module.TextMode != mode::kNative) {
+        module.Tell(no_text, title);
+        return false;
+    }
+    return true;
+}
+
+void SortWorkText(Module1& module, SortKey key) {
+    module.form1.StatusBar1.SetPanelText(1, "Alphabetizing");
+    module.form1.ProgressBar1.Visible = true;
+    module.platform.Repaint();
+    const std::optional<SortedBlocks> sorted = SortEntries(module.WorkText, key);
+    if (!sorted) {
+        module.TellTooManyToSort();
+        return;
+    }
+    module.WorkText.clear();
+    AppendSorted(module, sorted->Addresses, 0);
+    module.WorkText.append(kNick).append(kCrLf);
+    AppendSorted(module, sorted->Nicknames, kSlots / 10);
+    module.form1.StatusBar1.SetPanelText(1, "Ready");
+    module.form1.ProgressBar1.Visible = false;
+    module.TextMode = mode::kNative;
+}
+
+// What both commands do around their sort.
+void SortBy(Module1& module, void (Module1::*sort)()) {
+    if (module.WorkText.empty()) {
+        return;
+    }
+    if (module.ItemCount > kMostSorted) {
+        module.TellTooManyToSort();
+        return;
+    }
+    (module.*sort)();
+    module.form1.ShowTextIfShort();
+    module.RefreshLists();
+}
+
+}  // namespace
+
 void Form1::cmdEmail_Click() {
-    SortBy<&Module1::SortByAddress>();
+    SortBy(module_, &Module1::SortByAddress);
 }
 
 void Form1::cmdNick_Click() {
-    SortBy<&Module1::SortByNickname>();
+    SortBy(module_, &Module1::SortByNickname);
+}
+
+void Form1::mnuAlphAddr_Click() {
+    cmdEmail_Click();
+}
+
+void Form1::mnuAlphNick_Click() {
+    cmdNick_Click();
 }
 
 void Module1::TellTooManyToSort() {
@@ -47,53 +95,14 @@ void Module1::TellTooManyToSort() {
 }
 
 void Module1::SortByAddress() {
-    if (BeginSort(TextNonexistant("An Error type"), "Error")) {
-        SortWorkText(SortKey::Address);
+    if (BeginSort(*this, TextNonexistant("An Error type"), "Error")) {
+        SortWorkText(*this, SortKey::Address);
     }
 }
 
 void Module1::SortByNickname() {
-    if (BeginSort(TextNonexistant("An Error has occured because an error type"), kTitle)) {
-        SortWorkText(SortKey::Nickname);
-    }
-}
-
-bool Module1::BeginSort(std::string_view no_text, std::string_view title) {
-    if (TextMode == mode::kAscii) {
-        WorkText = SplitEntries(WorkText, "txt");
-    } else if (TextMode != mode::kNative) {
-        Tell(no_text, title);
-        return false;
-    }
-    return true;
-}
-
-void Module1::SortWorkText(SortKey key) {
-    form1.StatusBar1.SetPanelText(1, "Alphabetizing");
-    form1.ProgressBar1.Visible = true;
-    platform.Repaint();
-    const std::optional<SortedBlocks> sorted = SortEntries(WorkText, key);
-    if (!sorted) {
-        TellTooManyToSort();
-        return;
-    }
-    WorkText.clear();
-    AppendSorted(sorted->Addresses, 0);
-    WorkText.append(kNick).append(kCrLf);
-    AppendSorted(sorted->Nicknames, kSlots / 10);
-    form1.StatusBar1.SetPanelText(1, "Ready");
-    form1.ProgressBar1.Visible = false;
-    TextMode = mode::kNative;
-}
-
-// Half of the display belongs to each block; it counts the slots, not the lines.
-void Module1::AppendSorted(std::string_view block, int percent_done) {
-    WorkText.append(block);
-    for (int slot = kSlotsPerStep; slot <= kSlots; slot += kSlotsPerStep) {
-        const int percent = percent_done + slot / 10;
-        form1.ProgressBar1.Value = percent;
-        form1.StatusBar1.SetPanelText(1, "Alphabetizing..." + std::to_string(percent) + "%");
-        platform.Repaint();
+    if (BeginSort(*this, TextNonexistant("An Error has occured because an error type"), kTitle)) {
+        SortWorkText(*this, SortKey::Nickname);
     }
 }
 

@@ -12,6 +12,7 @@
 
 namespace orvik {
 
+enum class Failure;
 class Form;
 class RunTimeError;
 
@@ -22,11 +23,17 @@ enum class Buttons { OK, YesNo, YesNoCancel };
 
 enum class Icon { None, Question };
 
+// What a box is about, as far as somebody who answers boxes by himself has to know.
+enum class Matter { Other, TextTooLong, UnknownFormat };
+
+// Cause is the failure that the box tells of, if it does.
 struct MessageBox {
     std::string Text;
     std::string Title;
     Buttons Choice = Buttons::OK;
     Icon Sign = Icon::None;
+    std::optional<Failure> Cause = {};
+    Matter About = Matter::Other;
 };
 
 enum class DialogKind { Open, Save };

@@ -5,17 +5,41 @@
 
 #include "app/module1.h"
 #include "app/run_time_error.h"
+#include "settings/form6.h"
 #include "settings/keys.h"
 #include "settings/numbers.h"
 
 namespace orvik {
+namespace {
 
-std::vector<NamedHandler> Form6::Handlers() {
-    return {
-        {"Form_Load", [this] { Form_Load(); }},
-        {"Form_Unload", [this] { Unload(); }},
-        {"Form_Click", [this] { Form_Click(); }},
-    };
+// Returns whether the run goes on. The sorts are crossed: what the preferences
+// store for "Sort by Nickname" sorts by address, as it always did.
+bool RunStep(Module1& module,
+             const std::string& number,
+             const std::string& source,
+             const std::string& destination) {
+    const double code = ToNumber(module.platform.GetSetting(key::kSteps, number).value_or(""));
+    if (code == step::kDoneCode) {
+        return false;
+    }
+    if (code == step::kOpenCode) {
+        module.AutoOpenFile(source);
+    } else if (code == step::kSaveCode) {
+        module.AutoSaveFile(destination);
+    } else if (code == step::kExtractCode) {
+        module.AutoExtractFile(source);
+    } else if (code == step::kSortByNicknameCode) {
+        module.form1.cmdEmail_Click();
+    } else if (code == step::kSortByAddressCode) {
+        module.form1.cmdNick_Click();
+    }
+    return true;
+}
+
+}  // namespace
+
+std::vector<NamedHandler> Form6::OtherHandlers() {
+    return {{"Form_Click", [this] { Form_Click(); }}};
 }
 
 void Form6::Form_Load() {
@@ -39,9 +63,10 @@ void Module1::RunAutomation() {
     const std::string destination = Setting("aSaveName");
     for (int i = 1; i <= 5; ++i) {
         form6.Load();
+        AutomationStep = i;
         form6.Label1.Caption = "Orvik Automation: Step " + std::to_string(i);
         platform.Repaint();
-        if (!RunStep(std::to_string(i), source, destination)) {
+        if (!RunStep(*this, std::to_string(i), source, destination)) {
             break;
         }
     }
@@ -54,7 +79,7 @@ void Module1::RunAutomation() {
 void Module1::RunStoredAutomation() {
     for (int failures = 0; failures < 2 && Setting("Auto") == "True";) {
         bool failed = false;
-        Guard([&] { RunAutomation(); }, [&](const RunTimeError&) { failed = true; });
+        TrapFailure([&] { RunAutomation(); }, [&](const RunTimeError&) { failed = true; });
         if (!failed) {
             return;
         }
@@ -63,29 +88,6 @@ void Module1::RunStoredAutomation() {
             AskForSettings();
         }
     }
-}
-
-// Returns whether the run goes on. The sorts are crossed: what the preferences
-// store for "Sort by Nickname" sorts by address, as it always did.
-bool Module1::RunStep(const std::string& number,
-                      const std::string& source,
-                      const std::string& destination) {
-    const double code = ToNumber(platform.GetSetting(key::kSteps, number).value_or(""));
-    if (code == step::kDoneCode) {
-        return false;
-    }
-    if (code == step::kOpenCode) {
-        AutoOpenFile(source);
-    } else if (code == step::kSaveCode) {
-        AutoSaveFile(destination);
-    } else if (code == step::kExtractCode) {
-        AutoExtractFile(source);
-    } else if (code == step::kSortByNicknameCode) {
-        form1.cmdEmail_Click();
-    } else if (code == step::kSortByAddressCode) {
-        form1.cmdNick_Click();
-    }
-    return true;
 }
 
 void Module1::SetUpDemoAutomation() {

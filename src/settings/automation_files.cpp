@@ -6,12 +6,25 @@
 #include "app/module1.h"
 #include "app/text.h"
 #include "app/working_text.h"
+#include "formats/endings.h"
 
 namespace orvik {
 namespace {
 
-// The file of nicknames that is read and written as alias lines.
-constexpr std::string_view kAliasFile = "nndbase.txt";
+// The entries as lines of aliases.
+std::string AliasLines(Module1& module) {
+    const std::string native = module.TextMode == mode::kAscii
+                                   ? module.SplitEntries(module.WorkText, "txt")
+                                   : module.WorkText;
+    NativeReader reader(native);
+    std::string lines;
+    while (reader.Next()) {
+        lines.append("alias \"").append(reader.TakeNickname()).append("\" ");
+        AppendWithout(lines, reader.RawAddress(), '\n');
+        lines.append(kCrLf);
+    }
+    return lines;
+}
 
 }  // namespace
 
@@ -22,8 +35,8 @@ void Module1::AutoOpenFile(const std::string& name) {
     WorkText = File1.Read(File1.Length());
     File1.Close();
     if (OpenMode == kAskAlways) {
-        form3.Show(Showing::Modal);
-    } else if (HasEnding(name, kAliasFile)) {
+        ChooseFormat(Showing::Modal);
+    } else if (IsAliasFile(name)) {
         OpenAliasFile();
         WorkText = SplitEntries(WorkText, "txt");
         TextMode = mode::kNative;
@@ -42,27 +55,11 @@ void Module1::AutoOpenFile(const std::string& name) {
 void Module1::AutoSaveFile(const std::string& name) {
     if (WorkText.empty()) {
         Tell(TextNonexistant("An Error has occured because an error type"), "Error");
-    } else if (HasEnding(name, kAliasFile)) {
-        File1.Replace(name, AliasLines());
+    } else if (IsAliasFile(name)) {
+        File1.Replace(name, AliasLines(*this));
     } else {
         form1.WriteInFormatOf(name, true);
     }
-}
-
-std::string Module1::AliasLines() {
-    const std::string native = TextMode == mode::kAscii ? SplitEntries(WorkText, "txt") : WorkText;
-    NativeReader reader(native);
-    std::string lines;
-    while (reader.Next()) {
-        lines.append("alias \"").append(reader.TakeNickname()).append("\" ");
-        AppendWithout(lines, reader.RawAddress(), '\n');
-        lines.append(kCrLf);
-    }
-    return lines;
-}
-
-void Module1::AutoExtractFile(const std::string& name) {
-    ExtractAddresses(name, "proces", Icon::None);
 }
 
 }  // namespace orvik

@@ -4,6 +4,7 @@
 
 #include "app/module1.h"
 #include "app/text.h"
+#include "formats/form5.h"
 #include "settings/keys.h"
 
 namespace orvik {
@@ -22,41 +23,40 @@ constexpr std::string_view kDestinationFilter =
 
 std::vector<NamedControl> Form2::Controls() {
     return {
-        {"SSTab1", &SSTab1},     {"Option1", &Option1},   {"Option2", &Option2},
-        {"Option3", &Option3},   {"Option4", &Option4},   {"Frame1", &Frame1},
-        {"Option5", &Option5},   {"Option6", &Option6},   {"Label1", &Label1},
-        {"Text1(1)", &Text1},    {"Command3", &Command3}, {"Check1", &Check1},
-        {"Frame2", &Frame2},     {"Check2", &Check2},     {"Check3", &Check3},
-        {"Check4", &Check4},     {"Label2", &Label2},     {"Option7", &Option7},
-        {"Option8", &Option8},   {"Text2", &Text2},       {"Command5", &Command5},
-        {"Label3", &Label3},     {"Combo1", &Combo1},     {"Label4", &Label4},
-        {"Combo2", &Combo2},     {"Label5", &Label5},     {"Label6", &Label6},
-        {"Combo3", &Combo3},     {"Label7", &Label7},     {"Text3", &Text3},
-        {"Command6", &Command6}, {"Command1", &Command1}, {"Command2", &Command2},
-        {"Command4", &Command4},
-    };
-}
-
-std::vector<NamedHandler> Form2::Handlers() {
-    const auto bind = [this](std::string_view name, void (Form2::*handler)()) {
-        return NamedHandler{name, [this, handler] { (this->*handler)(); }};
-    };
-    return {
-        {"Form_Load", [this] { Form_Load(); }},
-        {"Form_Unload", [this] { Unload(); }},
-        bind("Command1_Click", &Form2::Command1_Click),
-        bind("Command2_Click", &Form2::Command2_Click),
-        bind("Command3_Click", &Form2::Command3_Click),
-        bind("Command4_Click", &Form2::Command4_Click),
-        bind("Command5_Click", &Form2::Command5_Click),
-        bind("Command6_Click", &Form2::Command6_Click),
-        bind("Check1_Click", &Form2::Check1_Click),
-        bind("Check2_Click", &Form2::Check2_Click),
-        bind("Combo1_Click", &Form2::Combo1_Click),
-        bind("Option1_Click", &Form2::Option1_Click),
-        bind("Option2_Click", &Form2::Option2_Click),
-        bind("Option3_Click", &Form2::Option3_Click),
-        bind("Option4_Click", &Form2::Option4_Click),
+        {"SSTab1", &SSTab1},
+        Clicked("Option1", &Option1, &Form2::Option1_Click),
+        Clicked("Option2", &Option2, &Form2::Option2_Click),
+        Clicked("Option3", &Option3, &Form2::Option3_Click),
+        Clicked("Option4", &Option4, &Form2::Option4_Click),
+        {"Frame1", &Frame1},
+        {"Option5", &Option5},
+        {"Option6", &Option6},
+        {"Label1", &Label1},
+        {"Text1(1)", &Text1},
+        Clicked("Command3", &Command3, &Form2::Command3_Click),
+        Clicked("Check1", &Check1, &Form2::Check1_Click),
+        {"Frame2", &Frame2},
+        Clicked("Check2", &Check2, &Form2::Check2_Click),
+        {"Check3", &Check3},
+        {"Check4", &Check4},
+        {"Label2", &Label2},
+        {"Option7", &Option7},
+        {"Option8", &Option8},
+        {"Text2", &Text2},
+        Clicked("Command5", &Command5, &Form2::Command5_Click),
+        {"Label3", &Label3},
+        Clicked("Combo1", &Combo1, &Form2::Combo1_Click),
+        {"Label4", &Label4},
+        {"Combo2", &Combo2},
+        {"Label5", &Label5},
+        {"Label6", &Label6},
+        {"Combo3", &Combo3},
+        {"Label7", &Label7},
+        {"Text3", &Text3},
+        Clicked("Command6", &Command6, &Form2::Command6_Click),
+        Clicked("Command1", &Command1, &Form2::Command1_Click),
+        Clicked("Command2", &Command2, &Form2::Command2_Click),
+        Clicked("Command4", &Command4, &Form2::Command4_Click),
     };
 }
 
@@ -177,6 +177,10 @@ void Form2::Combo1_Click() {
     Combo2.Enabled = sorts;
     Label4.Enabled = sorts;
     Combo2.Text = sorts ? step::kDone : kDisabled;
+}
+
+void Form1::mnuPrefs_Click() {
+    module_.form2.Show(Showing::Modal);
 }
 
 void Form2::Command2_Click() {

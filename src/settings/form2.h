@@ -16,7 +16,6 @@ class Form2 : public Form {
     explicit Form2(Module1& module);
 
     std::vector<NamedControl> Controls() override;
-    std::vector<NamedHandler> Handlers() override;
 
     void Form_Load() override;
     void Form_KeyUp(int key_code) override;

@@ -14,13 +14,15 @@ class Form6 : public Form {
     explicit Form6(Module1& module) : Form(module, "Form6", "Orvik Automated") {}
 
     std::vector<NamedControl> Controls() override { return {{"Label1", &Label1}}; }
-    std::vector<NamedHandler> Handlers() override;
 
     void Form_Load() override;
     // A click asks whether to stop the extraction.
     void Form_Click() override;
 
     Label Label1{"Orvik Automation: Ready"};
+
+ private:
+    std::vector<NamedHandler> OtherHandlers() override;
 };
 
 }  // namespace orvik

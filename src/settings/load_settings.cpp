@@ -4,6 +4,8 @@
 
 #include "app/module1.h"
 #include "app/run_time_error.h"
+#include "formats/form5.h"
+#include "settings/form2.h"
 #include "settings/keys.h"
 #include "settings/numbers.h"
 
@@ -13,6 +15,35 @@ namespace {
 // A setting that fails this often in a row ends the program, so that nobody is caught in it.
 constexpr int kMostFailures = 3;
 
+// Outside the start only the very first loading asks, and only for the handheld's separator.
+void AskForSeparator(Module1& module) {
+    if (module.FirstPimRun) {
+        module.Tell("This is your first time using Orvik. We need to set a few options.");
+        module.form5.Unload();
+        module.form5.Show(Showing::Modal);
+    }
+}
+
+// Reads one setting; while that fails the user is asked for the settings. Returns false if loading
+// ends here.
+bool ReadOrAsk(Module1& module, const std::function<void()>& read) {
+    for (int failures = 1;; ++failures) {
+        bool failed = false;
+        TrapFailure(read, [&](const RunTimeError&) { failed = true; });
+        if (!failed) {
+            return true;
+        }
+        if (!module.StartingUp) {
+            AskForSeparator(module);
+            return false;
+        }
+        if (failures == kMostFailures) {
+            module.platform.End();
+        }
+        module.AskForSettings();
+    }
+}
+
 }  // namespace
 
 std::string Module1::Setting(std::string_view name) {
@@ -21,8 +52,8 @@ std::string Module1::Setting(std::string_view name) {
 
 double Module1::NumberOrZero(std::string_view section, std::string_view name) {
     double number = 0;
-    Guard([&] { number = ToNumber(platform.GetSetting(section, name).value_or("")); },
-          [](const RunTimeError&) {});
+    TrapFailure([&] { number = ToNumber(platform.GetSetting(section, name).value_or("")); },
+                [](const RunTimeError&) {});
     return number;
 }
 
@@ -31,7 +62,7 @@ void Module1::Save(std::string_view name, std::string_view value) {
 }
 
 void Module1::LoadSettings() {
-    if (!ReadOrAsk([this] {
+    if (!ReadOrAsk(*this, [this] {
             const double number = ToNumber(Setting("textSep"));
             if (number == key::kByNewlines) {
                 TextSepChoice = 1;
@@ -42,7 +73,7 @@ void Module1::LoadSettings() {
         return;
     }
     textSep.assign(1, TextSepChoice == 1 ? '\r' : ',');
-    if (!ReadOrAsk([this] { OpenMode = ToInteger(Setting("Open")); })) {
+    if (!ReadOrAsk(*this, [this] { OpenMode = ToInteger(Setting("Open")); })) {
         return;
     }
     if (OpenMode < 1 || OpenMode > 4) {
@@ -58,40 +89,13 @@ void Module1::LoadSettings() {
     FirstPimRun = false;
 }
 
-bool Module1::ReadOrAsk(const std::function<void()>& read) {
-    for (int failures = 1;; ++failures) {
-        bool failed = false;
-        Guard(read, [&](const RunTimeError&) { failed = true; });
-        if (!failed) {
-            return true;
-        }
-        if (!StartingUp) {
-            AskForSeparator();
-            return false;
-        }
-        if (failures == kMostFailures) {
-            platform.End();
-        }
-        AskForSettings();
-    }
-}
-
 void Module1::AskForSettings() {
     form2.Show(Showing::Modal);
     StartingUp = true;
 }
 
-// Outside the start only the very first loading asks, and only for the handheld's separator.
-void Module1::AskForSeparator() {
-    if (FirstPimRun) {
-        Tell("This is your first time using Orvik. We need to set a few options.");
-        form5.Unload();
-        form5.Show(Showing::Modal);
-    }
-}
-
-void Form1::mnuPrefs_Click() {
-    module_.form2.Show(Showing::Modal);
+void Module1::CloseSettings() {
+    form2.Unload();
 }
 
 }  // namespace orvik

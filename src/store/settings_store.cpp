@@ -13,7 +13,7 @@
 #include <glib.h>
 
 #include "app/text.h"
-#include "platform/links.h"
+#include "platform/system_files.h"
 #include "store/setting_text.h"
 
 namespace orvik {
@@ -139,7 +139,7 @@ Outcome ChangeUnderLock(const std::string& name, const std::function<void(KeyFil
     const Owned<gchar> contents(g_key_file_to_data(file.Keys.get(), &length, nullptr), &g_free);
     const bool written =
         lock.IsHeld() &&
-        g_file_set_contents_full(ResolveLinks(name).c_str(),
+        g_file_set_contents_full(SystemFiles().ResolveLinks(name).c_str(),
                                  contents.get(),
                                  static_cast<gssize>(length),
                                  static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT |

@@ -29,11 +29,6 @@ class AccessibilityTest : public test::Form1WindowTest {
     AccessibilityTest() {
         EXPECT_CALL(platform, GetSetting(_, _)).WillRepeatedly(Return("5"));
         EXPECT_CALL(platform, ProgramFolder()).WillRepeatedly(Return("/p"));
-        for (Form* const form : module1.Forms()) {
-            if (form != &form1) {
-                small_windows.push_back(MakeWindow(module1, *form, desktop, &window));
-            }
-        }
         List(test::kThree);
     }
 
@@ -48,7 +43,8 @@ class AccessibilityTest : public test::Form1WindowTest {
         return dynamic_cast<FormWindow&>(desktop.viewOf(form)->window());
     }
 
-    std::vector<std::unique_ptr<FormWindow>> small_windows;
+    std::vector<std::unique_ptr<FormWindow>> small_windows =
+        MakeSmallWindows(program, desktop, &window);
 };
 
 std::string Described(QAccessibleInterface& item) {
@@ -135,7 +131,7 @@ TEST_F(AccessibilityTest, EveryControlHasTheRoleOfItsKind) {
             },
             control);
     };
-    for (Form* const form : module1.Forms()) {
+    for (Form* const form : program.Forms()) {
         for (const NamedControl& control : form->Controls()) {
             const QAccessible::Role role = expected(control.Ref);
             if (role == QAccessible::NoRole || control.Name == "Picture2") {

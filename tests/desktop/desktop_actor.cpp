@@ -82,17 +82,13 @@ DesktopActor::~DesktopActor() {
     platform_.windows = nullptr;
 }
 
-void DesktopActor::Attach(Module1& module) {
+void DesktopActor::Attach(Program& program) {
     small_windows_.clear();
     form1_.reset();
-    Actor::Attach(module);
+    Actor::Attach(program);
     desktop_ = std::make_unique<Desktop>();
-    form1_ = std::make_unique<Form1Window>(module, *desktop_);
-    for (Form* const form : module.Forms()) {
-        if (form != &module.form1) {
-            small_windows_.push_back(MakeWindow(module, *form, *desktop_, form1_.get()));
-        }
-    }
+    form1_ = std::make_unique<Form1Window>(program.module, *desktop_);
+    small_windows_ = MakeSmallWindows(program, *desktop_, form1_.get());
 }
 
 QWidget& DesktopActor::WindowOf(const Form& form) const {
@@ -118,9 +114,8 @@ void DesktopActor::CountWidget() {
 void DesktopActor::RunHandler(Form& form, const NamedHandler& handler) {
     constexpr std::string_view kClick = "_Click";
     Sync();
-    if (handler.Name.ends_with(kClick)) {
-        const std::string_view control =
-            handler.Name.substr(0, handler.Name.size() - kClick.size());
+    if (std::string_view(handler.Name).ends_with(kClick)) {
+        const std::string control = handler.Name.substr(0, handler.Name.size() - kClick.size());
         auto* const action = Find<QAction>(form, control);
         auto* const button = Usable<QPushButton>(form, control);
         // A command on the selection takes the one that the box shows.

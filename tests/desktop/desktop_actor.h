@@ -46,7 +46,7 @@ class DesktopActor : public Actor, public ScenarioPlatform::Windows {
     DesktopActor& operator=(DesktopActor&&) = delete;
     ~DesktopActor() override;
 
-    void Attach(Module1& module) override;
+    void Attach(Program& program) override;
     void RunHandler(Form& form, const NamedHandler& handler) override;
     void SetText(const Target& target, TextBox& box, const std::string& text) override;
     void TypeText(const Target& target, TextBox& box, const std::string& text) override;

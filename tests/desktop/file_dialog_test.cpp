@@ -61,10 +61,10 @@ TEST(WithEnding, IsForNamesWithoutOne) {
 }
 
 TEST(OverwriteQuestion, SaysWhenEntriesAreAdded) {
-    for (const char* const name : {"a.pml", "a.NV", "/x/a.htm"}) {
+    for (const char* const name : {"a.pml", "a.NV", "/x/a.htm", "a.html", "anv"}) {
         EXPECT_TRUE(OverwriteQuestion(QString::fromLatin1(name)).contains(u"added")) << name;
     }
-    for (const char* const name : {"a.ldif", "a.txt", "a.html", "anv"}) {
+    for (const char* const name : {"a.ldif", "a.txt", "a.csv", "a"}) {
         EXPECT_TRUE(OverwriteQuestion(QString::fromLatin1(name)).contains(u"replace")) << name;
     }
 }

@@ -86,7 +86,7 @@ void ExpectShown(const QWidget& window, const NamedControl& control) {
 }
 
 TEST_F(FormWindowTest, EveryControlIsOnItsWindow) {
-    for (Form* const form : module1.Forms()) {
+    for (Form* const form : program.Forms()) {
         if (form == &form1) {
             continue;
         }

@@ -27,6 +27,7 @@
 #include "desktop/session/qt_platform.h"
 #include "desktop/windows/form1_window.h"
 #include "desktop/windows/small_windows.h"
+#include "platform/system_files.h"
 
 namespace orvik {
 namespace {
@@ -289,7 +290,9 @@ class HelpUnderAModalFormTest : public HelpViewerTest {
     const bool own_cache = qputenv("XDG_CACHE_HOME", folder.path().toLocal8Bit());
     Desktop desktop;
     QtPlatform platform{desktop};
-    Module1 module{platform};
+    SystemFiles files;
+    Program program{platform, files};
+    Module1& module = program.module;
     Form1Window window{module, desktop};
     std::unique_ptr<FormWindow> preferences = MakeWindow(module, module.form2, desktop, &window);
 };

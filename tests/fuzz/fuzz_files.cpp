@@ -39,8 +39,8 @@ void RunFiles(const std::uint8_t* data, std::size_t size) {
         "mnuOpen_Click", "mnuOpen_Click", "mnuMerge_Click", "mnuExtract_Click"};
     FuzzedProgram program;
     const std::uint8_t settings = data[2];
-    program.Program().textSep = (settings & 1U) != 0 ? "," : "\r";
-    program.Program().OpenMode = 1 + (settings >> 1U) % 4;
+    program.Root().module.textSep = (settings & 1U) != 0 ? "," : "\r";
+    program.Root().module.OpenMode = 1 + (settings >> 1U) % 4;
 
     const std::string opened = NameWith(data[0], "book");
     FuzzedProgram::WriteFile(opened, ContentsOf(TextOf(data + kHead, size - kHead), data[4]));
@@ -51,10 +51,12 @@ void RunFiles(const std::uint8_t* data, std::size_t size) {
     }
     program.CheckState();
     // The chooser that a refused file or the settings have brought.
-    if (program.Program().form3.Visible()) {
-        const auto rows = program.Program().form3.Rows();
-        const auto& row = rows[(settings >> 5U) % rows.size()];
-        if (!program.Run("Form3." + std::string(row.HandlerName))) {
+    Form3& chooser = program.Root().form3;
+    if (chooser.Visible()) {
+        std::vector<NamedControl> buttons = chooser.Controls();
+        std::erase_if(buttons, [](const NamedControl& control) { return !control.Click; });
+        const NamedControl& pressed = buttons[(settings >> 5U) % buttons.size()];
+        if (!program.Run("Form3." + std::string(pressed.Name) + "_Click")) {
             return;
         }
         program.CheckState();

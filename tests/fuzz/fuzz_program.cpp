@@ -147,7 +147,7 @@ void FuzzedProgram::Queue(std::uint8_t choices, const std::string& pick) {
 }
 
 void FuzzedProgram::CheckState() const {
-    const Module1& module = Program();
+    const Module1& module = Root().module;
     const Form1& form = module.form1;
     CheckList(form.List1);
     CheckList(form.List2);
@@ -166,7 +166,7 @@ void FuzzedProgram::CheckState() const {
 }
 
 void FuzzedProgram::CheckHistory() {
-    Module1& module = Program();
+    Module1& module = Root().module;
     if (module.EditMode) {
         return;
     }

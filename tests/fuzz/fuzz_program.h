@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/module1.h"
+#include "program/program.h"
 #include "testkit/actor.h"
 #include "testkit/scenario.h"
 #include "testkit/scenario_platform.h"
@@ -32,7 +32,7 @@ class FuzzPlatform : public testkit::ScenarioPlatform {
 // Lets the checks see the program.
 class FuzzActor : public testkit::Actor {
  public:
-    [[nodiscard]] Module1& Program() const { return module(); }
+    [[nodiscard]] Program& Root() const { return program(); }
 };
 
 class FuzzedProgram {
@@ -57,7 +57,7 @@ class FuzzedProgram {
     // each, file names, and clicks.
     void Queue(std::uint8_t choices, const std::string& pick);
 
-    [[nodiscard]] Module1& Program() const { return actor_.Program(); }
+    [[nodiscard]] Program& Root() const { return actor_.Root(); }
     FuzzPlatform& Platform() { return platform_; }
 
     // What holds between two events of the user.

@@ -33,7 +33,7 @@ std::uint8_t ByteAt(std::string_view bytes, std::size_t i) {
 }
 
 // Every handler that is an act of the user, and acts that have no handler.
-std::vector<std::string> Acts(Module1& module, std::string_view typed) {
+std::vector<std::string> Acts(Program& program, std::string_view typed) {
     std::vector<std::string> acts = {"undo",
                                      "redo",
                                      "type Form1.Text1 " + Quote(typed),
@@ -45,7 +45,7 @@ std::vector<std::string> Acts(Module1& module, std::string_view typed) {
                                      "key Form3 112",
                                      "resize Form1 3000 1000",
                                      "call RefreshLists"};
-    for (Form* form : module.Forms()) {
+    for (Form* form : program.Forms()) {
         acts.push_back("close " + std::string(form->Name()));
         for (const NamedHandler& handler : form->Handlers()) {
             // A form is loaded by being shown.
@@ -93,7 +93,7 @@ void RunCommands(std::string_view bytes) {
     const std::string_view clipboard = TakePart(bytes);
 
     FuzzedProgram program;
-    Module1& module = program.Program();
+    Module1& module = program.Root().module;
     const std::uint8_t settings = ByteAt(commands, 0);
     module.textSep = (settings & 1U) != 0 ? "," : "\r";
     module.OpenMode = 1 + (settings >> 1U) % 4;
@@ -102,7 +102,7 @@ void RunCommands(std::string_view bytes) {
     program.Run("work " + std::string(kModes.at((settings >> 6U) % kModes.size())) + " " +
                 Quote(work));
 
-    const std::vector<std::string> acts = Acts(module, clipboard);
+    const std::vector<std::string> acts = Acts(program.Root(), clipboard);
     for (std::size_t i = 0; i < kMostCommands && 2 * i + 2 < commands.size() + 1; ++i) {
         const std::string& act = acts[ByteAt(commands, 2 * i + 1) % acts.size()];
         const std::uint8_t choices = ByteAt(commands, 2 * i + 2);

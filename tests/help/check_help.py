@@ -160,7 +160,7 @@ def messages(root):
     everything = "\n".join(sources.values())
     found = []
     for path, code in sources.items():
-        if path.parent.name == "desktop":
+        if "desktop" in path.parts:
             for call in re.finditer(r"\btr\(", code):
                 for text in literals(arguments(code, call.end())):
                     if re.search(r"[.?!]$", text) and not text.endswith("..."):
@@ -168,9 +168,9 @@ def messages(root):
             continue
         if path.name == "run_time_error.cpp":
             found += [(path, text) for text in literals(code) if not text.startswith("app/")]
-        for call in re.finditer(r"\b(?:Tell|Ask|OfferSave|Fail|Note|Report)\(", code):
+        for call in re.finditer(r"\b(?:Tell|Ask|OfferSave|Fail|Note|Report)\(|\{\.Text = ", code):
             argument = arguments(code, call.end())
-            if re.match(r"(?:const )?(?:std::string|RunTimeError)", argument) or not argument:
+            if re.match(r"\s*(?:const )?(?:std::string(?:_view)?[ &]|RunTimeError)", argument) or not argument:
                 continue  # a declaration
             found += [(path, text) for text in literals(argument)]
             for name in re.findall(r"[A-Za-z_]\w*", re.sub(LITERAL, "", argument)):

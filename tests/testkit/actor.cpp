@@ -8,27 +8,27 @@
 namespace orvik::testkit {
 
 void Actor::Start() {
-    module_->RunEvent([this] { module_->form1.Show(Showing::Modeless); });
+    module().RunEvent([this] { module().form1.Show(Showing::Modeless); });
 }
 
-void Actor::RunHandler(Form& form, const NamedHandler& handler) {
-    module_->RunCommand(form, handler);
+void Actor::RunHandler(Form& /*form*/, const NamedHandler& handler) {
+    module().RunCommand(handler);
 }
 
 void Actor::Undo() {
-    module_->RunEvent([this] { module_->history.Undo(); });
+    module().RunEvent([this] { module().history.Undo(); });
 }
 
 void Actor::Redo() {
-    module_->RunEvent([this] { module_->history.Redo(); });
+    module().RunEvent([this] { module().history.Redo(); });
 }
 
 void Actor::SetText(const Target& /*target*/, TextBox& box, const std::string& text) {
-    module_->RunEvent([&] { box.EditByUser(text, text.size()); });
+    module().RunEvent([&] { box.EditByUser(text, text.size()); });
 }
 
 void Actor::TypeText(const Target& /*target*/, TextBox& box, const std::string& text) {
-    module_->RunEvent([&] {
+    module().RunEvent([&] {
         std::string whole = box.Text();
         whole.replace(box.SelStart, box.SelLength, text);
         box.EditByUser(std::move(whole), box.SelStart + text.size());
@@ -47,52 +47,48 @@ void Actor::SelectRows(const Target& target, ListBox& list, const std::vector<st
     if (!rows.empty()) {
         list.ListIndex = static_cast<std::ptrdiff_t>(rows.back());
     }
-    RunClick(target);
+    RunIfAny(target.Click);
 }
 
 void Actor::SetCheck(const Target& target, CheckBox& box, bool checked) {
     box.Value = checked ? 1 : 0;
-    RunClick(target);
+    RunIfAny(target.Click);
 }
 
 void Actor::ChooseOption(const Target& target, OptionButton& option) {
     target.Owner.Choose(option);
-    RunClick(target);
+    RunIfAny(target.Click);
 }
 
 void Actor::ChooseItem(const Target& target, ComboBox& combo, const std::string& item) {
     combo.Text = item;
-    RunClick(target);
+    RunIfAny(target.Click);
 }
 
 void Actor::Click(Form& form) {
-    module_->RunEvent([&] { form.Form_Click(); });
+    module().RunEvent([&] { form.Form_Click(); });
 }
 
 void Actor::DoubleClick(const Target& target) {
-    RunNamed(target, "_DblClick");
+    RunIfAny(target.DoubleClick);
 }
 
-void Actor::RunNamed(const Target& target, std::string_view event) {
-    const std::string name = std::string(target.Name).append(event);
-    for (const NamedHandler& handler : target.Owner.Handlers()) {
-        if (handler.Name == name) {
-            module_->RunEvent(handler.Run);
-            return;
-        }
+void Actor::RunIfAny(const std::function<void()>& handler) {
+    if (handler) {
+        module().RunEvent(handler);
     }
 }
 
 void Actor::ReleaseKey(Form& form, int key_code) {
-    module_->RunEvent([&] { form.Form_KeyUp(key_code); });
+    module().RunEvent([&] { form.Form_KeyUp(key_code); });
 }
 
 void Actor::Close(Form& form) {
-    module_->RunEvent([&] { form.Unload(); });
+    module().RunEvent([&] { form.Unload(); });
 }
 
 void Actor::Resize(Form& form, double width, double height) {
-    module_->RunEvent([&] {
+    module().RunEvent([&] {
         form.Width = form.ScaleWidth = width;
         form.Height = form.ScaleHeight = height;
         form.Form_Resize();

@@ -8,16 +8,15 @@
 #include <string_view>
 #include <vector>
 
-#include "app/module1.h"
+#include "program/program.h"
 #include "testkit/scenario_platform.h"
 
 namespace orvik::testkit {
 
-// A control by its name on its form.
-struct Target {
+// A control with its form.
+struct Target : NamedControl {
+    Target(Form& owner, const NamedControl& control) : NamedControl(control), Owner(owner) {}
     Form& Owner;
-    std::string_view Name;
-    ControlRef Ref;
 };
 
 // Each act is one event of the program: a failure in it is reported to the platform. An act in
@@ -32,7 +31,7 @@ class Actor {
     virtual ~Actor() = default;
 
     // A new run of the program begins; the former one, if any, is gone after this call.
-    virtual void Attach(Module1& module) { module_ = &module; }
+    virtual void Attach(Program& program) { program_ = &program; }
 
     // The program's start: loads and shows the main window.
     virtual void Start();
@@ -65,14 +64,13 @@ class Actor {
     virtual std::string ReadProperty(const Target& target, std::string_view property);
 
  protected:
-    [[nodiscard]] Module1& module() const { return *module_; }
-    // Runs the handler of an event that is named after a control, if there is
-    // one.
-    void RunNamed(const Target& target, std::string_view event);
-    void RunClick(const Target& target) { RunNamed(target, "_Click"); }
+    [[nodiscard]] Program& program() const { return *program_; }
+    [[nodiscard]] Module1& module() const { return program_->module; }
+    // Runs what a click on a control or a double click runs, if anything.
+    void RunIfAny(const std::function<void()>& handler);
 
  private:
-    Module1* module_ = nullptr;
+    Program* program_ = nullptr;
 };
 
 }  // namespace orvik::testkit

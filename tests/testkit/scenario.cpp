@@ -113,18 +113,18 @@ void Scenario::RunModal(const std::string& statements) {
 }
 
 void Scenario::MakeProgram() {
-    auto next = std::make_unique<Module1>(platform_);
+    auto next = std::make_unique<Program>(platform_, files_);
     next->form1.StatusBar1.TextChanged = [this](std::size_t panel, std::string_view text) {
         if (trace_status_) {
             platform_.PrintLine("status " + std::to_string(panel) + " " + Quote(text));
         }
     };
     actor_.Attach(*next);
-    module_ = std::move(next);
+    program_ = std::move(next);
 }
 
 Form& Scenario::FindForm(std::string_view name) {
-    for (Form* form : module_->Forms()) {
+    for (Form* form : program_->Forms()) {
         if (form->Name() == name) {
             return *form;
         }
@@ -134,7 +134,7 @@ Form& Scenario::FindForm(std::string_view name) {
 
 Form& Scenario::LoadForm(std::string_view name) {
     Form& form = FindForm(name);
-    module_->RunEvent([&] { form.Load(); });
+    program_->module.RunEvent([&] { form.Load(); });
     return form;
 }
 
@@ -147,7 +147,7 @@ Target Scenario::FindControl(std::string_view name) {
     Form& form = LoadForm(name.substr(0, dot));
     for (const NamedControl& control : form.Controls()) {
         if (control.Name == name.substr(dot + 1)) {
-            return {form, control.Name, control.Ref};
+            return {form, control};
         }
     }
     throw ScenarioError("unknown control " + std::string(name));
@@ -158,7 +158,7 @@ void Scenario::RunHandler(std::string_view name) {
     Form& form = FindForm(name.substr(0, dot));
     for (const NamedHandler& handler : form.Handlers()) {
         if (handler.Name == name.substr(dot + 1)) {
-            module_->RunEvent([&] { form.Load(); });
+            program_->module.RunEvent([&] { form.Load(); });
             actor_.RunHandler(form, handler);
             return;
         }
@@ -172,7 +172,7 @@ std::string Scenario::Show(const std::string& item) {
     }
     const std::size_t dot = item.find('.');
     if (dot == std::string::npos) {
-        return FormatState(*module_, item);
+        return FormatState(program_->module, item);
     }
     Form& form = FindForm(std::string_view(item).substr(0, dot));
     const std::string rest = item.substr(dot + 1);

@@ -8,7 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "app/module1.h"
+#include "platform/system_files.h"
+#include "program/program.h"
 #include "testkit/actor.h"
 #include "testkit/scenario_platform.h"
 
@@ -75,7 +76,8 @@ class Scenario {
 
     ScenarioPlatform& platform_;
     Actor& actor_;
-    std::unique_ptr<Module1> module_;
+    SystemFiles files_;
+    std::unique_ptr<Program> program_;
     bool trace_status_ = false;
 };
 

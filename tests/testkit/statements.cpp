@@ -133,7 +133,7 @@ void Scenario::Start(const Words& /*words*/) {
     if (platform_.IsNested()) {
         throw ScenarioError("the program cannot be started again from inside");
     }
-    if (module_->form1.Loaded()) {
+    if (program_->form1.Loaded()) {
         MakeProgram();
     }
     platform_.starting = true;
@@ -202,15 +202,15 @@ void Scenario::Redo(const Words& /*words*/) {
 }
 
 void Scenario::PutWork(const Words& words) {
-    module_->TextMode = words[1];
-    module_->WorkText = words[2];
+    program_->module.TextMode = words[1];
+    program_->module.WorkText = words[2];
 }
 
 void Scenario::Call(const Words& words) {
     const Words arguments(words.begin() + 2, words.end());
     const Procedure& procedure = FindProcedure(words[1], arguments.size());
-    module_->history.Run(procedure.Name, [&] {
-        if (const auto result = procedure.Run(*module_, arguments)) {
+    program_->module.history.Run(procedure.Name, [&] {
+        if (const auto result = procedure.Run(program_->module, arguments)) {
             platform_.PrintLine("= " + *result);
         }
     });

@@ -10,9 +10,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "app/module1.h"
 #include "app/run_time_error.h"
 #include "platform/platform.h"
+#include "platform/system_files.h"
+#include "program/program.h"
 
 namespace orvik::test {
 
@@ -98,8 +99,10 @@ class CommandTest : public testing::Test {
     }
 
     testing::StrictMock<MockPlatform> platform;
-    Module1 module1{platform};
-    Form1& form1 = module1.form1;
+    SystemFiles files;
+    Program program{platform, files};
+    Module1& module1 = program.module;
+    Form1& form1 = program.form1;
 };
 
 using Items = std::vector<std::string>;

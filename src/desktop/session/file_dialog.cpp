@@ -6,19 +6,18 @@
 #include <QMessageBox>
 #include <QObject>
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <vector>
 
 #include "app/messages.h"
 #include "app/text.h"
 #include "desktop/text/text_codec.h"
+#include "formats/endings.h"
 
 namespace orvik {
 namespace {
 
 constexpr std::string_view kEveryFile = "*.*";
-constexpr std::array<std::string_view, 3> kAppendedTo = {".pml", ".nv", ".htm"};
 
 // One entry of a filter, such as "Text" and "*.txt".
 struct FilterEntry {
@@ -99,16 +98,13 @@ QString WithEnding(const QString& name, std::string_view ending) {
 }
 
 QString OverwriteQuestion(const QString& name) {
-    const bool appended =
-        std::any_of(kAppendedTo.begin(), kAppendedTo.end(), [&](std::string_view ending) {
-            return name.endsWith(ToLetters(ending), Qt::CaseInsensitive);
-        });
+    const bool adds = SavingOf(QFile::encodeName(name).toStdString()) == Saving::Adds;
     const QString file = QFileInfo(name).fileName();
-    return appended ? QObject::tr(
-                          "%1 already exists. The entries will be added to it, not put in "
-                          "place of those it has.\nDo you want to add them?")
-                          .arg(file)
-                    : QObject::tr("%1 already exists.\nDo you want to replace it?").arg(file);
+    return adds ? QObject::tr(
+                      "%1 already exists. The entries will be added to it, not put in "
+                      "place of those it has.\nDo you want to add them?")
+                      .arg(file)
+                : QObject::tr("%1 already exists.\nDo you want to replace it?").arg(file);
 }
 
 void FileDialogs::rememberFolderOf(const QString& name) {

@@ -35,7 +35,11 @@ void Form1Window::addLists() {
         auto* const view = new ListBoxView(
             box,
             [this](const FormEvents::Event& event) { return events_.run(event); },
-            [this, handler = std::string(name) + "_Click"] { events_.runHandler(handler); },
+            [this, command = Form::CommandOf(form_.ControlNamed(name))] {
+                if (command.Run) {
+                    events_.runCommand(command);
+                }
+            },
             centralWidget());
         view->setObjectName(QString::fromLatin1(name));
         view->setAccessibleName(spoken);
@@ -51,20 +55,19 @@ void Form1Window::addLists() {
 }
 
 void Form1Window::addButtons() {
-    addButton("cmdEmail", form_.cmdEmail, AtYield::Refused);
-    addButton("cmdNick", form_.cmdNick, AtYield::Refused);
-    addButton("cmdDone", form_.cmdDone, AtYield::Refused);
-    addButton("cmdCancel", form_.cmdCancel, AtYield::Taken);
+    addButton("cmdEmail", AtYield::Refused);
+    addButton("cmdNick", AtYield::Refused);
+    addButton("cmdDone", AtYield::Refused);
+    addButton("cmdCancel", AtYield::Taken);
 }
 
-void Form1Window::addButton(std::string_view name, const Button& button, AtYield at_yield) {
+void Form1Window::addButton(std::string_view name, AtYield at_yield) {
+    const NamedControl row = form_.ControlNamed(name);
+    const Button& button = *std::get<Button*>(row.Ref);
     auto* const view = MakeButton(name, button, centralWidget());
-    connect(view,
-            &QPushButton::clicked,
-            this,
-            [this, at_yield, handler = std::string(name) + "_Click"] {
-                events_.runHandler(handler, at_yield);
-            });
+    connect(view, &QPushButton::clicked, this, [this, at_yield, command = Form::CommandOf(row)] {
+        events_.runCommand(command, at_yield);
+    });
     if (at_yield == AtYield::Taken) {
         desktop_.acceptAtYield(*view);
     }

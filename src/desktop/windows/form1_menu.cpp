@@ -66,17 +66,18 @@ void Form1Window::addMenus() {
         shown->setAccessibleName(SpokenCaption(menu.Item->Caption));
         shown->menuAction()->setObjectName(shown->objectName());
         actions_.emplace_back(menu.Item, shown->menuAction());
-        for (const Form1::MenuRow& row : menu.Rows) {
-            actions_.emplace_back(row.Item, addCommand(*shown, row));
+        for (const NamedControl& row : menu.Rows) {
+            actions_.emplace_back(std::get<MenuItem*>(row.Ref), addCommand(*shown, row));
         }
     }
 }
 
-QAction* Form1Window::addCommand(QMenu& menu, const Form1::MenuRow& row) {
-    QAction* const action = row.Item->IsSeparator() ? menu.addSeparator()
-                                                    : menu.addAction(ToLetters(row.Item->Caption));
+QAction* Form1Window::addCommand(QMenu& menu, const NamedControl& row) {
+    const auto* const item = std::get<MenuItem*>(row.Ref);
+    QAction* const action =
+        item->IsSeparator() ? menu.addSeparator() : menu.addAction(ToLetters(item->Caption));
     action->setObjectName(ObjectName(row.Name));
-    action->setCheckable(row.Item == &form_.mnuEntEd);
+    action->setCheckable(item == &form_.mnuEntEd);
     if (const auto* const icon = Find(kIcons, row.Name); icon != kIcons.end()) {
         const QIcon fallback =
             icon->Fallback == kNoFallback ? QIcon() : style()->standardIcon(icon->Fallback);
@@ -86,15 +87,15 @@ QAction* Form1Window::addCommand(QMenu& menu, const Form1::MenuRow& row) {
         action->setShortcut(QKeySequence(QString::fromLatin1(keys->Keys)));
     }
     const bool on_selection =
-        row.Item == &form_.mnuPaste || row.Item == &form_.mnuDel || row.Item == &form_.mnuSelCopy;
+        item == &form_.mnuPaste || item == &form_.mnuDel || item == &form_.mnuSelCopy;
     connect(action,
             &QAction::triggered,
             this,
-            [this, on_selection, handler = std::string(row.Name) + "_Click"] {
+            [this, item, on_selection, command = Form::CommandOf(row)] {
                 if (on_selection) {
-                    runOnSelection(handler);
+                    runOnSelection(*item, command);
                 } else {
-                    events_.runHandler(handler);
+                    events_.runCommand(command);
                 }
             });
     return action;
@@ -110,13 +111,13 @@ void Form1Window::syncMenus() {
     list_menu_->sync();
 }
 
-void Form1Window::runOnSelection(std::string_view handler) {
+void Form1Window::runOnSelection(const MenuItem& item, const NamedHandler& command) {
     text1_->setKeepHistory(true);
     on_selection_ = true;
     events_.run([&] {
         text1_->takeSelection();
-        if (handler != "mnuPaste_Click" || makeRoomForPaste()) {
-            events_.runHandler(handler);
+        if (&item != &form_.mnuPaste || makeRoomForPaste()) {
+            events_.runCommand(command);
         }
     });
     on_selection_ = false;

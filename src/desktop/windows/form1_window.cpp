@@ -67,7 +67,7 @@ std::optional<Encoding> Form1Window::selectionEncoding() const {
 
 void Form1Window::openBook(const QString& name) {
     events_.run([&] {
-        module_.history.Run(form_.TitleOf("mnuOpen_Click"),
+        module_.history.Run(Form::CommandOf(form_.ControlNamed("mnuOpen")).Title,
                             [&] { form_.OpenBook(QFile::encodeName(name).toStdString()); });
     });
 }

@@ -58,17 +58,17 @@ class Form1Window : public QMainWindow, public View {
  private:
     // form1_menu.cpp
     void addMenus();
-    QAction* addCommand(QMenu& menu, const Form1::MenuRow& row);
+    QAction* addCommand(QMenu& menu, const NamedControl& row);
     void syncMenus();
     // Runs a command on the text box's selection; its change joins the undo history.
-    void runOnSelection(std::string_view handler);
+    void runOnSelection(const MenuItem& item, const NamedHandler& command);
     bool makeRoomForPaste();
 
     // form1_controls.cpp
     void addText();
     void addLists();
     void addButtons();
-    void addButton(std::string_view name, const Button& button, AtYield at_yield);
+    void addButton(std::string_view name, AtYield at_yield);
     void syncControls();
     void focusCancel();
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "desktop/windows/form_window.h"
+#include "settings/form2.h"
 
 class QBoxLayout;
 class QGridLayout;

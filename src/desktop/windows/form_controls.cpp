@@ -23,10 +23,6 @@ namespace {
 // Whether an option was chosen before it was clicked.
 constexpr const char* kWasChosen = "wasChosen";
 
-std::string ClickOf(std::string_view name) {
-    return std::string(name) + "_Click";
-}
-
 // The items, and the text: one that is not among them takes the place of the chosen item.
 void SyncCombo(QComboBox& view, const ComboBox& combo) {
     QStringList items;
@@ -54,10 +50,10 @@ void SyncCombo(QComboBox& view, const ComboBox& combo) {
 
 }  // namespace
 
-void FormWindow::add(std::string_view name, const Label* label) {
+void FormWindow::add(const NamedControl& row, const Label* label) {
     auto* const view = new QLabel(ToLetters(label->Caption), this);
     view->setTextFormat(Qt::PlainText);
-    add(name, *label, *view);
+    add(row.Name, *label, *view);
     label_ = view;
     syncs_.emplace_back([view, label] {
         if (const QString caption = ToLetters(label->Caption); view->text() != caption) {
@@ -66,49 +62,49 @@ void FormWindow::add(std::string_view name, const Label* label) {
     });
 }
 
-void FormWindow::add(std::string_view name, TextBox* box) {
+void FormWindow::add(const NamedControl& row, TextBox* box) {
     auto* const view = new TextBoxView(
         *box, [this](const FormEvents::Event& event) { return events_.run(event); }, {}, this);
     view->viewport()->installEventFilter(this);
-    texts_.push_back({view, true});
-    add(name, *box, *view);
+    texts_.push_back({view, true, row.DoubleClick});
+    add(row.Name, *box, *view);
     nameAfterLabel(*view);
 }
 
-void FormWindow::add(std::string_view name, const Button* button) {
-    auto* const view = MakeButton(name, *button, this);
+void FormWindow::add(const NamedControl& row, const Button* button) {
+    auto* const view = MakeButton(row.Name, *button, this);
     // Enter presses the button that has the focus.
     view->setAutoDefault(true);
-    connect(view, &QPushButton::clicked, this, [this, handler = ClickOf(name)] {
-        events_.runHandler(handler);
+    connect(view, &QPushButton::clicked, this, [this, command = Form::CommandOf(row)] {
+        events_.runCommand(command);
     });
-    add(name, *button, *view);
+    add(row.Name, *button, *view);
 }
 
-void FormWindow::add(std::string_view name, const Frame* frame) {
+void FormWindow::add(const NamedControl& row, const Frame* frame) {
     auto* const view = new QGroupBox(ToLetters(frame->Caption), this);
     view->setAccessibleName(SpokenCaption(frame->Caption));
     // The controls around it stay where they are.
     QSizePolicy policy = view->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     view->setSizePolicy(policy);
-    add(name, *frame, *view);
+    add(row.Name, *frame, *view);
 }
 
-void FormWindow::add(std::string_view name, CheckBox* box) {
+void FormWindow::add(const NamedControl& row, CheckBox* box) {
     auto* const view = new QCheckBox(ToLetters(box->Caption), this);
     view->setAccessibleName(SpokenCaption(box->Caption));
     // A screen reader toggles without a click; sync() toggles to what the form already holds.
-    connect(view, &QCheckBox::toggled, this, [this, box, handler = ClickOf(name)](bool checked) {
+    connect(view, &QCheckBox::toggled, this, [this, box, click = row.Click](bool checked) {
         if (checked != (box->Value == 1)) {
-            events_.runChange([&] { box->Value = checked ? 1 : 0; }, handler);
+            events_.runChange([&] { box->Value = checked ? 1 : 0; }, click);
         }
     });
-    add(name, *box, *view);
+    add(row.Name, *box, *view);
     syncs_.emplace_back([view, box] { view->setChecked(box->Value == 1); });
 }
 
-void FormWindow::add(std::string_view name, OptionButton* option) {
+void FormWindow::add(const NamedControl& row, OptionButton* option) {
     auto* const view = new QRadioButton(ToLetters(option->Caption), this);
     view->setAccessibleName(SpokenCaption(option->Caption));
     QButtonGroup*& group = groups_[option->Group];
@@ -116,8 +112,8 @@ void FormWindow::add(std::string_view name, OptionButton* option) {
         group = new QButtonGroup(this);
     }
     group->addButton(view);
-    const auto choose = [this, option, handler = ClickOf(name)] {
-        events_.runChange([&] { form_.Choose(*option); }, handler);
+    const auto choose = [this, option, click = row.Click] {
+        events_.runChange([&] { form_.Choose(*option); }, click);
     };
     // A screen reader toggles without a click; a click on what is chosen toggles nothing.
     connect(view, &QRadioButton::toggled, this, [option, choose](bool checked) {
@@ -133,36 +129,36 @@ void FormWindow::add(std::string_view name, OptionButton* option) {
             choose();
         }
     });
-    add(name, *option, *view);
+    add(row.Name, *option, *view);
     options_.emplace_back(option, view);
 }
 
-void FormWindow::add(std::string_view name, ComboBox* combo) {
+void FormWindow::add(const NamedControl& row, ComboBox* combo) {
     auto* const view = new QComboBox(this);
-    connect(view, &QComboBox::activated, this, [this, combo, handler = ClickOf(name)](int row) {
-        events_.runChange([&] { combo->Text = combo->Items.at(static_cast<std::size_t>(row)); },
-                          handler);
+    connect(view, &QComboBox::activated, this, [this, combo, click = row.Click](int item) {
+        events_.runChange([&] { combo->Text = combo->Items.at(static_cast<std::size_t>(item)); },
+                          click);
     });
-    add(name, *combo, *view);
+    add(row.Name, *combo, *view);
     nameAfterLabel(*view);
     view->view()->setAccessibleName(view->accessibleName());
     syncs_.emplace_back([view, combo] { SyncCombo(*view, *combo); });
 }
 
-void FormWindow::add(std::string_view name, const PictureBox* picture) {
+void FormWindow::add(const NamedControl& row, const PictureBox* picture) {
     auto* const view = new PictureView(*picture, this);
     view->setAccessibleName(tr("Picture"));
-    add(name, *picture, *view);
+    add(row.Name, *picture, *view);
     syncs_.emplace_back([view] { view->sync(); });
 }
 
-void FormWindow::add(std::string_view name, const TabControl* tabs) {
+void FormWindow::add(const NamedControl& row, const TabControl* tabs) {
     auto* const view = new QTabWidget(this);
     view->setAccessibleName(ToLetters(form_.Caption));
     for (const std::string& tab : tabs->Tabs) {
         view->addTab(new QWidget(view), ToLetters(tab));
     }
-    add(name, *tabs, *view);
+    add(row.Name, *tabs, *view);
 }
 
 void FormWindow::add(std::string_view name, const Control& control, QWidget& view) {

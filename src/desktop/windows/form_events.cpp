@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <algorithm>
 
 namespace orvik {
 
@@ -10,35 +9,15 @@ bool FormEvents::run(const Event& event, AtYield at_yield) {
     return desktop_.run([&] { module_.RunEvent(event); }, at_yield);
 }
 
-void FormEvents::runHandler(std::string_view name, AtYield at_yield) {
-    const std::vector<NamedHandler> handlers = form_.Handlers();
-    const auto found = std::find_if(
-        handlers.begin(), handlers.end(), [&](const NamedHandler& h) { return h.Name == name; });
-    if (found != handlers.end()) {
-        desktop_.run([&] { module_.RunCommand(form_, *found); }, at_yield);
-    }
+void FormEvents::runCommand(const NamedHandler& command, AtYield at_yield) {
+    desktop_.run([&] { module_.RunCommand(command); }, at_yield);
 }
 
-FormEvents::Event FormEvents::find(std::string_view name) const {
-    const std::vector<NamedHandler> handlers = form_.Handlers();
-    const auto found = std::find_if(
-        handlers.begin(), handlers.end(), [&](const NamedHandler& h) { return h.Name == name; });
-    return found == handlers.end() ? Event() : found->Run;
-}
-
-bool FormEvents::runNamed(std::string_view name) {
-    const Event handler = find(name);
-    if (handler) {
-        run(handler);
-    }
-    return static_cast<bool>(handler);
-}
-
-void FormEvents::runChange(const Event& change, std::string_view handler) {
-    run([&, behind = find(handler)] {
+void FormEvents::runChange(const Event& change, const Event& click) {
+    run([&] {
         change();
-        if (behind) {
-            behind();
+        if (click) {
+            click();
         }
     });
 }

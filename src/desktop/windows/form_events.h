@@ -3,7 +3,6 @@
 #pragma once
 
 #include <functional>
-#include <string_view>
 
 #include "app/module1.h"
 #include "desktop/session/desktop.h"
@@ -22,14 +21,10 @@ class FormEvents {
     using Event = std::function<void()>;
     // Runs an event; a failure of it is reported. Returns false if the event is refused.
     bool run(const Event& event, AtYield at_yield = AtYield::Refused);
-    // Runs the form's handler of this name, such as "mnuOpen_Click", as a command of the user. One
-    // that does not exist yet does nothing.
-    void runHandler(std::string_view name, AtYield at_yield = AtYield::Refused);
-
-    // Runs the form's handler of an event that is no command; returns false if there is none.
-    bool runNamed(std::string_view name);
-    // The user changes a control; then its handler, if there is one, runs, all as one event.
-    void runChange(const Event& change, std::string_view handler);
+    // Runs a handler as a command of the user, one that can be undone.
+    void runCommand(const NamedHandler& command, AtYield at_yield = AtYield::Refused);
+    // The user changes a control; then what a click on it runs, if anything, all as one event.
+    void runChange(const Event& change, const Event& click);
 
     // The close box: the form says whether the window goes.
     void close(QCloseEvent& event);
@@ -37,8 +32,6 @@ class FormEvents {
     bool releaseKey(const QKeyEvent& event);
 
  private:
-    [[nodiscard]] Event find(std::string_view name) const;
-
     Module1& module_;
     Form& form_;
     Desktop& desktop_;

@@ -22,7 +22,7 @@ FormWindow::FormWindow(Module1& module, Form& form, Desktop& desktop, QWidget* o
     DescribeViews();
     setObjectName(ObjectName(form.Name()));
     for (const NamedControl& control : form.Controls()) {
-        std::visit([&](auto* kind) { add(control.Name, kind); }, control.Ref);
+        std::visit([&](auto* kind) { add(control, kind); }, control.Ref);
     }
     desktop_.add(form_, *this);
     FormWindow::sync();
@@ -146,8 +146,9 @@ void FormWindow::click() {
 bool FormWindow::eventFilter(QObject* receiver, QEvent* event) {
     if (event->type() == QEvent::MouseButtonDblClick) {
         for (const Text& text : texts_) {
-            if (receiver == text.Shown->viewport()) {
-                return events_.runNamed(text.Shown->objectName().toStdString() + "_DblClick");
+            if (receiver == text.Shown->viewport() && text.DoubleClick) {
+                events_.run(text.DoubleClick);
+                return true;
             }
         }
     }

@@ -65,20 +65,21 @@ class FormWindow : public QWidget, public View {
     struct Text {
         TextBoxView* Shown;
         bool Editable;
+        FormEvents::Event DoubleClick;
     };
 
     // form_controls.cpp
-    void add(std::string_view name, const Label* label);
-    void add(std::string_view name, TextBox* box);
-    void add(std::string_view name, const Button* button);
-    void add(std::string_view name, const Frame* frame);
-    void add(std::string_view name, CheckBox* box);
-    void add(std::string_view name, OptionButton* option);
-    void add(std::string_view name, ComboBox* combo);
-    void add(std::string_view name, const PictureBox* picture);
-    void add(std::string_view name, const TabControl* tabs);
+    void add(const NamedControl& row, const Label* label);
+    void add(const NamedControl& row, TextBox* box);
+    void add(const NamedControl& row, const Button* button);
+    void add(const NamedControl& row, const Frame* frame);
+    void add(const NamedControl& row, CheckBox* box);
+    void add(const NamedControl& row, OptionButton* option);
+    void add(const NamedControl& row, ComboBox* combo);
+    void add(const NamedControl& row, const PictureBox* picture);
+    void add(const NamedControl& row, const TabControl* tabs);
     // Only the main window has controls of any other kind.
-    void add(std::string_view /*name*/, const void* /*control*/) {}
+    void add(const NamedControl& /*row*/, const void* /*control*/) {}
     void add(std::string_view name, const Control& control, QWidget& view);
     // What a label in front of a control says is the control's name.
     void nameAfterLabel(QWidget& view);

@@ -3,6 +3,8 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <array>
 #include <initializer_list>
 
 #include "desktop/text/text_box_view.h"
@@ -50,7 +52,7 @@ Window MakeForm3(Module1& module, Desktop& desktop, QWidget* owner) {
     return window;
 }
 
-Window MakeForm4(Module1& module, Desktop& desktop) {
+Window MakeForm4(Module1& module, Desktop& desktop, QWidget* /*owner*/) {
     // It takes the place of the main window, which is hidden while it is shown.
     Form4& form = module.form4;
     Window window = std::make_unique<FormWindow>(module, form, desktop, nullptr);
@@ -137,34 +139,41 @@ Window MakeSelect(Module1& module, Desktop& desktop, QWidget* owner) {
     return window;
 }
 
-Window Make(Module1& module, Form& form, Desktop& desktop, QWidget* owner) {
-    if (&form == &module.form2) {
-        return std::make_unique<Form2Window>(module, desktop, owner);
-    }
-    if (&form == &module.form3) {
-        return MakeForm3(module, desktop, owner);
-    }
-    if (&form == &module.form4) {
-        return MakeForm4(module, desktop);
-    }
-    if (&form == &module.form5) {
-        return MakeForm5(module, desktop, owner);
-    }
-    if (&form == &module.form6) {
-        return MakeForm6(module, desktop, owner);
-    }
-    if (&form == &module.frm_about) {
-        return MakeAbout(module, desktop, owner);
-    }
-    return MakeSelect(module, desktop, owner);
+Window MakeForm2(Module1& module, Desktop& desktop, QWidget* owner) {
+    return std::make_unique<Form2Window>(module, desktop, owner);
 }
 
 }  // namespace
 
-Window MakeWindow(Module1& module, Form& form, Desktop& desktop, QWidget* owner) {
-    Window window = Make(module, form, desktop, owner);
+Window MakeWindow(Module1& module, const Form& form, Desktop& desktop, QWidget* owner) {
+    struct Row {
+        const Form* Shown;
+        Window (*Make)(Module1& module, Desktop& desktop, QWidget* owner);
+    };
+    const std::array rows = {
+        Row{&module.form2, &MakeForm2},
+        Row{&module.form3, &MakeForm3},
+        Row{&module.form4, &MakeForm4},
+        Row{&module.form5, &MakeForm5},
+        Row{&module.form6, &MakeForm6},
+        Row{&module.frm_about, &MakeAbout},
+        Row{&module.frm_select, &MakeSelect},
+    };
+    const auto* const row =
+        std::find_if(rows.begin(), rows.end(), [&](const Row& r) { return r.Shown == &form; });
+    Window window = row->Make(module, desktop, owner);
     OrderTabs(*window);
     return window;
+}
+
+std::vector<Window> MakeSmallWindows(Program& program, Desktop& desktop, QWidget* owner) {
+    std::vector<Window> windows;
+    for (const Form* const form : program.Forms()) {
+        if (form != &program.form1) {
+            windows.push_back(MakeWindow(program.module, *form, desktop, owner));
+        }
+    }
+    return windows;
 }
 
 }  // namespace orvik

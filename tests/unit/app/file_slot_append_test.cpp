@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/file_slot.h"
+#include "platform/system_files.h"
 #include "unit/failure.h"
 #include "unit/process_limits.h"
 #include "unit/temp_folder.h"
@@ -27,7 +28,8 @@ class FileSlotAppendTest : public testing::Test {
     }
 
     test::TempFolder folder_;
-    FileSlot slot_;
+    SystemFiles files_;
+    FileSlot slot_{files_};
 };
 
 TEST_F(FileSlotAppendTest, OldContents_StayInFront) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/file_slot.h"
+#include "platform/system_files.h"
 #include "unit/failure.h"
 #include "unit/process_limits.h"
 #include "unit/temp_folder.h"
@@ -32,7 +33,8 @@ class FileSlotReplaceTest : public testing::Test {
     }
 
     test::TempFolder folder_;
-    FileSlot slot_;
+    SystemFiles files_;
+    FileSlot slot_{files_};
 };
 
 TEST_F(FileSlotReplaceTest, NewFile_IsWrittenAsTheBytesStand) {

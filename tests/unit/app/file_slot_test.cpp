@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <string>
 
+#include "platform/system_files.h"
 #include "unit/failure.h"
 #include "unit/process_limits.h"
 #include "unit/temp_folder.h"
@@ -24,7 +25,8 @@ class FileSlotTest : public testing::Test {
     }
 
     test::TempFolder folder_;
-    FileSlot slot_;
+    SystemFiles files_;
+    FileSlot slot_{files_};
 };
 
 TEST_F(FileSlotTest, File_IsReadWhole) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/file_slot.h"
+#include "platform/system_files.h"
 #include "unit/failure.h"
 #include "unit/process_limits.h"
 #include "unit/temp_folder.h"
@@ -33,7 +34,8 @@ class FileSlotWriteTest : public testing::TestWithParam<Way> {
     }
 
     test::TempFolder folder_;
-    FileSlot slot_;
+    SystemFiles files_;
+    FileSlot slot_{files_};
 };
 
 INSTANTIATE_TEST_SUITE_P(
@@ -104,7 +106,8 @@ TEST_P(FileSlotWriteTest, WriteProtectedFile_FailsWith70) {
 
 TEST(FileSlotTryAppendingTest, WhatIsThere_StaysAndNothingElseComes) {
     const test::TempFolder folder;
-    FileSlot slot;
+    SystemFiles files;
+    FileSlot slot{files};
     WriteFile(folder.Name("a.pml"), "old");
     slot.TryAppending(folder.Name("a.pml"));
     slot.TryAppending(folder.Name("b.pml"));

@@ -16,7 +16,6 @@ class CountingForm : public Form {
     explicit CountingForm(Module1& module) : Form(module, "CountingForm", "Counting") {}
 
     std::vector<NamedControl> Controls() override { return {}; }
-    std::vector<NamedHandler> Handlers() override { return {}; }
     void Form_Load() override { ++loads; }
     bool Form_Unload() override { return may_go; }
     void Form_Resize() override { ++resizes; }

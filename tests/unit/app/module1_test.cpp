@@ -134,9 +134,5 @@ TEST_F(Module1Test, EventThatEndsTheProgram_PassesThrough) {
     EXPECT_THROW(module1.RunEvent([&] { platform.End(); }), ProgramEnded);
 }
 
-TEST_F(Module1Test, Forms_HoldTheMainWindow) {
-    EXPECT_EQ(module1.Forms().front(), &form1);
-}
-
 }  // namespace
 }  // namespace orvik

@@ -24,7 +24,7 @@ class UndoTest : public test::CommandTest {
     void RunHandler(std::string_view name) {
         for (const NamedHandler& handler : form1.Handlers()) {
             if (handler.Name == name) {
-                module1.RunCommand(form1, handler);
+                module1.RunCommand(handler);
                 return;
             }
         }

@@ -31,8 +31,10 @@ class Form3Test : public test::CommandTest {
 
 TEST_F(Form3Test, Buttons_HaveTheirCaptionsInOrder) {
     std::vector<std::string> captions;
-    for (const Form3::Row& row : form3.Rows()) {
-        captions.push_back(std::string(row.Name) + " " + row.Control->Caption);
+    for (const NamedControl& row : form3.Controls()) {
+        if (const auto* const button = std::get_if<Button*>(&row.Ref)) {
+            captions.push_back(std::string(row.Name) + " " + (*button)->Caption);
+        }
     }
     EXPECT_EQ(captions,
               (std::vector<std::string>{
@@ -176,13 +178,7 @@ TEST_P(Form3FormatTest, Button_LoadsItsFormat) {
     module1.textSep = ",";
     Choose(GetParam().contents);
     ExpectClosed();
-    Form3& chooser = form3;
-    for (const Form3::Row& row : chooser.Rows()) {
-        if (row.Name == GetParam().button) {
-            const Form3::Handler click = row.Click;
-            (chooser.*click)();
-        }
-    }
+    form3.ControlNamed(GetParam().button).Click();
     EXPECT_EQ(ItemsOf(form1.List1), GetParam().addresses);
 }
 

@@ -10,8 +10,9 @@ class ConversionProgressTest : public testing::Test {
     [[nodiscard]] const std::string& Panel() const { return form1_.StatusBar1.Panels(1).Text; }
 
     testing::StrictMock<test::MockPlatform> platform_;
-    Module1 module1_{platform_};
-    Form1& form1_ = module1_.form1;
+    SystemFiles files_;
+    Program program_{platform_, files_};
+    Form1& form1_ = program_.form1;
 };
 
 TEST_F(ConversionProgressTest, Start_ShowsTheBar) {

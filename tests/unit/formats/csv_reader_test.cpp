@@ -5,11 +5,12 @@
 #include "unit/failure.h"
 #include "unit/generated_texts.h"
 #include "unit/literal_text.h"
-#include "unit/mock_platform.h"
+#include "unit/written_books.h"
 
 namespace orvik {
 namespace {
 
+using test::CsvLine;
 using test::FailureOf;
 using test::ForEveryText;
 using test::ForRandomTexts;
@@ -30,13 +31,6 @@ std::string NameOf(const testing::TestParamInfo<Row>& row) {
     return row.param.name;
 }
 
-// A line of sixteen columns.
-std::string Line(std::string_view nickname, std::string_view address) {
-    std::string line(nickname);
-    line.append(",").append(address).append(",");
-    return line.append(kThirteenCommas).append("\r\n");
-}
-
 class CsvToNativeTest : public testing::TestWithParam<Row> {};
 
 TEST_P(CsvToNativeTest, Row) {
@@ -47,9 +41,9 @@ INSTANTIATE_TEST_SUITE_P(
     ,
     CsvToNativeTest,
     testing::Values(
-        Row{"Line_IsOneEntry", "h\r\n" + Line("Al", "A1"), "A1\r\n-nick-\r\nAl\r\n"},
+        Row{"Line_IsOneEntry", "h\r\n" + CsvLine("Al", "A1"), "A1\r\n-nick-\r\nAl\r\n"},
         Row{"Lines_ComeInOrder",
-            "h\r\n" + Line("Al", "A1") + Line("Bo", "A2"),
+            "h\r\n" + CsvLine("Al", "A1") + CsvLine("Bo", "A2"),
             "A1\r\nA2\r\n-nick-\r\nAl\r\nBo\r\n"},
         Row{"RestOfLine_IsSkipped",
             "h\r\nAl,A1,,,,,,,,,,,,,,16,17,18\r\n",
@@ -60,24 +54,26 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"HeaderOnly_HasNoEntries", "h\r\n", "-nick-\r\n"},
         Row{"HeaderWithoutLineEnd_HasNoEntries", "h", "-nick-\r\n"},
         Row{"EmptyText_HasNoEntries", "", "-nick-\r\n"},
-        Row{"HeaderEndedByLf_IsSkipped", "h\n" + Line("Al", "A1"), "A1\r\n-nick-\r\nAl\r\n"},
-        Row{"Quotes_AreKept", "h\r\n" + Line("\"Al\"", "\"A1\""), "\"A1\"\r\n-nick-\r\n\"Al\"\r\n"},
+        Row{"HeaderEndedByLf_IsSkipped", "h\n" + CsvLine("Al", "A1"), "A1\r\n-nick-\r\nAl\r\n"},
+        Row{"Quotes_AreKept",
+            "h\r\n" + CsvLine("\"Al\"", "\"A1\""),
+            "\"A1\"\r\n-nick-\r\n\"Al\"\r\n"},
         Row{"CommaInQuotes_EndsTheColumn",
-            "h\r\n" + Line("\"Smith, Al\"", "A1"),
+            "h\r\n" + CsvLine("\"Smith, Al\"", "A1"),
             " Al\"\r\n-nick-\r\n\"Smith\r\n"},
-        Row{"EmptyColumns_AreEmptyLines", "h\r\n" + Line("", ""), "\r\n-nick-\r\n\r\n"},
+        Row{"EmptyColumns_AreEmptyLines", "h\r\n" + CsvLine("", ""), "\r\n-nick-\r\n\r\n"},
         Row{"LastLineWithoutLineEnd_CountsWithACharacterBehindTheCommas",
             "h\r\nAl,A1,,,,,,,,,,,,,,x",
             "A1\r\n-nick-\r\nAl\r\n"},
         Row{"CommaAsLastCharacter_IsNotPassed", "h\r\nAl,A1,,,,,,,,,,,,,,", std::nullopt},
         Row{"TwoColumns_TakeTheMissingOnesFromTheNextLines",
-            "h\r\nAl,A1\r\n" + Line("Bo", "A2") + Line("Cy", "A3"),
+            "h\r\nAl,A1\r\n" + CsvLine("Bo", "A2") + CsvLine("Cy", "A3"),
             "A1\r\nBo\r\nA3\r\n-nick-\r\nAl\r\nCy\r\n"},
         Row{"NoComma_IsNotRead", "h\r\nAl\r\n", std::nullopt},
         Row{"OneCharacter_IsNotRead", "h\r\nA", std::nullopt},
         Row{"OneComma_IsNotRead", "h\r\nAl,A1\r\n", std::nullopt},
         Row{"FourteenCommas_AreNotEnough", "h\r\nAl,A1,,,,,,,,,,,,,\r\n", std::nullopt},
-        Row{"EmptyLineAtEnd_IsNotRead", "h\r\n" + Line("Al", "A1") + "\r\n", std::nullopt},
+        Row{"EmptyLineAtEnd_IsNotRead", "h\r\n" + CsvLine("Al", "A1") + "\r\n", std::nullopt},
         Row{"LineEndedByLf_TakesTheNextLineWithIt",
             "h\nAl,A1,,,,,,,,,,,,,,\nBo,A2,,,,,,,,,,,,,,\n",
             "A1\r\n-nick-\r\nAl\r\n"}),
@@ -239,46 +235,6 @@ TEST(Columns, RandomLongTexts_EqualLiteralReaders) {
                                  "\n",
                                  "\xE9"};
     ForRandomTexts(fragments, 60, 4000, CompareReads);
-}
-
-using LoadColumns = test::CommandTest;
-
-TEST_F(LoadColumns, Csv_IsListedAndLeftInAsciiForm) {
-    module1.WorkText = "h\r\n" + Line("Al", "A1");
-    module1.ReadCsv();
-    EXPECT_EQ(ItemsOf(form1.List1), test::Items{"A1"});
-    EXPECT_EQ(ItemsOf(form1.List2), test::Items{"Al"});
-    EXPECT_EQ(module1.WorkText, "A1\r\n-nick-\r\nAl\r\n");
-    EXPECT_EQ(module1.TextMode, "Native");
-    EXPECT_FALSE(module1.EditMode);
-}
-
-TEST_F(LoadColumns, WordPerfectInEditMode_IsNotListed) {
-    module1.EditMode = true;
-    module1.WorkText = "h\r\n1,Al,3,4,5,A1,7\r\n";
-    module1.ReadWordPerfect();
-    EXPECT_EQ(module1.WorkText, "\"Al\" <A1>\r\n");
-    EXPECT_EQ(module1.TextMode, "ASCII");
-    EXPECT_TRUE(form1.List1.Items().empty());
-    EXPECT_TRUE(module1.EditMode);
-}
-
-TEST_F(LoadColumns, TextThatEndsInAColumn_TellsAndFailsWith5) {
-    module1.TextMode = mode::kAscii;
-    for (void (Module1::*read)() : {&Module1::ReadCsv, &Module1::ReadWordPerfect}) {
-        module1.WorkText = "h\r\nAl";
-        ExpectTold("Error!");
-        EXPECT_EQ(FailureOf([&] { (module1.*read)(); }), 5);
-        EXPECT_EQ(module1.WorkText, "h\r\nAl");
-        testing::Mock::VerifyAndClearExpectations(&platform);
-    }
-    EXPECT_EQ(module1.TextMode, "ASCII");
-}
-
-// The way through LDIF gives a list without an entry, which cannot be split.
-TEST_F(LoadColumns, HeaderOnly_FailsWith5) {
-    module1.WorkText = "h\r\n";
-    EXPECT_EQ(FailureOf([&] { module1.ReadCsv(); }), 5);
 }
 
 }  // namespace

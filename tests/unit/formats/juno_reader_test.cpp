@@ -5,16 +5,13 @@
 #include "formats/juno_writer.h"
 #include "unit/generated_texts.h"
 #include "unit/literal_text.h"
-#include "unit/mock_platform.h"
 
 namespace orvik {
 namespace {
 
 using test::ForEveryText;
 using test::ForRandomTexts;
-using test::Items;
 using test::LiteralText;
-using testing::Return;
 
 struct Row {
     const char* name;
@@ -114,32 +111,6 @@ TEST(ReadJuno, WrittenBook_ReadsBackEachEntry) {
     } progress;
     EXPECT_EQ(ReadJuno(WriteJuno("A1\r\nA2\r\n-nick-\r\nAl\r\n\r\n", "\r", progress)),
               "\"Al\" <A1>\r\n\"\" <A2>\r\n");
-}
-
-using ModuleReadJuno = test::CommandTest;
-
-TEST_F(ModuleReadJuno, AnyText_MakesTheModeAscii) {
-    EXPECT_EQ(module1.ReadJuno("x"), "");
-    EXPECT_EQ(module1.TextMode, "ASCII");
-}
-
-TEST_F(ModuleReadJuno, ClipboardBookAfterNo_IsListed) {
-    ExpectSaveQuestion("Save before clearing?", Answer::No);
-    EXPECT_CALL(platform, ClipboardText())
-        .WillOnce(Return("\r\nName:Al\r\nEmail:A1\r\n\r\nName:Bo\r\nEmail:A2\r\n"));
-    form1.mnuPasteJuno_Click();
-    EXPECT_EQ(ItemsOf(form1.List1), (Items{"A1", "A2"}));
-    EXPECT_EQ(ItemsOf(form1.List2), (Items{"Al", "Bo"}));
-    EXPECT_EQ(module1.TextMode, "Native");
-    EXPECT_FALSE(module1.EditMode);
-}
-
-TEST_F(ModuleReadJuno, ClipboardBookAfterCancel_ChangesNothing) {
-    SetNative("A9\r\n-nick-\r\n\r\n");
-    ExpectSaveQuestion("Save before clearing?", Answer::Cancel);
-    form1.mnuPasteJuno_Click();
-    EXPECT_EQ(module1.WorkText, "A9\r\n-nick-\r\n\r\n");
-    EXPECT_EQ(module1.TextMode, "Native");
 }
 
 }  // namespace

@@ -5,13 +5,14 @@
 
 #include "unit/generated_texts.h"
 #include "unit/literal_text.h"
-#include "unit/mock_platform.h"
+#include "unit/written_books.h"
 
 namespace orvik {
 namespace {
 
 using test::ForEveryText;
 using test::ForRandomTexts;
+using test::JunoRecord;
 using test::LiteralText;
 
 // What a progress display is told: the percentages, and -1 for a record.
@@ -22,11 +23,6 @@ class Recorder : public Progress {
 
     std::vector<int> told;
 };
-
-std::string Record(const std::string& address, const std::string& nickname) {
-    return "Type:Entry\r\nName:" + nickname + "\r\nEmail:" + address + "\r\nAlias:" + nickname +
-           "\r\n";
-}
 
 struct Row {
     const char* name;
@@ -45,51 +41,53 @@ TEST_P(WriteJunoTest, Row) {
 INSTANTIATE_TEST_SUITE_P(
     ,
     WriteJunoTest,
-    testing::Values(
-        Row{"OneEntry_IsOneBlock", "A1\r\n-nick-\r\nAl\r\n", "\r", "\r\n\r\n" + Record("A1", "Al")},
-        Row{"Entries_HaveAnEmptyLineBetween",
-            "A1\r\nA2\r\n-nick-\r\nAl\r\nBo\r\n",
-            "\r",
-            "\r\n\r\n" + Record("A1", "Al") + "\r\n" + Record("A2", "Bo")},
-        Row{"EmptyNickname_LeavesNothingBehindColons",
-            "A1\r\n-nick-\r\n\r\n",
-            "\r",
-            "\r\n\r\n" + Record("A1", "")},
-        Row{"EmptyAddress_IsABlockToo",
-            "\r\n-nick-\r\nAl\r\n",
-            "\r",
-            "\r\n\r\n" + Record("", "Al")},
-        Row{"Comma_GivesOneLineBreak", "A1\r\n-nick-\r\nAl\r\n", ",", "\r\n"},
-        Row{"CommaInAddress_EndsItWithoutBlanks",
-            "A 1,b\r\n-nick-\r\nAl\r\n",
-            ",",
-            "\r\n\r\n" + Record("A1", "Al")},
-        Row{"CommaInLaterLine_TakesTheLineBreakWithIt",
-            "A1\r\nb,\r\n-nick-\r\nAl\r\n",
-            ",",
-            "\r\n\r\n" + Record("A1\r\nb", "Al")},
-        Row{"BlankWithCr_IsKept",
-            "A 1\r\n-nick-\r\nAl\r\n",
-            "\r",
-            "\r\n\r\n" + Record("A 1", "Al")},
-        Row{"LfWithCr_IsDropped",
-            "A\n1\r\n-nick-\r\nAl\r\n",
-            "\r",
-            "\r\n\r\n" + Record("A1", "Al")},
-        Row{"MissingNickname_IsEmpty",
-            "A1\r\nA2\r\n-nick-\r\nAl\r\n",
-            "\r",
-            "\r\n\r\n" + Record("A1", "Al") + "\r\n" + Record("A2", "")},
-        Row{"UnendedNickname_LosesItsLastCharacter",
-            "A1\r\n-nick-\r\nAlx",
-            "\r",
-            "\r\n\r\n" + Record("A1", "Al")},
-        Row{"NoAddressLines_GiveOneLineBreak", "-nick-\r\n", "\r", "\r\n"},
-        Row{"EmptyText_GivesOneLineBreak", "", "\r", "\r\n"},
-        Row{"NoSeparatorLine_IsReadAsIfItStoodAtTheEnd",
-            "A1",
-            "\r",
-            "\r\n\r\n" + Record("A1", "")}),
+    testing::Values(Row{"OneEntry_IsOneBlock",
+                        "A1\r\n-nick-\r\nAl\r\n",
+                        "\r",
+                        "\r\n\r\n" + JunoRecord("A1", "Al")},
+                    Row{"Entries_HaveAnEmptyLineBetween",
+                        "A1\r\nA2\r\n-nick-\r\nAl\r\nBo\r\n",
+                        "\r",
+                        "\r\n\r\n" + JunoRecord("A1", "Al") + "\r\n" + JunoRecord("A2", "Bo")},
+                    Row{"EmptyNickname_LeavesNothingBehindColons",
+                        "A1\r\n-nick-\r\n\r\n",
+                        "\r",
+                        "\r\n\r\n" + JunoRecord("A1", "")},
+                    Row{"EmptyAddress_IsABlockToo",
+                        "\r\n-nick-\r\nAl\r\n",
+                        "\r",
+                        "\r\n\r\n" + JunoRecord("", "Al")},
+                    Row{"Comma_GivesOneLineBreak", "A1\r\n-nick-\r\nAl\r\n", ",", "\r\n"},
+                    Row{"CommaInAddress_EndsItWithoutBlanks",
+                        "A 1,b\r\n-nick-\r\nAl\r\n",
+                        ",",
+                        "\r\n\r\n" + JunoRecord("A1", "Al")},
+                    Row{"CommaInLaterLine_TakesTheLineBreakWithIt",
+                        "A1\r\nb,\r\n-nick-\r\nAl\r\n",
+                        ",",
+                        "\r\n\r\n" + JunoRecord("A1\r\nb", "Al")},
+                    Row{"BlankWithCr_IsKept",
+                        "A 1\r\n-nick-\r\nAl\r\n",
+                        "\r",
+                        "\r\n\r\n" + JunoRecord("A 1", "Al")},
+                    Row{"LfWithCr_IsDropped",
+                        "A\n1\r\n-nick-\r\nAl\r\n",
+                        "\r",
+                        "\r\n\r\n" + JunoRecord("A1", "Al")},
+                    Row{"MissingNickname_IsEmpty",
+                        "A1\r\nA2\r\n-nick-\r\nAl\r\n",
+                        "\r",
+                        "\r\n\r\n" + JunoRecord("A1", "Al") + "\r\n" + JunoRecord("A2", "")},
+                    Row{"UnendedNickname_LosesItsLastCharacter",
+                        "A1\r\n-nick-\r\nAlx",
+                        "\r",
+                        "\r\n\r\n" + JunoRecord("A1", "Al")},
+                    Row{"NoAddressLines_GiveOneLineBreak", "-nick-\r\n", "\r", "\r\n"},
+                    Row{"EmptyText_GivesOneLineBreak", "", "\r", "\r\n"},
+                    Row{"NoSeparatorLine_IsReadAsIfItStoodAtTheEnd",
+                        "A1",
+                        "\r",
+                        "\r\n\r\n" + JunoRecord("A1", "")}),
     [](const auto& row) { return row.param.name; });
 
 TEST(WriteJuno, Progress_ReachesEachRecordAndTheEnd) {
@@ -159,39 +157,6 @@ TEST(WriteJuno, RandomLongTexts_EqualLiteralWriter) {
                    60,
                    4000,
                    CompareWrites);
-}
-
-using JunoText = test::CommandTest;
-
-TEST_F(JunoText, NativeText_IsWrittenWithProgress) {
-    std::string text = "A1\r\n-nick-\r\nAl\r\n";
-    module1.TextMode = mode::kNative;
-    EXPECT_EQ(module1.JunoText(text), "\r\n\r\n" + Record("A1", "Al"));
-    EXPECT_EQ(Panel(1), "Ready");
-    EXPECT_FALSE(form1.ProgressBar1.Visible);
-}
-
-// Parsing splits the list, and listing it in the mode "ASCII" splits it once more; the book ends at
-// the first of the two middle lines.
-TEST_F(JunoText, AsciiWorkText_IsParsedFirst) {
-    SetAscii("\"Al\" <A1>\r\n");
-    EXPECT_EQ(module1.JunoText(module1.WorkText), "\r\n\r\n" + Record("A1", "Al"));
-    EXPECT_EQ(module1.WorkText, "A1\r\n-nick-\r\nAl\r\n-nick-\r\n\r\n\r\n\r\n");
-    EXPECT_EQ(module1.TextMode, "Native");
-}
-
-TEST_F(JunoText, Copy_PutsTheBookOnTheClipboardAndListsAgain) {
-    SetNative("A1\r\n-nick-\r\nAl\r\n");
-    const std::string book = "\r\n\r\n" + Record("A1", "Al");
-    EXPECT_CALL(platform, SetClipboardText(std::string_view(book)));
-    form1.mnuJuno_Click();
-    EXPECT_FALSE(module1.EditMode);
-    EXPECT_EQ(ItemsOf(form1.List1), test::Items{"A1"});
-    EXPECT_EQ(module1.WorkText, "A1\r\n-nick-\r\nAl\r\n");
-}
-
-TEST_F(JunoText, CopyOfEmptyText_LeavesTheClipboardAlone) {
-    form1.mnuJuno_Click();
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include "formats/ldif_writer.h"
 #include "unit/generated_texts.h"
-#include "unit/mock_platform.h"
 
 namespace orvik {
 namespace {
@@ -186,48 +185,6 @@ TEST(ReadLdif, EveryTextOfSevenBreaksAndKeys_EqualsLiteralReader) {
 
 TEST(ReadLdif, RandomLongTexts_EqualLiteralReader) {
     ForRandomTexts(LdifFragments(), 60, 4000, CompareReads);
-}
-
-using Unconvert = test::CommandTest;
-
-TEST_F(Unconvert, WrittenBook_ReadsBackOneEntryPerRecord) {
-    SetNative("A1\r\nA2\r\n-nick-\r\nAl\r\n\r\n");
-    form1.mnuConvert_Click();
-    form1.mnuUn_Click();
-    EXPECT_EQ(module1.WorkText, "\"Al\" <A1>\r\n\"\" <A2>\r\n");
-    EXPECT_EQ(module1.TextMode, "ASCII");
-}
-
-TEST_F(Unconvert, Text_LeavesListsAndBoxAlone) {
-    module1.LdifText = "dn: x\r\nmail: A1\r\nsn: y\r\n\r\n";
-    form1.mnuUn_Click();
-    EXPECT_EQ(module1.WorkText, "<A1>\r\n");
-    EXPECT_EQ(form1.Text1.Text(), "");
-    EXPECT_TRUE(form1.List1.Items().empty());
-}
-
-// Nickname parsing splits the text, and refreshing the lists splits it once more, since the mode is
-// still "ASCII" then: the nicknames end up behind a second separator.
-TEST_F(Unconvert, ClipboardBookAfterNo_IsListed) {
-    ExpectSaveQuestion("Save before clearing?", Answer::No);
-    EXPECT_CALL(platform, ClipboardText())
-        .WillOnce(testing::Return("dn: x\r\nxmozillanickname: Al\r\nmail: A1\r\nsn: y\r\n\r\n"));
-    form1.Caption = "Orvik - old";
-    form1.mnuClearPasteNet4_Click();
-    EXPECT_EQ(module1.MsgAnswer, "7");
-    EXPECT_EQ(module1.TextMode, "Native");
-    EXPECT_EQ(ItemsOf(form1.List1), test::Items{"A1"});
-    EXPECT_EQ(ItemsOf(form1.List2), (test::Items{"Al", "-nick-", "", "", ""}));
-    EXPECT_EQ(form1.Text1.Text(), module1.WorkText);
-    EXPECT_EQ(form1.Caption, "Orvik");
-}
-
-TEST_F(Unconvert, ClipboardBookAfterCancel_ChangesNothing) {
-    SetAscii("A9\r");
-    ExpectSaveQuestion("Save before clearing?", Answer::Cancel);
-    form1.mnuClearPasteNet4_Click();
-    EXPECT_EQ(module1.WorkText, "A9\r");
-    EXPECT_EQ(module1.MsgAnswer, "2");
 }
 
 }  // namespace

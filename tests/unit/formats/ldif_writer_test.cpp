@@ -6,7 +6,7 @@
 #include "app/messages.h"
 #include "unit/failure.h"
 #include "unit/generated_texts.h"
-#include "unit/mock_platform.h"
+#include "unit/written_books.h"
 
 namespace orvik {
 namespace {
@@ -15,6 +15,7 @@ using test::FailureOf;
 using test::ForEveryText;
 using test::ForRandomTexts;
 using test::Fragments;
+using test::LdifRecord;
 
 constexpr int kRecordEvent = -1;
 
@@ -30,14 +31,6 @@ class Recorder : public Progress {
 std::string Write(std::string_view native) {
     Recorder progress;
     return WriteLdif(native, progress);
-}
-
-// A record as a program that knows the format would write it by hand.
-std::string RecordOf(const std::string& address, const std::string& nickname) {
-    return "dn: cn=" + nickname + ",mail=" + address + "\r\ncn: " + nickname +
-           "\r\ngivenname: " + nickname + "\r\nxmozillanickname: " + nickname +
-           "\r\nobjectclass: top\r\nobjectclass: person\r\nmail: " + address +
-           "\r\nxnavusehtmlmail: TRUE\r\n";
 }
 
 TEST(WriteLdif, OneEntry_IsOneRecord) {
@@ -89,17 +82,19 @@ INSTANTIATE_TEST_SUITE_P(
     ,
     WriteLdifTest,
     testing::Values(
-        Row{"CommaInNickname_IsCopied", "A\r\n-nick-\r\nSmith, Al\r\n", RecordOf("A", "Smith, Al")},
-        Row{"EqualsSignInNickname_IsCopied", "A\r\n-nick-\r\na=b\r\n", RecordOf("A", "a=b")},
-        Row{"BytesAbove127_AreCopied", "\xE9\r\n-nick-\r\n\xFF\r\n", RecordOf("\xE9", "\xFF")},
-        Row{"EmptyAddress_KeepsItsLines", "\r\n-nick-\r\nAl\r\n", RecordOf("", "Al")},
-        Row{"NicknameWithoutCrLf_LosesLastCharacter", "A\r\n-nick-\r\nAlx", RecordOf("A", "Al")},
-        Row{"LfInAddress_IsDropped", "\nA\n1\r\n-nick-\r\nAl\r\n", RecordOf("A1", "Al")},
-        Row{"LfInNickname_IsCopied", "A\r\n-nick-\r\nA\nl\r\n", RecordOf("A", "A\nl")},
-        Row{"SeparatorInsideLine_DropsThatLine", "A1\r\nA-nick-\r\nAl\r\n", RecordOf("A1", "Al")},
+        Row{"CommaInNickname_IsCopied",
+            "A\r\n-nick-\r\nSmith, Al\r\n",
+            LdifRecord("A", "Smith, Al")},
+        Row{"EqualsSignInNickname_IsCopied", "A\r\n-nick-\r\na=b\r\n", LdifRecord("A", "a=b")},
+        Row{"BytesAbove127_AreCopied", "\xE9\r\n-nick-\r\n\xFF\r\n", LdifRecord("\xE9", "\xFF")},
+        Row{"EmptyAddress_KeepsItsLines", "\r\n-nick-\r\nAl\r\n", LdifRecord("", "Al")},
+        Row{"NicknameWithoutCrLf_LosesLastCharacter", "A\r\n-nick-\r\nAlx", LdifRecord("A", "Al")},
+        Row{"LfInAddress_IsDropped", "\nA\n1\r\n-nick-\r\nAl\r\n", LdifRecord("A1", "Al")},
+        Row{"LfInNickname_IsCopied", "A\r\n-nick-\r\nA\nl\r\n", LdifRecord("A", "A\nl")},
+        Row{"SeparatorInsideLine_DropsThatLine", "A1\r\nA-nick-\r\nAl\r\n", LdifRecord("A1", "Al")},
         Row{"NoSeparator_IsReadAsIfItStoodAtTheEnd",
             "A1\r\nA2",
-            RecordOf("A1", "") + "\r\n" + RecordOf("A2", "")}),
+            LdifRecord("A1", "") + "\r\n" + LdifRecord("A2", "")}),
     [](const auto& row) { return row.param.name; });
 
 TEST(WriteLdif, NoEntry_FailsWith5) {
@@ -138,7 +133,7 @@ std::string WriteLiterally(std::string text, Progress& progress) {
                 ++q;
             }
             q += 2;
-            ldif += RecordOf(address, nickname) + "\r\n";
+            ldif += LdifRecord(address, nickname) + "\r\n";
             address = "";
             progress.Record();
         } else if (mid(j, 1) != "\n") {
@@ -180,78 +175,6 @@ TEST(WriteLdif, RandomLongTextsWithLateSeparator_EqualLiteralWriter) {
     ForRandomTexts({"a@b.example", "\r\n", "\r", "\n", "a"}, 60, 1500, [](const std::string& text) {
         CompareWrites(text + "\r\n-nick-\r\n" + text);
     });
-}
-
-using Convert = test::CommandTest;
-
-TEST_F(Convert, NativeText_IsKeptInLdifText) {
-    SetNative("A1\r\n-nick-\r\nAl\r\n");
-    form1.mnuConvert_Click();
-    EXPECT_EQ(module1.LdifText, RecordOf("A1", "Al"));
-    EXPECT_TRUE(form1.LdifCurrent);
-    EXPECT_EQ(module1.WorkText, "A1\r\n-nick-\r\nAl\r\n");
-}
-
-TEST_F(Convert, AsciiText_BecomesNativeWhileTheModeStays) {
-    SetAscii("\"Al\" <A1>\r\n");
-    form1.mnuConvert_Click();
-    EXPECT_EQ(module1.WorkText, "A1\r\n-nick-\r\nAl\r\n");
-    EXPECT_EQ(module1.TextMode, "ASCII");
-    EXPECT_EQ(module1.LdifText, RecordOf("A1", "Al"));
-}
-
-TEST_F(Convert, OtherText_BecomesNativeInPlace) {
-    module1.TextMode = mode::kAscii;
-    std::string text = "A2\r\n";
-    form1.Convert(text);
-    EXPECT_EQ(text, "A2\r\n-nick-\r\n\r\n");
-    EXPECT_EQ(module1.WorkText, "");
-}
-
-TEST_F(Convert, End_PutsTheDisplayBack) {
-    SetNative("A1\r\n-nick-\r\nAl\r\n");
-    form1.mnuConvert_Click();
-    EXPECT_EQ(Panel(1), "Ready");
-    EXPECT_EQ(form1.StatusBar1.PanelSizing, AutoSize::Spring);
-    EXPECT_FALSE(form1.ProgressBar1.Visible);
-    EXPECT_EQ(form1.ProgressBar1.Value, 100);
-}
-
-TEST_F(Convert, TextWithoutEntry_LeavesEmptyLdifAndTheDisplayAsItStood) {
-    SetNative("-nick-\r\n");
-    module1.LdifText = "old";
-    form1.mnuConvert_Click();
-    EXPECT_EQ(module1.LdifText, "");
-    EXPECT_TRUE(form1.LdifCurrent);
-    EXPECT_EQ(Panel(1), "Converting: 100%");
-    EXPECT_EQ(form1.StatusBar1.PanelSizing, AutoSize::Contents);
-    EXPECT_TRUE(form1.ProgressBar1.Visible);
-}
-
-TEST_F(Convert, ListWithoutEntry_FailsBeforeAnythingChanges) {
-    SetAscii("\r\n");
-    module1.LdifText = "old";
-    EXPECT_EQ(FailureOf([&] { form1.mnuConvert_Click(); }), 5);
-    EXPECT_EQ(module1.LdifText, "old");
-    EXPECT_FALSE(form1.LdifCurrent);
-}
-
-TEST_F(Convert, EmptyTextWithoutMode_EndsWithEmptyLdif) {
-    form1.mnuConvert_Click();
-    EXPECT_EQ(module1.LdifText, "");
-    EXPECT_TRUE(form1.LdifCurrent);
-}
-
-TEST_F(Convert, EmptyTextToCopy_LeavesTheClipboardAlone) {
-    form1.mnuCopyConvert_Click();
-    EXPECT_FALSE(form1.LdifCurrent);
-}
-
-TEST_F(Convert, TextToCopy_IsPutOnTheClipboard) {
-    SetNative("A1\r\n-nick-\r\nAl\r\n");
-    const std::string ldif = RecordOf("A1", "Al");
-    EXPECT_CALL(platform, SetClipboardText(std::string_view(ldif)));
-    form1.mnuCopyConvert_Click();
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include "formats/netscape3_writer.h"
 #include "unit/generated_texts.h"
 #include "unit/literal_text.h"
-#include "unit/mock_platform.h"
 
 namespace orvik {
 namespace {
@@ -13,9 +12,7 @@ namespace {
 using test::ForEveryText;
 using test::ForRandomTexts;
 using test::Fragments;
-using test::Items;
 using test::LiteralText;
-using testing::Return;
 
 struct Row {
     const char* name;
@@ -186,62 +183,6 @@ TEST(ReadNetscape3, RandomLongTexts_EqualLiteralReader) {
 TEST(ReadNetscape3, WrittenBook_ReadsBackEachEntry) {
     EXPECT_EQ(ReadNetscape3(WriteNetscape3("A 1\r\n\r\nA\"2\r\n-nick-\r\nAl\r\nBo\r\n\r\n"), ","),
               "\"A_1\" Al,\"\" Bo,\"A'2\" ,");
-}
-
-using UnNet3 = test::CommandTest;
-
-TEST_F(UnNet3, Comma_CutsTheLastSeparator) {
-    module1.textSep = ",";
-    EXPECT_EQ(form1.UnNet3("x<DT><A HREF=\"mailto:A1\" ALIASID=\"0\">Al</A>"), "\"A1\" Al");
-}
-
-TEST_F(UnNet3, Cr_CutsTheLastCharacterToo) {
-    EXPECT_EQ(form1.UnNet3("x<DT><A HREF=\"mailto:A1\" ALIASID=\"0\">Al</A>"), "\"A1\" A");
-}
-
-TEST_F(UnNet3, NoLink_TellsFailure5AndIsEmpty) {
-    ExpectTold("Error #5");
-    EXPECT_EQ(form1.UnNet3("no book"), "");
-}
-
-TEST_F(UnNet3, OneCharacterWithCr_TellsFailure5AndKeepsIt) {
-    ExpectTold("Error #5");
-    EXPECT_EQ(form1.UnNet3("x\">"), "\r");
-}
-
-// What stands in quotes becomes the nickname, so the link text is listed as the address.
-TEST_F(UnNet3, ClipboardBookAfterNo_IsListedWithAddressAsNickname) {
-    module1.textSep = ",";
-    ExpectSaveQuestion("Save before clearing?", Answer::No);
-    EXPECT_CALL(platform, ClipboardText())
-        .WillOnce(Return("x<DT><A HREF=\"mailto:A1\" ALIASID=\"0\">Al</A>"
-                         "<DT><A HREF=\"mailto:A2\" ALIASID=\"1\">Bob</A>"));
-    form1.Caption = "Orvik - old";
-    form1.mnuClearPasteNet3_Click();
-    EXPECT_EQ(ItemsOf(form1.List1), (Items{"Al", "Bo"}));
-    EXPECT_EQ(ItemsOf(form1.List2), (Items{"A1", "A2"}));
-    EXPECT_EQ(form1.Text1.Text(), "\"A1\" Al,\"A2\" Bob");
-    EXPECT_EQ(module1.TextMode, "Native");
-    EXPECT_EQ(form1.Caption, "Orvik");
-}
-
-// The mode that stood before the paste decides whether the new text is split.
-TEST_F(UnNet3, ClipboardBookOverNativeText_IsListedUnsplit) {
-    module1.textSep = ",";
-    SetNative("A9\r\n-nick-\r\n\r\n");
-    ExpectSaveQuestion("Save before clearing?", Answer::No);
-    EXPECT_CALL(platform, ClipboardText())
-        .WillOnce(Return("x<DT><A HREF=\"mailto:A1\" ALIASID=\"0\">Al</A>"));
-    form1.mnuClearPasteNet3_Click();
-    EXPECT_EQ(ItemsOf(form1.List1), Items{"\"A1\" A"});
-    EXPECT_TRUE(form1.List2.Items().empty());
-}
-
-TEST_F(UnNet3, ClipboardBookAfterCancel_ChangesNothing) {
-    SetNative("A9\r\n-nick-\r\n\r\n");
-    ExpectSaveQuestion("Save before clearing?", Answer::Cancel);
-    form1.mnuClearPasteNet3_Click();
-    EXPECT_EQ(module1.WorkText, "A9\r\n-nick-\r\n\r\n");
 }
 
 }  // namespace

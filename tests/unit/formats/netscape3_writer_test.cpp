@@ -6,7 +6,7 @@
 #include "unit/failure.h"
 #include "unit/generated_texts.h"
 #include "unit/literal_text.h"
-#include "unit/mock_platform.h"
+#include "unit/written_books.h"
 
 namespace orvik {
 namespace {
@@ -14,23 +14,10 @@ namespace {
 using test::FailureOf;
 using test::ForEveryText;
 using test::ForRandomTexts;
+using test::kNetscape3Head;
+using test::kNetscape3Tail;
 using test::LiteralText;
-
-constexpr std::string_view kHead =
-    "<!DOCTYPE NETSCAPE-Addressbook-file-1>\r\n"
-    "<!-- This is an automatically generated file.\r\n"
-    "It will be read and overwritten.\r\n"
-    "Do Not Edit! -->\r\n"
-    "<TITLE>Address Book</TITLE>\r\n"
-    "<H1>Address Book</H1>\r\n"
-    "<DL><p>";
-constexpr std::string_view kTail = "\r\n</DL><p>";
-
-std::string Entry(std::string_view address, std::string_view number, std::string_view nickname) {
-    std::string entry = "\r\n    <DT><A HREF=\"mailto:";
-    entry.append(address).append("\" ALIASID=\"").append(number).append("\">");
-    return entry.append(nickname).append("</A>\r\n<DD>\r\n");
-}
+using test::Netscape3Entry;
 
 struct Row {
     const char* name;
@@ -42,45 +29,49 @@ class WriteNetscape3Test : public testing::TestWithParam<Row> {};
 
 TEST_P(WriteNetscape3Test, Row) {
     EXPECT_EQ(WriteNetscape3(GetParam().native),
-              std::string(kHead) + GetParam().entries + std::string(kTail));
+              std::string(kNetscape3Head) + GetParam().entries + std::string(kNetscape3Tail));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     ,
     WriteNetscape3Test,
     testing::Values(
-        Row{"OneEntry_IsOneLink", "A1\r\n-nick-\r\nAl\r\n", Entry("A1", "0", "Al")},
+        Row{"OneEntry_IsOneLink", "A1\r\n-nick-\r\nAl\r\n", Netscape3Entry("A1", "0", "Al")},
         Row{"Entries_AreNumberedFromZero",
             "A1\r\nA2\r\n-nick-\r\nAl\r\nBo\r\n",
-            Entry("A1", "0", "Al") + Entry("A2", "1", "Bo")},
+            Netscape3Entry("A1", "0", "Al") + Netscape3Entry("A2", "1", "Bo")},
         Row{"NoAddressLines_IsAnEmptyBook", "-nick-\r\n", ""},
         Row{"EmptyText_IsAnEmptyBook", "", ""},
         Row{"EmptyAddress_UsesUpANumber",
             "\r\nA2\r\n-nick-\r\nAl\r\nBo\r\n",
-            Entry("", "0", "Al") + Entry("A2", "1", "Bo")},
-        Row{"EmptyNickname_IsEmptyLinkText", "A1\r\n-nick-\r\n\r\n", Entry("A1", "0", "")},
+            Netscape3Entry("", "0", "Al") + Netscape3Entry("A2", "1", "Bo")},
+        Row{"EmptyNickname_IsEmptyLinkText", "A1\r\n-nick-\r\n\r\n", Netscape3Entry("A1", "0", "")},
         Row{"BlankAndQuoteInAddress_AreReplaced",
             "Al \"S\" mith\r\n-nick-\r\nAl\r\n",
-            Entry("Al_'S'_mith", "0", "Al")},
+            Netscape3Entry("Al_'S'_mith", "0", "Al")},
         Row{"Nickname_IsCopiedUnchanged",
             "A1\r\n-nick-\r\nA \"l\" <b> &\r\n",
-            Entry("A1", "0", "A \"l\" <b> &")},
-        Row{"LoneCrInAddress_IsKept", "A\r1\r\n-nick-\r\nAl\r\n", Entry("A\r1", "0", "Al")},
-        Row{"LfLine_LosesItsLastTwoCharacters", "A12\n-nick-\r\nAl\r\n", Entry("A1", "0", "Al")},
-        Row{"UnendedNickname_GoesToTheEnd", "A1\r\n-nick-\r\nAl", Entry("A1", "0", "Al")},
+            Netscape3Entry("A1", "0", "A \"l\" <b> &")},
+        Row{"LoneCrInAddress_IsKept",
+            "A\r1\r\n-nick-\r\nAl\r\n",
+            Netscape3Entry("A\r1", "0", "Al")},
+        Row{"LfLine_LosesItsLastTwoCharacters",
+            "A12\n-nick-\r\nAl\r\n",
+            Netscape3Entry("A1", "0", "Al")},
+        Row{"UnendedNickname_GoesToTheEnd", "A1\r\n-nick-\r\nAl", Netscape3Entry("A1", "0", "Al")},
         Row{"MissingNicknames_AreEmpty",
             "A1\r\nA2\r\n-nick-\r\n",
-            Entry("A1", "0", "") + Entry("A2", "1", "")},
+            Netscape3Entry("A1", "0", "") + Netscape3Entry("A2", "1", "")},
         Row{"NoSeparator_IsReadAsIfItStoodAtTheEnd",
             "A1\r\nA2",
-            Entry("A1", "0", "") + Entry("A2", "1", "")},
+            Netscape3Entry("A1", "0", "") + Netscape3Entry("A2", "1", "")},
         Row{"AddressWithoutLineEnd_RunsIntoTheSeparator",
             "A1-nick-\r\nAl\r\n",
-            Entry("A1-nick-", "0", "Al")}),
+            Netscape3Entry("A1-nick-", "0", "Al")}),
     [](const auto& row) { return row.param.name; });
 
 TEST(WriteNetscape3, Header_HasItsLength) {
-    EXPECT_EQ(kHead.size(), kNetscape3HeaderLength);
+    EXPECT_EQ(kNetscape3Head.size(), kNetscape3HeaderLength);
 }
 
 TEST(WriteNetscape3, LoneLfAsAddressLine_FailsWith5) {
@@ -91,7 +82,7 @@ TEST(WriteNetscape3, LoneLfAsAddressLine_FailsWith5) {
 std::string WriteLiterally(const std::string& text) {
     const std::string whole = test::WithSeparator(text);
     const LiteralText mid(whole);
-    std::string book(kHead);
+    std::string book(kNetscape3Head);
     std::size_t p = 1;
     while (mid(p, 6) != "-nick-") {
         ++p;
@@ -151,27 +142,6 @@ TEST(WriteNetscape3, RandomLongTexts_EqualLiteralWriter) {
         60,
         4000,
         CompareWrites);
-}
-
-using Net3 = test::CommandTest;
-
-TEST_F(Net3, AsciiText_BecomesNativeWithoutAnotherMode) {
-    SetAscii("\"Al\" <A1>\r\n");
-    EXPECT_EQ(form1.Net3(module1.WorkText),
-              std::string(kHead) + Entry("A1", "0", "Al") + std::string(kTail));
-    EXPECT_EQ(module1.WorkText, "A1\r\n-nick-\r\nAl\r\n");
-    EXPECT_EQ(module1.TextMode, "ASCII");
-}
-
-TEST_F(Net3, Copy_PutsTheBookOnTheClipboard) {
-    SetNative("A1\r\n-nick-\r\nAl\r\n");
-    const std::string book = std::string(kHead) + Entry("A1", "0", "Al") + std::string(kTail);
-    EXPECT_CALL(platform, SetClipboardText(std::string_view(book)));
-    form1.mnuCopyNet3_Click();
-}
-
-TEST_F(Net3, CopyOfEmptyText_LeavesTheClipboardAlone) {
-    form1.mnuCopyNet3_Click();
 }
 
 }  // namespace

@@ -1,0 +1,69 @@
+// The commands on Netscape 4 books.
+
+#include <string>
+#include <utility>
+
+#include "app/form1.h"
+#include "app/module1.h"
+#include "app/run_time_error.h"
+#include "formats/conversion_progress.h"
+#include "formats/ldif_reader.h"
+#include "formats/ldif_writer.h"
+
+namespace orvik {
+
+void Form1::Convert(std::string& text) {
+    if (module_.TextMode == mode::kAscii) {
+        text = module_.SplitEntries(text, "txt");
+    }
+    module_.LdifText.clear();
+    TrapFailure(
+        [&] {
+            ConversionProgress progress(*this, module_.platform);
+            module_.LdifText = WriteLdif(text, progress);
+            progress.Finish();
+        },
+        [](const RunTimeError& failure) {
+            // A book without an entry gives an empty LDIF text. Lack of memory must not: it would
+            // be saved over somebody's file.
+            if (failure.Cause() == Failure::OutOfMemory) {
+                throw failure;
+            }
+        });
+    LdifCurrent = true;
+}
+
+void Form1::mnuConvert_Click() {
+    Convert(module_.WorkText);
+}
+
+void Form1::mnuCopyConvert_Click() {
+    if (module_.WorkText.empty()) {
+        return;
+    }
+    mnuConvert_Click();
+    module_.platform.SetClipboardText(module_.LdifText);
+}
+
+void Form1::unconvert() {
+    module_.WorkText = ReadLdif(module_.LdifText, module_.textSep);
+    module_.TextMode = mode::kAscii;
+}
+
+void Form1::mnuUn_Click() {
+    unconvert();
+}
+
+void Form1::mnuClearPasteNet4_Click() {
+    std::string pasted;
+    if (!BeginPaste(pasted)) {
+        return;
+    }
+    module_.LdifText = std::move(pasted);
+    unconvert();
+    mnuParse_Click();
+    ShowTextIfShort();
+    EndPaste();
+}
+
+}  // namespace orvik
