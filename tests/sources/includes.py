@@ -1,0 +1,65 @@
+"""How includes are spelled, and which libraries are known where."""
+
+import collections
+import fnmatch
+import re
+
+from tree import folder_of
+
+# Who includes what beyond the C++ library, below src/desktop: files of src, and headers.
+BEYOND = (
+    ("batch/*", "CLI/*"),
+    ("batch/main.cpp", "unistd.h"),
+    ("book_cli/*", "CLI/*"),
+    ("platform/system_files*", "*"),
+    ("store/*", "*"),
+)
+
+
+def spelling(tree):
+    """A quoted include is spelled from src or from tests."""
+    for path in tree.sources("src", "tests"):
+        for one in tree.includes(path):
+            if one.quoted and not tree.resolve(path, one.name):
+                tops = "src or tests" if path.startswith("tests/") else "src"
+                yield path, one.line, f'"{one.name}" is not spelled from {tops}'
+
+
+def names(tree):
+    """A name says which file is meant."""
+    found = collections.defaultdict(list)
+    for path in tree.sources("src", "tests"):
+        found[path.rpartition("/")[2]].append(path)
+    for name, paths in found.items():
+        for path in paths[1:] if name != "main.cpp" else ():
+            yield path, 1, f"has the name of {paths[0]}"
+
+
+def qt(tree):
+    """Only the windows know Qt."""
+    for path in tree.sources("src", "tests"):
+        for one in tree.includes(path):
+            if one.name.startswith("Q") and not re.match(r"(?:src|tests)/desktop/", path):
+                yield path, one.line, f"{one.name} outside desktop"
+
+
+def known(path, include):
+    inside = path.removeprefix("src/")
+    return any(
+        fnmatch.fnmatchcase(inside, where) and fnmatch.fnmatchcase(include.name, what)
+        for where, what in BEYOND
+    )
+
+
+def system(tree):
+    """Below the windows the C++ library is enough, but for the few that work with the system."""
+    for path in tree.sources("src"):
+        if folder_of(path) == "desktop":
+            continue
+        for one in tree.includes(path):
+            # Headers of the C++ library have neither an ending nor a folder; Qt has its own rule.
+            library = not re.search(r"[./]", one.name) and one.name != "csignal"
+            if one.quoted or library or one.name.startswith("Q"):
+                continue
+            if not known(path, one):
+                yield path, one.line, f"<{one.name}> is not of the C++ library"
