@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "app/messages.h"
 #include "unit/failure.h"
 #include "unit/generated_texts.h"
 #include "unit/written_books.h"

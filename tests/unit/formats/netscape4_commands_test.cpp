@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/messages.h"
 #include "unit/failure.h"
 #include "unit/mock_platform.h"
 #include "unit/written_books.h"
