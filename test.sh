@@ -74,7 +74,7 @@ package() {
 install_package() { tests/packaging/install.sh build/release/orvik_*.deb; }
 
 mkdir -p build
-stage "set up" ./setup.sh
+stage "set up" ./setup.sh --tests
 stage "build under the sanitizers" build_tests
 stage "clang-format" format
 stage "clang-tidy" tidy
