@@ -24,7 +24,9 @@ stage() {
     times+=("$(printf '%5d s  %s' $((SECONDS - start)) "$name")")
 }
 
-configure() { cmake --preset "$1" "${@:2}" >"build/configure-$1.log" 2>&1 || { cat "build/configure-$1.log"; return 1; }; }
+configure() {
+    cmake --preset "$1" >"build/configure-$1.log" 2>&1 || { cat "build/configure-$1.log"; return 1; }
+}
 
 build_tests() {
     configure sanitize
@@ -59,9 +61,9 @@ fuzz() {
 }
 
 bench() {
-    configure release -DORVIK_BENCH=ON
-    cmake --build --preset release --target orvik-bench
-    build/release/bin/orvik-bench
+    configure bench
+    cmake --build --preset bench
+    build/bench/bin/orvik-bench
 }
 
 package() {
