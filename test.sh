@@ -77,20 +77,27 @@ fuzz() {
     done
 }
 
+# What users get: the last commit, built as README.md says. Always in the same place, so that ccache
+# knows the sources again.
+clone=build/clone
+release=$clone/build/release
+
+readme() {
+    rm -rf "$clone"
+    git clone --quiet . "$clone"
+    [ -z "$(git status --porcelain)" ] || echo "Changes that are not committed are left out here."
+    "$clone/tests/packaging/readme.sh"
+}
+
+package() { "$clone/tests/packaging/check.sh" "$release"; }
+
+install_package() { tests/packaging/install.sh "$release"/orvik_*.deb; }
+
 bench() {
     configure bench
     cmake --build --preset bench
     build/bench/bin/orvik-bench
 }
-
-package() {
-    configure release
-    rm -f build/release/orvik_*.deb
-    cmake --build --preset release --target deb
-    tests/packaging/check.sh build/release
-}
-
-install_package() { tests/packaging/install.sh build/release/orvik_*.deb; }
 
 mkdir -p build
 stage "set up" ./setup.sh --tests
@@ -102,6 +109,7 @@ else
     stage "clang-format" format
     stage "clang-tidy" tidy
     stage "fuzzing" fuzz
+    stage "README in a clean clone" readme
     stage "package" package
     [ $mode = every ] || stage "package in a fresh Debian" install_package
     [ $mode = every ] || stage "benchmarks" bench
