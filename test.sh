@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Sets up, builds and runs all tests, and prints the time of each stage.
 #   ./test.sh          what must hold for every commit
-#   ./test.sh --full   also the benchmarks up to a million entries, and the package in a fresh Debian
+#   ./test.sh --full   also benchmarks up to a million entries, and the package in a fresh Debian
 #   ./test.sh --quick  only the unit tests and the scenarios on the forms, without sanitizers
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -27,10 +27,11 @@ stage() {
 }
 
 configure() {
-    cmake --preset "$1" >"build/configure-$1.log" 2>&1 || { cat "build/configure-$1.log"; return 1; }
+    local log=build/configure-$1.log
+    cmake --preset "$1" >"$log" 2>&1 || { cat "$log"; return 1; }
 }
 
-# run_tests PRESET TREE: runs the tests of a preset, and tells how many unit tests and scenarios ran.
+# run_tests PRESET TREE: runs the tests of a preset, and counts the unit tests and the scenarios.
 run_tests() {
     ctest --preset "$1"
     awk '/^[0-9]+\/[0-9]+ Testing: / { test = $3 }

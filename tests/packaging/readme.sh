@@ -6,10 +6,11 @@ cd "$(dirname "$0")/../.."
 root=$PWD
 installed=$root/build/installed
 
-# Each indented line is a command; DIR is a folder of the user's choice. Nothing is done to the system:
-# of the package that apt would install we only see that it is there.
+# Each indented line is a command; DIR is a folder of the user's choice. Nothing is done to the
+# system: of the package that apt would install we only see that it is there.
 commands=$(awk '/^## / { wanted = /^## Installing$/ } wanted && sub(/^    /, "")' README.md |
-    sed "s|^sudo apt install|ls|; s|\<DIR\>|$installed|g" | grep -v '^sudo')
+    sed "s|^sudo apt install|ls|; s|\<DIR\>|$installed|g" | grep -v '^sudo') ||
+    { echo "README.md has no commands in a section Installing"; exit 1; }
 while read -r command; do
     echo "\$ $command"
     bash -c "$command" </dev/null
