@@ -13,7 +13,8 @@ mkdir -p "$try/config/orvik"
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     cmake --build --preset release --target orvik
     # The settings that a first start would ask for.
-    [ -f "$try/config/orvik/orvik.conf" ] || cp packaging/default.conf "$try/config/orvik/orvik.conf"
+    settings=$try/config/orvik/orvik.conf
+    [ -f "$settings" ] || cp packaging/default.conf "$settings"
     cp samples/netscape4.ldif "$try/book.ldif"
     XDG_CONFIG_HOME="$PWD/$try/config" XDG_CACHE_HOME="$PWD/$try/cache" \
         XDG_STATE_HOME="$PWD/$try/state" \

@@ -1,23 +1,33 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that building, testing and running Orvik need. Does nothing when all
-# are there.
+# Installs the Debian packages that Orvik needs. Does nothing when all are there.
+#   ./setup.sh          for building and running the programs, and for making the package
+#   ./setup.sh --tests  also for ./test.sh and the other tools of developers
 set -euo pipefail
 
 packages=(
     # building
-    g++ cmake ninja-build ccache pkg-config libcli11-dev libglib2.0-dev
-    qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-documentation-tools
-    dpkg-dev file librsvg2-bin
-    # testing
-    libgtest-dev libgmock-dev libbenchmark-dev
-    clang clang-format clang-tidy libclang-rt-14-dev
-    xvfb xdotool x11-utils imagemagick openbox qt6ct
-    at-spi2-core dbus python3 python3-pyatspi
-    appstream desktop-file-utils lintian man-db mmdebstrap
-    libglib2.0-bin libxml2-utils shared-mime-info
-    # running: the window system's plug-ins, icons and a font
+    g++ cmake ninja-build pkg-config libcli11-dev libglib2.0-dev
+    qt6-base-dev qt6-tools-dev qt6-documentation-tools
+    # the icon in sizes, and the package
+    librsvg2-bin dpkg-dev file
+    # running: what Qt loads by name (the window system, SVG, the help's database), and a font
     qt6-qpa-plugins libqt6svg6 libqt6sql6-sqlite fonts-dejavu-core
 )
+test_packages=(
+    # compiling and checking
+    ccache git libgtest-dev libgmock-dev libbenchmark-dev
+    clang clang-format clang-tidy libclang-rt-14-dev python3
+    # windows, and their pictures
+    xvfb xdotool imagemagick openbox qt6ct at-spi2-core dbus python3-pyatspi
+    # what is installed, and the package
+    appstream desktop-file-utils libglib2.0-bin libxml2-utils lintian man-db mmdebstrap
+    shared-mime-info
+)
+case "${1:-}" in
+    --tests) packages+=("${test_packages[@]}") ;;
+    "") ;;
+    *) echo "usage: $0 [--tests]" >&2; exit 2 ;;
+esac
 
 missing=()
 for package in "${packages[@]}"; do

@@ -1,15 +1,17 @@
 #!/usr/bin/env bash
 # Sets up, builds and runs all tests, and prints the time of each stage.
 #   ./test.sh          what must hold for every commit
-#   ./test.sh --full   also the benchmarks up to a million entries, and the package in a fresh Debian
+#   ./test.sh --full   also benchmarks up to a million entries, and the package in a fresh Debian
+#   ./test.sh --quick  only the unit tests and the scenarios on the forms, without sanitizers
 set -euo pipefail
 cd "$(dirname "$0")"
 
-full=no
+mode=every
 case "${1:-}" in
-    --full) full=yes ;;
+    --full) mode=full ;;
+    --quick) mode=quick ;;
     "") ;;
-    *) echo "usage: $0 [--full]" >&2; exit 2 ;;
+    *) echo "usage: $0 [--full | --quick]" >&2; exit 2 ;;
 esac
 
 fuzz_seconds=20
@@ -24,7 +26,25 @@ stage() {
     times+=("$(printf '%5d s  %s' $((SECONDS - start)) "$name")")
 }
 
-configure() { cmake --preset "$1" "${@:2}" >"build/configure-$1.log" 2>&1 || { cat "build/configure-$1.log"; return 1; }; }
+configure() {
+    local log=build/configure-$1.log
+    cmake --preset "$1" >"$log" 2>&1 || { cat "$log"; return 1; }
+}
+
+# run_tests PRESET TREE: runs the tests of a preset, and counts the unit tests and the scenarios.
+run_tests() {
+    ctest --preset "$1"
+    awk '/^[0-9]+\/[0-9]+ Testing: / { test = $3 }
+        test ~ /^(engine|unit)$/ && /^\[  PASSED  \]/ { units += $4 }
+        test == "scenarios" && /^[0-9]+ passed, / { scenarios += $1 }
+        END { print units + 0 " unit tests, " scenarios + 0 " scenarios"
+              exit !(units && scenarios) }' "$2/Testing/Temporary/LastTest.log"
+}
+
+build_quick() {
+    configure debug
+    cmake --build --preset quick
+}
 
 build_tests() {
     configure sanitize
@@ -58,31 +78,44 @@ fuzz() {
     done
 }
 
+# What users get: the last commit, built as README.md says. Always in the same place, so that ccache
+# knows the sources again.
+clone=build/clone
+release=$clone/build/release
+
+readme() {
+    rm -rf "$clone"
+    git clone --quiet . "$clone"
+    [ -z "$(git status --porcelain)" ] || echo "Changes that are not committed are left out here."
+    "$clone/tests/packaging/readme.sh"
+}
+
+package() { "$clone/tests/packaging/check.sh" "$release"; }
+
+install_package() { tests/packaging/install.sh "$release"/orvik_*.deb; }
+
 bench() {
-    configure release -DORVIK_BENCH=ON
-    cmake --build --preset release --target orvik-bench
-    build/release/bin/orvik-bench
+    configure bench
+    cmake --build --preset bench
+    build/bench/bin/orvik-bench
 }
-
-package() {
-    configure release
-    rm -f build/release/orvik_*.deb
-    cmake --build --preset release --target deb
-    tests/packaging/check.sh build/release
-}
-
-install_package() { tests/packaging/install.sh build/release/orvik_*.deb; }
 
 mkdir -p build
-stage "set up" ./setup.sh
-stage "build under the sanitizers" build_tests
-stage "clang-format" format
-stage "clang-tidy" tidy
-stage "fuzzing" fuzz
-stage "package" package
-[ $full = no ] || stage "package in a fresh Debian" install_package
-[ $full = no ] || stage "benchmarks" bench
-stage "tests" ctest --preset sanitize
+stage "set up" ./setup.sh --tests
+if [ $mode = quick ]; then
+    stage "build without sanitizers" build_quick
+    stage "tests" run_tests quick build/debug
+else
+    stage "build under the sanitizers" build_tests
+    stage "clang-format" format
+    stage "clang-tidy" tidy
+    stage "fuzzing" fuzz
+    stage "README in a clean clone" readme
+    stage "package" package
+    [ $mode = every ] || stage "package in a fresh Debian" install_package
+    [ $mode = every ] || stage "benchmarks" bench
+    stage "tests" run_tests sanitize build/sanitize
+fi
 
 echo "== times"
 printf '%s\n' "${times[@]}"

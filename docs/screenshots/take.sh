@@ -10,11 +10,11 @@ root=$(cd "$here/../.." && pwd)
 program=$(realpath "${1:-$root/build/release/bin/orvik}")
 
 for tool in Xvfb openbox xdotool import convert; do
-    command -v "$tool" >/dev/null || { echo "$tool is missing: run ./setup.sh" >&2; exit 1; }
+    command -v "$tool" >/dev/null || { echo "$tool is missing: run ./setup.sh --tests" >&2; exit 1; }
 done
 [ -x "$program" ] || { echo "$program is not built" >&2; exit 1; }
 palette_of() { echo "/usr/share/qt6ct/colors/$1.conf"; }
-[ -r "$(palette_of darker)" ] || { echo "qt6ct is missing: run ./setup.sh" >&2; exit 1; }
+[ -r "$(palette_of darker)" ] || { echo "qt6ct is missing: run ./setup.sh --tests" >&2; exit 1; }
 
 work=$(mktemp -d)
 server=

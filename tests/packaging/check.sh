@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Checks what a build tree installs, and the Debian package made of it.
-# Argument: the build tree, with the target deb built.
+# Argument: the build tree of a release, with the target deb built.
 set -euo pipefail
 tests=$(cd "$(dirname "$0")" && pwd)
 root=$tests/../..
@@ -20,6 +20,10 @@ quiet() { "$@" 2>&1 >/dev/null | { ! grep .; }; }
 usr=$work/usr
 share=$usr/share
 DESTDIR=$work cmake --install "$build" --prefix /usr >/dev/null
+
+# -- The programs, and nothing else, were built, and no compiler's warning stops that.
+! grep -q -e -Werror "$build/compile_commands.json" || fail "warnings are errors"
+[ "$(ls "$build/bin")" = "$(ls "$usr/bin")" ] || fail "built, but not installed: $(ls "$build/bin")"
 
 # -- The files.
 (cd "$work" && find usr ! -type d -printf '/%p\n') | LC_ALL=C sort >"$work/found"
