@@ -44,7 +44,7 @@ void Form1::CopyEntries(const ListBox& list) {
 }
 
 void Form1::mnuBoxCopy_Click() {
-    if (module_.TextMode == mode::kNative) {
+    if (module_.IsListed(module_.WorkText)) {
         mnuConvert_Click();
         mnuUn_Click();
     }

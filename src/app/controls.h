@@ -76,10 +76,12 @@ struct PictureBox : Control {
     std::string Picture;
 };
 
-// The tabs of a window, by their captions.
+// The tabs of a window, by their captions. Front: the one that is in front when the window is
+// shown, counted from 0; from then on the user chooses.
 struct TabControl : Control {
     explicit TabControl(std::vector<std::string> tabs) : Tabs(std::move(tabs)) {}
     std::vector<std::string> Tabs;
+    std::size_t Front = 0;
 };
 
 // A menu, a menu item, or a separator (Caption "-").

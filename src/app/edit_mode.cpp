@@ -29,7 +29,7 @@ void Form1::EnterEditMode() {
         return;
     }
     EnableEditCommands(true);
-    if (module_.TextMode == mode::kNative && !module_.WorkText.empty()) {
+    if (module_.IsListed(module_.WorkText) && !module_.WorkText.empty()) {
         // The way through LDIF and back writes each entry as "NICK" <ADDR>.
         mnuConvert_Click();
         mnuUn_Click();

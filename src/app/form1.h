@@ -99,6 +99,8 @@ class Form1 : public Form {
     void mnuAlphAddr_Click();
     void mnuRemDup_Click();
     void mnuParse_Click();
+    // Splits the working text and lists it, for commands that need it in the Native form.
+    void SplitIntoLists();
 
     // List generation: src/aux/list_generation.cpp.
     void mnuList_Click();

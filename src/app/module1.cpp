@@ -56,9 +56,19 @@ std::string Module1::SplitEntries(std::string_view text, std::string_view kind) 
     return JoinBlocks({EmailBlock, NickBlock});
 }
 
+bool Module1::IsList(std::string_view text) const {
+    return TextMode == mode::kAscii && !IsNative(text);
+}
+
+bool Module1::IsListed(std::string_view text) const {
+    return TextMode == mode::kNative || (TextMode == mode::kAscii && IsNative(text));
+}
+
 void Module1::RefreshLists() {
     if (TextMode == mode::kAscii) {
-        WorkText = SplitEntries(WorkText, "txt");
+        if (IsList(WorkText)) {
+            WorkText = SplitEntries(WorkText, "txt");
+        }
         TextMode = mode::kNative;
     } else if (TextMode != mode::kNative) {
         Tell(TextNonexistant("An Error type"));

@@ -131,6 +131,12 @@ class Module1 : public Windows {
     // two blocks. kind is "txt". Errors: RunTimeError 5 if the list holds no entry.
     std::string SplitEntries(std::string_view text, std::string_view kind);
 
+    // IsList: whether a text is a list to be split: the mode says so, and it is not in the Native
+    // form all the same. Copying, converting and pasting leave such texts.
+    [[nodiscard]] bool IsList(std::string_view text) const;
+    // IsListed: whether a text is in the Native form, by the mode or by itself.
+    [[nodiscard]] bool IsListed(std::string_view text) const;
+
     // RefreshLists: brings the working text into the Native form and fills both lists and the item
     // count from it.
     void RefreshLists();

@@ -148,6 +148,27 @@ bool HasNickLine(std::string_view text) {
     return false;
 }
 
+bool IsNative(std::string_view text) {
+    if (!text.ends_with(kCrLf)) {
+        return false;
+    }
+    std::ptrdiff_t lines_left = 0;  // before the middle line, less those behind it
+    bool found = false;
+    while (!text.empty()) {
+        const std::size_t end = text.find(kCrLf);
+        if (text.substr(0, end) == kNick) {
+            if (found) {
+                return false;
+            }
+            found = true;
+        } else {
+            lines_left += found ? -1 : 1;
+        }
+        text.remove_prefix(end + kCrLf.size());
+    }
+    return found && lines_left == 0;
+}
+
 NativeBlocks SplitBlocks(std::string_view text, std::string_view separator) {
     return Splitter(text, separator).Run();
 }

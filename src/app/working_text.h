@@ -19,6 +19,11 @@ inline constexpr std::string_view kNick = "-nick-";
 // same letters.
 [[nodiscard]] bool HasNickLine(std::string_view text);
 
+// IsNative: whether a text is in the Native form, whatever a command says of it: exactly one line
+// "-nick-", as many lines behind it as before it, and CR LF at its end.
+//   "A1\r\n-nick-\r\nAl\r\n" -> true,  "x\r\nA1\r\n-nick-\r\nAl\r\n" -> false
+[[nodiscard]] bool IsNative(std::string_view text);
+
 // The most characters (bytes) that the text box takes.
 inline constexpr std::size_t kTextLimit = 32000;
 

@@ -24,7 +24,8 @@ void Form1::cmdDone_Click() {
 }
 
 void Module1::ListSelected() {
-    const std::string text = WorkText;
+    const std::string text =
+        IsList(WorkText) ? JoinBlocks(SplitBlocks(WorkText, textSep)) : WorkText;
     NativeReader reader(text);
     const auto separator = static_cast<double>(reader.Separator());
     std::string list;

@@ -17,8 +17,8 @@ std::string Module1::ReadJuno(const std::string& text) {
 }
 
 std::string Module1::JunoText(std::string& text) {
-    if (TextMode == mode::kAscii) {
-        form1.mnuParse_Click();
+    if (IsList(WorkText)) {
+        form1.SplitIntoLists();
     }
     ConversionProgress progress(form1, platform);
     std::string book = WriteJuno(text, textSep, progress);

@@ -6,13 +6,14 @@
 #include "app/module1.h"
 #include "app/run_time_error.h"
 #include "app/text.h"
+#include "app/working_text.h"
 #include "formats/netscape3_reader.h"
 #include "formats/netscape3_writer.h"
 
 namespace orvik {
 
 std::string Form1::Net3(std::string& text1String) {
-    if (module_.TextMode == mode::kAscii) {
+    if (module_.IsList(text1String)) {
         text1String = module_.SplitEntries(text1String, "txt");
     }
     return WriteNetscape3(text1String);
@@ -42,6 +43,10 @@ void Form1::mnuClearPasteNet3_Click() {
     }
     module_.WorkText = UnNet3(pasted);
     ShowTextIfShort();
+    if (module_.TextMode == mode::kNative && !HasNickLine(module_.WorkText)) {
+        // The mode is that of the book that was there.
+        module_.TextMode = mode::kAscii;
+    }
     EndPaste();
     module_.TextMode = mode::kNative;
 }

@@ -13,7 +13,7 @@
 namespace orvik {
 
 void Form1::Convert(std::string& text) {
-    if (module_.TextMode == mode::kAscii) {
+    if (module_.IsList(text)) {
         text = module_.SplitEntries(text, "txt");
     }
     module_.LdifText.clear();
@@ -61,7 +61,7 @@ void Form1::mnuClearPasteNet4_Click() {
     }
     module_.LdifText = std::move(pasted);
     unconvert();
-    mnuParse_Click();
+    SplitIntoLists();
     ShowTextIfShort();
     EndPaste();
 }

@@ -7,15 +7,38 @@
 #include "app/module1.h"
 
 namespace orvik {
+namespace {
+
+void SplitWorkText(Module1& module) {
+    const std::string text = std::exchange(module.WorkText, {});
+    module.WorkText = module.SplitEntries(text, "txt");
+}
+
+// Lists what was split, and leaves edit mode.
+void ListWorkText(Module1& module) {
+    module.RefreshLists();
+    if (module.EditMode) {
+        module.form1.mnuEntEd_Click();
+    }
+    module.TextMode = mode::kNative;
+}
+
+}  // namespace
 
 void Form1::mnuParse_Click() {
-    const std::string text = std::exchange(module_.WorkText, {});
-    module_.WorkText = module_.SplitEntries(text, "txt");
-    module_.RefreshLists();
-    if (module_.EditMode) {
-        mnuEntEd_Click();
+    SplitWorkText(module_);
+    if (module_.TextMode == mode::kAscii) {
+        // A text in the mode "ASCII" has always been split twice by this command.
+        module_.WorkText = module_.SplitEntries(module_.WorkText, "txt");
+        module_.TextMode = mode::kNative;
     }
+    ListWorkText(module_);
+}
+
+void Form1::SplitIntoLists() {
+    SplitWorkText(module_);
     module_.TextMode = mode::kNative;
+    ListWorkText(module_);
 }
 
 }  // namespace orvik

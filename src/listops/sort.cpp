@@ -28,9 +28,9 @@ void AppendSorted(Module1& module, std::string_view block, int percent_done) {
 
 // Brings the working text into the Native form, or tells that there is none.
 bool BeginSort(Module1& module, std::string_view no_text, std::string_view title) {
-    if (module.TextMode == mode::kAscii) {
+    if (module.IsList(module.WorkText)) {
         module.WorkText = module.SplitEntries(module.WorkText, "txt");
-    } else if (module.TextMode != mode::kNative) {
+    } else if (!module.IsListed(module.WorkText)) {
         module.Tell(no_text, title);
         return false;
     }

@@ -5,6 +5,7 @@
 
 #include "app/module1.h"
 #include "app/run_time_error.h"
+#include "settings/form2.h"
 #include "settings/form6.h"
 #include "settings/keys.h"
 #include "settings/numbers.h"
@@ -79,13 +80,20 @@ void Module1::RunAutomation() {
 void Module1::RunStoredAutomation() {
     for (int failures = 0; failures < 2 && Setting("Auto") == "True";) {
         bool failed = false;
-        TrapFailure([&] { RunAutomation(); }, [&](const RunTimeError&) { failed = true; });
+        TrapFailure([&] { RunAutomation(); },
+                    [&](const RunTimeError& failure) {
+                        failed = true;
+                        form6.Hide();
+                        Tell(failure);
+                    });
         if (!failed) {
             return;
         }
         // The preferences let the user switch it off; a second failure in a row skips it.
         if (++failures == 1) {
+            form2.SSTab1.Front = Form2::kAutomationTab;
             AskForSettings();
+            form2.SSTab1.Front = 0;
         }
     }
 }

@@ -89,13 +89,19 @@ void Form2::ResetControls() {
 void Form2::Form_Load() {
     ResetControls();
     LoadAutomation();
-    if (module_.StartingUp) {
+    if (IsFirstStart()) {
         Choose(Option2);
         Option2_Click();
         Choose(Option5);
     } else {
         LoadFormats();
     }
+}
+
+// After a failed automation the program starts, too, but what is stored stays what is proposed.
+bool Form2::IsFirstStart() const {
+    return module_.StartingUp && (module_.NumberOrZero(key::kSettings, "textSep") == 0 ||
+                                  module_.NumberOrZero(key::kSettings, "Open") == 0);
 }
 
 // A value that is missing or no number counts as 0: the window must open whatever is stored.

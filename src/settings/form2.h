@@ -37,6 +37,7 @@ class Form2 : public Form {
     void Option4_Click() { Frame1.Visible = false; }
 
     TabControl SSTab1{{"File Formats", "Handheld PIM", "Automation"}};
+    static constexpr std::size_t kAutomationTab = 2;
 
     // File Formats. The options of one group exclude each other.
     OptionButton Option1{"Always use autodetect - assume an unknown file is a text file", 1};
@@ -80,6 +81,7 @@ class Form2 : public Form {
     Button Command4{"Help"};
 
  private:
+    [[nodiscard]] bool IsFirstStart() const;
     void ResetControls();
     void LoadAutomation();
     void LoadFormats();

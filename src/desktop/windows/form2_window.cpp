@@ -40,7 +40,7 @@ Form2Window::Form2Window(Module1& module, Desktop& desktop, QWidget* owner)
 
 void Form2Window::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) {
-        widget<QTabWidget>(form_.SSTab1).setCurrentIndex(kFormats);
+        widget<QTabWidget>(form_.SSTab1).setCurrentIndex(static_cast<int>(form_.SSTab1.Front));
     }
     FormWindow::showEvent(event);
 }

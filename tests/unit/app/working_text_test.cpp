@@ -329,5 +329,39 @@ TEST(TextLimit, IsWhatTheMessageSays) {
     EXPECT_EQ(kTextLimit, 32000U);
 }
 
+struct NativeRow {
+    const char* name;
+    std::string_view text;
+    bool native;
+};
+
+class IsNativeTest : public testing::TestWithParam<NativeRow> {};
+
+TEST_P(IsNativeTest, Row) {
+    EXPECT_EQ(IsNative(GetParam().text), GetParam().native);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ,
+    IsNativeTest,
+    testing::Values(NativeRow{"OneEntry", "A1\r\n-nick-\r\nAl\r\n", true},
+                    NativeRow{"EntryWithoutNickname", "A1\r\nA2\r\n-nick-\r\nAl\r\n\r\n", true},
+                    NativeRow{"EntryWithoutAddress", "\r\n-nick-\r\nAl\r\n", true},
+                    NativeRow{"NicknameThatHoldsTheWord", "A1\r\n-nick-\r\nx-nick-\r\n", true},
+                    NativeRow{"LineFeedInALine", "A1\nx\r\n-nick-\r\nAl\r\n", true},
+                    NativeRow{"NoEntry", "-nick-\r\n", true},
+                    NativeRow{"Empty", "", false},
+                    NativeRow{"List", "A1\r\nA2\r\n", false},
+                    NativeRow{"MiddleLineAlone", "-nick-", false},
+                    NativeRow{"NoEnd", "A1\r\n-nick-\r\nAl", false},
+                    NativeRow{"LoneCrAtTheEnd", "A1\r\n-nick-\r\nAl\r", false},
+                    NativeRow{"NicknameMissing", "A1\r\nA2\r\n-nick-\r\nAl\r\n", false},
+                    NativeRow{"NicknameTooMany", "A1\r\n-nick-\r\nAl\r\nBo\r\n", false},
+                    NativeRow{"ListWithANativeTextBehindIt", "x\r\nA1\r\n-nick-\r\nAl\r\n", false},
+                    NativeRow{"TwoMiddleLines", "A1\r\n-nick-\r\n-nick-\r\nAl\r\n", false},
+                    NativeRow{"NicknameThatIsTheWord", "A1\r\n-nick-\r\n-nick-\r\n", false},
+                    NativeRow{"MiddleLineOfLineFeeds", "A1\n-nick-\nAl\r\n", false}),
+    [](const auto& row) { return row.param.name; });
+
 }  // namespace
 }  // namespace orvik

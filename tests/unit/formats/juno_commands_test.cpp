@@ -48,12 +48,10 @@ TEST_F(JunoText, NativeText_IsWrittenWithProgress) {
     EXPECT_FALSE(form1.ProgressBar1.Visible);
 }
 
-// Parsing splits the list, and listing it in the mode "ASCII" splits it once more; the book ends at
-// the first of the two middle lines.
 TEST_F(JunoText, AsciiWorkText_IsParsedFirst) {
     SetAscii("\"Al\" <A1>\r\n");
     EXPECT_EQ(module1.JunoText(module1.WorkText), "\r\n\r\n" + JunoRecord("A1", "Al"));
-    EXPECT_EQ(module1.WorkText, "A1\r\n-nick-\r\nAl\r\n-nick-\r\n\r\n\r\n\r\n");
+    EXPECT_EQ(module1.WorkText, "A1\r\n-nick-\r\nAl\r\n");
     EXPECT_EQ(module1.TextMode, "Native");
 }
 

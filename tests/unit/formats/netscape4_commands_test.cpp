@@ -33,8 +33,6 @@ TEST_F(Unconvert, Text_LeavesListsAndBoxAlone) {
     EXPECT_TRUE(form1.List1.Items().empty());
 }
 
-// Nickname parsing splits the text, and refreshing the lists splits it once more, since the mode is
-// still "ASCII" then: the nicknames end up behind a second separator.
 TEST_F(Unconvert, ClipboardBookAfterNo_IsListed) {
     ExpectSaveQuestion("Save before clearing?", Answer::No);
     EXPECT_CALL(platform, ClipboardText())
@@ -44,7 +42,7 @@ TEST_F(Unconvert, ClipboardBookAfterNo_IsListed) {
     EXPECT_EQ(module1.MsgAnswer, "7");
     EXPECT_EQ(module1.TextMode, "Native");
     EXPECT_EQ(ItemsOf(form1.List1), test::Items{"A1"});
-    EXPECT_EQ(ItemsOf(form1.List2), (test::Items{"Al", "-nick-", "", "", ""}));
+    EXPECT_EQ(ItemsOf(form1.List2), test::Items{"Al"});
     EXPECT_EQ(form1.Text1.Text(), module1.WorkText);
     EXPECT_EQ(form1.Caption, "Orvik");
 }
