@@ -1,18 +1,20 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that Orvik needs. Does nothing when all are there.
-#   ./setup.sh          for building and running the programs, and for making the package
-#   ./setup.sh --tests  also for ./test.sh and the other tools of developers
+#   ./setup.sh            for building and running the programs
+#   ./setup.sh --package  also for making the Debian package
+#   ./setup.sh --tests    also for ./test.sh and the other tools of developers
 set -euo pipefail
 
 packages=(
     # building
     g++ cmake ninja-build pkg-config libcli11-dev libglib2.0-dev
     qt6-base-dev qt6-tools-dev qt6-documentation-tools
-    # the icon in sizes, and the package
-    librsvg2-bin dpkg-dev file
+    # the icon in sizes
+    librsvg2-bin
     # running: what Qt loads by name (the window system, SVG, the help's database), and a font
     qt6-qpa-plugins libqt6svg6 libqt6sql6-sqlite fonts-dejavu-core
 )
+package_packages=(dpkg-dev file)
 test_packages=(
     # compiling and checking
     ccache git libgtest-dev libgmock-dev libbenchmark-dev
@@ -24,9 +26,10 @@ test_packages=(
     shared-mime-info
 )
 case "${1:-}" in
-    --tests) packages+=("${test_packages[@]}") ;;
+    --package) packages+=("${package_packages[@]}") ;;
+    --tests) packages+=("${package_packages[@]}" "${test_packages[@]}") ;;
     "") ;;
-    *) echo "usage: $0 [--tests]" >&2; exit 2 ;;
+    *) echo "usage: $0 [--package | --tests]" >&2; exit 2 ;;
 esac
 
 missing=()

@@ -191,7 +191,6 @@ class Module1 : public Windows {
     // Sorting: src/listops/sort.cpp. Both sort WorkText, up to 500 entries, and leave it Native.
     void SortByAddress();
     void SortByNickname();
-    void TellTooManyToSort();
     // RemoveDuplicates: tells the number of items, leaves "-nick-" in WorkText and tells it again.
     void RemoveDuplicates();
 

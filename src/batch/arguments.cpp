@@ -5,6 +5,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include "formats/endings.h"
+
 namespace orvik::batch {
 namespace {
 
@@ -23,6 +25,17 @@ constexpr const char* kExamples =
 // What is wrong with the name of a file, empty if nothing is.
 std::string CheckName(const std::string& name) {
     return name.empty() ? "a file's name is empty" : "";
+}
+
+//   Saving::Replaces  ->  ".ldif, .txt"
+std::string EndingsThat(Saving way) {
+    std::string list;
+    for (const Ending& ending : Endings()) {
+        if (ending.Way == way) {
+            list.append(list.empty() ? "." : ", .").append(ending.Text);
+        }
+    }
+    return list;
 }
 
 // The options that are steps, and the steps behind them in the order given.
@@ -88,7 +101,7 @@ std::variant<Arguments, Status> ParseArguments(int argc,
     StepOptions steps;
     std::vector<std::string> ignored;
     // Without extra arguments a name in brackets is no list of names.
-    const auto file = [&](const char* name, Command what, const char* description) {
+    const auto file = [&](const char* name, Command what, const std::string& description) {
         CLI::Option* const option = app.add_option(name, ignored, description)
                                         ->type_name("FILE")
                                         ->allow_extra_args(false)
@@ -110,8 +123,8 @@ std::variant<Arguments, Status> ParseArguments(int argc,
               Command::SortByAddress);
     file("--save",
          Command::Save,
-         "Save the entries in the format of the file's ending (.ldif, .htm, .nv, .pml, .txt); a "
-         "file that is there is replaced, or added to for .htm, .nv and .pml");
+         "Save the entries in the format of the file's ending; a file that is there is replaced (" +
+             EndingsThat(Saving::Replaces) + ") or added to (" + EndingsThat(Saving::Adds) + ")");
     steps.Add(app.add_option("--pim", ignored, "Export an LDIF file for a handheld organiser")
                   ->type_name("IN OUT")
                   ->expected(2)

@@ -28,7 +28,7 @@ Status StatusOf(Failure failure, bool writing) {
     }
 }
 
-// Only Open tells of failures in boxes.
+// A command that tells of a failure and goes on was reading.
 Status StatusOf(const MessageBox& box) {
     return box.Cause ? StatusOf(*box.Cause, false) : Status::Problem;
 }

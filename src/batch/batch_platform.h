@@ -40,6 +40,8 @@ class BatchPlatform : public Platform {
 
     Answer ShowBox(const MessageBox& box) override;
     std::string ShowFileDialog(FileDialog& dialog) override;
+    // Whoever names both files has answered.
+    bool MayExport(const std::string& /*from*/, const std::string& /*to*/) override { return true; }
     std::string ClipboardText() override { return clipboard_; }
     void SetClipboardText(std::string_view text) override { clipboard_ = text; }
     // Without the automation: what a first start proposes, with formats always detected.

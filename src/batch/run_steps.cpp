@@ -96,6 +96,11 @@ class Runner {
     }
 
     void ExportPim(const Step& step) {
+        if (files_.IsSame(step.File, step.Output)) {
+            platform_.BeginStep({}, step.Output, nullptr);
+            platform_.Fail("A book cannot be exported over itself", Status::CannotCreate);
+            return;
+        }
         Form4& form = module_.form4;
         form.Text1.SetText(step.File);
         form.Text2.SetText(step.Output);

@@ -96,11 +96,16 @@ bool Form1::WriteInFormatOf(const std::string& name, bool ldif_outdated) {
             RoundTripThroughLdif(module_);
             file.Replace(name, module_.WorkText);
             break;
-        default:
+        case Format::Netscape4:
             if (!LdifCurrent || ldif_outdated) {
                 Convert(module_.WorkText);
             }
             file.Replace(name, module_.LdifText);
+            break;
+        case Format::Csv:
+        case Format::WordPerfect:
+        case Format::AnyFile:
+            break;  // never written
     }
     return true;
 }

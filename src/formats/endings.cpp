@@ -22,6 +22,10 @@ constexpr std::array kEndings = {
 
 }  // namespace
 
+std::span<const Ending> Endings() {
+    return kEndings;
+}
+
 const Ending* FindEnding(std::string_view name) {
     const auto* const found = std::find_if(
         kEndings.begin(), kEndings.end(), [&](const Ending& e) { return HasEnding(name, e.Text); });

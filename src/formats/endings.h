@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <span>
 #include <string_view>
 
 namespace orvik {
@@ -26,6 +27,9 @@ struct Ending {
     Format What;
     Saving Way;
 };
+
+// All of them.
+[[nodiscard]] std::span<const Ending> Endings();
 
 // FindEnding: the ending of a file name, in any case and with no dot required; null if it is none
 // that we know.

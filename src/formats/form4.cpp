@@ -31,19 +31,20 @@ void Form4::Form_KeyUp(int /*key_code*/) {
 }
 
 void Form4::Command1_Click() {
-    Pick("All files|*.*|Netscape 4.0|*.ldif|", Text1);
+    Pick("All files|*.*|Netscape 4.0|*.ldif|", false, Text1);
 }
 
 void Form4::Command2_Click() {
-    Pick("All Files|*.*|Comma Separated|*.csv|Text Files|*.txt", Text2);
+    Pick("All Files|*.*|Comma Separated|*.csv|Text Files|*.txt", true, Text2);
 }
 
 // The main window's dialog, with one title for both files.
-void Form4::Pick(std::string_view filter, TextBox& box) {
+void Form4::Pick(std::string_view filter, bool for_output, TextBox& box) {
     const std::string& name = module_.form1.ShowFileDialog({.Kind = DialogKind::Open,
                                                             .Title = "Open file for conversion",
                                                             .Filter = std::string(filter),
-                                                            .FileName = {}});
+                                                            .FileName = {},
+                                                            .ForOutput = for_output});
     if (!name.empty()) {
         box.SetText(name);
     }
@@ -54,6 +55,10 @@ void Form4::Command3_Click() {
 }
 
 void Form4::Command4_Click() {
+    Result.clear();
+    if (!module_.platform.MayExport(Text1.Text(), Text2.Text())) {
+        return;
+    }
     ShowButtons(false);
     bool reading_is_over = false;
     TrapFailure([&] { ConvertFile(reading_is_over); },
@@ -83,7 +88,10 @@ void Form4::ConvertFile(bool& reading_is_over) {
     });
     // Reading is over: a failure from here on is one of the output file.
     reading_is_over = true;
+    const std::size_t entries = CountExported(output);
     module_.File1.Replace(Text2.Text(), output.append(kCrLf));
+    Result = std::to_string(entries) + (entries == 1 ? " entry" : " entries") + " written to " +
+             Text2.Text();
 }
 
 void Form4::ShowButtons(bool visible) {

@@ -41,10 +41,13 @@ class Form4 : public Form {
     Button Command4{"&Convert"};
     Button Command3{"&Help"};
     Button Command5{"&Back"};
+    // What the last conversion did, for the window to show beside the bar; empty before one is
+    // done.
+    std::string Result;
 
  private:
     void ShowButtons(bool visible);
-    void Pick(std::string_view filter, TextBox& box);
+    void Pick(std::string_view filter, bool for_output, TextBox& box);
 };
 
 }  // namespace orvik

@@ -31,7 +31,9 @@ std::string Form1::UnNet3(const std::string& what) {
     // last character that is dropped.
     TrapFailure([&] { CutEnd(list, module_.textSep == "\r" ? 2 : 1); },
                 [&](const RunTimeError& failure) {
-                    module_.Tell("Error #" + std::to_string(failure.Number()));
+                    module_.platform.ShowBox({.Text = "Error #" + std::to_string(failure.Number()),
+                                              .Title = std::string(kTitle),
+                                              .Cause = failure.Cause()});
                 });
     return list;
 }

@@ -103,4 +103,14 @@ std::string ExportPim(std::string_view ldif,
     return output;
 }
 
+std::size_t CountExported(std::string_view output) {
+    std::size_t count = 0;
+    while (!output.empty()) {
+        const std::size_t end = std::min(output.find(kCrLf), output.size());
+        count += end > 0 ? 1 : 0;
+        output.remove_prefix(std::min(end + kCrLf.size(), output.size()));
+    }
+    return count;
+}
+
 }  // namespace orvik

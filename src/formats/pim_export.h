@@ -17,4 +17,8 @@ namespace orvik {
                                     std::string_view separator,
                                     const std::function<void(std::size_t)>& progress);
 
+// CountExported: how many entries an export has; one of which nothing is exported is none.
+//   "Al,A1\r\n\r\nBo,B2" -> 2
+[[nodiscard]] std::size_t CountExported(std::string_view output);
+
 }  // namespace orvik

@@ -15,6 +15,13 @@ namespace {
 constexpr int kSlots = 500;
 constexpr int kSlotsPerStep = 20;
 
+void TellTooManyToSort(Module1& module) {
+    module.Tell(
+        "Orvik cannot sort more than 500 addresses. If you need to sort this many addresses please "
+        "use your addessbook program's sort function.",
+        "File too large");
+}
+
 // Half of the display belongs to each block; it counts the slots, not the lines.
 void AppendSorted(Module1& module, std::string_view block, int percent_done) {
     module.WorkText.append(block);
@@ -43,7 +50,7 @@ void SortWorkText(Module1& module, SortKey key) {
     module.platform.Repaint();
     const std::optional<SortedBlocks> sorted = SortEntries(module.WorkText, key);
     if (!sorted) {
-        module.TellTooManyToSort();
+        TellTooManyToSort(module);
         return;
     }
     module.WorkText.clear();
@@ -61,7 +68,7 @@ void SortBy(Module1& module, void (Module1::*sort)()) {
         return;
     }
     if (module.ItemCount > kMostSorted) {
-        module.TellTooManyToSort();
+        TellTooManyToSort(module);
         return;
     }
     (module.*sort)();
@@ -85,13 +92,6 @@ void Form1::mnuAlphAddr_Click() {
 
 void Form1::mnuAlphNick_Click() {
     cmdNick_Click();
-}
-
-void Module1::TellTooManyToSort() {
-    Tell(
-        "Orvik cannot sort more than 500 addresses. If you need to sort this many addresses please "
-        "use your addessbook program's sort function.",
-        "File too large");
 }
 
 void Module1::SortByAddress() {

@@ -2,7 +2,7 @@
 // real one that fills up or fails. system_files.h has the real one.
 //
 // Paths and contents are bytes. Every function returns what went wrong, or an error code that is
-// false; what it gives back besides that is set only then. Nothing throws but for lack of memory.
+// false; what it gives back besides that counts only then. Nothing throws but for lack of memory.
 
 #pragma once
 
@@ -80,6 +80,8 @@ class FileSystem {
                                         std::unique_ptr<OutputFile>& file) = 0;
     virtual std::error_code SetPermissions(const Path& path,
                                            std::filesystem::perms permissions) = 0;
+    // Whether two names stand for one file that is there, links followed.
+    virtual bool IsSame(const Path& one, const Path& other) = 0;
     // Cuts a file off, or lengthens it with zero bytes.
     virtual std::error_code SetLength(const Path& path, std::uintmax_t length) = 0;
     // Takes the place of a file that is there.

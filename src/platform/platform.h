@@ -55,6 +55,8 @@ struct FileDialog {
     unsigned Flags = 0;
     int FilterIndex = 1;
     std::string FileName;
+    // The file will be written, though the dialog has always been of kind Open.
+    bool ForOutput = false;
 };
 
 enum class Showing { Modal, Modeless };
@@ -90,6 +92,10 @@ class Platform {
     // Shows a file dialog and returns the chosen name, empty when it was cancelled. Leaves the
     // filter that was in use in FilterIndex.
     virtual std::string ShowFileDialog(FileDialog& dialog) = 0;
+
+    // Whether an export from one file may write another: a person is asked before a file that is
+    // there is replaced, and told that a book cannot be exported over itself.
+    virtual bool MayExport(const std::string& from, const std::string& to) = 0;
 
     virtual std::string ClipboardText() = 0;
     virtual void SetClipboardText(std::string_view text) = 0;

@@ -9,10 +9,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// What the last call of the system said. A quota that is used up is a disk that is full.
+// What the system said. A quota that is used up is a disk that is full.
+std::error_code Told(const std::error_code& error) {
+    return error.value() == EDQUOT ? std::make_error_code(std::errc::no_space_on_device) : error;
+}
+
 std::error_code LastError() {
-    return errno == EDQUOT ? std::make_error_code(std::errc::no_space_on_device)
-                           : std::error_code(errno, std::generic_category());
+    return Told({errno, std::generic_category()});
 }
 
 struct FileCloser {
@@ -35,11 +38,8 @@ class SystemInput : public InputFile {
     std::error_code Read(std::size_t count, std::string& bytes) override {
         bytes.resize(count);
         const std::size_t got = std::fread(bytes.data(), 1, count, file_.get());
-        if (got < count && std::ferror(file_.get()) != 0) {
-            return LastError();
-        }
         bytes.resize(got);
-        return {};
+        return got < count && std::ferror(file_.get()) != 0 ? LastError() : std::error_code();
     }
 
  private:
@@ -130,25 +130,30 @@ std::error_code SystemFiles::OpenToWrite(const Path& path,
 std::error_code SystemFiles::SetPermissions(const Path& path, fs::perms permissions) {
     std::error_code error;
     fs::permissions(path, permissions, error);
-    return error;
+    return Told(error);
+}
+
+bool SystemFiles::IsSame(const Path& one, const Path& other) {
+    std::error_code error;
+    return fs::equivalent(one, other, error) && !error;
 }
 
 std::error_code SystemFiles::SetLength(const Path& path, std::uintmax_t length) {
     std::error_code error;
     fs::resize_file(path, length, error);
-    return error;
+    return Told(error);
 }
 
 std::error_code SystemFiles::Rename(const Path& from, const Path& to) {
     std::error_code error;
     fs::rename(from, to, error);
-    return error;
+    return Told(error);
 }
 
 std::error_code SystemFiles::Remove(const Path& path) {
     std::error_code error;
     fs::remove(path, error);
-    return error;
+    return Told(error);
 }
 
 FileSystem::Path SystemFiles::ResolveLinks(Path path) {

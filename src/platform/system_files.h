@@ -14,6 +14,7 @@ class SystemFiles : public FileSystem {
                                 Writing how,
                                 std::unique_ptr<OutputFile>& file) override;
     std::error_code SetPermissions(const Path& path, std::filesystem::perms permissions) override;
+    bool IsSame(const Path& one, const Path& other) override;
     std::error_code SetLength(const Path& path, std::uintmax_t length) override;
     std::error_code Rename(const Path& from, const Path& to) override;
     std::error_code Remove(const Path& path) override;

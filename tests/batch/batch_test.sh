@@ -148,6 +148,10 @@ run "names in brackets" 0 --pim pim.ldif '[pim,csv]'
 holds '[pim,csv]' "$(printf 'Al,A1\r\n\r')"
 run "a missing book" 66 --pim gone.ldif pim.csv
 tells "gone.ldif: File not found"
+ln pim.ldif same.ldif
+run "an export over its own book" 73 --pim pim.ldif same.ldif
+tells "same.ldif: A book cannot be exported over itself"
+holds pim.ldif "$(printf 'dn: x\r\ngivenname: Al\r\nmail: A1\r\n\r')"
 run "an export that cannot be created" 73 --pim pim.ldif gone/pim.csv
 tells "gone/pim.csv: Path not found"
 

@@ -202,6 +202,15 @@ TEST_F(FormWindowTest, TheStripIsAsLongAsTheProgress) {
     EXPECT_EQ(window->widget<PictureView>(form.Picture2).progress(), 500);
 }
 
+TEST_F(FormWindowTest, TheExportSaysWhatItWrote) {
+    Form4& form = module1.form4;
+    const auto window = Make(form);
+    form.Result = "2 entries written to a<b>.csv";
+    window->sync();
+    EXPECT_EQ(window->findChild<QLabel*>(QStringLiteral("Result"))->text(),
+              QStringLiteral("2 entries written to a<b>.csv"));
+}
+
 TEST_F(FormWindowTest, ADoubleClickOnTheAboutTextIsAnEvent) {
     FrmAbout& form = module1.frm_about;
     const auto window = Make(form);

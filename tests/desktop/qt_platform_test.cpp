@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 
 #include <gtest/gtest.h>
@@ -100,6 +102,28 @@ TEST_F(QtPlatformTest, AProgramThatEndedInABoxDoesNotGoOn) {
     });
     EXPECT_FALSE(went_on);
     EXPECT_THROW(desktop.rethrowEnd(), ProgramEnded);
+}
+
+TEST_F(QtPlatformTest, AnExportReplacesNoFileUnasked) {
+    const std::string book = folder.filePath(QStringLiteral("book.ldif")).toStdString();
+    const std::string out = folder.filePath(QStringLiteral("out.csv")).toStdString();
+    std::ofstream(book) << "book";
+    EXPECT_TRUE(platform.MayExport(book, out));
+    std::ofstream(out) << "older";
+    CloseNextBox();
+    EXPECT_FALSE(platform.MayExport(book, out));
+    EXPECT_EQ(said, QStringLiteral("out.csv already exists.\nDo you want to replace it?"));
+    EXPECT_EQ(buttons, QMessageBox::Yes | QMessageBox::No);
+}
+
+TEST_F(QtPlatformTest, ABookIsNotExportedOverItself) {
+    const std::string book = folder.filePath(QStringLiteral("book.ldif")).toStdString();
+    const std::string same = folder.filePath(QStringLiteral("same.ldif")).toStdString();
+    std::ofstream(book) << "book";
+    std::filesystem::create_hard_link(book, same);
+    CloseNextBox();
+    EXPECT_FALSE(platform.MayExport(book, same));
+    EXPECT_TRUE(said.contains(u"cannot be exported over itself"));
 }
 
 TEST_F(QtPlatformTest, AFailureIsToldWithItsNumber) {

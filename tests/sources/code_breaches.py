@@ -44,6 +44,27 @@ FOLDERS = [
             inserted("src/listops/sort.cpp", 2, '#include "files/open.h"'),
         ],
     ),
+    Breach(
+        "mutual",
+        "src/listops/sort.h:2",
+        "listops and formats include each other (see src/formats/csv_commands.cpp:2)",
+        [
+            inserted("src/listops/sort.h", 2, '#include "formats/csv_reader.h"'),
+            inserted("src/formats/csv_commands.cpp", 2, '#include "files/open.h"'),
+        ],
+        more=3,
+    ),
+    Breach(
+        "mutual",
+        "src/desktop/views/list_view.h:6",
+        "desktop/views and desktop/windows include each other",
+        [
+            inserted(
+                "src/desktop/views/list_view.h", 6, '#include "desktop/windows/form1_window.h"'
+            )
+        ],
+        more=1,
+    ),
     including(
         "engine",
         "src/formats/csv_reader.cpp",
@@ -187,6 +208,14 @@ LISTS = [
 
 INCLUDES = [
     including("spelling", "src/app/form1.cpp", '"../app/text.h"', "not spelled from src"),
+    including("spelling", "src/files/open.cpp", "<app/text.h>", "is ours and stands in quotes"),
+    including("spelling", "tests/unit/files/open_test.cpp", "<app/text.h>", "stands in quotes"),
+    Breach(
+        "spelling",
+        "src/files/open.cpp:2",
+        "is no header",
+        [created("src/app/up.inc"), inserted("src/files/open.cpp", 2, '#include "app/up.inc"')],
+    ),
     including("spelling", "src/app/form1.cpp", '"text.h"', "not spelled from src"),
     including("spelling", "src/app/form1.cpp", '"./app/text.h"', "not spelled from src"),
     including("spelling", "src/app/form1.cpp", '"app/nothing.h"', "not spelled from src"),

@@ -17,12 +17,17 @@ BEYOND = (
 
 
 def spelling(tree):
-    """A quoted include is spelled from src or from tests."""
+    """A header of ours stands in quotes, is spelled from src or from tests, and ends in .h."""
     for path in tree.sources("src", "tests"):
         for one in tree.includes(path):
-            if one.quoted and not tree.resolve(path, one.name):
+            target = tree.resolve(path, one.name)
+            if one.quoted and not target:
                 tops = "src or tests" if path.startswith("tests/") else "src"
                 yield path, one.line, f'"{one.name}" is not spelled from {tops}'
+            elif target and not one.quoted:
+                yield path, one.line, f"<{one.name}> is ours and stands in quotes"
+            elif target and not target.endswith(".h"):
+                yield path, one.line, f'"{one.name}" is no header'
 
 
 def names(tree):
@@ -59,7 +64,7 @@ def system(tree):
         for one in tree.includes(path):
             # Headers of the C++ library have neither an ending nor a folder; Qt has its own rule.
             library = not re.search(r"[./]", one.name) and one.name != "csignal"
-            if one.quoted or library or one.name.startswith("Q"):
+            if one.quoted or library or one.name.startswith("Q") or tree.resolve(path, one.name):
                 continue
             if not known(path, one):
                 yield path, one.line, f"<{one.name}> is not of the C++ library"

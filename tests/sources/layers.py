@@ -2,7 +2,7 @@
 
 import collections
 
-from tree import folder_of
+from tree import folder_of, wing_of
 
 # From the top down. A folder includes those below it, and those beside it that do not include it.
 LEVELS = (
@@ -49,16 +49,35 @@ def level(tree):
             yield path, line, f"{source} includes {target}, which stands above it"
 
 
+def way_back(edges, source, target):
+    """The folders on a way from target to source, or None."""
+    ways = [[target]]
+    seen = set()
+    while ways:
+        way = ways.pop(0)
+        if way[-1] == source:
+            return way
+        if way[-1] not in seen:
+            seen.add(way[-1])
+            ways += [way + [end] for begin, end in sorted(edges) if begin == way[-1]]
+    return None
+
+
 def mutual(tree):
-    """Of two folders of one level only one includes the other."""
+    """Of the folders of one level, and of the wings of desktop, none includes itself in a ring."""
     edges = collections.defaultdict(list)
     for path, line, source, target in folder_includes(tree):
         if source in LEVEL and LEVEL[source] == LEVEL.get(target):
             edges[source, target].append((path, line))
+    for path in tree.sources("src"):
+        for line, target in tree.own_includes(path):
+            wings = wing_of(path), wing_of(target)
+            if all(wings) and wings[0] != wings[1]:
+                edges[wings].append((path, line))
     for source, target in sorted(edges):
-        there, back = edges[source, target], edges.get((target, source), [])
-        # The rarer direction is the one to turn round; of two equals it can be either.
-        if back and len(there) <= len(back):
-            for path, line in there:
-                other = "{}:{}".format(*back[0])
+        way = way_back(edges, source, target)
+        # The rarest direction is the one to turn round; of equals it can be any.
+        if way and len(edges[source, target]) <= min(len(edges[e]) for e in zip(way, way[1:])):
+            other = "{}:{}".format(*edges[way[0], way[1]][0])
+            for path, line in edges[source, target]:
                 yield path, line, f"{source} and {target} include each other (see {other})"

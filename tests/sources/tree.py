@@ -69,9 +69,9 @@ class Tree:
         return None
 
     def own_includes(self, path):
-        """The quoted includes of a source that lead to a file: the line, and the file."""
-        quoted = [one for one in self.includes(path) if one.quoted]
-        found = [(one.line, self.resolve(path, one.name)) for one in quoted]
+        """The includes of a source that lead to a file of ours, however they are spelled: the line,
+        and the file."""
+        found = [(one.line, self.resolve(path, one.name)) for one in self.includes(path)]
         return [(line, target) for line, target in found if target]
 
     def folders_of_src(self):
@@ -82,4 +82,10 @@ class Tree:
 def folder_of(path):
     """The folder of src that a file belongs to, empty for any other file; wings are part of it."""
     found = re.match(r"src/(\w+)/", path)
+    return found[1] if found else ""
+
+
+def wing_of(path):
+    """The wing of the window layer that a file belongs to, empty for any other file."""
+    found = re.match(r"src/(desktop/\w+)/", path)
     return found[1] if found else ""

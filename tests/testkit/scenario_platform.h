@@ -39,6 +39,8 @@ class ScenarioPlatform : public Platform {
 
     Answer ShowBox(const MessageBox& box) override;
     std::string ShowFileDialog(FileDialog& dialog) override;
+    // Nobody is asked: what a scenario shows are the commands' own boxes.
+    bool MayExport(const std::string& /*from*/, const std::string& /*to*/) override { return true; }
     std::string ClipboardText() override { return clipboard; }
     void SetClipboardText(std::string_view text) override { clipboard = text; }
     std::optional<std::string> GetSetting(std::string_view section, std::string_view key) override;

@@ -232,8 +232,9 @@ void Scenario::ShowFile(const Words& words) {
     std::ifstream file(InFolder(words[1]), std::ios::binary);
     std::error_code error;
     const bool found = fs::is_regular_file(words[1], error) && file;
-    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    platform_.PrintLine("file " + Quote(words[1]) + " " + (found ? Quote(bytes) : "(none)"));
+    const std::string shown =
+        found ? Quote(std::string{std::istreambuf_iterator<char>(file), {}}) : "(none)";
+    platform_.PrintLine("file " + Quote(words[1]) + " " + shown);
 }
 
 void Scenario::ShowFiles(const Words& /*words*/) {

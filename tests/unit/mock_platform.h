@@ -21,6 +21,7 @@ class MockPlatform : public Platform {
  public:
     MOCK_METHOD(Answer, ShowBox, (const MessageBox&), (override));
     MOCK_METHOD(std::string, ShowFileDialog, (FileDialog&), (override));
+    MOCK_METHOD(bool, MayExport, (const std::string&, const std::string&), (override));
     MOCK_METHOD(std::string, ClipboardText, (), (override));
     MOCK_METHOD(void, SetClipboardText, (std::string_view), (override));
     MOCK_METHOD(std::optional<std::string>,

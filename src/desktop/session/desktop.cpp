@@ -138,11 +138,10 @@ void Desktop::yield() {
     rethrowEnd();
     syncAll();
     if (!yielding_) {
-        yielding_ = true;
+        const QScopedValueRollback yielding(yielding_, true);
         qApp->installEventFilter(this);
         QCoreApplication::processEvents();
         qApp->removeEventFilter(this);
-        yielding_ = false;
     }
     rethrowEnd();
 }

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <QObject>
+#include <QScopedValueRollback>
 #include <exception>
 #include <functional>
 #include <optional>
@@ -75,9 +76,10 @@ class Desktop : public QObject {
     auto nested(Loop&& loop) {
         rethrowEnd();
         syncAll();
-        const bool yielding = std::exchange(yielding_, false);
-        auto result = loop();
-        yielding_ = yielding;
+        auto result = [&] {
+            const QScopedValueRollback yielding(yielding_, false);
+            return loop();
+        }();
         rethrowEnd();
         return result;
     }

@@ -112,7 +112,7 @@ void FileDialogs::rememberFolderOf(const QString& name) {
 }
 
 std::string FileDialogs::show(FileDialog& dialog, QWidget* parent) {
-    const bool saving = dialog.Kind == DialogKind::Save;
+    const bool saving = dialog.Kind == DialogKind::Save || dialog.ForOutput;
     const QStringList filters = NameFilters(dialog.Filter);
     QFileDialog shown(parent, ToLetters(dialog.Title), folder_);
     shown.setWindowModality(Qt::WindowModal);

@@ -15,6 +15,7 @@
 #include "desktop/session/autostart.h"
 #include "desktop/text/system_clipboard.h"
 #include "desktop/text/text_codec.h"
+#include "platform/system_files.h"
 
 namespace orvik {
 namespace {
@@ -88,6 +89,19 @@ std::string QtPlatform::ShowFileDialog(FileDialog& dialog) {
     return desktop_.nested([&] { return dialogs_.show(dialog, desktop_.frontWindow()); });
 }
 
+bool QtPlatform::MayExport(const std::string& from, const std::string& to) {
+    if (SystemFiles().IsSame(from, to)) {
+        tell("The address book cannot be exported over itself. Please select another output file.");
+        return false;
+    }
+    const QFileInfo file(QFile::decodeName(to.c_str()));
+    return !file.isFile() || ShowBox({QFile::encodeName(file.fileName()).toStdString() +
+                                          " already exists.\r\nDo you want to replace it?",
+                                      std::string(kTitle),
+                                      Buttons::YesNo,
+                                      Icon::Question}) == Answer::Yes;
+}
+
 std::string QtPlatform::ClipboardText() {
     return ClipboardBytes(desktop_.selectionEncoding().value_or(Encoding::Utf8));
 }
@@ -159,10 +173,10 @@ void QtPlatform::CloseForm(Form& form) {
 }
 
 void QtPlatform::ReportFailure(const RunTimeError& failure) {
-    ShowBox({"Run-time error '" + std::to_string(failure.Number()) + "':\r\n\r\n" + failure.what(),
-             std::string(kTitle),
-             Buttons::OK,
-             Icon::None});
+    ShowBox({.Text = "Run-time error '" + std::to_string(failure.Number()) + "':\r\n\r\n" +
+                     failure.what(),
+             .Title = std::string(kTitle),
+             .Cause = failure.Cause()});
 }
 
 std::string QtPlatform::ProgramFolder() {

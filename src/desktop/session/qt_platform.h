@@ -20,6 +20,7 @@ class QtPlatform : public Platform {
 
     Answer ShowBox(const MessageBox& box) override;
     std::string ShowFileDialog(FileDialog& dialog) override;
+    bool MayExport(const std::string& from, const std::string& to) override;
     std::string ClipboardText() override;
     void SetClipboardText(std::string_view text) override;
     std::optional<std::string> GetSetting(std::string_view section, std::string_view key) override;

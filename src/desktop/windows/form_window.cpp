@@ -88,6 +88,11 @@ void FormWindow::setReadOnly(const TextBox& box) {
     sync();
 }
 
+void FormWindow::addSync(const std::function<void()>& sync) {
+    syncs_.push_back(sync);
+    sync();
+}
+
 void FormWindow::takeClicksAtYield() {
     clickable_ = true;
     desktop_.acceptAtYield(*this);

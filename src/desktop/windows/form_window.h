@@ -49,6 +49,8 @@ class FormWindow : public QWidget, public View {
     // The button that Enter presses.
     void setDefaultButton(const Button& button);
     void setReadOnly(const TextBox& box);
+    // Runs whenever the widgets are made equal to the form: for what is shown and is no control.
+    void addSync(const std::function<void()>& sync);
     // A click on the window or on what it shows runs Form_Click, also at a yield; so do the keys
     // that press a button.
     void takeClicksAtYield();

@@ -5,9 +5,12 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
+#include <stdexcept>
+#include <string>
 #include <initializer_list>
 
 #include "desktop/text/text_box_view.h"
+#include "desktop/text/text_codec.h"
 #include "desktop/views/picture_view.h"
 #include "desktop/windows/form2_window.h"
 #include "desktop/windows/tab_order.h"
@@ -73,6 +76,13 @@ Window MakeForm4(Module1& module, Desktop& desktop, QWidget* /*owner*/) {
     auto& strip = window->widget<PictureView>(form.Picture2);
     strip.showProgress(Form4::kFullWidth);
     column->addWidget(&strip);
+    auto* const result = new QLabel(window.get());
+    result->setObjectName(QStringLiteral("Result"));
+    result->setAccessibleName(QObject::tr("Result"));
+    result->setTextFormat(Qt::PlainText);
+    result->setWordWrap(true);
+    column->addWidget(result);
+    window->addSync([&form, result] { result->setText(ToLetters(form.Result)); });
     column->addStretch();
     AddRow(*column, *window, {&form.Command4, &form.Command3, &form.Command5});
     window->setDefaultButton(form.Command4);
@@ -161,6 +171,9 @@ Window MakeWindow(Module1& module, const Form& form, Desktop& desktop, QWidget* 
     };
     const auto* const row =
         std::find_if(rows.begin(), rows.end(), [&](const Row& r) { return r.Shown == &form; });
+    if (row == rows.end()) {
+        throw std::logic_error("no window for " + std::string(form.Name()));
+    }
     Window window = row->Make(module, desktop, owner);
     OrderTabs(*window);
     return window;

@@ -152,5 +152,12 @@ TEST(ExportPim, RandomLongTexts_EqualLiteralExport) {
                    Compare);
 }
 
+TEST(CountExported, Lines_AreEntriesUnlessEmpty) {
+    EXPECT_EQ(CountExported(""), 0);
+    EXPECT_EQ(CountExported("Al,A1"), 1);
+    EXPECT_EQ(CountExported("Al,A1\r\n\r\nBo,B2\r\n"), 2);
+    EXPECT_EQ(CountExported("\r\n\r\n"), 0);
+}
+
 }  // namespace
 }  // namespace orvik
