@@ -13,9 +13,9 @@
 
 #include "desktop/session/desktop.h"
 #include "desktop/session/log_out.h"
-#include "desktop/session/program_icon.h"
 #include "desktop/session/qt_platform.h"
 #include "desktop/session/window_place.h"
+#include "desktop/views/program_icon.h"
 #include "desktop/windows/form1_window.h"
 #include "desktop/windows/small_windows.h"
 #include "platform/system_files.h"

@@ -11,7 +11,7 @@
 
 #include "desktop/help/help_book.h"
 #include "desktop/help/help_browser.h"
-#include "desktop/text/find_in_text.h"
+#include "desktop/views/find_in_text.h"
 
 namespace orvik {
 namespace {

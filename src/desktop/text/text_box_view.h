@@ -12,8 +12,8 @@
 #include <string>
 
 #include "app/controls.h"
+#include "desktop/text/run_event.h"
 #include "desktop/text/text_codec.h"
-#include "desktop/views/run_event.h"
 
 class QAction;
 

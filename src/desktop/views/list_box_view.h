@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "app/controls.h"
+#include "desktop/text/run_event.h"
 #include "desktop/views/list_model.h"
-#include "desktop/views/run_event.h"
 
 namespace orvik {
 

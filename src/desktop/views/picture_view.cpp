@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "desktop/session/program_icon.h"
 #include "desktop/text/text_codec.h"
+#include "desktop/views/program_icon.h"
 
 namespace orvik {
 namespace {

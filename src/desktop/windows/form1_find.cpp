@@ -1,8 +1,8 @@
 // Finding in the main window: entries in list view, letters in edit mode.
 
 #include "desktop/text/find_entry.h"
-#include "desktop/text/find_in_text.h"
 #include "desktop/text/text_box_view.h"
+#include "desktop/views/find_in_text.h"
 #include "desktop/views/list_box_view.h"
 #include "desktop/windows/form1_window.h"
 

@@ -14,8 +14,8 @@
 #include "desktop/text/text_box_view.h"
 #include "desktop/text/text_codec.h"
 #include "desktop/views/control_views.h"
-#include "desktop/views/list_menu.h"
 #include "desktop/windows/form1_window.h"
+#include "desktop/windows/list_menu.h"
 
 namespace orvik {
 namespace {

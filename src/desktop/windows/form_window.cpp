@@ -9,8 +9,8 @@
 #include <algorithm>
 
 #include "desktop/text/text_box_view.h"
-#include "desktop/views/accessible_views.h"
 #include "desktop/views/control_views.h"
+#include "desktop/windows/accessible_views.h"
 
 namespace orvik {
 

@@ -5,9 +5,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 #include <stdexcept>
 #include <string>
-#include <initializer_list>
 
 #include "desktop/text/text_box_view.h"
 #include "desktop/text/text_codec.h"

@@ -1,4 +1,4 @@
-#include "desktop/views/list_menu.h"
+#include "desktop/windows/list_menu.h"
 
 #include <QAction>
 #include <QKeySequence>

@@ -1,4 +1,4 @@
-#include "desktop/session/program_icon.h"
+#include "desktop/views/program_icon.h"
 
 // A static library's resources are taken along by name only. The macro works outside of namespaces.
 static void InitResources() {

@@ -1,4 +1,4 @@
-#include "desktop/text/find_in_text.h"
+#include "desktop/views/find_in_text.h"
 
 #include <QTextDocument>
 

@@ -1,4 +1,4 @@
-#include "desktop/views/accessible_views.h"
+#include "desktop/windows/accessible_views.h"
 
 #include <QAccessibleWidget>
 #include <QVariant>
