@@ -17,7 +17,7 @@ packages=(
 package_packages=(dpkg-dev file)
 test_packages=(
     # compiling and checking
-    ccache git libgtest-dev libgmock-dev libbenchmark-dev
+    ccache git libgtest-dev libgmock-dev libbenchmark-dev libicu-dev
     clang clang-format clang-tidy libclang-rt-14-dev python3
     # windows, and their pictures
     xvfb xdotool imagemagick openbox qt6ct at-spi2-core dbus python3-pyatspi

@@ -4,27 +4,13 @@
 #include <numeric>
 #include <vector>
 
+#include "app/encoding.h"
 #include "app/text.h"
 #include "app/working_text.h"
+#include "listops/upper_case.h"
 
 namespace orvik {
 namespace {
-
-unsigned char Upper(unsigned char c) {
-    if ((c >= 'a' && c <= 'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7)) {
-        return static_cast<unsigned char>(c - 0x20);
-    }
-    switch (c) {
-        case 0x9A:
-        case 0x9C:
-        case 0x9E:
-            return static_cast<unsigned char>(c - 0x10);
-        case 0xFF:
-            return 0x9F;
-        default:
-            return c;
-    }
-}
 
 // Takes the lines of a block that are ended by LF. Returns false if there are too many.
 bool TakeLines(std::string_view block, std::vector<std::string_view>& lines) {
@@ -43,14 +29,6 @@ bool TakeLines(std::string_view block, std::vector<std::string_view>& lines) {
 
 }  // namespace
 
-std::string ToUpper(std::string_view text) {
-    std::string upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(), [](char c) {
-        return static_cast<char>(Upper(static_cast<unsigned char>(c)));
-    });
-    return upper;
-}
-
 std::optional<SortedBlocks> SortEntries(std::string_view text, SortKey key) {
     const NativeText native(text);
     std::vector<std::string_view> nicknames;
@@ -65,10 +43,11 @@ std::optional<SortedBlocks> SortEntries(std::string_view text, SortKey key) {
     addresses.resize(count);
     nicknames.resize(count);
 
+    const Encoding encoding = EncodingOf(text);
     std::vector<std::string> keys;
     keys.reserve(count);
     for (const std::string_view line : key == SortKey::Address ? addresses : nicknames) {
-        keys.push_back(ToUpper(line));
+        keys.push_back(ToUpper(line, encoding));
     }
     std::vector<std::size_t> order(count);
     std::iota(order.begin(), order.end(), 0);

@@ -12,42 +12,6 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(EncodingOf, DecidesForTheWholeText) {
-    const struct {
-        std::string Bytes;
-        Encoding Expected;
-    } rows[] = {
-        {"", Encoding::Utf8},
-        {"plain", Encoding::Utf8},
-        {"J\xC3\xBCrgen", Encoding::Utf8},
-        {"J\xFCrgen", Encoding::Windows1252},
-        {"J\xC3\xBCrgen and J\xFCrgen", Encoding::Windows1252},
-        {"a\0b"s, Encoding::Utf8},
-        {"\xEF\xBB\xBF"
-         "byte order mark",
-         Encoding::Utf8},
-        {"\xF0\x9F\x98\x80", Encoding::Utf8},
-        {"cut off \xC3", Encoding::Windows1252},
-        {"cut off \xE2\x82", Encoding::Windows1252},
-        {"\xC0\x80", Encoding::Windows1252},          // longer than it need be
-        {"\xE0\x9F\xBF", Encoding::Windows1252},      // the same
-        {"\xF0\x8F\xBF\xBF", Encoding::Windows1252},  // the same
-        {"\xED\xA0\x80", Encoding::Windows1252},      // half a pair
-        {"\xF4\x90\x80\x80", Encoding::Windows1252},  // beyond the last letter
-        {"\xE2\x80\xA8", Encoding::Windows1252},      // U+2028
-        {"\xE2\x80\xA9", Encoding::Windows1252},      // U+2029
-        {"\xE2\x90\x8A", Encoding::Windows1252},      // U+240A
-        {"\xEF\xB7\x90", Encoding::Windows1252},      // U+FDD0
-        {"\xEF\xBF\xBE", Encoding::Windows1252},      // U+FFFE
-        {"\xEF\xBF\xBF", Encoding::Windows1252},      // U+FFFF
-        {"\xF0\x9F\xBF\xBE", Encoding::Windows1252},  // U+1FFFE
-        {"\xEF\xBF\xBC", Encoding::Utf8},             // U+FFFC
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(EncodingOf(row.Bytes), row.Expected) << testing::PrintToString(row.Bytes);
-    }
-}
-
 TEST(ToLetters, ShowsBothEncodings) {
     EXPECT_EQ(ToLetters("J\xC3\xBCrgen"), QStringLiteral("J\u00FCrgen"));
     EXPECT_EQ(ToLetters("J\xFCrgen"), QStringLiteral("J\u00FCrgen"));

@@ -7,11 +7,13 @@
 #include <string_view>
 #include <vector>
 
+#include "app/encoding.h"
 #include "app/text.h"
 #include "app/working_text.h"
 #include "extract/scan.h"
 #include "fuzz/fuzz_target.h"
 #include "listops/sort_entries.h"
+#include "listops/upper_case.h"
 
 namespace orvik::fuzz {
 namespace {
@@ -50,8 +52,10 @@ std::vector<std::string> LinesOf(std::string_view block) {
     return lines;
 }
 
-std::vector<std::string> InUpperCase(std::vector<std::string> lines) {
-    std::transform(lines.begin(), lines.end(), lines.begin(), ToUpper);
+std::vector<std::string> InUpperCase(std::vector<std::string> lines, Encoding encoding) {
+    for (std::string& line : lines) {
+        line = ToUpper(line, encoding);
+    }
     return lines;
 }
 
@@ -70,8 +74,8 @@ void CheckSort(std::string_view text, SortKey key) {
     if (!sorted) {
         return;
     }
-    const auto keys =
-        InUpperCase(LinesOf(key == SortKey::Address ? sorted->Addresses : sorted->Nicknames));
+    const auto keys = InUpperCase(
+        LinesOf(key == SortKey::Address ? sorted->Addresses : sorted->Nicknames), EncodingOf(text));
     Check(std::is_sorted(keys.begin(), keys.end()), "the keys are in order");
     if (most < kMostSorted) {
         Check(InOrder(LinesOf(sorted->Addresses)) == InOrder(addresses), "addresses stay");

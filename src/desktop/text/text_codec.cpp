@@ -6,10 +6,6 @@
 namespace orvik {
 namespace {
 
-constexpr char16_t kLineSeparator = 0x2028;
-constexpr char16_t kParagraphSeparator = 0x2029;
-constexpr char16_t kLineFeedSign = 0x240A;
-
 // Windows-1252's bytes 0x80 to 0x9F; all others are the letters of the same number.
 constexpr std::array<char16_t, 32> kWindows1252 = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
@@ -35,42 +31,6 @@ int ByteOf(char16_t letter) {
                : static_cast<int>(kFirstSpecial + (found - kWindows1252.begin()));
 }
 
-struct Sequence {
-    char32_t Letter = 0;
-    std::size_t Length = 0;  // 0 for bytes that are no UTF-8
-};
-
-// The UTF-8 sequence at the start of a text that is not empty.
-Sequence NextLetter(std::string_view bytes) {
-    const auto at = [bytes](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
-    const unsigned lead = at(0);
-    if (lead < 0x80) {
-        return {lead, 1};
-    }
-    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    if (lead < 0xC2 || lead > 0xF4 || bytes.size() < length) {
-        return {};
-    }
-    char32_t letter = lead & (0x7FU >> length);
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((at(i) & 0xC0U) != 0x80) {
-            return {};
-        }
-        letter = (letter << 6U) | (at(i) & 0x3FU);
-    }
-    const bool too_long = (length == 3 && letter < 0x800) || (length == 4 && letter < 0x10000);
-    const bool surrogate = letter >= 0xD800 && letter <= 0xDFFF;
-    if (too_long || surrogate || letter > 0x10FFFF) {
-        return {};
-    }
-    return {letter, length};
-}
-
-bool IsReserved(char32_t letter) {
-    return letter == kLineSeparator || letter == kParagraphSeparator || letter == kLineFeedSign ||
-           (letter >= 0xFDD0 && letter <= 0xFDEF) || (letter & 0xFFFEU) == 0xFFFE;
-}
-
 // How many bytes a letter of a box text takes; both halves of a pair take two.
 std::size_t BytesOf(char16_t letter, Encoding encoding) {
     switch (letter) {
@@ -90,17 +50,6 @@ std::size_t BytesOf(char16_t letter, Encoding encoding) {
 
 }  // namespace
 
-Encoding EncodingOf(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const Sequence next = NextLetter(bytes);
-        if (next.Length == 0 || IsReserved(next.Letter)) {
-            return Encoding::Windows1252;
-        }
-        bytes.remove_prefix(next.Length);
-    }
-    return Encoding::Utf8;
-}
-
 QString ToLetters(std::string_view bytes, Encoding encoding) {
     QString letters(static_cast<qsizetype>(bytes.size()), Qt::Uninitialized);
     QChar* to = letters.data();
@@ -111,13 +60,13 @@ QString ToLetters(std::string_view bytes, Encoding encoding) {
         return letters;
     }
     while (!bytes.empty()) {
-        const Sequence next = NextLetter(bytes);
+        const Utf8Letter next = FirstLetter(bytes);
         if (next.Length == 0) {
             *to++ = QChar(QChar::ReplacementCharacter);
             bytes.remove_prefix(1);
             continue;
         }
-        for (const char16_t unit : QChar::fromUcs4(next.Letter)) {
+        for (const char16_t unit : QChar::fromUcs4(next.Code)) {
             *to++ = QChar(unit);
         }
         bytes.remove_prefix(next.Length);

@@ -1,9 +1,8 @@
 // The one place where the bytes of the working text become letters on the screen and letters become
 // bytes again.
 //
-// Old address books are Windows-1252, newer ones UTF-8, and nothing in them says which. A text that
-// is valid UTF-8 is shown as UTF-8, any other as Windows-1252, whose five undefined bytes are shown
-// as the C1 controls of the same number. Every text comes back byte for byte.
+// Each text is shown in the encoding that EncodingOf finds. The five bytes that Windows-1252 leaves
+// undefined are shown as the C1 controls of the same number. Every text comes back byte for byte.
 
 #pragma once
 
@@ -13,14 +12,9 @@
 #include <string>
 #include <string_view>
 
+#include "app/encoding.h"
+
 namespace orvik {
-
-enum class Encoding { Utf8, Windows1252 };
-
-// EncodingOf: how a text is shown. A text with U+2028, U+2029, U+240A or a noncharacter counts as
-// not UTF-8, since a text box needs these letters for itself.
-//   "J\xC3\xBCrgen" -> Utf8,  "J\xFCrgen" -> Windows1252,  "" -> Utf8
-[[nodiscard]] Encoding EncodingOf(std::string_view bytes);
 
 // ToLetters: the letters of a text that is in this encoding.
 //   "\x80", Windows1252 -> U+20AC

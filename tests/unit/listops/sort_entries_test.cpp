@@ -7,14 +7,17 @@
 #include <utility>
 #include <vector>
 
+#include "app/encoding.h"
 #include "unit/generated_texts.h"
 #include "unit/literal_text.h"
+#include "unit/literal_upper_case.h"
 
 namespace orvik {
 namespace {
 
 using test::ForEveryText;
 using test::LiteralText;
+using test::UpperLiterally;
 
 using Sorted = std::optional<std::pair<std::string, std::string>>;
 
@@ -67,6 +70,33 @@ INSTANTIATE_TEST_SUITE_P(,
                                              "z\r\n\xE9\r\n\xC9"
                                              "a\r\n",
                                              "2\r\n1\r\n3\r\n"},
+                                         Row{"Utf8Text_IgnoresTheCaseOfItsLetters",
+                                             "\xC3\x89"
+                                             "b\r\nz\r\n\xC3\xA9"
+                                             "a\r\n-nick-\r\n1\r\n2\r\n3\r\n",
+                                             SortKey::Address,
+                                             "z\r\n\xC3\xA9"
+                                             "a\r\n\xC3\x89"
+                                             "b\r\n",
+                                             "2\r\n3\r\n1\r\n"},
+                                         Row{"OneByteOfTheOtherBlock_MakesItWindows1252",
+                                             "\xC3\xA9"
+                                             "a\r\n\xC3\x89"
+                                             "b\r\n-nick-\r\n1\r\n\xE9\r\n",
+                                             SortKey::Address,
+                                             "\xC3\x89"
+                                             "b\r\n\xC3\xA9"
+                                             "a\r\n",
+                                             "\xE9\r\n1\r\n"},
+                                         Row{"OneByteOfADroppedLine_MakesItWindows1252",
+                                             "\xC3\xA9"
+                                             "a\r\n\xC3\x89"
+                                             "b\r\n-nick-\r\n1\r\n2\r\n\xE9",
+                                             SortKey::Address,
+                                             "\xC3\x89"
+                                             "b\r\n\xC3\xA9"
+                                             "a\r\n",
+                                             "2\r\n1\r\n"},
                                          Row{"MissingNicknames_ComeFirst",
                                              "b\r\na\r\n-nick-\r\nx\r\n",
                                              SortKey::Nickname,
@@ -120,39 +150,12 @@ TEST(SortEntries, MoreThan500LinesInEitherBlock_AreTooMany) {
     EXPECT_FALSE(Sort(Native(500, 501), SortKey::Address));
 }
 
-// Upper case once more, as a list of letters.
-std::string UpperLiterally(std::string_view text) {
-    constexpr std::string_view kLower =
-        "abcdefghijklmnopqrstuvwxyz"
-        "\xE0\xE1\xE2\xE3\xE4\xE5\xE6\xE7\xE8\xE9\xEA\xEB\xEC\xED\xEE\xEF"
-        "\xF0\xF1\xF2\xF3\xF4\xF5\xF6\xF8\xF9\xFA\xFB\xFC\xFD\xFE"
-        "\x9A\x9C\x9E\xFF";
-    constexpr std::string_view kUpper =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZ"
-        "\xC0\xC1\xC2\xC3\xC4\xC5\xC6\xC7\xC8\xC9\xCA\xCB\xCC\xCD\xCE\xCF"
-        "\xD0\xD1\xD2\xD3\xD4\xD5\xD6\xD8\xD9\xDA\xDB\xDC\xDD\xDE"
-        "\x8A\x8C\x8E\x9F";
-    static_assert(kLower.size() == kUpper.size());
-    std::string upper;
-    for (const char c : text) {
-        const std::size_t letter = kLower.find(c);
-        upper += letter == std::string_view::npos ? c : kUpper[letter];
-    }
-    return upper;
-}
-
-TEST(ToUpper, EveryByte_EqualsTheListOfLetters) {
-    for (int byte = 0; byte < 256; ++byte) {
-        const std::string text(1, static_cast<char>(static_cast<unsigned char>(byte)));
-        EXPECT_EQ(ToUpper(text), UpperLiterally(text)) << byte;
-    }
-}
-
 // The sort once more, slow and literal: exchanges of neighbours in 500 slots.
 class LiteralSort {
  public:
     static Sorted Run(const std::string& native, SortKey key) {
         LiteralSort sort;
+        sort.encoding_ = EncodingOf(native);
         const std::string whole = test::WithSeparator(native);
         const LiteralText text(whole);
         std::size_t p = 1;
@@ -204,8 +207,8 @@ class LiteralSort {
             order_[i] = i;
             saved_keys[i] = keys[i];
             saved_others[i] = others[i];
-            keys[i] = UpperLiterally(keys[i]);
-            others[i] = UpperLiterally(others[i]);
+            keys[i] = UpperLiterally(keys[i], encoding_);
+            others[i] = UpperLiterally(others[i], encoding_);
         }
         bool exchanged = true;
         while (exchanged) {
@@ -223,6 +226,7 @@ class LiteralSort {
         }
     }
 
+    Encoding encoding_ = Encoding::Utf8;
     std::array<std::size_t, kLast + 1> order_{};
 };
 
@@ -234,15 +238,32 @@ void CompareSorts(const std::string& text) {
 
 TEST(SortEntries, EveryShortText_EqualsLiteralSort) {
     ForEveryText({"a", "B", "\r\n", "\n", "-nick-\r\n", "\xE9"}, 5, CompareSorts);
+    ForEveryText({"z\r\n", "\xC3\xA9", "\xC3\x89", "a\r\n", "-nick-\r\n", "\xA9"}, 4, CompareSorts);
 }
 
-// Lines of one or two characters, so that many of them are equal.
-std::string RandomBlock(std::mt19937& random, std::size_t lines) {
-    constexpr std::string_view kCharacters = "aAbB19_ \xE9\xC9\xFF\x9F\xF7";
+const std::vector<std::string> kWindows1252Letters = {
+    "a", "A", "b", "B", "1", "9", "_", " ", "\xE9", "\xC9", "\xFF", "\x9F", "\xF7"};
+const std::vector<std::string> kUtf8Letters = {"a",
+                                               "A",
+                                               "i",
+                                               "I",
+                                               "1",
+                                               "_",
+                                               "\xC3\xA9",
+                                               "\xC3\x89",
+                                               "\xC4\xB1",
+                                               "\xD0\xB6",
+                                               "\xD0\x96",
+                                               "\xE2\x82\xAC"};
+
+// Lines of one or two letters, so that many of them are equal.
+std::string RandomBlock(std::mt19937& random,
+                        std::size_t lines,
+                        const std::vector<std::string>& letters = kWindows1252Letters) {
     std::string block;
     for (std::size_t i = 0; i < lines; ++i) {
         for (std::size_t length = random() % 3; length > 0; --length) {
-            block += kCharacters[random() % kCharacters.size()];
+            block += letters[random() % letters.size()];
         }
         block += "\r\n";
     }
@@ -254,8 +275,9 @@ TEST(SortEntries, RandomBlocks_EqualLiteralSort) {
     for (int round = 0; round < 300 && !HasFailure(); ++round) {
         const std::size_t addresses = random() % 40;
         const std::size_t nicknames = random() % 3 == 0 ? random() % 40 : addresses;
-        CompareSorts(RandomBlock(random, addresses) + "-nick-\r\n" +
-                     RandomBlock(random, nicknames));
+        const auto& letters = round % 2 == 0 ? kWindows1252Letters : kUtf8Letters;
+        CompareSorts(RandomBlock(random, addresses, letters) + "-nick-\r\n" +
+                     RandomBlock(random, nicknames, letters));
     }
 }
 
