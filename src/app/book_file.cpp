@@ -24,6 +24,8 @@ Failure FailureOf(std::error_code error) {
         Row{std::errc::permission_denied, Failure::PermissionDenied},
         Row{std::errc::operation_not_permitted, Failure::PermissionDenied},
         Row{std::errc::read_only_file_system, Failure::PermissionDenied},
+        Row{std::errc::device_or_resource_busy, Failure::PermissionDenied},
+        Row{std::errc::io_error, Failure::DeviceError},
         Row{std::errc::no_space_on_device, Failure::DiskFull},
         Row{std::errc::file_too_large, Failure::DiskFull},
         Row{std::errc::not_enough_memory, Failure::OutOfMemory},
@@ -36,59 +38,234 @@ Failure FailureOf(std::error_code error) {
     return Failure::PathFileAccess;
 }
 
-std::unique_ptr<OutputFile> Open(FileSystem& files, const Path& path, Writing how) {
-    std::unique_ptr<OutputFile> file;
-    CheckFile(files, files.OpenToWrite(path, how, file), path);
-    return file;
+// Makes a call again as long as a signal interrupts it.
+template <class Call>
+std::error_code Persist(const Call& call) {
+    std::error_code error;
+    do {
+        error = call();
+    } while (error == std::errc::interrupted);
+    return error;
 }
 
-void WriteAndClose(FileSystem& files, OutputFile& file, std::string_view bytes, const Path& path) {
-    CheckFile(files, file.Write(bytes), path);
-    CheckFile(files, file.Close(), path);
+// A close that a signal interrupts has closed the file, and what it held is on the disk already.
+std::error_code CloseSynced(OutputFile& file) {
+    const std::error_code error = file.Close();
+    return error == std::errc::interrupted ? std::error_code() : error;
 }
 
-// A new, empty file in the folder of a target, removed again unless it was renamed.
-class FileBeside {
+void WriteBytes(FileSystem& files, OutputFile& file, std::string_view bytes, const Path& path) {
+    while (!bytes.empty()) {
+        std::size_t written = 0;
+        CheckFile(files, Persist([&] { return file.Write(bytes, written); }), path);
+        bytes.remove_prefix(written);
+    }
+}
+
+// Writes, and waits until it is on the disk.
+void WriteAll(FileSystem& files, OutputFile& file, std::string_view bytes, const Path& path) {
+    WriteBytes(files, file, bytes, path);
+    CheckFile(files, Persist([&] { return file.Sync(); }), path);
+}
+
+// One saving of one file.
+class BookWriter {
  public:
-    FileBeside(FileSystem& files, const Path& target) : files_(files), target_(target) {
-        std::random_device random;
-        path_ = FolderOf(target) / (".orvik-" + std::to_string(random()) + ".tmp");
-        file_ = Open(files, path_, Writing::New);
-    }
-    FileBeside(const FileBeside&) = delete;
-    FileBeside& operator=(const FileBeside&) = delete;
-    FileBeside(FileBeside&&) = delete;
-    FileBeside& operator=(FileBeside&&) = delete;
-    ~FileBeside() {
-        if (!path_.empty()) {
-            files_.Remove(path_);
+    BookWriter(FileSystem& files, const std::string& name)
+        : files_(files), path_(files.ResolveLinks(name)), folder_(FolderOf(path_)) {}
+
+    // Waits until no other program saves into the folder.
+    void Lock() {
+        const std::error_code error = Persist([&] { return files_.Lock(folder_, lock_); });
+        if (error != std::errc::not_supported) {
+            Check(error);
         }
     }
 
-    // Takes the place of the target with new contents. The permissions are those of the target from
-    // before the first byte is written, as far as the file system knows such things.
-    void Replace(const FileStatus& old, std::string_view contents) {
-        if (old.Kind == FileKind::Regular) {
-            files_.SetPermissions(path_, old.Permissions);
+    // What the file holds; nothing where there is none.
+    std::optional<std::string> Read(bool exists, bool wanted) {
+        const std::error_code error = Persist([&] { return files_.OpenToRead(path_, old_); });
+        if (error == std::errc::no_such_file_or_directory) {
+            return std::nullopt;
         }
-        WriteAndClose(files_, *file_, contents, path_);
-        CheckFile(files_, files_.Rename(path_, target_), target_);
-        path_.clear();
+        // A book that may be written but not read can still be replaced, in place.
+        if (error == std::errc::permission_denied && exists && !wanted) {
+            unreadable_ = true;
+            return std::nullopt;
+        }
+        Check(error);
+        Check(Persist([&] { return old_->Status(before_); }));
+        std::string contents;
+        if (wanted) {
+            Check(ReadBytes(*old_, static_cast<std::size_t>(before_.Length()), contents));
+        }
+        return contents;
+    }
+
+    void WriteToDevice(std::string_view contents) const {
+        std::unique_ptr<OutputFile> device;
+        Check(Persist([&] { return files_.OpenToWrite(path_, device); }));
+        WriteBytes(files_, *device, contents, path_);
+        Check(device->Close());
+    }
+
+    void Write(std::string_view contents) {
+        if (unreadable_ || before_.Names > 1) {
+            WriteInPlace(contents);
+            return;
+        }
+        if (old_) {
+            // Renaming would go past the write protection of the file itself.
+            std::unique_ptr<OutputFile> writable;
+            Check(Persist([&] { return files_.OpenToWrite(path_, writable); }));
+        }
+        std::unique_ptr<OutputFile> file;
+        const std::error_code error =
+            Persist([&] { return files_.CreateUnseen(folder_, old_ != nullptr, file); });
+        if (old_ && TakesNoNewFile(error)) {
+            WriteInPlace(contents);
+            return;
+        }
+        Check(error);
+        if (old_ && Persist([&] { return file->TakeAttributesOf(*old_); })) {
+            WriteInPlace(contents);
+            return;
+        }
+        WriteAll(files_, *file, contents, path_);
+        CheckUnchanged();
+        TakePlace(std::move(file));
     }
 
  private:
+    static bool TakesNoNewFile(std::error_code error) {
+        return error == std::errc::permission_denied || error == std::errc::operation_not_permitted;
+    }
+
+    void Check(std::error_code error) const { CheckFile(files_, error, path_); }
+
+    // Where there are no locks another program may have saved meanwhile: it would be lost.
+    void CheckUnchanged() const {
+        FileStatus now;
+        Check(Persist([&] { return files_.Status(path_, now); }));
+        if (!lock_ && now.Identity != before_.Identity) {
+            throw RunTimeError(Failure::PermissionDenied);
+        }
+    }
+
+    void TakePlace(std::unique_ptr<OutputFile> file) {
+        std::random_device random;
+        const Path name = folder_ / (".orvik-" + std::to_string(random()) + ".tmp");
+        Check(Persist([&] { return file->TakeName(name); }));
+        bool renamed = false;
+        const OnExit clean([&] {
+            if (!renamed) {
+                files_.Remove(name);
+            }
+        });
+        Check(CloseSynced(*file));
+        Check(Persist([&] { return files_.Rename(name, path_); }));
+        renamed = true;
+        Check(Persist([&] { return files_.SyncFolder(folder_); }));
+    }
+
+    // Renaming would cost the file a name, its owner, or the right to be saved at all. A whole copy
+    // of it stands beside it, where that can be, until the new contents are on the disk.
+    void WriteInPlace(std::string_view contents) {
+        std::unique_ptr<OutputFile> file;
+        Check(Persist([&] { return files_.OpenToWrite(path_, file); }));
+        std::string kept;
+        if (old_) {
+            std::unique_ptr<InputFile> again;
+            Check(Persist([&] { return files_.OpenToRead(path_, again); }));
+            Check(ReadBytes(*again, static_cast<std::size_t>(before_.Length()), kept));
+        }
+        const Path copy = path_.string() + ".orvik-copy";
+        const bool has_copy = old_ && WriteCopy(copy, kept);
+        bool whole = false;
+        const OnExit clean([&] {
+            if (has_copy && (whole || Restore(kept))) {
+                files_.Remove(copy);
+            } else if (!has_copy && !whole && old_) {
+                static_cast<void>(Restore(kept));
+            }
+        });
+        Overwrite(*file, contents);
+        whole = true;
+    }
+
+    void Overwrite(OutputFile& file, std::string_view contents) const {
+        WriteBytes(files_, file, contents, path_);
+        Check(Persist([&] { return file.SetLength(contents.size()); }));
+        Check(Persist([&] { return file.Sync(); }));
+    }
+
+    // Returns whether the copy stands on the disk.
+    bool WriteCopy(const Path& name, std::string_view contents) const {
+        std::unique_ptr<OutputFile> copy;
+        if (Persist([&] { return files_.CreateUnseen(folder_, true, copy); })) {
+            return false;
+        }
+        bool written = false;
+        TrapFailure(
+            [&] {
+                WriteAll(files_, *copy, contents, name);
+                written = true;
+            },
+            [](const RunTimeError&) {});
+        if (!written || Persist([&] { return copy->TakeName(name); })) {
+            return false;
+        }
+        if (Persist([&] { return files_.SyncFolder(folder_); })) {
+            files_.Remove(name);
+            return false;
+        }
+        return true;
+    }
+
+    // Puts the old contents back after a failure. Returns whether they are there.
+    [[nodiscard]] bool Restore(std::string_view contents) const {
+        bool restored = false;
+        TrapFailure(
+            [&] {
+                std::unique_ptr<OutputFile> file;
+                Check(Persist([&] { return files_.OpenToWrite(path_, file); }));
+                Overwrite(*file, contents);
+                restored = true;
+            },
+            [](const RunTimeError&) {});
+        return restored;
+    }
+
     FileSystem& files_;
-    Path target_;
     Path path_;
-    std::unique_ptr<OutputFile> file_;
+    Path folder_;
+    std::unique_ptr<FolderLock> lock_;
+    std::unique_ptr<InputFile> old_;
+    FileStatus before_;
+    bool unreadable_ = false;
 };
 
-// Whether a file is there to be added to. Errors: RunTimeError 75 if it is no ordinary file.
-bool CanBeAddedTo(const FileStatus& status) {
-    if (status.Kind != FileKind::Regular && status.Kind != FileKind::Missing) {
+bool Save(FileSystem& files, const std::string& name, bool wants_old, const Rewrite& rewrite) {
+    const FileKind kind = StatusOf(files, name).Kind;
+    BookWriter saving(files, name);
+    if (kind == FileKind::CharacterDevice) {
+        // A device such as a terminal takes the bytes as they come.
+        const std::optional<std::string> contents = rewrite(std::nullopt);
+        if (contents) {
+            saving.WriteToDevice(*contents);
+        }
+        return contents.has_value();
+    }
+    if (kind != FileKind::Regular && kind != FileKind::Missing) {
         throw RunTimeError(Failure::PathFileAccess);
     }
-    return status.Kind == FileKind::Regular;
+    saving.Lock();
+    const std::optional<std::string> contents =
+        rewrite(saving.Read(kind == FileKind::Regular, wants_old));
+    if (contents) {
+        saving.Write(*contents);
+    }
+    return contents.has_value();
 }
 
 }  // namespace
@@ -99,7 +276,8 @@ void CheckFile(FileSystem& files, std::error_code error, const Path& path) {
     }
     if (error == std::errc::no_such_file_or_directory) {
         FileStatus folder;
-        if (files.Status(FolderOf(path), folder) || folder.Kind != FileKind::Folder) {
+        if (Persist([&] { return files.Status(FolderOf(path), folder); }) ||
+            folder.Kind != FileKind::Folder) {
             throw RunTimeError(Failure::PathNotFound);
         }
     }
@@ -115,51 +293,71 @@ FileStatus StatusOf(FileSystem& files, const std::string& name) {
         throw RunTimeError(Failure::BadFileNumber);
     }
     FileStatus status;
-    CheckFile(files, files.Status(name, status), name);
+    CheckFile(files, Persist([&] { return files.Status(name, status); }), name);
     return status;
 }
 
-void ReplaceFile(FileSystem& files, const std::string& name, std::string_view contents) {
-    const FileStatus old = StatusOf(files, name);
-    const Path path = files.ResolveLinks(name);
-    switch (old.Kind) {
-        case FileKind::CharacterDevice:
-            // A device such as a terminal takes the bytes as they come.
-            WriteAndClose(files, *Open(files, path, Writing::Replacing), contents, path);
-            return;
-        case FileKind::Regular:
-            // Renaming would go past the write protection of the file itself.
-            WriteAndClose(files, *Open(files, path, Writing::Updating), "", path);
+std::error_code ReadBytes(InputFile& file, std::size_t count, std::string& bytes) {
+    bytes.clear();
+    std::string part;
+    while (bytes.size() < count) {
+        const std::error_code error =
+            Persist([&] { return file.Read(count - bytes.size(), part); });
+        if (error) {
+            return error;
+        }
+        if (part.empty()) {
             break;
-        case FileKind::Missing:
-            break;
-        default:
-            throw RunTimeError(Failure::PathFileAccess);
+        }
+        if (bytes.empty()) {
+            bytes.swap(part);
+        } else {
+            bytes.append(part);
+        }
     }
-    FileBeside(files, path).Replace(old, contents);
+    return {};
+}
+
+bool RewriteFile(FileSystem& files, const std::string& name, const Rewrite& rewrite) {
+    return Save(files, name, true, rewrite);
+}
+
+void ReplaceFile(FileSystem& files, const std::string& name, std::string_view contents) {
+    Save(files, name, false, [&](const auto& /*old*/) { return std::string(contents); });
 }
 
 void AppendToFile(FileSystem& files, const std::string& name, std::string_view contents) {
-    const FileStatus old = StatusOf(files, name);
-    const Path path = files.ResolveLinks(name);
-    const bool is_there = CanBeAddedTo(old);
-    OnFailure undo([&] {
-        if (is_there) {
-            files.SetLength(path, old.Length);
-        } else {
-            files.Remove(path);
-        }
+    RewriteFile(files, name, [&](const std::optional<std::string>& old) {
+        return old.value_or("").append(contents);
     });
-    WriteAndClose(files, *Open(files, path, Writing::Appending), contents, path);
 }
 
-void TryAppending(FileSystem& files, const std::string& name) {
-    if (CanBeAddedTo(StatusOf(files, name))) {
-        AppendToFile(files, name, "");
+void TryWriting(FileSystem& files, const std::string& name) {
+    const FileStatus status = StatusOf(files, name);
+    std::unique_ptr<OutputFile> file;
+    if (status.Kind == FileKind::Missing) {
+        const Path path = files.ResolveLinks(name);
+        CheckFile(
+            files, Persist([&] { return files.CreateUnseen(FolderOf(path), true, file); }), path);
+    } else if (status.Kind == FileKind::Regular) {
+        CheckFile(files, Persist([&] { return files.OpenToWrite(name, file); }), name);
     } else {
-        // Under its own name another program may be making it just now.
-        const FileBeside attempt(files, files.ResolveLinks(name));
+        throw RunTimeError(Failure::PathFileAccess);
     }
+}
+
+void KeepCopy(FileSystem& files, const std::string& name, std::string_view contents) {
+    std::unique_ptr<OutputFile> file;
+    std::string copy;
+    std::error_code error = std::make_error_code(std::errc::file_exists);
+    for (int i = 0; error == std::errc::file_exists; ++i) {
+        copy = name + ".bak" + (i == 0 ? "" : std::to_string(i));
+        error = Persist([&] { return files.Create(copy, file); });
+    }
+    CheckFile(files, error, copy);
+    const OnFailure undo([&] { files.Remove(copy); });
+    WriteAll(files, *file, contents, copy);
+    CheckFile(files, CloseSynced(*file), copy);
 }
 
 }  // namespace orvik

@@ -1,11 +1,15 @@
-// How the commands write whole files and add to them. A file is replaced as a whole or not at all.
+// How the commands write whole files and add to them. A file has its old contents or its new ones,
+// whatever happens in between, and what was saved is on the disk.
 //
 // Names are given as bytes. Failures are those of the classic file statements: 53 for a missing
-// file, 76 for a missing folder, 70 for no permission, 61 for a full disk, 75 for a folder, an
-// empty name and anything else that is no ordinary file.
+// file, 76 for a missing folder, 70 for no permission and for a folder that another program is
+// saving to, 57 for a disk that fails, 61 for a full one, 75 for a folder, an empty name and
+// anything else that is no ordinary file.
 
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -21,14 +25,30 @@ void CheckFile(FileSystem& files, std::error_code error, const FileSystem::Path&
 // The status of the file that a name stands for. Errors: those above.
 [[nodiscard]] FileStatus StatusOf(FileSystem& files, const std::string& name);
 
-// Replaces the contents of a file, or creates it. The new contents are written beside the old file
-// and renamed over it, so a failure leaves the file as it was.
+// Reads up to count bytes, fewer only where the file ends.
+[[nodiscard]] std::error_code ReadBytes(InputFile& file, std::size_t count, std::string& bytes);
+
+// Makes the new contents of a file from the old ones, which are none where there is no file;
+// without new contents nothing is written.
+using Rewrite =
+    std::function<std::optional<std::string>(const std::optional<std::string>& old_contents)>;
+
+// RewriteFile: reads a file and writes it anew, or creates it. No other program that saves comes in
+// between. Returns whether it was written. A symbolic link stays one, and the file keeps its owner,
+// group, permissions, access list and hard links.
+bool RewriteFile(FileSystem& files, const std::string& name, const Rewrite& rewrite);
+
+// Replaces the contents of a file, or creates it.
 void ReplaceFile(FileSystem& files, const std::string& name, std::string_view contents);
 
-// Adds to the end of a file, or creates it. After a failure the file has its old length.
+// Adds to the end of a file, or creates it.
 void AppendToFile(FileSystem& files, const std::string& name, std::string_view contents);
 
-// Fails as adding to a file would, before the text is made. No file is left that was not there.
-void TryAppending(FileSystem& files, const std::string& name);
+// Fails as writing to a file would, before the text is made. No file is left that was not there.
+void TryWriting(FileSystem& files, const std::string& name);
+
+// KeepCopy: writes contents into a new file NAME.bak, or the first of NAME.bak1, NAME.bak2 ... that
+// is free.
+void KeepCopy(FileSystem& files, const std::string& name, std::string_view contents);
 
 }  // namespace orvik

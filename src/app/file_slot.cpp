@@ -1,6 +1,5 @@
 #include "app/file_slot.h"
 
-#include "app/book_file.h"
 #include "app/run_time_error.h"
 
 namespace orvik {
@@ -17,7 +16,7 @@ void FileSlot::OpenForInput(const std::string& name) {
         throw RunTimeError(Failure::PathFileAccess);
     }
     CheckFile(files_, files_.OpenToRead(path_, file_), path_);
-    length_ = static_cast<std::size_t>(status.Length);
+    length_ = static_cast<std::size_t>(status.Length());
 }
 
 void FileSlot::CheckOpen() const {
@@ -34,7 +33,7 @@ std::size_t FileSlot::Length() const {
 std::string FileSlot::Read(std::size_t count) {
     CheckOpen();
     std::string bytes;
-    CheckFile(files_, file_->Read(count, bytes), path_);
+    CheckFile(files_, ReadBytes(*file_, count, bytes), path_);
     if (bytes.size() < count) {
         throw RunTimeError(Failure::InputPastEnd);
     }
@@ -45,24 +44,19 @@ void FileSlot::Close() {
     file_.reset();
 }
 
-std::string FileSlot::ReadIfThere(const std::string& name) {
-    if (StatusOf(files_, name).Kind == FileKind::Missing) {
-        return {};
-    }
-    OpenForInput(name);
-    std::string contents = Read(Length());
-    Close();
-    return contents;
-}
-
 void FileSlot::Append(const std::string& name, std::string_view contents) {
     Close();
     AppendToFile(files_, name, contents);
 }
 
-void FileSlot::TryAppending(const std::string& name) {
+bool FileSlot::Rewrite(const std::string& name, const orvik::Rewrite& rewrite) {
     Close();
-    orvik::TryAppending(files_, name);
+    return RewriteFile(files_, name, rewrite);
+}
+
+void FileSlot::TryWriting(const std::string& name) {
+    Close();
+    orvik::TryWriting(files_, name);
 }
 
 void FileSlot::Replace(const std::string& name, std::string_view contents) {

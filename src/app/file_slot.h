@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "app/book_file.h"
 #include "platform/file_system.h"
 
 namespace orvik {
@@ -29,9 +30,8 @@ class FileSlot {
     // These write a file as book_file.h does.
     void Replace(const std::string& name, std::string_view contents);
     void Append(const std::string& name, std::string_view contents);
-    void TryAppending(const std::string& name);
-    // The contents of a file, empty where there is none.
-    std::string ReadIfThere(const std::string& name);
+    bool Rewrite(const std::string& name, const orvik::Rewrite& rewrite);
+    void TryWriting(const std::string& name);
 
  private:
     void CheckOpen() const;

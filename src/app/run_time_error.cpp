@@ -18,6 +18,8 @@ const char* RunTimeError::what() const noexcept {
             return "File not found";
         case Failure::FileAlreadyOpen:
             return "File already open";
+        case Failure::DeviceError:
+            return "Device I/O error";
         case Failure::DiskFull:
             return "Disk full";
         case Failure::InputPastEnd:

@@ -16,6 +16,7 @@ enum class Failure {
     BadFileNumber = 52,
     FileNotFound = 53,
     FileAlreadyOpen = 55,
+    DeviceError = 57,
     DiskFull = 61,
     InputPastEnd = 62,
     PermissionDenied = 70,

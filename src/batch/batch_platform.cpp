@@ -14,6 +14,7 @@ namespace {
 
 Status StatusOf(Failure failure, bool writing) {
     switch (failure) {
+        case Failure::DeviceError:
         case Failure::DiskFull:
         case Failure::InputPastEnd:
             return Status::InputOutput;

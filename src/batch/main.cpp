@@ -9,6 +9,7 @@
 #include "batch/arguments.h"
 #include "batch/messenger.h"
 #include "batch/run_steps.h"
+#include "platform/system_files.h"
 #include "store/settings_store.h"
 
 namespace {
@@ -20,6 +21,7 @@ constexpr std::chrono::milliseconds kQuickStep{500};
 
 int main(int argc, char** argv) {
     using namespace orvik::batch;
+    orvik::IgnoreFileSignals();
     const auto parsed = ParseArguments(argc, argv, std::cout, std::cerr);
     if (const auto* const status = std::get_if<Status>(&parsed)) {
         return static_cast<int>(*status);

@@ -116,6 +116,7 @@ int RunWindows(const QString& book) {
 
 int main(int argc, char** argv) {
     NameProgram();
+    orvik::IgnoreFileSignals();
     const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
     if (OnlyPrints(arguments)) {
         const QCoreApplication app(argc, argv);

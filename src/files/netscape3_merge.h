@@ -15,4 +15,9 @@ namespace orvik {
 [[nodiscard]] std::optional<std::string> MergeNetscape3(std::string_view old_book,
                                                         std::string_view new_book);
 
+// MergeDropsText: whether a merge leaves out more of the older book than its end: line ends, blanks
+// and "</DL><p>", in any case.
+//   "...<DD>\r\n</DL><p>\r\n" -> false,  "...<DD>a friend\r\n</DL><p>" -> true
+[[nodiscard]] bool MergeDropsText(std::string_view old_book);
+
 }  // namespace orvik

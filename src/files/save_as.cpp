@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "app/book_file.h"
 #include "app/form1.h"
 #include "app/messages.h"
 #include "app/module1.h"
@@ -30,19 +31,26 @@ void RoundTripThroughLdif(Module1& module) {
 
 // Returns false, with a message, if the file is no Netscape 3 book.
 bool SaveNetscape3(Module1& module, const std::string& name) {
-    module.File1.TryAppending(name);
-    const std::string old_book = module.File1.ReadIfThere(name);
-    std::string book = module.form1.Net3(module.WorkText);
-    if (!old_book.empty()) {
-        std::optional<std::string> merged = MergeNetscape3(old_book, book);
-        if (!merged) {
-            module.Tell("Bad Netscape 3.x Address Book!");
-            return false;
-        }
-        book = std::move(*merged);
+    module.File1.TryWriting(name);
+    const std::string book = module.form1.Net3(module.WorkText);
+    const bool written = module.File1.Rewrite(
+        name, [&](const std::optional<std::string>& old_book) -> std::optional<std::string> {
+            if (!old_book || old_book->empty()) {
+                return book + std::string(kCrLf);
+            }
+            std::optional<std::string> merged = MergeNetscape3(*old_book, book);
+            if (merged) {
+                if (MergeDropsText(*old_book)) {
+                    KeepCopy(module.files, name, *old_book);
+                }
+                merged->append(kCrLf);
+            }
+            return merged;
+        });
+    if (!written) {
+        module.Tell("Bad Netscape 3.x Address Book!");
     }
-    module.File1.Replace(name, book.append(kCrLf));
-    return true;
+    return written;
 }
 
 }  // namespace
@@ -85,7 +93,7 @@ bool Form1::WriteInFormatOf(const std::string& name, bool ldif_outdated) {
         case Format::Netscape3:
             return SaveNetscape3(module_, name);
         case Format::Juno:
-            file.TryAppending(name);
+            file.TryWriting(name);
             file.Append(name, module_.JunoText(module_.WorkText).append(kCrLf));
             break;
         case Format::Pegasus:

@@ -1,8 +1,9 @@
 // The files, as the commands see them: an abstract class, so that tests can stand a disk in for the
-// real one that fills up or fails. system_files.h has the real one.
+// real one that fills up or fails at any call. system_files.h has the real one.
 //
 // Paths and contents are bytes. Every function returns what went wrong, or an error code that is
-// false; what it gives back besides that counts only then. Nothing throws but for lack of memory.
+// false; what it gives back besides that counts only then. A call that a signal interrupted returns
+// errc::interrupted and may be made again. Nothing throws but for lack of memory.
 
 #pragma once
 
@@ -18,10 +19,21 @@ namespace orvik {
 
 enum class FileKind { Missing, Regular, Folder, CharacterDevice, Other };
 
+// What tells one state of one file from any other: which file it is, and when it was last written.
+struct FileIdentity {
+    std::uint64_t Device = 0;
+    std::uint64_t Number = 0;
+    std::uint64_t Length = 0;  // in bytes
+    std::int64_t Seconds = 0;
+    std::int64_t Nanoseconds = 0;
+    bool operator==(const FileIdentity&) const = default;
+};
+
 struct FileStatus {
     FileKind Kind = FileKind::Missing;
-    std::uintmax_t Length = 0;  // of a regular file, in bytes
-    std::filesystem::perms Permissions = std::filesystem::perms::none;
+    FileIdentity Identity;
+    std::uint64_t Names = 0;  // how many hard links lead to it
+    std::uint64_t Length() const { return Identity.Length; }
 };
 
 // A file that is open for reading; it is closed when this goes.
@@ -34,7 +46,8 @@ class InputFile {
     InputFile& operator=(InputFile&&) = delete;
     virtual ~InputFile() = default;
 
-    // The next count bytes, fewer only where the file ends.
+    virtual std::error_code Status(FileStatus& status) = 0;
+    // Some of the next bytes, at most count of them; none at the end of the file.
     virtual std::error_code Read(std::size_t count, std::string& bytes) = 0;
 };
 
@@ -49,16 +62,30 @@ class OutputFile {
     OutputFile& operator=(OutputFile&&) = delete;
     virtual ~OutputFile() = default;
 
-    virtual std::error_code Write(std::string_view bytes) = 0;
+    // Writes the first of the bytes, at least one; written says how many.
+    virtual std::error_code Write(std::string_view bytes, std::size_t& written) = 0;
+    // Cuts the file off.
+    virtual std::error_code SetLength(std::uint64_t length) = 0;
+    // Gives the file the owner, group, permissions and access list of another, and its user
+    // attributes as far as they can be kept.
+    virtual std::error_code TakeAttributesOf(InputFile& other) = 0;
+    // Waits until what was written is on the disk.
+    virtual std::error_code Sync() = 0;
+    // Gives a file that was created beside another a name that no file has yet.
+    virtual std::error_code TakeName(const std::filesystem::path& name) = 0;
     virtual std::error_code Close() = 0;
 };
 
-// What a file that is opened for writing may be, and what becomes of its contents.
-enum class Writing {
-    New,        // must not exist
-    Appending,  // is created if need be; everything goes to its end
-    Updating,   // must exist; its contents stay
-    Replacing,  // is created if need be; its contents go
+// The right to write into a folder, among all programs that ask for it; it goes with this, and with
+// the process.
+class FolderLock {
+ public:
+    FolderLock() = default;
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+    FolderLock(FolderLock&&) = delete;
+    FolderLock& operator=(FolderLock&&) = delete;
+    virtual ~FolderLock() = default;
 };
 
 class FileSystem {
@@ -75,18 +102,26 @@ class FileSystem {
     // The file itself, links followed. A file that is not there is no error.
     virtual std::error_code Status(const Path& path, FileStatus& status) = 0;
     virtual std::error_code OpenToRead(const Path& path, std::unique_ptr<InputFile>& file) = 0;
-    virtual std::error_code OpenToWrite(const Path& path,
-                                        Writing how,
-                                        std::unique_ptr<OutputFile>& file) = 0;
-    virtual std::error_code SetPermissions(const Path& path,
-                                           std::filesystem::perms permissions) = 0;
-    // Whether two names stand for one file that is there, links followed.
-    virtual bool IsSame(const Path& one, const Path& other) = 0;
-    // Cuts a file off, or lengthens it with zero bytes.
-    virtual std::error_code SetLength(const Path& path, std::uintmax_t length) = 0;
+    // Opens a file that is there; its contents stay, and writing begins at its start.
+    virtual std::error_code OpenToWrite(const Path& path, std::unique_ptr<OutputFile>& file) = 0;
+    // Creates a file with this name. Errors: errc::file_exists if there is one.
+    virtual std::error_code Create(const Path& path, std::unique_ptr<OutputFile>& file) = 0;
+    // Creates a file in a folder that nobody sees until it takes a name; it goes without one. It
+    // has the user's default permissions, or none for anybody else.
+    virtual std::error_code CreateUnseen(const Path& folder,
+                                         bool only_mine,
+                                         std::unique_ptr<OutputFile>& file) = 0;
     // Takes the place of a file that is there.
     virtual std::error_code Rename(const Path& from, const Path& to) = 0;
     virtual std::error_code Remove(const Path& path) = 0;
+    // Waits until the names of a folder are on the disk.
+    virtual std::error_code SyncFolder(const Path& folder) = 0;
+    // Waits, up to some seconds, for the right to write into a folder. Errors:
+    // errc::device_or_resource_busy if another program keeps it; errc::not_supported where there
+    // are no such rights.
+    virtual std::error_code Lock(const Path& folder, std::unique_ptr<FolderLock>& lock) = 0;
+    // Whether two names stand for one file that is there, links followed.
+    virtual bool IsSame(const Path& one, const Path& other) = 0;
     // The file that a name stands for in the end, existing or not. What replaces a file replaces
     // that one, so that a link stays a link. A link to itself is returned as it is.
     virtual Path ResolveLinks(Path path) = 0;

@@ -1,4 +1,4 @@
-// The real files of this machine.
+// The real files of this machine: the one place below the windows that calls POSIX and Linux.
 
 #pragma once
 
@@ -8,17 +8,30 @@ namespace orvik {
 
 class SystemFiles : public FileSystem {
  public:
+    // Without syncing nothing is waited for until it is on the disk: for tests, which write much
+    // that nobody keeps.
+    explicit SystemFiles(bool syncs = true) : syncs_(syncs) {}
+
     std::error_code Status(const Path& path, FileStatus& status) override;
     std::error_code OpenToRead(const Path& path, std::unique_ptr<InputFile>& file) override;
-    std::error_code OpenToWrite(const Path& path,
-                                Writing how,
-                                std::unique_ptr<OutputFile>& file) override;
-    std::error_code SetPermissions(const Path& path, std::filesystem::perms permissions) override;
-    bool IsSame(const Path& one, const Path& other) override;
-    std::error_code SetLength(const Path& path, std::uintmax_t length) override;
+    std::error_code OpenToWrite(const Path& path, std::unique_ptr<OutputFile>& file) override;
+    std::error_code Create(const Path& path, std::unique_ptr<OutputFile>& file) override;
+    std::error_code CreateUnseen(const Path& folder,
+                                 bool only_mine,
+                                 std::unique_ptr<OutputFile>& file) override;
     std::error_code Rename(const Path& from, const Path& to) override;
     std::error_code Remove(const Path& path) override;
+    std::error_code SyncFolder(const Path& folder) override;
+    std::error_code Lock(const Path& folder, std::unique_ptr<FolderLock>& lock) override;
+    bool IsSame(const Path& one, const Path& other) override;
     Path ResolveLinks(Path path) override;
+
+ private:
+    bool syncs_;
 };
+
+// IgnoreFileSignals: a write beyond a limit, or to a reader who has gone, is an error of that write
+// and does not end the program.
+void IgnoreFileSignals();
 
 }  // namespace orvik

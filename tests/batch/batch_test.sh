@@ -152,6 +152,26 @@ ln pim.ldif same.ldif
 run "an export over its own book" 73 --pim pim.ldif same.ldif
 tells "same.ldif: A book cannot be exported over itself"
 holds pim.ldif "$(printf 'dn: x\r\ngivenname: Al\r\nmail: A1\r\n\r')"
+test="six savers at once"
+# Six programs save ten times each into one book, and every entry is there.
+for ending in htm nv pml; do
+    savers=()
+    for saver in 1 2 3 4 5 6; do
+        (
+            for save in 1 2 3 4 5 6 7 8 9 10; do
+                printf '"N%s.%s" <a%s.%s@example.org>\r\n' $saver $save $saver $save >in.$saver.txt
+                "$program" --open in.$saver.txt --save all.$ending 2>>savers.log || exit 1
+            done
+        ) &
+        savers+=($!)
+    done
+    for saver in "${savers[@]}"; do
+        wait "$saver" || fail "a saver into .$ending: $(cat savers.log)"
+    done
+    found=$(grep -oE 'a[1-6]\.[0-9]+@example' all.$ending | sort -u | wc -l)
+    [ "$found" = 60 ] || fail "all.$ending has $found entries of 60"
+done
+
 run "an export that cannot be created" 73 --pim pim.ldif gone/pim.csv
 tells "gone/pim.csv: Path not found"
 

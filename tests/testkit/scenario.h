@@ -76,7 +76,7 @@ class Scenario {
 
     ScenarioPlatform& platform_;
     Actor& actor_;
-    SystemFiles files_;
+    SystemFiles files_{false};
     std::unique_ptr<Program> program_;
     bool trace_status_ = false;
 };

@@ -100,7 +100,7 @@ class CommandTest : public testing::Test {
     }
 
     testing::StrictMock<MockPlatform> platform;
-    SystemFiles files;
+    SystemFiles files{false};
     Program program{platform, files};
     Module1& module1 = program.module;
     Form1& form1 = program.form1;

@@ -1,6 +1,8 @@
 // Writing through FileSlot. Reading: file_slot_test.cpp.
 
 #include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -164,7 +166,8 @@ TEST_F(FileSlotReplaceTest, NameTooLongForTheSystem_FailsWith75) {
     EXPECT_TRUE(folder_.Files().empty());
 }
 
-TEST_F(FileSlotReplaceTest, WriteProtectedFolder_FailsWith70) {
+// A folder that takes no new file: the book that is there is written in place.
+TEST_F(FileSlotReplaceTest, WriteProtectedFolder_TakesOldBooksOnly) {
     WriteFile(folder_.Name("a.txt"), "old");
     fs::permissions(folder_.Name("a.txt"), fs::perms(0666));
     fs::permissions(folder_.Path(), fs::perms(0555));
@@ -179,10 +182,42 @@ TEST_F(FileSlotReplaceTest, WriteProtectedFolder_FailsWith70) {
         of_new = FailureOfReplacing(folder_.Name("b.txt"));
     }
     fs::permissions(folder_.Path(), fs::perms(0755));
-    EXPECT_EQ(of_old, 70);
+    EXPECT_EQ(of_old, 0);
     EXPECT_EQ(of_new, 70);
-    EXPECT_EQ(ReadFile(folder_.Name("a.txt")), "old");
+    EXPECT_EQ(ReadFile(folder_.Name("a.txt")), "new");
     EXPECT_EQ(folder_.Files(), Files{"a.txt"});
+}
+
+TEST_F(FileSlotReplaceTest, HardLinks_StayNamesOfOneFile) {
+    WriteFile(folder_.Name("a.txt"), "a much longer text");
+    fs::create_hard_link(folder_.Name("a.txt"), folder_.Name("b.txt"));
+    slot_.Replace(folder_.Name("a.txt"), "new");
+    EXPECT_EQ(ReadFile(folder_.Name("b.txt")), "new");
+    EXPECT_EQ(fs::hard_link_count(folder_.Name("a.txt")), 2U);
+    EXPECT_EQ(folder_.Files(), (Files{"a.txt", "b.txt"}));
+}
+
+TEST_F(FileSlotReplaceTest, UserAttributes_AreKept) {
+    WriteFile(folder_.Name("a.txt"), "old");
+    if (setxattr(folder_.Name("a.txt").c_str(), "user.colour", "red", 3, 0) != 0) {
+        GTEST_SKIP() << "the file system has no user attributes";
+    }
+    slot_.Replace(folder_.Name("a.txt"), "new");
+    std::string value(3, ' ');
+    EXPECT_EQ(getxattr(folder_.Name("a.txt").c_str(), "user.colour", value.data(), 3), 3);
+    EXPECT_EQ(value, "red");
+}
+
+TEST_F(FileSlotReplaceTest, OwnerAndGroup_AreKept) {
+    WriteFile(folder_.Name("a.txt"), "old");
+    if (chown(folder_.Name("a.txt").c_str(), 65534, 65534) != 0) {
+        GTEST_SKIP() << "only the superuser gives files away";
+    }
+    slot_.Replace(folder_.Name("a.txt"), "new");
+    struct stat found {};
+    EXPECT_EQ(stat(folder_.Name("a.txt").c_str(), &found), 0);
+    EXPECT_EQ(found.st_uid, 65534U);
+    EXPECT_EQ(found.st_gid, 65534U);
 }
 
 }  // namespace

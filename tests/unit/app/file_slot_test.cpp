@@ -160,19 +160,25 @@ TEST_F(FileSlotTest, LinkToItself_FailsWith75) {
     EXPECT_EQ(FailureOfOpening(folder_.Name("link")), 75);
 }
 
-TEST_F(FileSlotTest, FileReadIfThere_IsReadWholeAndClosed) {
+TEST_F(FileSlotTest, Rewriting_SeesTheOldContents) {
     WriteFile(folder_.Name("a.txt"), "abc");
-    EXPECT_EQ(slot_.ReadIfThere(folder_.Name("a.txt")), "abc");
-    EXPECT_EQ(FailureOf([&] { slot_.Read(1); }), 52);
+    EXPECT_TRUE(slot_.Rewrite(folder_.Name("a.txt"), [](const std::optional<std::string>& old) {
+        return "<" + old.value_or("none") + ">";
+    }));
+    EXPECT_EQ(test::ReadFile(folder_.Name("a.txt")), "<abc>");
 }
 
-TEST_F(FileSlotTest, MissingFileReadIfThere_IsEmpty) {
-    EXPECT_EQ(slot_.ReadIfThere(folder_.Name("missing")), "");
+TEST_F(FileSlotTest, RewritingAMissingFile_SeesNone) {
+    EXPECT_TRUE(slot_.Rewrite(folder_.Name("a.txt"), [](const std::optional<std::string>& old) {
+        return old.value_or("none");
+    }));
+    EXPECT_EQ(test::ReadFile(folder_.Name("a.txt")), "none");
+}
+
+TEST_F(FileSlotTest, RewritingWithoutNewContents_WritesNothing) {
+    EXPECT_FALSE(
+        slot_.Rewrite(folder_.Name("a.txt"), [](const auto& /*old*/) { return std::nullopt; }));
     EXPECT_TRUE(folder_.Files().empty());
-}
-
-TEST_F(FileSlotTest, FolderReadIfThere_FailsWith75) {
-    EXPECT_EQ(FailureOf([&] { slot_.ReadIfThere(folder_.Path()); }), 75);
 }
 
 TEST_F(FileSlotTest, FileWithoutReadPermission_FailsWith70) {

@@ -44,8 +44,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Way{"Replace", [](FileSlot& slot, const std::string& name) { slot.Replace(name, "new"); }},
         Way{"Append", [](FileSlot& slot, const std::string& name) { slot.Append(name, "new"); }},
-        Way{"TryAppending",
-            [](FileSlot& slot, const std::string& name) { slot.TryAppending(name); }}),
+        Way{"TryWriting", [](FileSlot& slot, const std::string& name) { slot.TryWriting(name); }}),
     [](const auto& way) { return way.param.name; });
 
 TEST_P(FileSlotWriteTest, FileLeftOpen_IsClosed) {
@@ -104,13 +103,13 @@ TEST_P(FileSlotWriteTest, WriteProtectedFile_FailsWith70) {
     EXPECT_EQ(folder_.Files(), Files{"a.pml"});
 }
 
-TEST(FileSlotTryAppendingTest, WhatIsThere_StaysAndNothingElseComes) {
+TEST(FileSlotTryWritingTest, WhatIsThere_StaysAndNothingElseComes) {
     const test::TempFolder folder;
     SystemFiles files;
     FileSlot slot{files};
     WriteFile(folder.Name("a.pml"), "old");
-    slot.TryAppending(folder.Name("a.pml"));
-    slot.TryAppending(folder.Name("b.pml"));
+    slot.TryWriting(folder.Name("a.pml"));
+    slot.TryWriting(folder.Name("b.pml"));
     EXPECT_EQ(ReadFile(folder.Name("a.pml")), "old");
     EXPECT_EQ(folder.Files(), Files{"a.pml"});
 }

@@ -33,6 +33,7 @@ INSTANTIATE_TEST_SUITE_P(
         FailureRow{Failure::BadFileNumber, 52, "Bad file name or number"},
         FailureRow{Failure::FileNotFound, 53, "File not found"},
         FailureRow{Failure::FileAlreadyOpen, 55, "File already open"},
+        FailureRow{Failure::DeviceError, 57, "Device I/O error"},
         FailureRow{Failure::DiskFull, 61, "Disk full"},
         FailureRow{Failure::InputPastEnd, 62, "Input past end of file"},
         FailureRow{Failure::PermissionDenied, 70, "Permission denied"},

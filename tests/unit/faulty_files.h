@@ -1,0 +1,145 @@
+// The real files with a disk that fails: every call is numbered, and one of them goes wrong.
+
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "platform/system_files.h"
+
+namespace orvik::test {
+
+// Counts calls. The call with this number returns an error, or, without one, writes or reads but
+// one byte.
+struct Fault {
+    std::size_t Call = 0;
+    std::error_code Error;
+    std::size_t Calls = 0;
+    std::string Failed;  // the name of the call that went wrong
+
+    // Whether this call is the one.
+    bool Hits(const char* name) {
+        const bool hit = ++Calls == Call;
+        if (hit) {
+            Failed = name;
+        }
+        return hit;
+    }
+    template <class Call_>
+    std::error_code Pass(const char* name, const Call_& call) {
+        return Hits(name) && Error ? Error : call();
+    }
+};
+
+class FaultyInput : public InputFile {
+ public:
+    FaultyInput(std::unique_ptr<InputFile> file, Fault& fault)
+        : file_(std::move(file)), fault_(fault) {}
+    std::error_code Status(FileStatus& status) override {
+        return fault_.Pass("Status", [&] { return file_->Status(status); });
+    }
+    std::error_code Read(std::size_t count, std::string& bytes) override {
+        if (fault_.Hits("Read")) {
+            return fault_.Error ? fault_.Error : file_->Read(1, bytes);
+        }
+        return file_->Read(count, bytes);
+    }
+    [[nodiscard]] InputFile& Real() { return *file_; }
+
+ private:
+    std::unique_ptr<InputFile> file_;
+    Fault& fault_;
+};
+
+class FaultyOutput : public OutputFile {
+ public:
+    FaultyOutput(std::unique_ptr<OutputFile> file, Fault& fault)
+        : file_(std::move(file)), fault_(fault) {}
+    std::error_code Write(std::string_view bytes, std::size_t& written) override {
+        if (fault_.Hits("Write")) {
+            return fault_.Error ? fault_.Error : file_->Write(bytes.substr(0, 1), written);
+        }
+        return file_->Write(bytes, written);
+    }
+    std::error_code SetLength(std::uint64_t length) override {
+        return fault_.Pass("SetLength", [&] { return file_->SetLength(length); });
+    }
+    std::error_code TakeAttributesOf(InputFile& other) override {
+        return fault_.Pass("TakeAttributesOf", [&] {
+            return file_->TakeAttributesOf(dynamic_cast<FaultyInput&>(other).Real());
+        });
+    }
+    std::error_code Sync() override {
+        return fault_.Pass("Sync", [&] { return file_->Sync(); });
+    }
+    std::error_code TakeName(const std::filesystem::path& name) override {
+        return fault_.Pass("TakeName", [&] { return file_->TakeName(name); });
+    }
+    std::error_code Close() override {
+        return fault_.Pass("Close", [&] { return file_->Close(); });
+    }
+
+ private:
+    std::unique_ptr<OutputFile> file_;
+    Fault& fault_;
+};
+
+class FaultyFiles : public SystemFiles {
+ public:
+    FaultyFiles() : SystemFiles(false) {}
+
+    Fault fault;
+
+    std::error_code Status(const Path& path, FileStatus& status) override {
+        return fault.Pass("Status", [&] { return SystemFiles::Status(path, status); });
+    }
+    std::error_code OpenToRead(const Path& path, std::unique_ptr<InputFile>& file) override {
+        return fault.Pass("OpenToRead", [&] {
+            const std::error_code error = SystemFiles::OpenToRead(path, file);
+            if (!error) {
+                file = std::make_unique<FaultyInput>(std::move(file), fault);
+            }
+            return error;
+        });
+    }
+    std::error_code OpenToWrite(const Path& path, std::unique_ptr<OutputFile>& file) override {
+        return fault.Pass("OpenToWrite",
+                          [&] { return Wrap(SystemFiles::OpenToWrite(path, file), file); });
+    }
+    std::error_code Create(const Path& path, std::unique_ptr<OutputFile>& file) override {
+        return fault.Pass("Create", [&] { return Wrap(SystemFiles::Create(path, file), file); });
+    }
+    std::error_code CreateUnseen(const Path& folder,
+                                 bool only_mine,
+                                 std::unique_ptr<OutputFile>& file) override {
+        return fault.Pass("CreateUnseen", [&] {
+            return Wrap(SystemFiles::CreateUnseen(folder, only_mine, file), file);
+        });
+    }
+    std::error_code Rename(const Path& from, const Path& to) override {
+        return fault.Pass("Rename", [&] { return SystemFiles::Rename(from, to); });
+    }
+    std::error_code Remove(const Path& path) override {
+        return fault.Pass("Remove", [&] { return SystemFiles::Remove(path); });
+    }
+    std::error_code SyncFolder(const Path& folder) override {
+        return fault.Pass("SyncFolder", [&] { return SystemFiles::SyncFolder(folder); });
+    }
+    std::error_code Lock(const Path& folder, std::unique_ptr<FolderLock>& lock) override {
+        return fault.Pass("Lock", [&] { return SystemFiles::Lock(folder, lock); });
+    }
+
+ private:
+    std::error_code Wrap(std::error_code error, std::unique_ptr<OutputFile>& file) {
+        if (!error) {
+            file = std::make_unique<FaultyOutput>(std::move(file), fault);
+        }
+        return error;
+    }
+};
+
+}  // namespace orvik::test
