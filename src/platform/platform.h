@@ -47,7 +47,8 @@ enum DialogFlags : unsigned {
 };
 
 // A common file dialog. Filter is "Description|*.ending|Description|*.ending..."; FilterIndex is
-// the 1-based entry shown first; FileName is the name that the dialog starts with.
+// the 1-based entry shown first; FileName is the name that the dialog starts with. EndingIsFormat
+// says that the ending of the name will choose the format of the file.
 struct FileDialog {
     DialogKind Kind = DialogKind::Open;
     std::string Title;
@@ -55,6 +56,7 @@ struct FileDialog {
     unsigned Flags = 0;
     int FilterIndex = 1;
     std::string FileName;
+    bool EndingIsFormat = false;
 };
 
 enum class Showing { Modal, Modeless };
