@@ -1,29 +1,24 @@
 #include "desktop/session/file_dialog.h"
 
-#include <QApplication>
-#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <filesystem>
 #include <functional>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "desktop/modal_user.h"
 #include "unit/process_limits.h"
 
 namespace orvik {
 namespace {
 
 namespace fs = std::filesystem;
+using test::ModalUser;
 
 constexpr std::string_view kFilter = "Netscape 4.x or IE|*.ldif|Juno|*.nv|All Files|*.*";
 
@@ -109,45 +104,17 @@ class FileDialogTest : public testing::Test {
  protected:
     // What the user does with each dialog and box in turn; then the last one is given up.
     std::string Show(FileDialog& dialog, std::vector<std::function<void()>> acts) {
-        done = 0;
-        const QObject user;
-        // An act may open a box and end with it, so the next one is on its way before it begins.
-        std::function<void()> act = [&] {
-            QTimer::singleShot(0, &user, act);
-            QWidget* const modal = QApplication::activeModalWidget();
-            if (modal == nullptr) {
-                return;
-            }
-            if (done < acts.size()) {
-                acts[done++]();
-            } else {
-                modal->close();
-            }
-        };
-        QTimer::singleShot(0, &user, act);
-        return dialogs.show(dialog, nullptr);
+        const ModalUser user(std::move(acts));
+        std::string name = dialogs.show(dialog, nullptr);
+        done = user.done();
+        return name;
     }
-    // The only box, which stands over the dialog, and what it says.
-    static QMessageBox& Box() {
-        return *qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    }
+    // The box stands over the dialog.
     void ReadBox() {
-        said = Box().text();
-        EXPECT_TRUE(Box().parentWidget()->isVisible()) << "the dialog stays open";
-        Box().close();
+        said = ModalUser::box().text();
+        EXPECT_TRUE(ModalUser::box().parentWidget()->isVisible()) << "the dialog stays open";
+        ModalUser::box().close();
     }
-    static QFileDialog& Shown() {
-        return *qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-    }
-    static void Type(const QString& name) {
-        Shown().findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
-        Shown()
-            .findChild<QDialogButtonBox*>()
-            ->button(Shown().acceptMode() == QFileDialog::AcceptSave ? QDialogButtonBox::Save
-                                                                     : QDialogButtonBox::Open)
-            ->click();
-    }
-    static void Answer(QMessageBox::StandardButton button) { Box().button(button)->click(); }
     [[nodiscard]] QString Path(const char* name) const {
         return folder.filePath(QString::fromLatin1(name));
     }
@@ -158,7 +125,7 @@ class FileDialogTest : public testing::Test {
     // Names that will not do, each typed into a dialog that is given up then.
     void ExpectRefused(const QString& name, const QString& why, FileDialog dialog = Saving()) {
         said.clear();
-        EXPECT_EQ(Show(dialog, {[&] { Type(name); }, [&] { ReadBox(); }}), "");
+        EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(name); }, [&] { ReadBox(); }}), "");
         EXPECT_EQ(said.toStdString(), why.toStdString());
         EXPECT_EQ(done, 2U);
     }
@@ -172,7 +139,8 @@ class FileDialogTest : public testing::Test {
 TEST_F(FileDialogTest, ASavedNameGetsTheEndingOfTheFilterInUse) {
     FileDialog dialog = Saving();
     dialog.FilterIndex = 2;
-    EXPECT_EQ(Show(dialog, {[&] { Type(Path("book")); }}), Path("book.nv").toStdString());
+    EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(Path("book")); }}),
+              Path("book.nv").toStdString());
     EXPECT_EQ(dialog.FilterIndex, 2);
 }
 
@@ -185,10 +153,10 @@ TEST_F(FileDialogTest, AnExistingFileIsAskedFor) {
     Make("book.ldif");
     FileDialog dialog = Saving();
     EXPECT_EQ(Show(dialog,
-                   {[&] { Type(Path("book")); },
-                    [] { Answer(QMessageBox::No); },
-                    [&] { Type(Path("book")); },
-                    [] { Answer(QMessageBox::Yes); }}),
+                   {[&] { ModalUser::type(Path("book")); },
+                    [] { ModalUser::answer(QMessageBox::No); },
+                    [&] { ModalUser::type(Path("book")); },
+                    [] { ModalUser::answer(QMessageBox::Yes); }}),
               Path("book.ldif").toStdString());
 }
 
@@ -196,10 +164,10 @@ TEST_F(FileDialogTest, ANameIsWholeBeforeItIsAskedFor) {
     Make("book.ldif");
     FileDialog dialog = Saving();
     EXPECT_EQ(Show(dialog,
-                   {[&] { Type(Path("book.ldi")); },
+                   {[&] { ModalUser::type(Path("book.ldi")); },
                     [&] {
-                        said = Box().text();
-                        Answer(QMessageBox::No);
+                        said = ModalUser::box().text();
+                        ModalUser::answer(QMessageBox::No);
                     }}),
               "");
     EXPECT_EQ(said, QStringLiteral("book.ldif already exists.\nDo you want to replace it?"));
@@ -210,17 +178,18 @@ TEST_F(FileDialogTest, TheQuestionSaysWhatWillBecomeOfTheFile) {
     for (const bool ending_is_format : {true, false}) {
         FileDialog dialog = Saving();
         dialog.EndingIsFormat = ending_is_format;
-        EXPECT_EQ(Show(dialog, {[&] { Type(Path("book.nv")); }, [&] { ReadBox(); }}), "");
+        EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(Path("book.nv")); }, [&] { ReadBox(); }}),
+                  "");
         EXPECT_EQ(said.contains(u"added"), ending_is_format) << said.toStdString();
     }
 }
 
 TEST_F(FileDialogTest, ANameThatSaysNoFormatGetsTheEndingOfTheFilter) {
     FileDialog dialog = Saving();
-    EXPECT_EQ(Show(dialog, {[&] { Type(Path("contacts.2026")); }}),
+    EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(Path("contacts.2026")); }}),
               Path("contacts.2026.ldif").toStdString());
     dialog.EndingIsFormat = false;
-    EXPECT_EQ(Show(dialog, {[&] { Type(Path("contacts.2026")); }}),
+    EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(Path("contacts.2026")); }}),
               Path("contacts.2026").toStdString());
 }
 
@@ -232,10 +201,11 @@ TEST_F(FileDialogTest, WithoutAFilterTheNameMustSayTheFormat) {
                                  "in .ldif or .nv."),
                   dialog);
     // The dialog waits for another one.
-    EXPECT_EQ(
-        Show(dialog,
-             {[&] { Type(Path("book.csv")); }, [&] { ReadBox(); }, [&] { Type(Path("book.nv")); }}),
-        Path("book.nv").toStdString());
+    EXPECT_EQ(Show(dialog,
+                   {[&] { ModalUser::type(Path("book.csv")); },
+                    [&] { ReadBox(); },
+                    [&] { ModalUser::type(Path("book.nv")); }}),
+              Path("book.nv").toStdString());
 }
 
 TEST_F(FileDialogTest, AFolderThatTakesNoFileIsToldOf) {
@@ -258,16 +228,19 @@ TEST_F(FileDialogTest, AFolderThatTakesNoFileIsToldOf) {
     ExpectRefused(Path("locked.ldif"),
                   QStringLiteral("You may not write to %1.").arg(Path("locked.ldif")));
     FileDialog dialog = Saving();
-    EXPECT_EQ(Show(dialog, {[&] { Type(Path("old.ldif")); }, [] { Answer(QMessageBox::Yes); }}),
+    EXPECT_EQ(Show(dialog,
+                   {[&] { ModalUser::type(Path("old.ldif")); },
+                    [] { ModalUser::answer(QMessageBox::Yes); }}),
               Path("old.ldif").toStdString());
 }
 
 TEST_F(FileDialogTest, TheNextDialogStartsInTheSameFolder) {
     Make("book.ldif");
     FileDialog dialog{DialogKind::Open, "Open", std::string(kFilter), kFileMustExist, 1, ""};
-    EXPECT_EQ(Show(dialog, {[&] { Type(Path("book.ldif")); }}), Path("book.ldif").toStdString());
+    EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(Path("book.ldif")); }}),
+              Path("book.ldif").toStdString());
     QString next;
-    Show(dialog, {[&] { next = Shown().directory().canonicalPath(); }});
+    Show(dialog, {[&] { next = ModalUser::dialog().directory().canonicalPath(); }});
     EXPECT_EQ(next, QFileInfo(folder.path()).canonicalFilePath());
 }
 
@@ -279,10 +252,11 @@ TEST_F(FileDialogTest, StartsAsItIsTold) {
     QStringList filters;
     QString filter;
     Show(dialog, {[&] {
-             title = Shown().windowTitle();
-             name = Shown().findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
-             filters = Shown().nameFilters();
-             filter = Shown().selectedNameFilter();
+             title = ModalUser::dialog().windowTitle();
+             name =
+                 ModalUser::dialog().findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
+             filters = ModalUser::dialog().nameFilters();
+             filter = ModalUser::dialog().selectedNameFilter();
          }});
     EXPECT_EQ(title, QStringLiteral("Save it"));
     EXPECT_EQ(name, QStringLiteral("kept.txt"));

@@ -54,7 +54,7 @@ Form1Window::~Form1Window() {
 }
 
 void Form1Window::sync() {
-    SyncTitle(*this, form_.Caption);
+    SyncTitle(*this, title());
     syncMenus();
     syncControls();
     status_bar_->sync();
@@ -65,10 +65,29 @@ std::optional<Encoding> Form1Window::selectionEncoding() const {
     return on_selection_ ? std::optional(text1_->encoding()) : std::nullopt;
 }
 
+const std::string& Form1Window::title() const {
+    return form_.Caption == failed_caption_ ? title_kept_ : form_.Caption;
+}
+
+void Form1Window::fileChosen(const std::string& name) {
+    title_before_ = title();
+    // The book under this name is about to be another one.
+    if (failed_caption_.ends_with(name)) {
+        failed_caption_.clear();
+    }
+}
+
+void Form1Window::saveFailed() {
+    failed_caption_ = form_.Caption;
+    title_kept_ = title_before_;
+}
+
 void Form1Window::openBook(const QString& name) {
+    const std::string book = QFile::encodeName(name).toStdString();
     events_.run([&] {
+        fileChosen(book);
         module_.history.Run(Form::CommandOf(form_.ControlNamed("mnuOpen")).Title,
-                            [&] { form_.OpenBook(QFile::encodeName(name).toStdString()); });
+                            [&] { form_.OpenBook(book); });
     });
 }
 

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QTimer>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -40,6 +41,8 @@ class Form1Window : public QMainWindow, public View {
     void sync() override;
     [[nodiscard]] QWidget& window() override { return *this; }
     [[nodiscard]] std::optional<Encoding> selectionEncoding() const override;
+    void fileChosen(const std::string& name) override;
+    void saveFailed() override;
 
     // Opens a file as if it had been dropped on the window.
     void openBook(const QString& name);
@@ -56,6 +59,9 @@ class Form1Window : public QMainWindow, public View {
     void dropEvent(QDropEvent* event) override;
 
  private:
+    // The form's caption; after a save that failed the book keeps the title that it had.
+    [[nodiscard]] const std::string& title() const;
+
     // form1_menu.cpp
     void addMenus();
     QAction* addCommand(QMenu& menu, const NamedControl& row);
@@ -100,6 +106,9 @@ class Form1Window : public QMainWindow, public View {
     StatusBarView* status_bar_ = nullptr;
     FindBar* find_bar_ = nullptr;
     QPointer<QWidget> before_find_;  // what had the focus
+    std::string title_before_;       // before a file was chosen
+    std::string failed_caption_;     // instead of this one title_kept_ is shown
+    std::string title_kept_;
     bool on_selection_ = false;
     bool cancel_has_keys_ = false;
     QPointer<QWidget> before_cancel_;  // what had the focus
