@@ -43,6 +43,13 @@ class AccessibilityTest : public test::Form1WindowTest {
         return dynamic_cast<FormWindow&>(desktop.viewOf(form)->window());
     }
 
+    // As an extraction shows itself while it runs.
+    void Extract(bool runs) {
+        form1.cmdCancel.Visible = runs;
+        form1.mnuFile.Enabled = !runs;
+        window.sync();
+    }
+
     std::vector<std::unique_ptr<FormWindow>> small_windows =
         MakeSmallWindows(program, desktop, &window);
 };
@@ -330,12 +337,45 @@ TEST_F(AccessibilityTest, CancelHasTheKeysDuringAnExtraction) {
     window.activateWindow();
     auto& list = Find<QListView>("List2");
     list.setFocus();
+    Extract(true);
+    EXPECT_TRUE(Find<QPushButton>("cmdCancel").hasFocus());
+    Extract(false);
+    EXPECT_TRUE(list.hasFocus());
+    // A list generation shows it too; there the numbers are wanted first.
     form1.cmdCancel.Visible = true;
     window.sync();
-    EXPECT_TRUE(Find<QPushButton>("cmdCancel").hasFocus());
-    form1.cmdCancel.Visible = false;
-    window.sync();
     EXPECT_TRUE(list.hasFocus());
+}
+
+TEST_F(AccessibilityTest, EscapeIsCancelDuringAnExtractionOnly) {
+    Show();
+    window.activateWindow();
+    Extract(true);
+    EXPECT_CALL(platform, ShowBox(_)).WillOnce(Return(Answer::Yes));
+    QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+    EXPECT_TRUE(module1.CancelRequested);
+    Extract(false);
+    form1.cmdCancel.Visible = true;
+    window.sync();
+    for (const char* const name : {"List1", "cmdCancel", "cmdEmail"}) {
+        Find<QWidget>(name).setFocus();
+        QTest::keyClick(&Find<QWidget>(name), Qt::Key_Escape);
+    }
+    EXPECT_TRUE(window.isVisible());
+}
+
+// While the extraction waits for events, only Cancel takes a key.
+TEST_F(AccessibilityTest, EscapeIsTakenAtAYield) {
+    Show();
+    window.activateWindow();
+    Extract(true);
+    EXPECT_CALL(platform, ShowBox(_)).WillOnce(Return(Answer::Yes));
+    QMetaObject::invokeMethod(
+        &window,
+        [&] { QTest::keyClick(window.windowHandle(), Qt::Key_Escape); },
+        Qt::QueuedConnection);
+    desktop.run([this] { desktop.yield(); });
+    EXPECT_TRUE(module1.CancelRequested);
 }
 
 TEST_F(AccessibilityTest, AKeyWithoutAUseBringsTheHelpOfTheExport) {

@@ -57,6 +57,8 @@ class Form1Window : public QMainWindow, public View {
     void keyReleaseEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    // Escape presses Cancel while an extraction runs, when Cancel has the keys.
+    bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
     // The form's caption; after a save that failed the book keeps the title that it had.
@@ -77,6 +79,7 @@ class Form1Window : public QMainWindow, public View {
     void addButton(std::string_view name, AtYield at_yield);
     void syncControls();
     void focusCancel();
+    [[nodiscard]] bool isExtracting() const;
 
     // form1_find.cpp
     void addFind();

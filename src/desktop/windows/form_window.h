@@ -46,8 +46,10 @@ class FormWindow : public QWidget, public View {
         return *qobject_cast<Kind*>(find(control));
     }
 
-    // The button that Enter presses.
+    // The button that Enter presses, and the one that Escape presses; without one Escape is the
+    // close box.
     void setDefaultButton(const Button& button);
+    void setCancelButton(const Button& button);
     void setReadOnly(const TextBox& box);
     // A click on the window or on what it shows runs Form_Click, also at a yield; so do the keys
     // that press a button.
@@ -98,6 +100,7 @@ class FormWindow : public QWidget, public View {
     std::vector<std::pair<const OptionButton*, QAbstractButton*>> options_;
     QLabel* label_ = nullptr;  // while controls are added: the last label, if it names none yet
     QPushButton* default_button_ = nullptr;
+    QPushButton* cancel_button_ = nullptr;
     bool clickable_ = false;
     int unused_key_ = 0;  // the key that is down and that no control has a use for
 };
