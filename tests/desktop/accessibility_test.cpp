@@ -43,13 +43,6 @@ class AccessibilityTest : public test::Form1WindowTest {
         return dynamic_cast<FormWindow&>(desktop.viewOf(form)->window());
     }
 
-    // As an extraction shows itself while it runs.
-    void Extract(bool runs) {
-        form1.cmdCancel.Visible = runs;
-        form1.mnuFile.Enabled = !runs;
-        window.sync();
-    }
-
     std::vector<std::unique_ptr<FormWindow>> small_windows =
         MakeSmallWindows(program, desktop, &window);
 };
@@ -345,37 +338,6 @@ TEST_F(AccessibilityTest, CancelHasTheKeysDuringAnExtraction) {
     form1.cmdCancel.Visible = true;
     window.sync();
     EXPECT_TRUE(list.hasFocus());
-}
-
-TEST_F(AccessibilityTest, EscapeIsCancelDuringAnExtractionOnly) {
-    Show();
-    window.activateWindow();
-    Extract(true);
-    EXPECT_CALL(platform, ShowBox(_)).WillOnce(Return(Answer::Yes));
-    QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
-    EXPECT_TRUE(module1.CancelRequested);
-    Extract(false);
-    form1.cmdCancel.Visible = true;
-    window.sync();
-    for (const char* const name : {"List1", "cmdCancel", "cmdEmail"}) {
-        Find<QWidget>(name).setFocus();
-        QTest::keyClick(&Find<QWidget>(name), Qt::Key_Escape);
-    }
-    EXPECT_TRUE(window.isVisible());
-}
-
-// While the extraction waits for events, only Cancel takes a key.
-TEST_F(AccessibilityTest, EscapeIsTakenAtAYield) {
-    Show();
-    window.activateWindow();
-    Extract(true);
-    EXPECT_CALL(platform, ShowBox(_)).WillOnce(Return(Answer::Yes));
-    QMetaObject::invokeMethod(
-        &window,
-        [&] { QTest::keyClick(window.windowHandle(), Qt::Key_Escape); },
-        Qt::QueuedConnection);
-    desktop.run([this] { desktop.yield(); });
-    EXPECT_TRUE(module1.CancelRequested);
 }
 
 TEST_F(AccessibilityTest, AKeyWithoutAUseBringsTheHelpOfTheExport) {

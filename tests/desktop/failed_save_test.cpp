@@ -39,7 +39,7 @@ class FailedSaveTest : public testing::Test {
     void Open(const char* name) {
         Make(name);
         const ModalUser user({[] { ModalUser::answer(QMessageBox::No); }});
-        window.openBook(Path(name));
+        window.openBooks({Path(name)});
     }
     void Choose(const char* command) {
         window.findChild<QAction*>(QString::fromLatin1(command))->trigger();

@@ -1,16 +1,11 @@
 #include "desktop/windows/form1_window.h"
 
 #include <QApplication>
-#include <QDropEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QUrl>
-#include <cstdio>
-#include <fstream>
 
 #include "desktop/form1_window_fixture.h"
 #include "desktop/session/log_out.h"
@@ -292,27 +287,35 @@ TEST_F(Form1WindowTest, AFailureIsReportedAndTheWindowGoesOn) {
     EXPECT_FALSE(desktop.hasEnded());
 }
 
-TEST_F(Form1WindowTest, ADroppedFileIsOpened) {
+TEST_F(Form1WindowTest, EscapeIsCancelDuringAnExtractionOnly) {
     Show();
-    const std::string path = testing::TempDir() + "orvik-dropped.txt";
-    std::ofstream(path) << "A1\r\nA2\r\n";
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
-    const auto drop = [&] {
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&window, &enter);
-        QDropEvent event(
-            QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier, QEvent::Drop);
-        QApplication::sendEvent(&window, &event);
-    };
-    drop();
-    EXPECT_EQ(module1.WorkText, "") << "while the other program waits";
-    Settle();
-    EXPECT_THAT(ItemsOf(form1.List1), ElementsAre("A1", "A2"));
-    // While a command runs nothing is opened.
-    drop();
-    desktop.run([] { Settle(); });
-    std::remove(path.c_str());
+    window.activateWindow();
+    Extract(true);
+    EXPECT_CALL(platform, ShowBox(_)).WillOnce(Return(Answer::Yes));
+    QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+    EXPECT_TRUE(module1.CancelRequested);
+    Extract(false);
+    form1.cmdCancel.Visible = true;
+    window.sync();
+    for (const char* const name : {"List1", "cmdCancel", "cmdEmail"}) {
+        Find<QWidget>(name).setFocus();
+        QTest::keyClick(&Find<QWidget>(name), Qt::Key_Escape);
+    }
+    EXPECT_TRUE(window.isVisible());
+}
+
+// While the extraction waits for events, only Cancel takes a key.
+TEST_F(Form1WindowTest, EscapeIsTakenAtAYield) {
+    Show();
+    window.activateWindow();
+    Extract(true);
+    EXPECT_CALL(platform, ShowBox(_)).WillOnce(Return(Answer::Yes));
+    QMetaObject::invokeMethod(
+        &window,
+        [&] { QTest::keyClick(window.windowHandle(), Qt::Key_Escape); },
+        Qt::QueuedConnection);
+    desktop.run([this] { desktop.yield(); });
+    EXPECT_TRUE(module1.CancelRequested);
 }
 
 TEST_F(Form1WindowTest, TheTitleShowsTheCaptionAsItIs) {

@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 #include <QTimer>
 #include <optional>
 #include <string>
@@ -44,8 +45,9 @@ class Form1Window : public QMainWindow, public View {
     void fileChosen(const std::string& name) override;
     void saveFailed() override;
 
-    // Opens a file as if it had been dropped on the window.
-    void openBook(const QString& name);
+    // Opens a file that was named on the command line or dropped on the window. A name that cannot
+    // be opened, and more than one, is told of, and the open book stays.
+    void openBooks(const QStringList& names);
 
     // The session ends: asks as closing does. Returns whether the program has ended.
     bool endForLogOut();
@@ -63,6 +65,7 @@ class Form1Window : public QMainWindow, public View {
  private:
     // The form's caption; after a save that failed the book keeps the title that it had.
     [[nodiscard]] const std::string& title() const;
+    void openBook(const QString& name);
 
     // form1_menu.cpp
     void addMenus();
@@ -80,6 +83,9 @@ class Form1Window : public QMainWindow, public View {
     void syncControls();
     void focusCancel();
     [[nodiscard]] bool isExtracting() const;
+
+    // form1_drop.cpp
+    void addDrop();
 
     // form1_find.cpp
     void addFind();
