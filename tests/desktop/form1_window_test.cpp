@@ -102,7 +102,6 @@ class TouchCounter : public QObject {
 TEST_F(Form1WindowTest, ASecondSyncTouchesNothing) {
     Show();
     List(kThree);
-    form1.ProgressBar1.Visible = true;
     form1.ProgressBar1.Value = 30;
     form1.Caption = "Orvik - a";
     window.sync();
@@ -123,23 +122,36 @@ TEST_F(Form1WindowTest, ARepaintShowsProgressWithoutTakingEvents) {
         &window, [&] { taken = true; }, Qt::QueuedConnection);
     TouchCounter counter;
     qApp->installEventFilter(&counter);
-    form1.ProgressBar1.Visible = true;
-    form1.ProgressBar1.Value = 42;
-    form1.StatusBar1.SetPanelText(1, "Converting: 42%");
-    desktop.repaint();
+    desktop.run([&] {
+        form1.ProgressBar1.Visible = true;
+        form1.ProgressBar1.Value = 42;
+        form1.StatusBar1.SetPanelText(1, "Converting: 42%");
+        desktop.repaint();
+        EXPECT_TRUE(Find<QProgressBar>("ProgressBar1").isVisible());
+    });
     qApp->removeEventFilter(&counter);
     EXPECT_GT(counter.touches, 0);
     EXPECT_FALSE(taken);
     EXPECT_EQ(PanelText(1), QStringLiteral("Converting: 42%"));
     EXPECT_EQ(Find<QProgressBar>("ProgressBar1").value(), 42);
-    EXPECT_TRUE(Find<QProgressBar>("ProgressBar1").isVisible());
+}
+
+TEST_F(Form1WindowTest, ACommandThatIsOverLeavesNoProgressBar) {
+    Show();
+    form1.ProgressBar1.Visible = true;
+    desktop.run([&] {
+        window.sync();
+        EXPECT_TRUE(Find<QProgressBar>("ProgressBar1").isVisible());
+    });
+    EXPECT_FALSE(Find<QProgressBar>("ProgressBar1").isVisible());
+    EXPECT_TRUE(form1.ProgressBar1.Visible);
 }
 
 TEST_F(Form1WindowTest, TheProgressBarFillsTheStatusBarBesideThePanels) {
     Show();
     form1.ProgressBar1.Visible = true;
     form1.StatusBar1.PanelSizing = AutoSize::Contents;
-    window.sync();
+    desktop.run([this] { window.sync(); });
     const auto& bar = Find<QProgressBar>("ProgressBar1");
     const auto& last = Find<QLabel>("Panel2");
     EXPECT_EQ(bar.x(), last.geometry().right() + 1 + 4);  // 60 twips

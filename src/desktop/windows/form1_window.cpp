@@ -38,7 +38,7 @@ void Form1Window::sync() {
     SyncTitle(*this, title());
     syncMenus();
     syncControls();
-    status_bar_->sync();
+    status_bar_->sync(desktop_.isRunning());
     place();
 }
 
