@@ -10,8 +10,8 @@ namespace orvik {
 namespace {
 
 // What a command is called in its menu, in its button's tool tip or on the button, less access key
-// and dots.
-//   "&Open file..."  ->  "Open file"
+// and less the dots that announce a question.
+//   "&Open file..."  ->  "Open file";  "&Convert to 4.0"  ->  "Convert to 4.0"
 std::string TitleOf(const ControlRef& control) {
     std::string title = std::visit(
         [](const auto* kind) -> std::string {
@@ -27,7 +27,11 @@ std::string TitleOf(const ControlRef& control) {
             }
         },
         control);
-    std::erase_if(title, [](char c) { return c == '&' || c == '.'; });
+    std::erase(title, '&');
+    constexpr std::string_view kAsks = "...";
+    if (title.ends_with(kAsks)) {
+        title.resize(title.size() - kAsks.size());
+    }
     return title;
 }
 

@@ -51,8 +51,8 @@ void NameProgram() {
     QCoreApplication::setApplicationVersion(QStringLiteral(ORVIK_VERSION));
 }
 
-// The book's absolute name, empty without one.
-QString ParseArguments(const QCoreApplication& app) {
+// The absolute names of the books that are to be opened.
+QStringList ParseArguments(const QCoreApplication& app) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QCoreApplication::tr("Opens, sorts, merges and converts e-mail address books."));
@@ -62,14 +62,14 @@ QString ParseArguments(const QCoreApplication& app) {
                                  QCoreApplication::tr("The address book to open."),
                                  QStringLiteral("[BOOK]"));
     parser.process(app);
-    const QStringList books = parser.positionalArguments();
-    if (books.size() > 1) {
-        parser.showHelp(1);
+    QStringList books = parser.positionalArguments();
+    for (QString& book : books) {
+        book = QFileInfo(book).absoluteFilePath();
     }
-    return books.isEmpty() ? QString() : QFileInfo(books.front()).absoluteFilePath();
+    return books;
 }
 
-int RunWindows(const QString& book) {
+int RunWindows(const QStringList& books) {
     orvik::Desktop desktop;
     orvik::QtPlatform platform(desktop);
     orvik::SystemFiles files;
@@ -90,10 +90,10 @@ int RunWindows(const QString& book) {
         desktop.run([&] {
             program.module.RunEvent([&] { program.form1.Show(orvik::Showing::Modeless); });
         });
-        if (!book.isEmpty()) {
-            platform.rememberFolderOf(book);
-            window.openBook(book);
+        if (!books.isEmpty()) {
+            platform.rememberFolderOf(books.front());
         }
+        window.openBooks(books);
     };
     // Inside the event loop, so that the program can end while it starts.
     QTimer starter;

@@ -70,7 +70,8 @@ void Form1::mnuSave_Click() {
                                        .Title = "Save As",
                                        .Filter = std::string(kSaveFilter),
                                        .Flags = kOverwritePrompt | kHideReadOnly | kLongNames,
-                                       .FileName = {}});
+                                       .FileName = {},
+                                       .EndingIsFormat = true});
     if (name.empty()) {
         return;
     }

@@ -47,7 +47,8 @@ enum DialogFlags : unsigned {
 };
 
 // A common file dialog. Filter is "Description|*.ending|Description|*.ending..."; FilterIndex is
-// the 1-based entry shown first; FileName is the name that the dialog starts with.
+// the 1-based entry shown first; FileName is the name that the dialog starts with. EndingIsFormat
+// says that the ending of the name will choose the format of the file.
 struct FileDialog {
     DialogKind Kind = DialogKind::Open;
     std::string Title;
@@ -57,6 +58,7 @@ struct FileDialog {
     std::string FileName;
     // The file will be written, though the dialog has always been of kind Open.
     bool ForOutput = false;
+    bool EndingIsFormat = false;
 };
 
 enum class Showing { Modal, Modeless };

@@ -217,7 +217,8 @@ void Form2::Command6_Click() {
     FileDialog dialog{.Kind = DialogKind::Save,
                       .Title = "Select Destination File",
                       .Filter = std::string(kDestinationFilter),
-                      .FileName = {}};
+                      .FileName = {},
+                      .EndingIsFormat = true};
     const std::string name = module_.platform.ShowFileDialog(dialog);
     if (!name.empty()) {
         Text3.SetText(WithWholeEnding(name));

@@ -330,10 +330,12 @@ TEST_F(AccessibilityTest, CancelHasTheKeysDuringAnExtraction) {
     window.activateWindow();
     auto& list = Find<QListView>("List2");
     list.setFocus();
-    form1.cmdCancel.Visible = true;
-    window.sync();
+    Extract(true);
     EXPECT_TRUE(Find<QPushButton>("cmdCancel").hasFocus());
-    form1.cmdCancel.Visible = false;
+    Extract(false);
+    EXPECT_TRUE(list.hasFocus());
+    // A list generation shows it too; there the numbers are wanted first.
+    form1.cmdCancel.Visible = true;
     window.sync();
     EXPECT_TRUE(list.hasFocus());
 }

@@ -144,6 +144,10 @@ Property ShownProperty(QObject& view, const ControlRef& control, std::string_vie
     if (const auto* const item = std::get_if<MenuItem*>(&control)) {
         return OfAction(*qobject_cast<QAction*>(&view), **item, property);
     }
+    if (std::holds_alternative<ProgressBar*>(control)) {
+        // When a command is over none is shown, whatever the form says.
+        return {};
+    }
     Property shown;
     if (const auto* const text = qobject_cast<TextBoxView*>(&view)) {
         // What lies under the lists counts as visible, but shows nothing.

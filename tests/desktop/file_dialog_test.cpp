@@ -1,23 +1,24 @@
 #include "desktop/session/file_dialog.h"
 
-#include <QApplication>
-#include <QDialogButtonBox>
+#include <QDir>
 #include <QFile>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QTimer>
+#include <filesystem>
 #include <functional>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "desktop/modal_user.h"
+#include "unit/process_limits.h"
+
 namespace orvik {
 namespace {
+
+namespace fs = std::filesystem;
+using test::ModalUser;
 
 constexpr std::string_view kFilter = "Netscape 4.x or IE|*.ldif|Juno|*.nv|All Files|*.*";
 
@@ -60,65 +61,86 @@ TEST(WithEnding, IsForNamesWithoutOne) {
     }
 }
 
+TEST(WithFormatEnding, IsForNamesThatSayNoFormat) {
+    const struct {
+        const char* Name;
+        const char* Ending;
+        const char* Expected;
+    } rows[] = {
+        {"/lists/book", ".ldif", "/lists/book.ldif"},
+        {"/lists/book.txt", ".ldif", "/lists/book.txt"},
+        {"/lists/BOOK.TXT", ".ldif", "/lists/BOOK.TXT"},
+        {"/lists/book.html", ".ldif", "/lists/book.html"},
+        {"/lists/contacts.2026", ".nv", "/lists/contacts.2026.nv"},
+        {"/lists/book.csv", ".htm", "/lists/book.csv.htm"},
+        {"/lists/.book", ".txt", "/lists/.book.txt"},
+        {"/lists/book.ldi", ".txt", "/lists/book.ldif"},
+        {"/lists/BOOK.LDI", "", "/lists/BOOK.LDIf"},
+        {"/lists/book", "", "/lists/book"},
+        // No format is written under this ending.
+        {"/lists/book", ".csv", "/lists/book"},
+        {"/lists/book.2026", ".csv", "/lists/book.2026"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(WithFormatEnding(QString::fromLatin1(row.Name), row.Ending).toStdString(),
+                  row.Expected);
+    }
+}
+
+TEST(WritableEndings, AreThoseThatChooseAFormat) {
+    EXPECT_EQ(WritableEndings(kFilter), QStringLiteral(".ldif or .nv"));
+    EXPECT_EQ(WritableEndings("A|*.txt|B|*.csv|C|*.pml|D|*.htm|E|*.*"),
+              QStringLiteral(".txt, .pml or .htm"));
+    EXPECT_EQ(WritableEndings("Text|*.txt"), QStringLiteral(".txt"));
+}
+
 TEST(OverwriteQuestion, SaysWhenEntriesAreAdded) {
-    for (const char* const name : {"a.pml", "a.NV", "/x/a.htm", "a.html", "anv"}) {
-        EXPECT_TRUE(OverwriteQuestion(QString::fromLatin1(name)).contains(u"added")) << name;
-    }
-    for (const char* const name : {"a.ldif", "a.txt", "a.csv", "a"}) {
-        EXPECT_TRUE(OverwriteQuestion(QString::fromLatin1(name)).contains(u"replace")) << name;
-    }
+    const QString name = QStringLiteral("/x/a.nv");
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Adds).contains(u"added"));
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces).contains(u"replace"));
 }
 
 class FileDialogTest : public testing::Test {
  protected:
     // What the user does with each dialog and box in turn; then the last one is given up.
     std::string Show(FileDialog& dialog, std::vector<std::function<void()>> acts) {
-        QTimer user;
-        std::size_t done = 0;
-        QObject::connect(&user, &QTimer::timeout, [&] {
-            QWidget* const modal = QApplication::activeModalWidget();
-            if (modal == nullptr) {
-                return;
-            }
-            if (done < acts.size()) {
-                acts[done++]();
-            } else {
-                modal->close();
-            }
-        });
-        user.start(0);
-        return dialogs.show(dialog, nullptr);
+        const ModalUser user(std::move(acts));
+        std::string name = dialogs.show(dialog, nullptr);
+        done = user.done();
+        return name;
     }
-    static QFileDialog& Shown() {
-        return *qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-    }
-    static void Type(const QString& name) {
-        Shown().findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
-        Shown()
-            .findChild<QDialogButtonBox*>()
-            ->button(Shown().acceptMode() == QFileDialog::AcceptSave ? QDialogButtonBox::Save
-                                                                     : QDialogButtonBox::Open)
-            ->click();
-    }
-    static void Answer(QMessageBox::StandardButton button) {
-        qobject_cast<QMessageBox*>(QApplication::activeModalWidget())->button(button)->click();
+    // The box stands over the dialog.
+    void ReadBox() {
+        said = ModalUser::box().text();
+        EXPECT_TRUE(ModalUser::box().parentWidget()->isVisible()) << "the dialog stays open";
+        ModalUser::box().close();
     }
     [[nodiscard]] QString Path(const char* name) const {
         return folder.filePath(QString::fromLatin1(name));
     }
     void Make(const char* name) const { ASSERT_TRUE(QFile(Path(name)).open(QFile::WriteOnly)); }
     [[nodiscard]] static FileDialog Saving() {
-        return {DialogKind::Save, "Save As", std::string(kFilter), kOverwritePrompt, 1, ""};
+        return {DialogKind::Save, "Save As", std::string(kFilter), kOverwritePrompt, 1, "", true};
+    }
+    // Names that will not do, each typed into a dialog that is given up then.
+    void ExpectRefused(const QString& name, const QString& why, FileDialog dialog = Saving()) {
+        said.clear();
+        EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(name); }, [&] { ReadBox(); }}), "");
+        EXPECT_EQ(said.toStdString(), why.toStdString());
+        EXPECT_EQ(done, 2U);
     }
 
     QTemporaryDir folder;
     FileDialogs dialogs;
+    std::size_t done = 0;
+    QString said;
 };
 
 TEST_F(FileDialogTest, ASavedNameGetsTheEndingOfTheFilterInUse) {
     FileDialog dialog = Saving();
     dialog.FilterIndex = 2;
-    EXPECT_EQ(Show(dialog, {[&] { Type(Path("book")); }}), Path("book.nv").toStdString());
+    EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(Path("book")); }}),
+              Path("book.nv").toStdString());
     EXPECT_EQ(dialog.FilterIndex, 2);
 }
 
@@ -131,19 +153,94 @@ TEST_F(FileDialogTest, AnExistingFileIsAskedFor) {
     Make("book.ldif");
     FileDialog dialog = Saving();
     EXPECT_EQ(Show(dialog,
-                   {[&] { Type(Path("book")); },
-                    [] { Answer(QMessageBox::No); },
-                    [&] { Type(Path("book")); },
-                    [] { Answer(QMessageBox::Yes); }}),
+                   {[&] { ModalUser::type(Path("book")); },
+                    [] { ModalUser::answer(QMessageBox::No); },
+                    [&] { ModalUser::type(Path("book")); },
+                    [] { ModalUser::answer(QMessageBox::Yes); }}),
               Path("book.ldif").toStdString());
+}
+
+TEST_F(FileDialogTest, ANameIsWholeBeforeItIsAskedFor) {
+    Make("book.ldif");
+    FileDialog dialog = Saving();
+    EXPECT_EQ(Show(dialog,
+                   {[&] { ModalUser::type(Path("book.ldi")); },
+                    [&] {
+                        said = ModalUser::box().text();
+                        ModalUser::answer(QMessageBox::No);
+                    }}),
+              "");
+    EXPECT_EQ(said, QStringLiteral("book.ldif already exists.\nDo you want to replace it?"));
+}
+
+TEST_F(FileDialogTest, TheQuestionSaysWhatWillBecomeOfTheFile) {
+    Make("book.nv");
+    for (const bool ending_is_format : {true, false}) {
+        FileDialog dialog = Saving();
+        dialog.EndingIsFormat = ending_is_format;
+        EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(Path("book.nv")); }, [&] { ReadBox(); }}),
+                  "");
+        EXPECT_EQ(said.contains(u"added"), ending_is_format) << said.toStdString();
+    }
+}
+
+TEST_F(FileDialogTest, ANameThatSaysNoFormatGetsTheEndingOfTheFilter) {
+    FileDialog dialog = Saving();
+    EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(Path("contacts.2026")); }}),
+              Path("contacts.2026.ldif").toStdString());
+    dialog.EndingIsFormat = false;
+    EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(Path("contacts.2026")); }}),
+              Path("contacts.2026").toStdString());
+}
+
+TEST_F(FileDialogTest, WithoutAFilterTheNameMustSayTheFormat) {
+    FileDialog dialog = Saving();
+    dialog.FilterIndex = 3;
+    ExpectRefused(Path("book.csv"),
+                  QStringLiteral("book.csv does not say in which format to save. The name must end "
+                                 "in .ldif or .nv."),
+                  dialog);
+    // The dialog waits for another one.
+    EXPECT_EQ(Show(dialog,
+                   {[&] { ModalUser::type(Path("book.csv")); },
+                    [&] { ReadBox(); },
+                    [&] { ModalUser::type(Path("book.nv")); }}),
+              Path("book.nv").toStdString());
+}
+
+TEST_F(FileDialogTest, AFolderThatTakesNoFileIsToldOf) {
+    ExpectRefused(Path("none/book.ldif"),
+                  QStringLiteral("There is no folder %1.").arg(Path("none")));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("book.ldif")));
+    ExpectRefused(Path("book"), QStringLiteral("%1 is a folder.").arg(Path("book.ldif")));
+
+    Make("old.ldif");
+    fs::permissions(Path("old.ldif").toStdString(), fs::perms(0666));
+    Make("locked.ldif");
+    fs::permissions(Path("locked.ldif").toStdString(), fs::perms(0444));
+    fs::permissions(folder.path().toStdString(), fs::perms(0555));
+    const test::OrdinaryUser user;
+    if (!user.Ordinary()) {
+        GTEST_SKIP() << "the superuser may write anywhere";
+    }
+    ExpectRefused(Path("new.ldif"),
+                  QStringLiteral("You may not make files in the folder %1.").arg(folder.path()));
+    ExpectRefused(Path("locked.ldif"),
+                  QStringLiteral("You may not write to %1.").arg(Path("locked.ldif")));
+    FileDialog dialog = Saving();
+    EXPECT_EQ(Show(dialog,
+                   {[&] { ModalUser::type(Path("old.ldif")); },
+                    [] { ModalUser::answer(QMessageBox::Yes); }}),
+              Path("old.ldif").toStdString());
 }
 
 TEST_F(FileDialogTest, TheNextDialogStartsInTheSameFolder) {
     Make("book.ldif");
     FileDialog dialog{DialogKind::Open, "Open", std::string(kFilter), kFileMustExist, 1, ""};
-    EXPECT_EQ(Show(dialog, {[&] { Type(Path("book.ldif")); }}), Path("book.ldif").toStdString());
+    EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(Path("book.ldif")); }}),
+              Path("book.ldif").toStdString());
     QString next;
-    Show(dialog, {[&] { next = Shown().directory().canonicalPath(); }});
+    Show(dialog, {[&] { next = ModalUser::dialog().directory().canonicalPath(); }});
     EXPECT_EQ(next, QFileInfo(folder.path()).canonicalFilePath());
 }
 
@@ -155,10 +252,11 @@ TEST_F(FileDialogTest, StartsAsItIsTold) {
     QStringList filters;
     QString filter;
     Show(dialog, {[&] {
-             title = Shown().windowTitle();
-             name = Shown().findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
-             filters = Shown().nameFilters();
-             filter = Shown().selectedNameFilter();
+             title = ModalUser::dialog().windowTitle();
+             name =
+                 ModalUser::dialog().findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
+             filters = ModalUser::dialog().nameFilters();
+             filter = ModalUser::dialog().selectedNameFilter();
          }});
     EXPECT_EQ(title, QStringLiteral("Save it"));
     EXPECT_EQ(name, QStringLiteral("kept.txt"));

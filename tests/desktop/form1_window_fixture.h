@@ -43,6 +43,12 @@ class Form1WindowTest : public CommandTest {
         desktop.run([this] { module1.RefreshLists(); });
     }
     void SwitchEditMode() { Find<QAction>("mnuEntEd").trigger(); }
+    // As an extraction shows itself while it runs.
+    void Extract(bool runs) {
+        form1.cmdCancel.Visible = runs;
+        form1.mnuFile.Enabled = !runs;
+        window.sync();
+    }
     void ClickRow(QListView& list, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::mouseClick(list.viewport(),
                           Qt::LeftButton,

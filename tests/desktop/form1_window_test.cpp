@@ -1,16 +1,11 @@
 #include "desktop/windows/form1_window.h"
 
 #include <QApplication>
-#include <QDropEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QUrl>
-#include <cstdio>
-#include <fstream>
 
 #include "desktop/form1_window_fixture.h"
 #include "desktop/session/log_out.h"
@@ -107,7 +102,6 @@ class TouchCounter : public QObject {
 TEST_F(Form1WindowTest, ASecondSyncTouchesNothing) {
     Show();
     List(kThree);
-    form1.ProgressBar1.Visible = true;
     form1.ProgressBar1.Value = 30;
     form1.Caption = "Orvik - a";
     window.sync();
@@ -128,23 +122,36 @@ TEST_F(Form1WindowTest, ARepaintShowsProgressWithoutTakingEvents) {
         &window, [&] { taken = true; }, Qt::QueuedConnection);
     TouchCounter counter;
     qApp->installEventFilter(&counter);
-    form1.ProgressBar1.Visible = true;
-    form1.ProgressBar1.Value = 42;
-    form1.StatusBar1.SetPanelText(1, "Converting: 42%");
-    desktop.repaint();
+    desktop.run([&] {
+        form1.ProgressBar1.Visible = true;
+        form1.ProgressBar1.Value = 42;
+        form1.StatusBar1.SetPanelText(1, "Converting: 42%");
+        desktop.repaint();
+        EXPECT_TRUE(Find<QProgressBar>("ProgressBar1").isVisible());
+    });
     qApp->removeEventFilter(&counter);
     EXPECT_GT(counter.touches, 0);
     EXPECT_FALSE(taken);
     EXPECT_EQ(PanelText(1), QStringLiteral("Converting: 42%"));
     EXPECT_EQ(Find<QProgressBar>("ProgressBar1").value(), 42);
-    EXPECT_TRUE(Find<QProgressBar>("ProgressBar1").isVisible());
+}
+
+TEST_F(Form1WindowTest, ACommandThatIsOverLeavesNoProgressBar) {
+    Show();
+    form1.ProgressBar1.Visible = true;
+    desktop.run([&] {
+        window.sync();
+        EXPECT_TRUE(Find<QProgressBar>("ProgressBar1").isVisible());
+    });
+    EXPECT_FALSE(Find<QProgressBar>("ProgressBar1").isVisible());
+    EXPECT_TRUE(form1.ProgressBar1.Visible);
 }
 
 TEST_F(Form1WindowTest, TheProgressBarFillsTheStatusBarBesideThePanels) {
     Show();
     form1.ProgressBar1.Visible = true;
     form1.StatusBar1.PanelSizing = AutoSize::Contents;
-    window.sync();
+    desktop.run([this] { window.sync(); });
     const auto& bar = Find<QProgressBar>("ProgressBar1");
     const auto& last = Find<QLabel>("Panel2");
     EXPECT_EQ(bar.x(), last.geometry().right() + 1 + 4);  // 60 twips
@@ -292,27 +299,35 @@ TEST_F(Form1WindowTest, AFailureIsReportedAndTheWindowGoesOn) {
     EXPECT_FALSE(desktop.hasEnded());
 }
 
-TEST_F(Form1WindowTest, ADroppedFileIsOpened) {
+TEST_F(Form1WindowTest, EscapeIsCancelDuringAnExtractionOnly) {
     Show();
-    const std::string path = testing::TempDir() + "orvik-dropped.txt";
-    std::ofstream(path) << "A1\r\nA2\r\n";
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
-    const auto drop = [&] {
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&window, &enter);
-        QDropEvent event(
-            QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier, QEvent::Drop);
-        QApplication::sendEvent(&window, &event);
-    };
-    drop();
-    EXPECT_EQ(module1.WorkText, "") << "while the other program waits";
-    Settle();
-    EXPECT_THAT(ItemsOf(form1.List1), ElementsAre("A1", "A2"));
-    // While a command runs nothing is opened.
-    drop();
-    desktop.run([] { Settle(); });
-    std::remove(path.c_str());
+    window.activateWindow();
+    Extract(true);
+    EXPECT_CALL(platform, ShowBox(_)).WillOnce(Return(Answer::Yes));
+    QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+    EXPECT_TRUE(module1.CancelRequested);
+    Extract(false);
+    form1.cmdCancel.Visible = true;
+    window.sync();
+    for (const char* const name : {"List1", "cmdCancel", "cmdEmail"}) {
+        Find<QWidget>(name).setFocus();
+        QTest::keyClick(&Find<QWidget>(name), Qt::Key_Escape);
+    }
+    EXPECT_TRUE(window.isVisible());
+}
+
+// While the extraction waits for events, only Cancel takes a key.
+TEST_F(Form1WindowTest, EscapeIsTakenAtAYield) {
+    Show();
+    window.activateWindow();
+    Extract(true);
+    EXPECT_CALL(platform, ShowBox(_)).WillOnce(Return(Answer::Yes));
+    QMetaObject::invokeMethod(
+        &window,
+        [&] { QTest::keyClick(window.windowHandle(), Qt::Key_Escape); },
+        Qt::QueuedConnection);
+    desktop.run([this] { desktop.yield(); });
+    EXPECT_TRUE(module1.CancelRequested);
 }
 
 TEST_F(Form1WindowTest, TheTitleShowsTheCaptionAsItIs) {

@@ -117,11 +117,46 @@ TEST_F(FormWindowTest, TheCloseBoxUnloadsTheForm) {
     EXPECT_FALSE(module1.form3.Loaded());
 }
 
-TEST_F(FormWindowTest, EscapeIsTheCloseBox) {
-    const auto window = Open(module1.form2);
-    EXPECT_CALL(platform, CloseForm(Ref(module1.form2)));
-    QTest::keyClick(&window->widget(module1.form2.Text1), Qt::Key_Escape);
-    EXPECT_FALSE(module1.form2.Loaded());
+TEST_F(FormWindowTest, EscapePressesCancel) {
+    const struct {
+        Form* Shown;
+        const Button* Cancel;
+    } rows[] = {{&module1.form2, &module1.form2.Command2},
+                {&module1.form3, &module1.form3.Command7},
+                {&module1.form5, &module1.form5.Command2}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Shown->Name());
+        const auto window = Open(*row.Shown);
+        auto& button = window->widget<QPushButton>(*row.Cancel);
+        int presses = 0;
+        QObject::connect(&button, &QPushButton::clicked, [&] { ++presses; });
+        EXPECT_CALL(platform, CloseForm(Ref(*row.Shown)));
+        QTest::keyClick(window->focusWidget() == nullptr ? window.get() : window->focusWidget(),
+                        Qt::Key_Escape);
+        EXPECT_EQ(presses, 1);
+        EXPECT_FALSE(row.Shown->Loaded());
+    }
+}
+
+TEST_F(FormWindowTest, EscapeInTheChooserKeepsTheOldBook) {
+    SetNative("A1\r\n-nick-\r\nAl\r\n");
+    module1.TextBeforeOpen = module1.WorkText;
+    SetAscii("dn: cn=Bo");
+    const auto window = Open(module1.form3);
+    EXPECT_CALL(platform, CloseForm(Ref(module1.form3)));
+    QTest::keyClick(&window->widget(module1.form3.Command1), Qt::Key_Escape);
+    EXPECT_EQ(module1.WorkText, module1.TextBeforeOpen);
+}
+
+// In the window that begins a list Cancel does nothing.
+TEST_F(FormWindowTest, EscapeIsTheCloseBoxWithoutAUsefulCancel) {
+    for (Form* const form :
+         {static_cast<Form*>(&module1.frm_about), static_cast<Form*>(&module1.frm_select)}) {
+        const auto window = Open(*form);
+        EXPECT_CALL(platform, CloseForm(Ref(*form)));
+        QTest::keyClick(window.get(), Qt::Key_Escape);
+        EXPECT_FALSE(form->Loaded()) << form->Name();
+    }
 }
 
 TEST_F(FormWindowTest, EnterInALineIsTheDefaultButton) {

@@ -66,13 +66,16 @@ class Environment {
 // While it lives permissions count, also for a test that the superuser runs.
 class OrdinaryUser {
  public:
-    OrdinaryUser() : old_(geteuid()) { ordinary_ = old_ != 0 || seteuid(kNobody) == 0; }
+    // Both who the process is and who it acts as, since either is asked.
+    OrdinaryUser() : old_(geteuid()) {
+        ordinary_ = old_ != 0 || setresuid(kNobody, kNobody, old_) == 0;
+    }
     OrdinaryUser(const OrdinaryUser&) = delete;
     OrdinaryUser& operator=(const OrdinaryUser&) = delete;
     OrdinaryUser(OrdinaryUser&&) = delete;
     OrdinaryUser& operator=(OrdinaryUser&&) = delete;
     ~OrdinaryUser() {
-        if (geteuid() != old_ && seteuid(old_) != 0) {
+        if (geteuid() != old_ && setresuid(old_, old_, old_) != 0) {
             std::abort();
         }
     }

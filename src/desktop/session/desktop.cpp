@@ -88,6 +88,7 @@ bool Desktop::run(const std::function<void()>& event, AtYield at_yield) {
     const bool refused = yielding_ && at_yield == AtYield::Refused;
     if (!refused) {
         ++running_;
+        ++event_;
         try {
             event();
         } catch (...) {
@@ -101,6 +102,18 @@ bool Desktop::run(const std::function<void()>& event, AtYield at_yield) {
         syncAll();
     }
     return !refused;
+}
+
+void Desktop::fileChosen(const std::string& name) const {
+    for (const Entry& entry : entries_) {
+        entry.Window->fileChosen(name);
+    }
+}
+
+void Desktop::saveFailed() const {
+    for (const Entry& entry : entries_) {
+        entry.Window->saveFailed();
+    }
 }
 
 void Desktop::syncAll() {

@@ -8,9 +8,11 @@
 
 #include <QObject>
 #include <QScopedValueRollback>
+#include <cstdint>
 #include <exception>
 #include <functional>
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -36,6 +38,9 @@ class View {
     [[nodiscard]] virtual QWidget& window() = 0;
     // The encoding of the text whose selection the running command works on, if it does so.
     [[nodiscard]] virtual std::optional<Encoding> selectionEncoding() const { return {}; }
+    // A file was chosen; what is saved under the name chosen last could not be saved.
+    virtual void fileChosen(const std::string& /*name*/) {}
+    virtual void saveFailed() {}
 };
 
 // Whether an event is also taken while a command lets pending events run.
@@ -58,6 +63,12 @@ class Desktop : public QObject {
     // event is refused: at a yield, while a window comes onto the screen, and after the end.
     bool run(const std::function<void()>& event, AtYield at_yield = AtYield::Refused);
     [[nodiscard]] bool isRunning() const { return running_ > 0; }
+    // The number of the event that began last.
+    [[nodiscard]] std::uint64_t event() const { return event_; }
+
+    // Tells every view.
+    void fileChosen(const std::string& name) const;
+    void saveFailed() const;
 
     void syncAll();
     // Shows the forms as they are now; no event is taken.
@@ -101,6 +112,7 @@ class Desktop : public QObject {
     std::vector<QObject*> accepted_at_yield_;
     std::exception_ptr end_;
     int running_ = 0;
+    std::uint64_t event_ = 0;
     bool yielding_ = false;
     bool waiting_ = false;
 };

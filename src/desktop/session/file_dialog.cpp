@@ -12,7 +12,6 @@
 #include "app/messages.h"
 #include "app/text.h"
 #include "desktop/text/text_codec.h"
-#include "formats/endings.h"
 
 namespace orvik {
 namespace {
@@ -65,13 +64,112 @@ int IndexInUse(const QStringList& filters, const QString& selected) {
     return found == filters.end() ? 1 : static_cast<int>(found - filters.begin()) + 1;
 }
 
-bool ConfirmsOverwriting(const QString& name, QWidget* parent) {
-    return QMessageBox::question(parent,
-                                 ToLetters(kTitle),
-                                 OverwriteQuestion(name),
-                                 QMessageBox::Yes | QMessageBox::No,
-                                 QMessageBox::No) == QMessageBox::Yes;
+QMessageBox::StandardButton ShowOver(QWidget* parent,
+                                     const QString& text,
+                                     QMessageBox::StandardButtons buttons) {
+    QMessageBox box(QMessageBox::NoIcon, ToLetters(kTitle), text, buttons, parent);
+    box.setTextFormat(Qt::PlainText);
+    // The help stays usable.
+    box.setWindowModality(Qt::WindowModal);
+    if (buttons.testFlag(QMessageBox::No)) {
+        box.setIcon(QMessageBox::Question);
+        box.setDefaultButton(QMessageBox::No);
+        box.setEscapeButton(QMessageBox::No);
+    }
+    return static_cast<QMessageBox::StandardButton>(box.exec());
 }
+
+Saving SavingAs(const QString& name) {
+    return SavingOf(QFile::encodeName(name).toStdString());
+}
+
+// Stays open until the name that the user chose will do.
+class NamingDialog : public QFileDialog {
+ public:
+    NamingDialog(FileDialog& dialog, const QString& folder, QWidget* parent)
+        : QFileDialog(parent, ToLetters(dialog.Title), folder),
+          dialog_(dialog),
+          filters_(NameFilters(dialog.Filter)) {
+        setWindowModality(Qt::WindowModal);
+        setAcceptMode(saves() ? AcceptSave : AcceptOpen);
+        setFileMode((dialog.Flags & kFileMustExist) != 0 ? ExistingFile : AnyFile);
+        // The overwrite prompt comes after the ending was added, so it is asked here.
+        setOption(DontConfirmOverwrite);
+        setOption(HideNameFilterDetails);
+        setNameFilters(filters_);
+        selectNameFilter(filters_.value(dialog.FilterIndex - 1, filters_.value(0)));
+        selectFile(QFile::decodeName(dialog.FileName.c_str()));
+    }
+
+    // The name, empty when the dialog was given up.
+    QString ask() {
+        // A dialog of the desktop's own cannot be kept open, but shown again.
+        while (exec() == Accepted) {
+            if (will_do_) {
+                return name_;
+            }
+        }
+        return {};
+    }
+
+ protected:
+    void done(int result) override {
+        if (result == Accepted) {
+            will_do_ = takeName();
+            if (!will_do_ && isOfQt()) {
+                return;
+            }
+        }
+        QFileDialog::done(result);
+    }
+
+ private:
+    [[nodiscard]] bool saves() const {
+        return dialog_.Kind == DialogKind::Save || dialog_.ForOutput;
+    }
+    [[nodiscard]] bool isOfQt() const { return layout() != nullptr; }
+
+    // Returns whether the name will do.
+    bool takeName() {
+        dialog_.FilterIndex = IndexInUse(filters_, selectedNameFilter());
+        name_ = selectedFiles().value(0);
+        if (!saves()) {
+            return true;
+        }
+        const std::string ending = FilterEnding(dialog_.Filter, dialog_.FilterIndex);
+        name_ =
+            dialog_.EndingIsFormat ? WithFormatEnding(name_, ending) : WithEnding(name_, ending);
+        QWidget* const over = isOfQt() ? this : parentWidget();
+        if (const QString problem = whyNot(); !problem.isEmpty()) {
+            ShowOver(over, problem, QMessageBox::Ok);
+            return false;
+        }
+        const bool prompts = (dialog_.Flags & kOverwritePrompt) != 0;
+        if (!prompts || !QFileInfo::exists(name_)) {
+            return true;
+        }
+        const Saving way = dialog_.EndingIsFormat ? SavingAs(name_) : Saving::Replaces;
+        if (ShowOver(over, OverwriteQuestion(name_, way), QMessageBox::Yes | QMessageBox::No) ==
+            QMessageBox::Yes) {
+            return true;
+        }
+        selectFile(name_);
+        return false;
+    }
+
+    [[nodiscard]] QString whyNot() const {
+        if (dialog_.EndingIsFormat && SavingAs(name_) == Saving::Never) {
+            return QObject::tr("%1 does not say in which format to save. The name must end in %2.")
+                .arg(QFileInfo(name_).fileName(), WritableEndings(dialog_.Filter));
+        }
+        return WhyNoFile(name_);
+    }
+
+    FileDialog& dialog_;
+    QStringList filters_;
+    QString name_;
+    bool will_do_ = false;
+};
 
 }  // namespace
 
@@ -97,14 +195,57 @@ QString WithEnding(const QString& name, std::string_view ending) {
     return QFileInfo(name).fileName().contains(u'.') ? name : name + ToLetters(ending);
 }
 
-QString OverwriteQuestion(const QString& name) {
-    const bool adds = SavingOf(QFile::encodeName(name).toStdString()) == Saving::Adds;
+QString WithFormatEnding(const QString& name, std::string_view ending) {
+    const bool helps = SavingOf(ending) != Saving::Never;
+    const QString typed = helps ? WithEnding(name, ending) : name;
+    const QString whole =
+        QFile::decodeName(WithWholeEnding(QFile::encodeName(typed).toStdString()).c_str());
+    return helps && SavingAs(whole) == Saving::Never ? whole + ToLetters(ending) : whole;
+}
+
+QString WritableEndings(std::string_view filter) {
+    QStringList endings;
+    const int count = static_cast<int>(ParseFilter(filter).size());
+    for (int i = 1; i <= count; ++i) {
+        const std::string ending = FilterEnding(filter, i);
+        if (SavingOf(ending) != Saving::Never) {
+            endings.append(ToLetters(ending));
+        }
+    }
+    if (endings.size() < 2) {
+        return endings.join(QString());
+    }
+    const QString last = endings.takeLast();
+    return QObject::tr("%1 or %2").arg(endings.join(QStringLiteral(", ")), last);
+}
+
+QString WhyNoFile(const QString& name) {
+    const QFileInfo file(name);
+    const QFileInfo folder(file.absolutePath());
+    if (!folder.isDir()) {
+        return QObject::tr("There is no folder %1.").arg(folder.filePath());
+    }
+    if (file.isDir()) {
+        return QObject::tr("%1 is a folder.").arg(name);
+    }
+    if (file.exists() && !file.isWritable()) {
+        return QObject::tr("You may not write to %1.").arg(name);
+    }
+    // Into a file that is there a book can be written in any folder.
+    if (!file.exists() && !folder.isWritable()) {
+        return QObject::tr("You may not make files in the folder %1.").arg(folder.filePath());
+    }
+    return {};
+}
+
+QString OverwriteQuestion(const QString& name, Saving way) {
     const QString file = QFileInfo(name).fileName();
-    return adds ? QObject::tr(
-                      "%1 already exists. The entries will be added to it, not put in "
-                      "place of those it has.\nDo you want to add them?")
-                      .arg(file)
-                : QObject::tr("%1 already exists.\nDo you want to replace it?").arg(file);
+    return way == Saving::Adds
+               ? QObject::tr(
+                     "%1 already exists. The entries will be added to it, not put in "
+                     "place of those it has.\nDo you want to add them?")
+                     .arg(file)
+               : QObject::tr("%1 already exists.\nDo you want to replace it?").arg(file);
 }
 
 void FileDialogs::rememberFolderOf(const QString& name) {
@@ -112,33 +253,11 @@ void FileDialogs::rememberFolderOf(const QString& name) {
 }
 
 std::string FileDialogs::show(FileDialog& dialog, QWidget* parent) {
-    const bool saving = dialog.Kind == DialogKind::Save || dialog.ForOutput;
-    const QStringList filters = NameFilters(dialog.Filter);
-    QFileDialog shown(parent, ToLetters(dialog.Title), folder_);
-    shown.setWindowModality(Qt::WindowModal);
-    shown.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    shown.setFileMode((dialog.Flags & kFileMustExist) != 0 ? QFileDialog::ExistingFile
-                                                           : QFileDialog::AnyFile);
-    // The overwrite prompt comes after the ending was added, so it is asked here.
-    shown.setOption(QFileDialog::DontConfirmOverwrite);
-    shown.setOption(QFileDialog::HideNameFilterDetails);
-    shown.setNameFilters(filters);
-    shown.selectNameFilter(filters.value(dialog.FilterIndex - 1, filters.value(0)));
-    shown.selectFile(QFile::decodeName(dialog.FileName.c_str()));
-    while (shown.exec() == QDialog::Accepted) {
-        dialog.FilterIndex = IndexInUse(filters, shown.selectedNameFilter());
-        QString name = shown.selectedFiles().value(0);
-        if (saving) {
-            name = WithEnding(name, FilterEnding(dialog.Filter, dialog.FilterIndex));
-        }
-        const bool prompts = saving && (dialog.Flags & kOverwritePrompt) != 0;
-        if (!prompts || !QFileInfo::exists(name) || ConfirmsOverwriting(name, parent)) {
-            rememberFolderOf(name);
-            return QFile::encodeName(name).toStdString();
-        }
-        shown.selectFile(name);
+    const QString name = NamingDialog(dialog, folder_, parent).ask();
+    if (!name.isEmpty()) {
+        rememberFolderOf(name);
     }
-    return {};
+    return QFile::encodeName(name).toStdString();
 }
 
 }  // namespace orvik

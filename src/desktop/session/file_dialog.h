@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "formats/endings.h"
 #include "platform/platform.h"
 
 class QWidget;
@@ -25,9 +26,20 @@ namespace orvik {
 //   "lists/book", ".txt" -> "lists/book.txt"
 [[nodiscard]] QString WithEnding(const QString& name, std::string_view ending);
 
-// OverwriteQuestion: what the user is asked before a file that exists is saved to. Some formats are
-// appended to.
-[[nodiscard]] QString OverwriteQuestion(const QString& name);
+// WithFormatEnding: the same where the ending chooses the format: one that chooses none is part of
+// the name, and one that was cut short is made whole.
+//   "book.2026", ".ldif" -> "book.2026.ldif";  "book.ldi", ".txt" -> "book.ldif"
+[[nodiscard]] QString WithFormatEnding(const QString& name, std::string_view ending);
+
+// WritableEndings: those of a filter's endings that choose a format, as they are told to the user.
+//   "Text|*.txt|Juno|*.nv|Columns|*.csv|Pegasus|*.pml" -> ".txt, .nv or .pml"
+[[nodiscard]] QString WritableEndings(std::string_view filter);
+
+// WhyNoFile: why no file can be saved under a name, empty where one can.
+[[nodiscard]] QString WhyNoFile(const QString& name);
+
+// OverwriteQuestion: what the user is asked before a file that exists is saved to.
+[[nodiscard]] QString OverwriteQuestion(const QString& name, Saving way);
 
 class FileDialogs {
  public:

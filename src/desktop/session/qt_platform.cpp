@@ -1,5 +1,7 @@
 #include "desktop/session/qt_platform.h"
 
+#include <sys/stat.h>
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -72,10 +74,11 @@ QtPlatform::QtPlatform(Desktop& desktop)
       settings_(SettingsStore::UserFile(), [this](const std::string& problem) { tell(problem); }) {}
 
 Answer QtPlatform::ShowBox(const MessageBox& box) {
+    const std::string text = box.Cause ? box.Text + nameOfUnsaved() : box.Text;
     return desktop_.nested([&] {
         QMessageBox shown(box.Sign == Icon::Question ? QMessageBox::Question : QMessageBox::NoIcon,
                           ShownText(box.Title),
-                          ShownText(box.Text),
+                          ShownText(text),
                           ButtonsOf(box.Choice),
                           desktop_.frontWindow());
         shown.setTextFormat(Qt::PlainText);
@@ -86,7 +89,16 @@ Answer QtPlatform::ShowBox(const MessageBox& box) {
 }
 
 std::string QtPlatform::ShowFileDialog(FileDialog& dialog) {
-    return desktop_.nested([&] { return dialogs_.show(dialog, desktop_.frontWindow()); });
+    std::string name =
+        desktop_.nested([&] { return dialogs_.show(dialog, desktop_.frontWindow()); });
+    if (!name.empty()) {
+        target_.reset();
+        if (dialog.Kind == DialogKind::Save) {
+            target_ = {name, markOf(name), desktop_.event()};
+        }
+        desktop_.fileChosen(name);
+    }
+    return name;
 }
 
 bool QtPlatform::MayExport(const std::string& from, const std::string& to) {
@@ -174,9 +186,25 @@ void QtPlatform::CloseForm(Form& form) {
 
 void QtPlatform::ReportFailure(const RunTimeError& failure) {
     ShowBox({.Text = "Run-time error '" + std::to_string(failure.Number()) + "':\r\n\r\n" +
-                     failure.what(),
+                     failure.what() + nameOfUnsaved(),
              .Title = std::string(kTitle),
              .Cause = failure.Cause()});
+}
+
+QtPlatform::FileMark QtPlatform::markOf(const std::string& name) {
+    struct stat status {};
+    return stat(name.c_str(), &status) == 0 ? FileMark{status.st_ino, status.st_size} : FileMark{};
+}
+
+std::string QtPlatform::nameOfUnsaved() {
+    if (!target_ || target_->Event != desktop_.event() ||
+        !(markOf(target_->Name) == target_->Before)) {
+        return {};
+    }
+    const QString name = QFile::decodeName(target_->Name.c_str());
+    target_.reset();
+    desktop_.saveFailed();
+    return "\r\n\r\n" + QObject::tr("%1 was not saved.").arg(name).toStdString();
 }
 
 std::string QtPlatform::ProgramFolder() {

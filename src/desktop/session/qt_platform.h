@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -49,9 +51,29 @@ class QtPlatform : public Platform {
     void rememberFolderOf(const QString& name) { dialogs_.rememberFolderOf(name); }
 
  private:
+    // What tells whether a file was written since: a new one takes the place of the old, or the old
+    // one grows.
+    struct FileMark {
+        std::uint64_t Inode = 0;
+        std::int64_t Size = -1;  // of a file that is not there
+
+        bool operator==(const FileMark&) const = default;
+    };
+    // The file that the event of this number is saving to.
+    struct Target {
+        std::string Name;
+        FileMark Before;
+        std::uint64_t Event;
+    };
+    [[nodiscard]] static FileMark markOf(const std::string& name);
+
     void tell(const std::string& text);
+    // What a box about a failure says besides: the name of the file, if saving to it has failed.
+    // The views are told.
+    std::string nameOfUnsaved();
 
     Desktop& desktop_;
+    std::optional<Target> target_;
     FileDialogs dialogs_;
     SettingsStore settings_;
     HelpViewer help_;

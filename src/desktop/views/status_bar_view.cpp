@@ -39,10 +39,10 @@ StatusBarView::StatusBarView(const StatusBar& bar, const ProgressBar& progress, 
     progress_bar_->setRange(0, 100);
     progress_bar_->setTextVisible(false);
     progress_bar_->hide();
-    sync();
+    sync(false);
 }
 
-void StatusBarView::sync() {
+void StatusBarView::sync(bool running) {
     bool changed = false;
     for (std::size_t i = 0; i < panels_.size(); ++i) {
         const QString text = ToLetters(bar_.Panels(i + 1).Text);
@@ -55,8 +55,9 @@ void StatusBarView::sync() {
         sizing_ = bar_.PanelSizing;
         changed = true;
     }
-    if (progress_bar_->isVisibleTo(this) != progress_.Visible) {
-        progress_bar_->setVisible(progress_.Visible);
+    const bool visible = progress_.Visible && running;
+    if (progress_bar_->isVisibleTo(this) != visible) {
+        progress_bar_->setVisible(visible);
         changed = true;
     }
     // QProgressBar leaves an equal value alone.

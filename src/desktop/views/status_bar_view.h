@@ -18,8 +18,9 @@ class StatusBarView : public QStatusBar {
     // The controls must outlive the view.
     StatusBarView(const StatusBar& bar, const ProgressBar& progress, QWidget* parent);
 
-    // Makes the widgets equal to the form.
-    void sync();
+    // Makes the widgets equal to the form. A command that ended early leaves its progress bar
+    // visible; it is shown only while a command runs.
+    void sync(bool running);
 
  protected:
     void resizeEvent(QResizeEvent* event) override;

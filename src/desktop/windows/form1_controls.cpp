@@ -1,5 +1,6 @@
 // The main window's controls inside its frame.
 
+#include <QKeyEvent>
 #include <QPushButton>
 #include <string>
 
@@ -70,6 +71,7 @@ void Form1Window::addButton(std::string_view name, AtYield at_yield) {
     });
     if (at_yield == AtYield::Taken) {
         desktop_.acceptAtYield(*view);
+        view->installEventFilter(this);
     }
     buttons_.emplace_back(&button, view);
 }
@@ -94,20 +96,33 @@ void Form1Window::syncControls() {
     }
 }
 
-// During an extraction no other control takes a key, Tab included, so Cancel has the focus then. In
-// a list generation it does not: there the numbers are wanted first.
+// A list generation shows Cancel too, but leaves the menus as they are.
+bool Form1Window::isExtracting() const {
+    return form_.cmdCancel.Visible && !form_.mnuFile.Enabled;
+}
+
+// During an extraction no other control takes a key, Tab included, so Cancel has the focus then.
 void Form1Window::focusCancel() {
-    const bool alone = form_.cmdCancel.Visible && !form_.cmdDone.Visible;
-    if (alone == cancel_has_keys_) {
+    const bool extracting = isExtracting();
+    if (extracting == cancel_has_keys_) {
         return;
     }
-    cancel_has_keys_ = alone;
-    if (alone) {
+    cancel_has_keys_ = extracting;
+    if (extracting) {
         before_cancel_ = focusWidget();
         findChild<QWidget*>(QStringLiteral("cmdCancel"))->setFocus();
     } else if (before_cancel_ != nullptr && before_cancel_->isVisible()) {
         before_cancel_->setFocus();
     }
+}
+
+bool Form1Window::eventFilter(QObject* receiver, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && isExtracting() &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        qobject_cast<QPushButton*>(receiver)->click();
+        return true;
+    }
+    return QMainWindow::eventFilter(receiver, event);
 }
 
 }  // namespace orvik

@@ -1,25 +1,12 @@
 #include "desktop/windows/form1_window.h"
 
 #include <QCloseEvent>
-#include <QDropEvent>
-#include <QFile>
-#include <QMimeData>
-#include <QUrl>
 
 #include "desktop/text/text_box_view.h"
 #include "desktop/views/control_views.h"
 #include "desktop/views/status_bar_view.h"
 
 namespace orvik {
-namespace {
-
-// The one file that a drag carries, empty if it carries anything else.
-QString DraggedFile(const QMimeData& data) {
-    const QList<QUrl> urls = data.urls();
-    return urls.size() == 1 ? urls.front().toLocalFile() : QString();
-}
-
-}  // namespace
 
 Form1Window::Form1Window(Module1& module, Desktop& desktop)
     : form_(module.form1),
@@ -27,7 +14,6 @@ Form1Window::Form1Window(Module1& module, Desktop& desktop)
       module_(module),
       events_(module, module.form1, desktop) {
     setObjectName(QStringLiteral("Form1"));
-    setAcceptDrops(true);
     setCentralWidget(new QWidget(this));
     addMenus();
     addFind();
@@ -38,12 +24,7 @@ Form1Window::Form1Window(Module1& module, Desktop& desktop)
     status_bar_->setObjectName(QStringLiteral("StatusBar1"));
     status_bar_->setAccessibleName(tr("Status bar"));
     setStatusBar(status_bar_);
-    drop_is_over_.setSingleShot(true);
-    connect(&drop_is_over_, &QTimer::timeout, this, [this] {
-        if (!desktop_.isRunning()) {
-            openBook(dropped_file_);
-        }
-    });
+    addDrop();
     desktop_.add(form_, *this);
     resize(startSize());
     Form1Window::sync();
@@ -54,10 +35,10 @@ Form1Window::~Form1Window() {
 }
 
 void Form1Window::sync() {
-    SyncTitle(*this, form_.Caption);
+    SyncTitle(*this, title());
     syncMenus();
     syncControls();
-    status_bar_->sync();
+    status_bar_->sync(desktop_.isRunning());
     place();
 }
 
@@ -65,11 +46,21 @@ std::optional<Encoding> Form1Window::selectionEncoding() const {
     return on_selection_ ? std::optional(text1_->encoding()) : std::nullopt;
 }
 
-void Form1Window::openBook(const QString& name) {
-    events_.run([&] {
-        module_.history.Run(Form::CommandOf(form_.ControlNamed("mnuOpen")).Title,
-                            [&] { form_.OpenBook(QFile::encodeName(name).toStdString()); });
-    });
+const std::string& Form1Window::title() const {
+    return form_.Caption == failed_caption_ ? title_kept_ : form_.Caption;
+}
+
+void Form1Window::fileChosen(const std::string& name) {
+    title_before_ = title();
+    // The book under this name is about to be another one.
+    if (failed_caption_.ends_with(name)) {
+        failed_caption_.clear();
+    }
+}
+
+void Form1Window::saveFailed() {
+    failed_caption_ = form_.Caption;
+    title_kept_ = title_before_;
 }
 
 bool Form1Window::endForLogOut() {
@@ -86,19 +77,6 @@ void Form1Window::keyReleaseEvent(QKeyEvent* event) {
     if (!events_.releaseKey(*event)) {
         QMainWindow::keyReleaseEvent(event);
     }
-}
-
-void Form1Window::dragEnterEvent(QDragEnterEvent* event) {
-    if (!desktop_.isRunning() && !DraggedFile(*event->mimeData()).isEmpty()) {
-        event->acceptProposedAction();
-    }
-}
-
-void Form1Window::dropEvent(QDropEvent* event) {
-    event->acceptProposedAction();
-    // The other program waits until the drop is over, and opening may ask a question.
-    dropped_file_ = DraggedFile(*event->mimeData());
-    drop_is_over_.start(0);
 }
 
 }  // namespace orvik

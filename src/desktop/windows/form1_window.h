@@ -5,8 +5,10 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 #include <QTimer>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -40,9 +42,12 @@ class Form1Window : public QMainWindow, public View {
     void sync() override;
     [[nodiscard]] QWidget& window() override { return *this; }
     [[nodiscard]] std::optional<Encoding> selectionEncoding() const override;
+    void fileChosen(const std::string& name) override;
+    void saveFailed() override;
 
-    // Opens a file as if it had been dropped on the window.
-    void openBook(const QString& name);
+    // Opens a file that was named on the command line or dropped on the window. A name that cannot
+    // be opened, and more than one, is told of, and the open book stays.
+    void openBooks(const QStringList& names);
 
     // The session ends: asks as closing does. Returns whether the program has ended.
     bool endForLogOut();
@@ -54,8 +59,14 @@ class Form1Window : public QMainWindow, public View {
     void keyReleaseEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    // Escape presses Cancel while an extraction runs, when Cancel has the keys.
+    bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
+    // The form's caption; after a save that failed the book keeps the title that it had.
+    [[nodiscard]] const std::string& title() const;
+    void openBook(const QString& name);
+
     // form1_menu.cpp
     void addMenus();
     QAction* addCommand(QMenu& menu, const NamedControl& row);
@@ -71,6 +82,10 @@ class Form1Window : public QMainWindow, public View {
     void addButton(std::string_view name, AtYield at_yield);
     void syncControls();
     void focusCancel();
+    [[nodiscard]] bool isExtracting() const;
+
+    // form1_drop.cpp
+    void addDrop();
 
     // form1_find.cpp
     void addFind();
@@ -100,6 +115,9 @@ class Form1Window : public QMainWindow, public View {
     StatusBarView* status_bar_ = nullptr;
     FindBar* find_bar_ = nullptr;
     QPointer<QWidget> before_find_;  // what had the focus
+    std::string title_before_;       // before a file was chosen
+    std::string failed_caption_;     // instead of this one title_kept_ is shown
+    std::string title_kept_;
     bool on_selection_ = false;
     bool cancel_has_keys_ = false;
     QPointer<QWidget> before_cancel_;  // what had the focus

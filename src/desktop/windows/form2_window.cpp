@@ -36,6 +36,7 @@ Form2Window::Form2Window(Module1& module, Desktop& desktop, QWidget* owner)
     }
     column->addLayout(buttons);
     setDefaultButton(form_.Command1);
+    setCancelButton(form_.Command2);
 }
 
 void Form2Window::showEvent(QShowEvent* event) {

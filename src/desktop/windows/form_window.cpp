@@ -79,6 +79,10 @@ void FormWindow::setDefaultButton(const Button& button) {
     default_button_->setDefault(true);
 }
 
+void FormWindow::setCancelButton(const Button& button) {
+    cancel_button_ = &widget<QPushButton>(button);
+}
+
 void FormWindow::setReadOnly(const TextBox& box) {
     for (Text& text : texts_) {
         if (text.Shown == find(box)) {
@@ -111,7 +115,11 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
     if (clickable_ && (enter || key == Qt::Key_Escape || key == Qt::Key_Space)) {
         click();
     } else if (key == Qt::Key_Escape) {
-        close();
+        if (cancel_button_ != nullptr) {
+            cancel_button_->click();
+        } else {
+            close();
+        }
     } else if (enter) {
         if (default_button_ != nullptr && default_button_->isVisible()) {
             default_button_->click();

@@ -46,8 +46,10 @@ class FormWindow : public QWidget, public View {
         return *qobject_cast<Kind*>(find(control));
     }
 
-    // The button that Enter presses.
+    // The button that Enter presses, and the one that Escape presses; without one Escape is the
+    // close box.
     void setDefaultButton(const Button& button);
+    void setCancelButton(const Button& button);
     void setReadOnly(const TextBox& box);
     // Runs whenever the widgets are made equal to the form: for what is shown and is no control.
     void addSync(const std::function<void()>& sync);
@@ -100,6 +102,7 @@ class FormWindow : public QWidget, public View {
     std::vector<std::pair<const OptionButton*, QAbstractButton*>> options_;
     QLabel* label_ = nullptr;  // while controls are added: the last label, if it names none yet
     QPushButton* default_button_ = nullptr;
+    QPushButton* cancel_button_ = nullptr;
     bool clickable_ = false;
     int unused_key_ = 0;  // the key that is down and that no control has a use for
 };

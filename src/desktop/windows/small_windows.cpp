@@ -52,6 +52,7 @@ Window MakeForm3(Module1& module, Desktop& desktop, QWidget* owner) {
     }
     column->addStretch();
     AddRow(*column, *window, {&form.Command9, &form.Command8, &form.Command7});
+    window->setCancelButton(form.Command7);
     return window;
 }
 
@@ -100,6 +101,7 @@ Window MakeForm5(Module1& module, Desktop& desktop, QWidget* owner) {
     column->addStretch();
     AddRow(*column, *window, {&form.Command1, &form.Command2});
     window->setDefaultButton(form.Command1);
+    window->setCancelButton(form.Command2);
     return window;
 }
 
@@ -145,6 +147,7 @@ Window MakeSelect(Module1& module, Desktop& desktop, QWidget* owner) {
     column->addWidget(&window->widget(form.Text1), 1);
     AddRow(*column, *window, {&form.Command1, &form.Command2, &form.Command3});
     window->setReadOnly(form.Text1);
+    // Its button Cancel does nothing, so Escape is the close box.
     window->setDefaultButton(form.Command1);
     return window;
 }

@@ -92,5 +92,22 @@ TEST_F(FormTest, FormThatIsNotLoaded_IsNotUnloaded) {
     EXPECT_FALSE(form_.Loaded());
 }
 
+TEST_F(FormTest, CommandTitle_LosesAccessKeyAndLastDots) {
+    const struct {
+        const char* Control;
+        const char* Expected;
+    } rows[] = {
+        {"mnuOpen", "Open file"},
+        {"mnuConvert", "Convert from text to Netscape 4.0"},
+        {"mnuClearPasteNet3", "Clear and Paste Netscape 3.x format"},
+        {"cmdEmail", "Sort by E-Mail Address"},
+        {"cmdDone", "Done"},
+        {"List1", ""},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(Form::CommandOf(form1.ControlNamed(row.Control)).Title, row.Expected);
+    }
+}
+
 }  // namespace
 }  // namespace orvik
