@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QStatusBar>
+#include <QString>
 #include <array>
 
 #include "app/controls.h"
@@ -21,6 +22,9 @@ class StatusBarView : public QStatusBar {
     // Makes the widgets equal to the form.
     void sync();
 
+    // Says this, if anything, in the tool tip of the second panel below what stands there anyway.
+    void setNote(const QString& note);
+
  protected:
     void resizeEvent(QResizeEvent* event) override;
 
@@ -31,6 +35,7 @@ class StatusBarView : public QStatusBar {
     const ProgressBar& progress_;
     std::array<QLabel*, 2> panels_;
     QProgressBar* progress_bar_;
+    QString note_;
     AutoSize sizing_ = AutoSize::Contents;
 };
 

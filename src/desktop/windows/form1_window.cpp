@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include "desktop/text/text_box_view.h"
+#include "desktop/text/text_codec.h"
 #include "desktop/views/control_views.h"
 #include "desktop/views/status_bar_view.h"
 
@@ -58,6 +59,7 @@ void Form1Window::sync() {
     syncMenus();
     syncControls();
     status_bar_->sync();
+    status_bar_->setNote(ToLetters(module_.Note.Text()));
     place();
 }
 
