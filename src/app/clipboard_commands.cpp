@@ -68,6 +68,7 @@ void Form1::mnuClear_Click() {
         return;
     }
     Text1.SetText("");
+    module_.Note = {};
     Caption = kTitle;
 }
 
@@ -90,6 +91,7 @@ void Form1::mnuClearPaste_Click() {
     if (!BeginPaste(pasted)) {
         return;
     }
+    module_.NoteReading(pasted, {});
     module_.WorkText = std::move(pasted);
     module_.TextMode = mode::kAscii;
     ShowTextIfShort();

@@ -15,6 +15,7 @@
 #include "app/form.h"
 #include "app/form1.h"
 #include "app/messages.h"
+#include "app/reading_note.h"
 #include "app/undo.h"
 #include "platform/file_system.h"
 #include "platform/platform.h"
@@ -114,6 +115,10 @@ class Module1 : public Windows {
     // What Open restores when a file is refused.
     std::string OldCaption;
     std::string TextBeforeOpen;
+    ReadingNote NoteBeforeOpen;
+
+    // Of what was read into the book: the windows show it, and no command depends on it.
+    ReadingNote Note;
 
     // From the settings.
     std::string PimSep;
@@ -151,6 +156,9 @@ class Module1 : public Windows {
     // soon.
     void ReadCsv();
     void ReadWordPerfect();
+
+    // NoteReading: begins the note of a book that is read from a text.
+    void NoteReading(std::string_view text, const Unread& left_out);
 
     // The loaders: each turns the file contents in WorkText into the working text, or refuses it.
     void OpenNetscape3();

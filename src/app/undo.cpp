@@ -66,6 +66,7 @@ UndoHistory::State UndoHistory::Capture(std::string_view title) const {
         .WorkText = module_.WorkText,
         .TextMode = module_.TextMode,
         .Caption = form.Caption,
+        .Note = module_.Note,
         .Text1 = form.Text1.Text(),
         .List1 = capture(form.List1),
         .List2 = capture(form.List2),
@@ -84,6 +85,7 @@ void UndoHistory::Restore(State&& state) {
     module_.WorkText = std::move(state.WorkText);
     module_.TextMode = std::move(state.TextMode);
     module_.ItemCount = state.ItemCount;
+    module_.Note = state.Note;
     form.Caption = std::move(state.Caption);
     form.Text1.Restore(std::move(state.Text1));
     restore(form.List1, std::move(state.List1));

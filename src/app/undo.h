@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/controls.h"
+#include "app/reading_note.h"
 
 namespace orvik {
 
@@ -49,6 +50,7 @@ class UndoHistory {
         std::string WorkText;
         std::string TextMode;
         std::string Caption;
+        ReadingNote Note;
         std::string Text1;
         List List1;
         List List2;

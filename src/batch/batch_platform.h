@@ -32,6 +32,8 @@ class BatchPlatform : public Platform {
                    std::string_view file,
                    std::function<std::string()> how_far);
 
+    // A line that -q leaves out.
+    void Note(std::string_view text);
     // A problem that the user must know of; the first one gives the exit status.
     void Fail(std::string_view text, Status status = Status::Problem);
     // A run-time failure of a step that was reading or writing a file.
@@ -65,9 +67,6 @@ class BatchPlatform : public Platform {
     [[noreturn]] void End() override { throw ProgramEnded(); }
 
  private:
-    // A line that -q leaves out.
-    void Note(std::string_view text);
-
     const Arguments& arguments_;
     Messenger& messenger_;
     SettingsStore& store_;

@@ -1,6 +1,7 @@
 #include "batch/run_steps.h"
 
 #include <string>
+#include <utility>
 
 #include "app/run_time_error.h"
 #include "batch/batch_platform.h"
@@ -53,6 +54,7 @@ class Runner {
                 RunAutomation();
                 break;
         }
+        TellNote();
     }
 
     [[nodiscard]] Status Result() const { return platform_.Result(); }
@@ -133,6 +135,14 @@ class Runner {
                                     {});
                 return saves;
             });
+    }
+
+    // What was read by this step; the next one tells its own.
+    void TellNote() {
+        const std::string text = std::exchange(module_.Note, {}).Text();
+        if (!text.empty()) {
+            platform_.Note(text);
+        }
     }
 
     [[nodiscard]] std::string Panel() const { return module_.form1.StatusBar1.Panels(1).Text; }

@@ -58,6 +58,7 @@ bool ExtractAddresses(Module1& module,
                       Icon icon) {
     module.CancelRequested = false;
     module.WorkText.clear();
+    module.Note = {};
     module.File1.OpenForInput(name);
     module.AddressCount = 0;
     const std::size_t length = module.File1.Length();

@@ -95,6 +95,7 @@ void Form3::Command10_Click() {
 void Form3::Command7_Click() {
     closed_by_button_ = true;
     module_.WorkText = module_.TextBeforeOpen;
+    module_.Note = module_.NoteBeforeOpen;
     Unload();
 }
 

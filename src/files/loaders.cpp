@@ -7,6 +7,8 @@
 #include "app/run_time_error.h"
 #include "files/form3.h"
 #include "files/list_filters.h"
+#include "files/something_else.h"
+#include "formats/unread.h"
 
 namespace orvik {
 namespace {
@@ -17,6 +19,7 @@ Answer AskForType(Module1& module) {
 
 // How the loaders of the formats refuse a file. The user who is choosing already chooses again.
 void RefuseFormat(Module1& module, const std::string& raw) {
+    module.Note.LeftOut = {};
     if (module.form3.Visible()) {
         module.Tell("This file is not recognizable. Please select another format", "Error");
         return;
@@ -40,7 +43,8 @@ void RefuseList(Module1& module) {
 }
 
 // What the loaders of lists do first. Returns whether there is a list to load.
-bool BeginList(Module1& module) {
+bool BeginList(Module1& module, Format format) {
+    module.NoteReading(module.WorkText, CountUnread(format, module.WorkText));
     if (module.OpenMode == kAskForTextFiles) {
         module.ChooseFormat(Showing::Modeless);
         return false;
@@ -58,8 +62,9 @@ bool BeginList(Module1& module) {
 }
 
 // Runs a reader of columns. Returns whether there is a book now.
-bool OpenColumns(Module1& module, void (Module1::*reader)()) {
+bool OpenColumns(Module1& module, Format format, void (Module1::*reader)()) {
     const std::string raw = module.WorkText;
+    module.NoteReading(raw, CountUnread(format, raw));
     if (!raw.empty()) {
         (module.*reader)();
     }
@@ -72,7 +77,16 @@ bool OpenColumns(Module1& module, void (Module1::*reader)()) {
 
 }  // namespace
 
+void Module1::NoteReading(std::string_view text, const Unread& left_out) {
+    Note = {left_out, PlainlySomethingElse(text)};
+    if (!Note.LooksLike.empty()) {
+        // What a reader finds in such a text are no attributes.
+        Note.LeftOut = {};
+    }
+}
+
 void Module1::OpenNetscape3() {
+    NoteReading(WorkText, CountUnread(Format::Netscape3, WorkText));
     if (WorkText.empty()) {
         RefuseFormat(*this, WorkText);
         return;
@@ -93,6 +107,7 @@ void Module1::OpenNetscape3() {
 }
 
 void Module1::OpenNetscape4() {
+    NoteReading(WorkText, CountUnread(Format::Netscape4, WorkText));
     if (WorkText.empty()) {
         RefuseFormat(*this, WorkText);
         return;
@@ -108,7 +123,7 @@ void Module1::OpenNetscape4() {
 }
 
 void Module1::OpenTextList() {
-    if (!BeginList(*this)) {
+    if (!BeginList(*this, Format::TextList)) {
         return;
     }
     if (!EditMode) {
@@ -118,7 +133,7 @@ void Module1::OpenTextList() {
 }
 
 void Module1::OpenPegasus() {
-    if (!BeginList(*this)) {
+    if (!BeginList(*this, Format::Pegasus)) {
         return;
     }
     WorkText = FilterPegasus(WorkText);
@@ -136,16 +151,17 @@ void Module1::OpenPegasus() {
 }
 
 void Module1::OpenCsv() {
-    OpenColumns(*this, &Module1::ReadCsv);
+    OpenColumns(*this, Format::Csv, &Module1::ReadCsv);
 }
 
 void Module1::OpenWordPerfect() {
-    if (OpenColumns(*this, &Module1::ReadWordPerfect) && !EditMode) {
+    if (OpenColumns(*this, Format::WordPerfect, &Module1::ReadWordPerfect) && !EditMode) {
         RefreshLists();
     }
 }
 
 void Module1::OpenJuno() {
+    NoteReading(WorkText, CountUnread(Format::Juno, WorkText));
     if (WorkText.empty()) {
         RefuseFormat(*this, WorkText);
         return;
@@ -162,6 +178,7 @@ void Module1::OpenJuno() {
 }
 
 void Module1::OpenAliasFile() {
+    NoteReading(WorkText, CountUnreadOfAliases(WorkText));
     WorkText = FilterAliases(WorkText);
 }
 

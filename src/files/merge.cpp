@@ -43,6 +43,7 @@ std::string ThroughLdif(Module1& module, std::string text) {
 
 void Form1::mnuMerge_Click() {
     module_.TextBeforeOpen = module_.WorkText;
+    module_.NoteBeforeOpen = module_.Note;
     module_.JustStarted = false;
     const std::string name = ShowFileDialog({.Kind = DialogKind::Open,
                                              .Title = "Open file for merging",
@@ -61,7 +62,9 @@ void Form1::mnuMerge_Click() {
         module_.ChooseFormat(Showing::Modeless);
         return;
     }
+    module_.Note = {};
     module_.LoadByEnding(name, false);
+    module_.Note.Join(module_.NoteBeforeOpen);
     LdifCurrent = false;
     StatusBar1.SetPanelText(1, "Ready");
     // The old text passes through WorkText, so the new one is kept apart from it.

@@ -22,6 +22,7 @@ void GoOn(Module1& module, const std::function<void()>& statement) {
 // Returns false if the user keeps the book that is open.
 bool BeginOpen(Module1& module) {
     GoOn(module, [&] { module.TextBeforeOpen = module.WorkText; });
+    module.NoteBeforeOpen = module.Note;
     module.JustStarted = false;
     bool go_on = true;
     if (!module.WorkText.empty()) {
@@ -35,13 +36,21 @@ void ReadAndLoad(Module1& module, const std::string& name) {
     module.form1.Caption = std::string(kTitle) + " - " + name;
     GoOn(module, [&] { module.File1.OpenForInput(name); });
     module.form1.StatusBar1.SetPanelText(1, "Opening . . .");
-    GoOn(module, [&] { module.WorkText = module.File1.Read(module.File1.Length()); });
+    bool was_read = false;
+    GoOn(module, [&] {
+        module.WorkText = module.File1.Read(module.File1.Length());
+        was_read = true;
+    });
     module.File1.Close();
     if (module.OpenMode == kAskAlways) {
         GoOn(module, [&] { module.ChooseFormat(Showing::Modeless); });
         return;
     }
     GoOn(module, [&] { module.LoadByEnding(name, true); });
+    if (!was_read) {
+        // What was loaded is the old book once more.
+        module.Note = module.NoteBeforeOpen;
+    }
     module.form1.LdifCurrent = false;
     module.form1.StatusBar1.SetPanelText(1, "Ready");
     GoOn(module, [&] { module.form1.Text1.SetText(module.WorkText); });

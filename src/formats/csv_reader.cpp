@@ -2,49 +2,10 @@
 
 #include "app/text.h"
 #include "app/working_text.h"
+#include "formats/columns.h"
 
 namespace orvik {
 namespace {
-
-// Walks over the columns of a text. A column ends at a comma; where the text has none left, or
-// where a comma that is passed over is its last character, the walk fails.
-class Columns {
- public:
-    // Begins behind the first line.
-    explicit Columns(std::string_view text) : text_(text), p_(FindFrom(text, "\n", 1) + 1) {}
-
-    [[nodiscard]] bool AtEnd() const { return p_ > text_.size(); }
-
-    // Goes to the next comma.
-    void GoToComma() { p_ = FindFrom(text_, ",", p_); }
-    // Goes behind the comma it stands on.
-    void PassComma() { ++p_; }
-
-    // Takes what stands before the next comma, and goes to that comma.
-    bool Take(std::string_view& column) {
-        column = TakeUntil(text_, p_, ",");
-        return p_ <= text_.size();
-    }
-
-    // Goes behind the count-th comma from here.
-    bool PassCommas(int count) {
-        for (; count > 0; --count) {
-            GoToComma();
-            if (p_ >= text_.size()) {
-                return false;
-            }
-            PassComma();
-        }
-        return true;
-    }
-
-    // Goes to the next line.
-    void EndLine() { p_ = FindFrom(text_, kCrLf, p_) + kCrLf.size(); }
-
- private:
-    std::string_view text_;
-    std::size_t p_;
-};
 
 // Collects the entries of a file in the Native form.
 class Collector {

@@ -7,6 +7,7 @@
 #include "formats/conversion_progress.h"
 #include "formats/juno_reader.h"
 #include "formats/juno_writer.h"
+#include "formats/unread.h"
 
 namespace orvik {
 
@@ -41,6 +42,7 @@ void Form1::mnuPasteJuno_Click() {
     if (!BeginPaste(pasted)) {
         return;
     }
+    module_.NoteReading(pasted, CountUnread(Format::Juno, pasted));
     module_.WorkText = module_.ReadJuno(pasted);
     ShowTextIfShort();
     module_.RefreshLists();

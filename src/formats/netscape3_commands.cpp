@@ -9,6 +9,7 @@
 #include "app/working_text.h"
 #include "formats/netscape3_reader.h"
 #include "formats/netscape3_writer.h"
+#include "formats/unread.h"
 
 namespace orvik {
 
@@ -43,6 +44,7 @@ void Form1::mnuClearPasteNet3_Click() {
     if (!BeginPaste(pasted)) {
         return;
     }
+    module_.NoteReading(pasted, CountUnread(Format::Netscape3, pasted));
     module_.WorkText = UnNet3(pasted);
     ShowTextIfShort();
     if (module_.TextMode == mode::kNative && !HasNickLine(module_.WorkText)) {

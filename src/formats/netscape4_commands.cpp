@@ -9,6 +9,7 @@
 #include "formats/conversion_progress.h"
 #include "formats/ldif_reader.h"
 #include "formats/ldif_writer.h"
+#include "formats/unread.h"
 
 namespace orvik {
 
@@ -59,6 +60,7 @@ void Form1::mnuClearPasteNet4_Click() {
     if (!BeginPaste(pasted)) {
         return;
     }
+    module_.NoteReading(pasted, CountUnread(Format::Netscape4, pasted));
     module_.LdifText = std::move(pasted);
     unconvert();
     SplitIntoLists();

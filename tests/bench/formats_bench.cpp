@@ -11,6 +11,7 @@
 #include "formats/netscape3_reader.h"
 #include "formats/netscape3_writer.h"
 #include "formats/pim_export.h"
+#include "formats/unread.h"
 
 namespace orvik::bench {
 namespace {
@@ -80,6 +81,22 @@ void PimExport(benchmark::State& state) {
     });
 }
 
+// What opening costs beside the reading.
+void LdifUnread(benchmark::State& state) {
+    const Book& book = BookFor(state);
+    Measure(state, book.ldif, [&] { return CountUnread(Format::Netscape4, book.ldif); });
+}
+
+void Netscape3Unread(benchmark::State& state) {
+    const Book& book = BookFor(state);
+    Measure(state, book.html, [&] { return CountUnread(Format::Netscape3, book.html); });
+}
+
+void CsvUnread(benchmark::State& state) {
+    const Book& book = BookFor(state);
+    Measure(state, book.csv, [&] { return CountUnread(Format::Csv, book.csv); });
+}
+
 BENCHMARK(MemcpyHtml)->Apply(Sizes);
 BENCHMARK(Netscape3Write)->Apply(Sizes);
 BENCHMARK(Netscape3Read)->Apply(Sizes);
@@ -91,6 +108,9 @@ BENCHMARK(CsvRead)->Apply(Sizes);
 BENCHMARK(WordPerfectRead)->Apply(Sizes);
 BENCHMARK(PegasusRead)->Apply(Sizes);
 BENCHMARK(AliasRead)->Apply(Sizes);
+BENCHMARK(LdifUnread)->Apply(Sizes);
+BENCHMARK(Netscape3Unread)->Apply(Sizes);
+BENCHMARK(CsvUnread)->Apply(Sizes);
 
 }  // namespace
 }  // namespace orvik::bench

@@ -6,6 +6,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStatusBar>
+#include <fstream>
 
 #include "desktop/form1_window_fixture.h"
 #include "desktop/session/log_out.h"
@@ -18,6 +19,7 @@ using test::Form1WindowTest;
 using test::kThree;
 using testing::_;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::Return;
 
 TEST_F(Form1WindowTest, EveryControlIsOnTheWindowWithItsTexts) {
@@ -328,6 +330,36 @@ TEST_F(Form1WindowTest, EscapeIsTakenAtAYield) {
         Qt::QueuedConnection);
     desktop.run([this] { desktop.yield(); });
     EXPECT_TRUE(module1.CancelRequested);
+}
+
+TEST_F(Form1WindowTest, TheTipOfTheItemCountSaysWhatWasNotRead) {
+    const auto& first = Find<QLabel>("Panel1");
+    const auto& last = Find<QLabel>("Panel2");
+    module1.Note = {{3, 2}, {}};
+    window.sync();
+    EXPECT_EQ(last.toolTip(),
+              QStringLiteral("Number of addresses displayed\n"
+                             "3 attributes of 2 entries were not read"));
+    EXPECT_EQ(last.accessibleDescription(), last.toolTip());
+    EXPECT_EQ(first.toolTip(), QStringLiteral("Status"));
+    EXPECT_EQ(form1.StatusBar1.Panels(2).ToolTip, "Number of addresses displayed");
+    module1.Note = {};
+    window.sync();
+    EXPECT_EQ(last.toolTip(), QStringLiteral("Number of addresses displayed"));
+    EXPECT_EQ(last.accessibleDescription(), last.toolTip());
+}
+
+TEST_F(Form1WindowTest, AnOpenedOrPastedBookIsNotedAtTheItemCount) {
+    const std::string path = testing::TempDir() + "orvik-noted.ldif";
+    std::ofstream(path) << "dn: x\r\nmail: A1\r\no: z\r\n";
+    window.openBooks({QString::fromStdString(path)});
+    std::remove(path.c_str());
+    const auto& tip = Find<QLabel>("Panel2");
+    EXPECT_THAT(tip.toolTip().toStdString(), EndsWith("\n1 attribute of 1 entry was not read"));
+    ExpectSaveQuestion("Save before clearing?", Answer::No);
+    EXPECT_CALL(platform, ClipboardText()).WillOnce(Return("BEGIN:VCARD\r\nFN:Al\r\n"));
+    Find<QAction>("mnuClearPaste").trigger();
+    EXPECT_THAT(tip.toolTip().toStdString(), EndsWith("\nThe contents look like a vCard"));
 }
 
 TEST_F(Form1WindowTest, TheTitleShowsTheCaptionAsItIs) {

@@ -1,4 +1,5 @@
-// The first byte says which reader or writer gets the bytes behind it.
+// The first byte says which reader or writer gets the bytes behind it. What the readers leave out
+// of them is counted for every format.
 
 #include <array>
 #include <string>
@@ -8,12 +9,14 @@
 #include "app/working_text.h"
 #include "files/list_filters.h"
 #include "files/netscape3_merge.h"
+#include "files/something_else.h"
 #include "formats/csv_reader.h"
 #include "formats/juno_reader.h"
 #include "formats/juno_writer.h"
 #include "formats/netscape3_reader.h"
 #include "formats/netscape3_writer.h"
 #include "formats/pim_export.h"
+#include "formats/unread.h"
 #include "fuzz/checked_progress.h"
 #include "fuzz/fuzz_target.h"
 
@@ -119,6 +122,27 @@ void CheckPimExport(std::string_view text) {
     Check(lines.size() <= text.size(), "an export is no longer than its book");
 }
 
+void CheckUnread(const Unread& unread, std::string_view text) {
+    Check(unread.Entries <= unread.Attributes, "each entry has an attribute");
+    Check(unread.Attributes <= text.size(), "each attribute is written somewhere");
+}
+
+void CheckNote(std::string_view text) {
+    for (const Format format : {Format::Netscape3,
+                                Format::Netscape4,
+                                Format::TextList,
+                                Format::Csv,
+                                Format::WordPerfect,
+                                Format::Juno,
+                                Format::Pegasus,
+                                Format::AnyFile}) {
+        CheckUnread(CountUnread(format, text), text);
+    }
+    CheckUnread(CountUnreadOfAliases(text), text);
+    Check(PlainlySomethingElse(text).empty() || text.size() > 2,
+          "a kind of file shows in its bytes");
+}
+
 constexpr std::array kTargets = {
     &CheckNetscape3Reader,
     &CheckJunoReader,
@@ -137,7 +161,9 @@ constexpr std::array kTargets = {
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace orvik::fuzz;
     if (size > 0) {
-        kTargets[data[0] % kTargets.size()](TextOf(data + 1, size - 1));
+        const std::string_view text = TextOf(data + 1, size - 1);
+        kTargets[data[0] % kTargets.size()](text);
+        CheckNote(text);
     }
     return 0;
 }

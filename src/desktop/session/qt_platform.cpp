@@ -186,7 +186,7 @@ void QtPlatform::CloseForm(Form& form) {
 
 void QtPlatform::ReportFailure(const RunTimeError& failure) {
     ShowBox({.Text = "Run-time error '" + std::to_string(failure.Number()) + "':\r\n\r\n" +
-                     failure.what() + nameOfUnsaved(),
+                     failure.what(),
              .Title = std::string(kTitle),
              .Cause = failure.Cause()});
 }

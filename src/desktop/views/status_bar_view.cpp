@@ -16,13 +16,17 @@ namespace {
 constexpr double kBesidePanels = 60;
 constexpr double kInsideBar = 25;
 
+// A panel's text is its name, so that a screen reader reads it and then the tip.
+void SetTip(QLabel& panel, const QString& tip) {
+    panel.setToolTip(tip);
+    panel.setAccessibleDescription(tip);
+}
+
 QLabel* MakePanel(const StatusBar& bar, std::size_t number, QWidget* parent) {
     auto* const panel = new QLabel(parent);
     panel->setObjectName(QStringLiteral("Panel%1").arg(number));
     panel->setTextFormat(Qt::PlainText);
-    panel->setToolTip(ToLetters(bar.Panels(number).ToolTip));
-    // Its text is its name, so that a screen reader reads it.
-    panel->setAccessibleDescription(panel->toolTip());
+    SetTip(*panel, ToLetters(bar.Panels(number).ToolTip));
     return panel;
 }
 
@@ -65,6 +69,15 @@ void StatusBarView::sync(bool running) {
     if (changed) {
         place();
     }
+}
+
+void StatusBarView::setNote(const QString& note) {
+    if (note_ == note) {
+        return;
+    }
+    note_ = note;
+    const QString tip = ToLetters(bar_.Panels(panels_.size()).ToolTip);
+    SetTip(*panels_.back(), note.isEmpty() ? tip : tip + u'\n' + note);
 }
 
 void StatusBarView::resizeEvent(QResizeEvent* event) {

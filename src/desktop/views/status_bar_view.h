@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QStatusBar>
+#include <QString>
 #include <array>
 
 #include "app/controls.h"
@@ -22,6 +23,9 @@ class StatusBarView : public QStatusBar {
     // visible; it is shown only while a command runs.
     void sync(bool running);
 
+    // Says this, if anything, in the tool tip of the second panel below what stands there anyway.
+    void setNote(const QString& note);
+
  protected:
     void resizeEvent(QResizeEvent* event) override;
 
@@ -32,6 +36,7 @@ class StatusBarView : public QStatusBar {
     const ProgressBar& progress_;
     std::array<QLabel*, 2> panels_;
     QProgressBar* progress_bar_;
+    QString note_;
     AutoSize sizing_ = AutoSize::Contents;
 };
 

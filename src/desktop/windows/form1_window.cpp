@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 
 #include "desktop/text/text_box_view.h"
+#include "desktop/text/text_codec.h"
 #include "desktop/views/control_views.h"
 #include "desktop/views/status_bar_view.h"
 
@@ -39,6 +40,7 @@ void Form1Window::sync() {
     syncMenus();
     syncControls();
     status_bar_->sync(desktop_.isRunning());
+    status_bar_->setNote(ToLetters(module_.Note.Text()));
     place();
 }
 

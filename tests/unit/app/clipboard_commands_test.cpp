@@ -64,8 +64,10 @@ TEST_F(ClipboardTest, Delete_RemovesTheSelection) {
 TEST_F(ClipboardTest, ClearAndNo_EmptiesTextAndCaption) {
     form1.Text1.SetText("abcd");
     form1.Caption = "Orvik - a.txt";
+    module1.Note = {{2, 1}, "a vCard"};
     ExpectSaveQuestion(kQuestion, Answer::No);
     form1.mnuClear_Click();
+    EXPECT_EQ(module1.Note.Text(), "");
     EXPECT_EQ(module1.WorkText, "");
     EXPECT_EQ(module1.TextMode, "none");
     EXPECT_EQ(form1.Caption, "Orvik");
@@ -74,8 +76,10 @@ TEST_F(ClipboardTest, ClearAndNo_EmptiesTextAndCaption) {
 TEST_F(ClipboardTest, ClearAndCancel_ChangesNothing) {
     form1.Text1.SetText("abcd");
     form1.Caption = "Orvik - a.txt";
+    module1.Note = {{}, "a vCard"};
     ExpectSaveQuestion(kQuestion, Answer::Cancel);
     form1.mnuClear_Click();
+    EXPECT_EQ(module1.Note.LooksLike, "a vCard");
     EXPECT_EQ(module1.WorkText, "abcd");
     EXPECT_EQ(form1.Caption, "Orvik - a.txt");
 }
@@ -89,6 +93,14 @@ TEST_F(ClipboardTest, ClearAndPaste_ListsTheText) {
     EXPECT_EQ(ItemsOf(form1.List2), Items{"Al"});
     EXPECT_EQ(form1.Text1.Text(), "A1 \"Al\"\r\n");
     EXPECT_EQ(module1.WorkText, "A1 \r\n-nick-\r\nAl\r\n");
+}
+
+TEST_F(ClipboardTest, ClearAndPasteOfSomethingElse_IsNoted) {
+    module1.Note = {{2, 1}, {}};
+    ExpectSaveQuestion(kQuestion, Answer::No);
+    EXPECT_CALL(platform, ClipboardText()).WillOnce(Return("BEGIN:VCARD\r\nFN:Al\r\n"));
+    form1.mnuClearPaste_Click();
+    EXPECT_EQ(module1.Note.Text(), "The contents look like a vCard");
 }
 
 TEST_F(ClipboardTest, ClearAndPasteOfEmptyClipboard_FailsWith5InAsciiMode) {

@@ -263,6 +263,18 @@ TEST_F(UndoTest, OpenedFile_IsTitledAsTheMenuItem) {
     EXPECT_TRUE(form1.List1.Items().empty());
 }
 
+TEST_F(UndoTest, NoteOfABook_ComesAndGoesWithIt) {
+    SetText("First", "a");
+    history_.Run("Second", [this] {
+        module1.WorkText = "b";
+        module1.Note = {{2, 1}, {}};
+    });
+    history_.Undo();
+    EXPECT_EQ(module1.Note.Text(), "");
+    history_.Redo();
+    EXPECT_EQ(module1.Note.Text(), "2 attributes of 1 entry were not read");
+}
+
 TEST_F(UndoTest, ParseOfAnEmptyList_IsReportedAndKeepsTheText) {
     SetAscii("\r\n");
     ExpectReported(5);

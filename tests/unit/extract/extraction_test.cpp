@@ -61,7 +61,9 @@ class ExtractionTest : public test::CommandTest {
 TEST_F(ExtractionTest, Addresses_AreListedWithThemselvesAsNicknames) {
     Choose("x <a@b>, c@d\r\n");
     ExpectYields();
+    module1.Note = {{2, 1}, {}};
     module1.ExtractFromFile();
+    EXPECT_EQ(module1.Note.Text(), "");
     EXPECT_EQ(module1.WorkText, "a@b\r\nc@d\r\n-nick-\r\na@b\r\nc@d\r\n");
     EXPECT_EQ(form1.Text1.Text(), module1.WorkText);
     EXPECT_EQ(ItemsOf(form1.List1), (Items{"a@b", "c@d"}));

@@ -78,11 +78,13 @@ TEST_F(Form3Test, CloseBoxOverLongerText_ShowsNothing) {
 
 TEST_F(Form3Test, Cancel_PutsTheOldTextBackAndKeepsTheRest) {
     module1.TextBeforeOpen = "old";
+    module1.NoteBeforeOpen = {{}, "a vCard"};
     form1.Caption = "Orvik - new";
     Choose("raw");
     ExpectClosed();
     form3.Command7_Click();
     EXPECT_EQ(module1.WorkText, "old");
+    EXPECT_EQ(module1.Note.LooksLike, "a vCard");
     EXPECT_EQ(form1.Text1.Text(), "");
     EXPECT_EQ(form1.Caption, "Orvik - new");
     EXPECT_EQ(Panel(1), "Opening . . .");

@@ -181,6 +181,60 @@ TEST_F(LoadersTest, AliasFile_BecomesEntriesInTheModeItHad) {
     EXPECT_EQ(module1.TextMode, "none");
 }
 
+struct NoteRow {
+    const char* name;
+    void (Module1::*loader)();
+    std::string contents;
+    const char* note;
+};
+
+class NoteTest : public LoadersTest, public testing::WithParamInterface<NoteRow> {};
+
+TEST_P(NoteTest, Loader_NotesWhatItLeavesOut) {
+    module1.Note = {{9, 9}, "a vCard"};
+    module1.WorkText = GetParam().contents;
+    (module1.*GetParam().loader)();
+    EXPECT_EQ(module1.Note.Text(), GetParam().note);
+}
+
+constexpr const char* kOne = "1 attribute of 1 entry was not read";
+
+INSTANTIATE_TEST_SUITE_P(
+    ,
+    NoteTest,
+    testing::Values(
+        NoteRow{"Ldif", &Module1::OpenNetscape4, "dn: x\r\nmail: A1\r\no: z\r\n", kOne},
+        NoteRow{"Netscape3",
+                &Module1::OpenNetscape3,
+                "x<DT><A HREF=\"mailto:A1\" ALIASID=\"0\">Alan</A>\r\n<DD>rows\r\n",
+                kOne},
+        NoteRow{"Juno", &Module1::OpenJuno, "\r\nName:Al\r\nEmail:A1\r\nBirth:x\r\n", kOne},
+        NoteRow{"Csv", &Module1::OpenCsv, "h\r\nAl,A1,5,,,,,,,,,,,,,\r\n", kOne},
+        NoteRow{"WordPerfect", &Module1::OpenWordPerfect, "h\r\nU,Al,,,,A1,5\r\n", kOne},
+        NoteRow{"Pegasus", &Module1::OpenPegasus, "\\TITLE x\r\nA1\r\n", kOne},
+        NoteRow{"Aliases", &Module1::OpenAliasFile, "alias Al A1\r\nnote Al x\r\n", kOne},
+        NoteRow{"List", &Module1::OpenTextList, "\"Al\" <A1>\r\n", ""},
+        NoteRow{"VCardAsAList",
+                &Module1::OpenTextList,
+                "BEGIN:VCARD\r\nFN:Al\r\nEND:VCARD\r\n",
+                "The contents look like a vCard"},
+        NoteRow{"MailFolderAsLdif",
+                &Module1::OpenNetscape4,
+                "From a@b\r\nX-Status: 0\r\nmail: A1\r\nsn: x\r\n",
+                "The contents look like a mail folder"}),
+    [](const auto& row) { return row.param.name; });
+
+TEST_F(LoadersTest, RefusedFile_IsOnlyNotedForWhatItIs) {
+    ExpectRefusal(Answer::No);
+    module1.WorkText = "\r\nBirth:x\r\n";
+    module1.OpenJuno();
+    EXPECT_EQ(module1.Note.Text(), "");
+    ExpectRefusal(Answer::No);
+    module1.WorkText = "BEGIN:VCARD\r\nFN:Al\r\n";
+    module1.OpenJuno();
+    EXPECT_EQ(module1.Note.Text(), "The contents look like a vCard");
+}
+
 struct RefusalRow {
     const char* name;
     void (Module1::*loader)();

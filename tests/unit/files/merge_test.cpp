@@ -71,6 +71,16 @@ TEST_F(MergeTest, Ldif_IsJoined) {
     EXPECT_EQ(ItemsOf(form1.List2), (Items{"Al", "Bo"}));
 }
 
+TEST_F(MergeTest, Notes_AreJoinedToo) {
+    SetNative("A1\r\n-nick-\r\nAl\r\n");
+    module1.Note = {{2, 1}, {}};
+    Merge("b.ldif", "x\r\nmail: A2\r\no: z\r\n\r\n");
+    EXPECT_EQ(module1.Note.Text(), "3 attributes of 2 entries were not read");
+    Merge("c.txt", "A3\r\n");
+    EXPECT_EQ(module1.Note.Text(), "3 attributes of 2 entries were not read");
+    EXPECT_EQ(module1.NoteBeforeOpen.Text(), "3 attributes of 2 entries were not read");
+}
+
 TEST_F(MergeTest, EmptyWindow_GivesTheNewBook) {
     Merge("b.txt", "\"Bo\" <A2>\r\n");
     EXPECT_EQ(ItemsOf(form1.List1), Items{"A2"});

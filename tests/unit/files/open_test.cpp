@@ -84,6 +84,15 @@ TEST_F(OpenTest, LdifInAnyCase_IsRead) {
     EXPECT_EQ(module1.TextMode, "ASCII");
 }
 
+TEST_F(OpenTest, NoteOfTheBook_GivesWayToTheNextOne) {
+    form1.OpenBook(File("a.ldif", "dn: x\r\nmail: A1\r\no: x\r\n"));
+    EXPECT_EQ(module1.Note.Text(), "1 attribute of 1 entry was not read");
+    ExpectSaveQuestion("Save before opening?", Answer::No);
+    form1.OpenBook(File("b.txt", "A2\r\n"));
+    EXPECT_EQ(module1.Note.Text(), "");
+    EXPECT_EQ(module1.NoteBeforeOpen.Text(), "1 attribute of 1 entry was not read");
+}
+
 TEST_F(OpenTest, LdifTextNamedTxt_IsATextList) {
     form1.OpenBook(File("book.txt", "mail: A1\r\n"));
     EXPECT_EQ(ItemsOf(form1.List1), Items{"mail: A1"});
@@ -101,12 +110,14 @@ TEST_F(OpenTest, NameCutToLdi_IsATextList) {
 
 TEST_F(OpenTest, MissingFile_TellsOfOpeningAndOfReading) {
     SetAscii("A9\r");
+    module1.Note = {{2, 1}, {}};
     const testing::InSequence in_order;
     ExpectSaveQuestion("Save before opening?", Answer::No);
     ExpectTold("Error: File not found", "53");
     ExpectTold("Error: Bad file name or number", "52");
     form1.OpenBook(folder_.Name("missing.txt"));
     EXPECT_EQ(ItemsOf(form1.List1), Items{"A9"});
+    EXPECT_EQ(module1.Note.Text(), "2 attributes of 1 entry were not read");
     EXPECT_TRUE(folder_.Files().empty());
 }
 

@@ -22,12 +22,13 @@ TEST_F(ModuleReadJuno, AnyText_MakesTheModeAscii) {
 TEST_F(ModuleReadJuno, ClipboardBookAfterNo_IsListed) {
     ExpectSaveQuestion("Save before clearing?", Answer::No);
     EXPECT_CALL(platform, ClipboardText())
-        .WillOnce(Return("\r\nName:Al\r\nEmail:A1\r\n\r\nName:Bo\r\nEmail:A2\r\n"));
+        .WillOnce(Return("\r\nName:Al\r\nEmail:A1\r\n\r\nName:Bo\r\nEmail:A2\r\nBirth:x\r\n"));
     form1.mnuPasteJuno_Click();
     EXPECT_EQ(ItemsOf(form1.List1), (Items{"A1", "A2"}));
     EXPECT_EQ(ItemsOf(form1.List2), (Items{"Al", "Bo"}));
     EXPECT_EQ(module1.TextMode, "Native");
     EXPECT_FALSE(module1.EditMode);
+    EXPECT_EQ(module1.Note.Text(), "1 attribute of 1 entry was not read");
 }
 
 TEST_F(ModuleReadJuno, ClipboardBookAfterCancel_ChangesNothing) {

@@ -41,7 +41,7 @@ TEST_F(UnNet3, ClipboardBookAfterNo_IsListedWithAddressAsNickname) {
     ExpectSaveQuestion("Save before clearing?", Answer::No);
     EXPECT_CALL(platform, ClipboardText())
         .WillOnce(Return("x<DT><A HREF=\"mailto:A1\" ALIASID=\"0\">Al</A>"
-                         "<DT><A HREF=\"mailto:A2\" ALIASID=\"1\">Bob</A>"));
+                         "<DT><A HREF=\"mailto:A2\" ALIASID=\"1\">Bob</A><DD>rows"));
     form1.Caption = "Orvik - old";
     form1.mnuClearPasteNet3_Click();
     EXPECT_EQ(ItemsOf(form1.List1), (Items{"Al", "Bo"}));
@@ -49,6 +49,7 @@ TEST_F(UnNet3, ClipboardBookAfterNo_IsListedWithAddressAsNickname) {
     EXPECT_EQ(form1.Text1.Text(), "\"A1\" Al,\"A2\" Bob");
     EXPECT_EQ(module1.TextMode, "Native");
     EXPECT_EQ(form1.Caption, "Orvik");
+    EXPECT_EQ(module1.Note.Text(), "1 attribute of 1 entry was not read");
 }
 
 // What was pasted is a list, whatever the book was that stood there.

@@ -45,6 +45,7 @@ TEST_F(Unconvert, ClipboardBookAfterNo_IsListed) {
     EXPECT_EQ(ItemsOf(form1.List2), test::Items{"Al"});
     EXPECT_EQ(form1.Text1.Text(), module1.WorkText);
     EXPECT_EQ(form1.Caption, "Orvik");
+    EXPECT_EQ(module1.Note.Text(), "1 attribute of 1 entry was not read");
 }
 
 TEST_F(Unconvert, ClipboardBookAfterCancel_ChangesNothing) {

@@ -1,0 +1,63 @@
+// Walks over the columns of a comma-separated text.
+
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "app/text.h"
+
+namespace orvik {
+
+// A column ends at a comma; where the text has none left, or where a comma that is passed over is
+// its last character, the walk fails.
+class Columns {
+ public:
+    // Begins behind the first line.
+    explicit Columns(std::string_view text) : text_(text), p_(FindFrom(text, "\n", 1) + 1) {}
+
+    [[nodiscard]] bool AtEnd() const { return p_ > text_.size(); }
+
+    // Goes to the next comma.
+    void GoToComma() { p_ = FindFrom(text_, ",", p_); }
+    // Goes behind the comma it stands on.
+    void PassComma() { ++p_; }
+
+    // Takes what stands before the next comma, and goes to that comma.
+    bool Take(std::string_view& column) {
+        column = TakeUntil(text_, p_, ",");
+        return p_ <= text_.size();
+    }
+
+    // Takes what stands before the next comma, and goes behind that comma.
+    bool TakeAndPass(std::string_view& column) {
+        column = TakeUntil(text_, p_, ",");
+        if (p_ >= text_.size()) {
+            return false;
+        }
+        PassComma();
+        return true;
+    }
+
+    // Goes behind the count-th comma from here.
+    bool PassCommas(int count) {
+        std::string_view column;
+        while (count > 0 && TakeAndPass(column)) {
+            --count;
+        }
+        return count == 0;
+    }
+
+    // Takes the rest of the line, and goes to the next one.
+    std::string_view EndLine() {
+        const std::string_view rest = TakeUntil(text_, p_, kCrLf);
+        p_ += kCrLf.size();
+        return rest;
+    }
+
+ private:
+    std::string_view text_;
+    std::size_t p_;
+};
+
+}  // namespace orvik
