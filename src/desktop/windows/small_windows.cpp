@@ -1,5 +1,6 @@
 #include "desktop/windows/small_windows.h"
 
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -21,15 +22,16 @@ using Window = std::unique_ptr<FormWindow>;
 constexpr int kLetters = 60;
 constexpr int kLines = 14;
 
-void AddRow(QBoxLayout& column,
-            const FormWindow& window,
-            std::initializer_list<const Button*> buttons) {
+QBoxLayout& AddRow(QBoxLayout& column,
+                   const FormWindow& window,
+                   std::initializer_list<const Button*> buttons) {
     auto* const row = new QHBoxLayout;
     row->addStretch();
     for (const Button* const button : buttons) {
         row->addWidget(&window.widget(*button));
     }
     column.addLayout(row);
+    return *row;
 }
 
 // The formats below each other, and under them what is no format.
@@ -124,7 +126,11 @@ Window MakeAbout(Module1& module, Desktop& desktop, QWidget* owner) {
                         text.fontMetrics().lineSpacing() * kLines);
     middle->addWidget(&text, 1);
     column->addLayout(middle);
-    AddRow(*column, *window, {&form.Command1});
+    // The text speaks of a version of its own.
+    auto* const version =
+        new QLabel(QObject::tr("Version %1").arg(QCoreApplication::applicationVersion()));
+    version->setObjectName(QStringLiteral("version"));
+    AddRow(*column, *window, {&form.Command1}).insertWidget(0, version);
     window->setReadOnly(form.Text1);
     window->setDefaultButton(form.Command1);
     return window;
