@@ -8,6 +8,7 @@
 #include <array>
 #include <initializer_list>
 
+#include "desktop/help/help_key.h"
 #include "desktop/text/text_box_view.h"
 #include "desktop/views/picture_view.h"
 #include "desktop/windows/form2_window.h"
@@ -94,6 +95,7 @@ Window MakeForm5(Module1& module, Desktop& desktop, QWidget* owner) {
     AddRow(*column, *window, {&form.Command1, &form.Command2});
     window->setDefaultButton(form.Command1);
     window->setCancelButton(form.Command2);
+    SetHelpTopic(*window, "preferences.html#pim");
     return window;
 }
 
@@ -108,6 +110,7 @@ Window MakeForm6(Module1& module, Desktop& desktop, QWidget* owner) {
     auto* const column = new QVBoxLayout(window.get());
     column->addWidget(&label);
     window->takeClicksAtYield();
+    SetHelpTopic(*window, "automation.html");
     return window;
 }
 
@@ -133,6 +136,7 @@ Window MakeAbout(Module1& module, Desktop& desktop, QWidget* owner) {
     AddRow(*column, *window, {&form.Command1}).insertWidget(0, version);
     window->setReadOnly(form.Text1);
     window->setDefaultButton(form.Command1);
+    SetHelpTopic(*window, "index.html");
     return window;
 }
 
@@ -145,6 +149,7 @@ Window MakeSelect(Module1& module, Desktop& desktop, QWidget* owner) {
     window->setReadOnly(form.Text1);
     // Its button Cancel does nothing, so Escape is the close box.
     window->setDefaultButton(form.Command1);
+    SetHelpTopic(*window, "lists.html");
     return window;
 }
 
