@@ -11,6 +11,7 @@
 #include <span>
 #include <string_view>
 
+#include "desktop/help/help_key.h"
 #include "desktop/session/desktop.h"
 #include "desktop/session/log_out.h"
 #include "desktop/session/qt_platform.h"
@@ -76,6 +77,8 @@ int RunWindows(const QStringList& books) {
     orvik::Program program(platform, files);
     orvik::Form1Window window(program.module, desktop);
     const auto small_windows = orvik::MakeSmallWindows(program, desktop, &window);
+    const orvik::HelpKey help_key(
+        [&](std::string_view topic) { program.module.ShowHelpTopic(1, "Stripped", topic); });
     orvik::RestorePlace(window, orvik::WindowPlaceFile());
     // Directly, since the answer must be there when the signal has been sent.
     QObject::connect(

@@ -56,9 +56,9 @@ struct FileDialog {
     unsigned Flags = 0;
     int FilterIndex = 1;
     std::string FileName;
+    bool EndingIsFormat = false;
     // The file will be written, though the dialog has always been of kind Open.
     bool ForOutput = false;
-    bool EndingIsFormat = false;
 };
 
 enum class Showing { Modal, Modeless };

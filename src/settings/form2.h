@@ -39,7 +39,8 @@ class Form2 : public Form {
     TabControl SSTab1{{"File Formats", "Handheld PIM", "Automation"}};
     static constexpr std::size_t kAutomationTab = 2;
 
-    // File Formats. The options of one group exclude each other.
+    // File Formats. The options of one group exclude each other. The heading is no control.
+    static constexpr std::string_view kFormatsHeading = "How do you want to handle file formats?";
     OptionButton Option1{"Always use autodetect - assume an unknown file is a text file", 1};
     OptionButton Option2{"Ask the format of unknown files, otherwise use autodetect", 1};
     OptionButton Option3{"Ask the format of unknown files and text files, otherwise use autodetect",

@@ -146,6 +146,18 @@ TEST_F(AccessibilityTest, EveryControlHasTheRoleOfItsKind) {
     }
 }
 
+TEST_F(AccessibilityTest, TheFormatOptionsAreReadUnderTheirHeading) {
+    Form2& form = module1.form2;
+    for (const OptionButton* const option :
+         {&form.Option1, &form.Option2, &form.Option3, &form.Option4}) {
+        QAccessibleInterface* const group =
+            QAccessible::queryAccessibleInterface(&WindowOf(form).widget(*option))->parent();
+        EXPECT_EQ(group->role(), QAccessible::Grouping);
+        EXPECT_EQ(group->text(QAccessible::Name),
+                  QStringLiteral("How do you want to handle file formats?"));
+    }
+}
+
 TEST_F(AccessibilityTest, ProgressIsReadInPerCent) {
     Form4& form = module1.form4;
     form.Picture2.Width = Form4::kFullWidth / 4;
@@ -177,7 +189,8 @@ TEST_F(AccessibilityTest, TheListsRowsAreReadAsTheyAreShown) {
 
 // A label in front of a control leads to it.
 TEST_F(AccessibilityTest, LabelsHaveBuddies) {
-    const std::set<std::string> only_told = {"Form3.Label1", "Form4.Result", "Form6.Label1"};
+    const std::set<std::string> only_told = {
+        "Form3.Label1", "Form4.Result", "Form6.Label1", "frmAbout.version"};
     for (const auto& small : small_windows) {
         for (const auto* const label : small->findChildren<QLabel*>()) {
             const std::string name =

@@ -264,6 +264,12 @@ TEST_F(FormWindowTest, ADoubleClickOnTheAboutTextIsAnEvent) {
     EXPECT_EQ(colour(), picture.palette().color(QPalette::Window));
 }
 
+TEST_F(FormWindowTest, TheAboutWindowTellsTheVersion) {
+    const auto window = Make(module1.frm_about);
+    EXPECT_EQ(window->findChild<QLabel*>(QStringLiteral("version"))->text(),
+              QStringLiteral("Version 7.8.9"));
+}
+
 TEST_F(FormWindowTest, AClickOnTheAutomationIsTakenAtAYield) {
     Form6& form = module1.form6;
     const auto window = Open(form);

@@ -107,6 +107,14 @@ TEST_F(HelpViewerTest, ContentsAndIndexRaiseTheirPane) {
     EXPECT_EQ(Find<QTabWidget>("panes").currentIndex(), 0);
 }
 
+TEST_F(HelpViewerTest, TheVersionStandsAtTheFootOfTheContents) {
+    viewer.show(HelpCommand::Contents, HelpFile() + ">SecWin", "");
+    const auto& version = Find<QLabel>("version");
+    EXPECT_EQ(version.text(), QStringLiteral("Orvik, version 7.8.9"));
+    EXPECT_GT(version.mapTo(version.window(), QPoint()).y(),
+              Find<QWidget>("contents").mapTo(version.window(), QPoint()).y());
+}
+
 TEST_F(HelpViewerTest, BothSpellingsAreOneWindow) {
     Topic("secWin", "screenshot.html");
     const QMainWindow* const first = &Window("secWin");

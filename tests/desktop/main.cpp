@@ -30,6 +30,7 @@ int main(int argc, char** argv) {
     }
     const QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    QCoreApplication::setApplicationVersion(QStringLiteral("7.8.9"));
     testing::UnitTest::GetInstance()->listeners().Append(new LoopsGoOn);
     return RUN_ALL_TESTS();
 }

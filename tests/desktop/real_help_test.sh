@@ -19,6 +19,18 @@ eventually shows_not 'Orvik Help$' "$(tail -n 1 "$work/found")" Escape
 xdotool search --onlyvisible --name '^Orvik Preferences$' >/dev/null || fail "no preferences"
 eventually shows_not '^Orvik Preferences$' "$preferences" Escape
 
+# Windows whose forms know no help, and boxes, have a page too.
+eventually shows '^About Orvik$' "$window" alt+h a
+about=$(tail -n 1 "$work/found")
+eventually shows 'Orvik Help$' "$about" F1
+eventually shows_not 'Orvik Help$' "$(tail -n 1 "$work/found")" Escape
+eventually shows_not '^About Orvik$' "$about" Escape
+eventually shows '^Save\?$' "$window" ctrl+q
+question=$(tail -n 1 "$work/found")
+eventually shows '^What a message means - Orvik Help$' "$question" F1
+eventually shows_not 'Orvik Help$' "$(tail -n 1 "$work/found")" Escape
+eventually shows_not '^Save\?$' "$question" Escape
+
 # The program ends without the help having been closed.
 eventually shows 'Orvik Help$' "$window" F1
 quit "$window" "$process"

@@ -201,7 +201,7 @@ def check_messages(root, page):
 def check_topics(root, pages):
     called = set()
     for path in (root / "src").rglob("*.cpp"):
-        called |= set(re.findall(r'ShowHelpTopic\(\d+, "\w+", "([^"]+)"\)', path.read_text()))
+        called |= set(re.findall(r'"(\w+\.html(?:#\w+)?)"', path.read_text(encoding="utf-8")))
     for topic in called:
         if not target_exists(pages, "", topic):
             problem(f"no topic {topic}, which the program calls")

@@ -1,5 +1,6 @@
 // The panes beside the page: contents, index, search.
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -28,6 +29,8 @@ QTabWidget* HelpWindow::makePanes() {
 }
 
 QWidget* HelpWindow::makeContents() {
+    auto* const pane = new QWidget(this);
+    auto* const column = new QVBoxLayout(pane);
     QHelpContentWidget* const contents = book_->engine().contentWidget();
     const QHelpContentModel* const model = book_->engine().contentModel();
     contents->setObjectName(QStringLiteral("contents"));
@@ -51,7 +54,13 @@ QWidget* HelpWindow::makeContents() {
     });
     connect(page_, &QTextBrowser::sourceChanged, contents, follow);
     contents->expandAll();
-    return contents;
+    column->addWidget(contents);
+    auto* const version =
+        new QLabel(tr("Orvik, version %1").arg(QCoreApplication::applicationVersion()), pane);
+    version->setObjectName(QStringLiteral("version"));
+    column->addWidget(version);
+    pane->setFocusProxy(contents);
+    return pane;
 }
 
 QWidget* HelpWindow::makeIndex() {

@@ -1,6 +1,7 @@
 #include "desktop/windows/form2_window.h"
 
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QLabel>
 #include <QShowEvent>
 #include <QTabWidget>
@@ -9,6 +10,7 @@
 #include <utility>
 
 #include "desktop/text/text_box_view.h"
+#include "desktop/text/text_codec.h"
 
 namespace orvik {
 namespace {
@@ -52,10 +54,15 @@ QBoxLayout& Form2Window::page(int tab) {
 
 void Form2Window::layOutFormats() {
     QBoxLayout& column = page(kFormats);
+    // As a group, so that the heading is read with each of its options.
+    auto* const ways = new QGroupBox(ToLetters(Form2::kFormatsHeading), this);
+    ways->setObjectName(QStringLiteral("formats"));
+    auto* const options = new QVBoxLayout(ways);
     for (const OptionButton* const option :
          {&form_.Option1, &form_.Option2, &form_.Option3, &form_.Option4}) {
-        column.addWidget(&widget(*option));
+        options->addWidget(&widget(*option));
     }
+    column.addWidget(ways);
     column.addWidget(&widget(form_.Frame1));
     auto* const separators = new QVBoxLayout(&widget(form_.Frame1));
     separators->addWidget(&widget(form_.Option5));

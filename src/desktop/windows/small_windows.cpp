@@ -1,5 +1,6 @@
 #include "desktop/windows/small_windows.h"
 
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -9,6 +10,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "desktop/help/help_key.h"
 #include "desktop/text/text_box_view.h"
 #include "desktop/text/text_codec.h"
 #include "desktop/views/picture_view.h"
@@ -24,15 +26,16 @@ using Window = std::unique_ptr<FormWindow>;
 constexpr int kLetters = 60;
 constexpr int kLines = 14;
 
-void AddRow(QBoxLayout& column,
-            const FormWindow& window,
-            std::initializer_list<const Button*> buttons) {
+QBoxLayout& AddRow(QBoxLayout& column,
+                   const FormWindow& window,
+                   std::initializer_list<const Button*> buttons) {
     auto* const row = new QHBoxLayout;
     row->addStretch();
     for (const Button* const button : buttons) {
         row->addWidget(&window.widget(*button));
     }
     column.addLayout(row);
+    return *row;
 }
 
 // The formats below each other, and under them what is no format.
@@ -102,6 +105,7 @@ Window MakeForm5(Module1& module, Desktop& desktop, QWidget* owner) {
     AddRow(*column, *window, {&form.Command1, &form.Command2});
     window->setDefaultButton(form.Command1);
     window->setCancelButton(form.Command2);
+    SetHelpTopic(*window, "preferences.html#pim");
     return window;
 }
 
@@ -116,6 +120,7 @@ Window MakeForm6(Module1& module, Desktop& desktop, QWidget* owner) {
     auto* const column = new QVBoxLayout(window.get());
     column->addWidget(&label);
     window->takeClicksAtYield();
+    SetHelpTopic(*window, "automation.html");
     return window;
 }
 
@@ -134,9 +139,14 @@ Window MakeAbout(Module1& module, Desktop& desktop, QWidget* owner) {
                         text.fontMetrics().lineSpacing() * kLines);
     middle->addWidget(&text, 1);
     column->addLayout(middle);
-    AddRow(*column, *window, {&form.Command1});
+    // The text speaks of a version of its own.
+    auto* const version =
+        new QLabel(QObject::tr("Version %1").arg(QCoreApplication::applicationVersion()));
+    version->setObjectName(QStringLiteral("version"));
+    AddRow(*column, *window, {&form.Command1}).insertWidget(0, version);
     window->setReadOnly(form.Text1);
     window->setDefaultButton(form.Command1);
+    SetHelpTopic(*window, "index.html");
     return window;
 }
 
@@ -149,6 +159,7 @@ Window MakeSelect(Module1& module, Desktop& desktop, QWidget* owner) {
     window->setReadOnly(form.Text1);
     // Its button Cancel does nothing, so Escape is the close box.
     window->setDefaultButton(form.Command1);
+    SetHelpTopic(*window, "lists.html");
     return window;
 }
 
