@@ -125,4 +125,7 @@ done
 ! grep -E -e '-D_FORTIFY_SOURCE=3.*(_FORTIFY_SOURCE|-D_GLIBCXX_ASSERTIONS=0|-O0)' "$work/commands" ||
     fail "hardening is taken back"
 
+# -- Nothing of where it was built.
+! grep -rlF -e "$(realpath "$root")" "$work/package" || fail "the folder of the sources is in it"
+
 exit $failed
