@@ -125,6 +125,12 @@ done
 ! grep -E -e '-D_FORTIFY_SOURCE=3.*(_FORTIFY_SOURCE|-D_GLIBCXX_ASSERTIONS=0|-O0)' "$work/commands" ||
     fail "hardening is taken back"
 
+# -- What it depends on is explained.
+sed -n 's/^|\([^|]*\)|.*/\1/p' "$root/docs/dependencies.md" >"$work/explained"
+for name in $(dpkg-deb --field "$package" Depends | sed 's/([^)]*)//g; s/[,|]/ /g'); do
+    grep -qF "\`$name\`" "$work/explained" || fail "$name is not explained"
+done
+
 # -- Nothing of where it was built.
 ! grep -rlF -e "$(realpath "$root")" "$work/package" || fail "the folder of the sources is in it"
 
