@@ -22,8 +22,8 @@ test_packages=(
     # windows, and their pictures
     xvfb xdotool imagemagick openbox qt6ct at-spi2-core dbus python3-pyatspi
     # what is installed, and the package
-    appstream desktop-file-utils libglib2.0-bin libxml2-utils lintian man-db mmdebstrap
-    shared-mime-info
+    appstream desktop-file-utils libglib2.0-bin libxml2-utils lintian locales man-db
+    mmdebstrap shared-mime-info
 )
 case "${1:-}" in
     --package) packages+=("${package_packages[@]}") ;;

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Sets up, builds and runs all tests, and prints the time of each stage.
 #   ./test.sh          what must hold for every commit
-#   ./test.sh --full   also benchmarks up to a million entries, and the package in a fresh Debian
+#   ./test.sh --full   also benchmarks up to a million entries, the package in a fresh Debian, and
+#                      whether each build makes the same package
 #   ./test.sh --quick  only the unit tests and the scenarios on the forms, without sanitizers
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -94,6 +95,8 @@ package() { "$clone/tests/packaging/check.sh" "$release"; }
 
 install_package() { tests/packaging/install.sh "$release"/orvik_*.deb; }
 
+reproducible() { tests/packaging/reproducible.sh "$release"/orvik_*.deb; }
+
 bench() {
     configure bench
     cmake --build --preset bench
@@ -113,6 +116,7 @@ else
     stage "README in a clean clone" readme
     stage "package" package
     [ $mode = every ] || stage "package in a fresh Debian" install_package
+    [ $mode = every ] || stage "the same package from every build" reproducible
     [ $mode = every ] || stage "benchmarks" bench
     stage "tests" run_tests sanitize build/sanitize
 fi

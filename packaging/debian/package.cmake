@@ -24,7 +24,8 @@ set(CPACK_DEBIAN_PACKAGE_DEPENDS
 # Gives the staged files the form that Debian asks for.
 set(ORVIK_DEBIAN_FILES ${CMAKE_CURRENT_LIST_DIR})
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/finish.cmake)
-# Variables reach that script by this file only.
+set(CPACK_POST_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/repack.cmake)
+# Variables reach these scripts by this file only.
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_BINARY_DIR}/cpack_project.cmake)
 file(WRITE ${CPACK_PROJECT_CONFIG_FILE} "set(ORVIK_DEBIAN_FILES \"${ORVIK_DEBIAN_FILES}\")\n")
 

@@ -93,7 +93,45 @@ dpkg-parsechangelog -l "$root/packaging/debian/changelog" -S Version | grep -qxF
     fail "Debian's changelog has another version"
 
 # -- The package.
-lintian --allow-root --fail-on error,warning \
-    "$build/orvik_${version}_$(dpkg --print-architecture).deb" || fail "lintian"
+package=$build/orvik_${version}_$(dpkg --print-architecture).deb
+lintian --allow-root --fail-on error,warning "$package" || fail "lintian"
+
+# -- Hardened. What each program shows of it is looked for in what users get;
+dpkg-deb --extract "$package" "$work/package"
+for program in "$work"/package/usr/bin/*; do
+    name=$(basename "$program")
+    readelf --wide --file-header --program-headers --dynamic --dyn-syms "$program" >"$work/elf"
+    while read -r sign pattern; do
+        grep -qE "$pattern" "$work/elf" || fail "$name has no $sign"
+    done <<'SIGNS'
+PIE                       FLAGS_1.* PIE
+BIND_NOW                  \(FLAGS\).*BIND_NOW
+RELRO                     GNU_RELRO
+plain-data-stack          GNU_STACK.* RW +0x
+stack-protector           __stack_chk_fail
+checks-of-the-library     __glibcxx_assert_fail
+SIGNS
+done
+# the window program calls nothing that has a fortified form;
+readelf --wide --dyn-syms "$work"/package/usr/bin/* >"$work/symbols"
+grep -qE ' __[a-z]+_chk@' "$work/symbols" || fail "no program has a fortified function"
+# what leaves no trace is looked for in the command of each source that a program is made of.
+grep '"command":' "$build/compile_commands.json" |
+    grep -v verify_interface_header_sets >"$work/commands"
+for flags in "-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3" -D_GLIBCXX_ASSERTIONS \
+    -fstack-protector-strong -fstack-clash-protection; do
+    ! grep -vF -e " $flags " "$work/commands" || fail "compiled without $flags"
+done
+! grep -E -e '-D_FORTIFY_SOURCE=3.*(_FORTIFY_SOURCE|-D_GLIBCXX_ASSERTIONS=0|-O0)' "$work/commands" ||
+    fail "hardening is taken back"
+
+# -- What it depends on is explained.
+sed -n 's/^|\([^|]*\)|.*/\1/p' "$root/docs/dependencies.md" >"$work/explained"
+for name in $(dpkg-deb --field "$package" Depends | sed 's/([^)]*)//g; s/[,|]/ /g'); do
+    grep -qF "\`$name\`" "$work/explained" || fail "$name is not explained"
+done
+
+# -- Nothing of where it was built.
+! grep -rlF -e "$(realpath "$root")" "$work/package" || fail "the folder of the sources is in it"
 
 exit $failed

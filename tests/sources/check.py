@@ -10,6 +10,7 @@ import sys
 # The rules stand in the source tree, where nothing is to be left behind.
 sys.dont_write_bytecode = True
 
+import dependencies
 import engine
 import files
 import handlers
@@ -31,6 +32,7 @@ RULES = {
     "names": includes.names,
     "qt": includes.qt,
     "system": includes.system,
+    "dependencies": dependencies.dependencies,
     "handlers": handlers.handlers,
     "paths": paths.paths,
     "wording": wording.wording,

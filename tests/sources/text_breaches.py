@@ -73,6 +73,42 @@ HANDLERS = [
     ),
 ]
 
+PACKAGES = "docs/dependencies.md"
+DEPENDENCIES = [
+    saying("dependencies", "setup.sh", "    cmake", f"cmake has no row in {PACKAGES}", 3),
+    Breach(
+        "dependencies",
+        "setup.sh:5",
+        "file has no row",
+        [replaced(PACKAGES, " `file`", "")],
+    ),
+    Breach(
+        "dependencies",
+        "packaging/debian/package.cmake:3",
+        "libpaint has no row",
+        [replaced("packaging/debian/package.cmake", "6-sqlite", "6-sqlite, libpaint")],
+    ),
+    Breach(
+        "dependencies",
+        f"{PACKAGES}:8",
+        "nothing asks for make",
+        [replaced(PACKAGES, " `file`", " `file` `make`")],
+    ),
+    Breach(
+        "dependencies",
+        f"{PACKAGES}:8",
+        "libc6 is in line 7 already",
+        [replaced(PACKAGES, " `file`", " `file` `libc6`")],
+    ),
+    Breach(
+        "dependencies",
+        "setup.sh:3",
+        "g++ has no row",
+        [removed(PACKAGES)],
+        more=2,
+    ),
+]
+
 PATHS = [
     saying("paths", "README.md", "The code is in src/nothing.", "no src/nothing"),
     saying("paths", "README.md", "Read [this](docs/nothing.md).", "no docs/nothing.md"),
@@ -141,4 +177,4 @@ FILES = [
     Breach("length", "tests/run.py:401", "500 lines", [created("tests/run.py", "\n" * 500)]),
 ]
 
-BREACHES = HANDLERS + PATHS + FILES
+BREACHES = HANDLERS + DEPENDENCIES + PATHS + FILES
