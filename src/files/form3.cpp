@@ -60,8 +60,9 @@ void Form3::Form_KeyUp(int key_code) {
 }
 
 // Loads the working text; the form goes unless the loader refused it.
-void Form3::LoadAs(void (Module1::*loader)()) {
-    (module_.*loader)();
+template <void (Module1::*Loader)()>
+void Form3::LoadAs() {
+    (module_.*Loader)();
     if (module_.WorkText.empty()) {
         module_.WorkText = saved_text_;
     } else {
@@ -70,25 +71,25 @@ void Form3::LoadAs(void (Module1::*loader)()) {
 }
 
 void Form3::Command1_Click() {
-    LoadAs(&Module1::OpenTextList);
+    LoadAs<&Module1::OpenTextList>();
 }
 void Form3::Command2_Click() {
-    LoadAs(&Module1::OpenNetscape4);
+    LoadAs<&Module1::OpenNetscape4>();
 }
 void Form3::Command3_Click() {
-    LoadAs(&Module1::OpenNetscape3);
+    LoadAs<&Module1::OpenNetscape3>();
 }
 void Form3::Command4_Click() {
-    LoadAs(&Module1::OpenCsv);
+    LoadAs<&Module1::OpenCsv>();
 }
 void Form3::Command5_Click() {
-    LoadAs(&Module1::OpenJuno);
+    LoadAs<&Module1::OpenJuno>();
 }
 void Form3::Command6_Click() {
-    LoadAs(&Module1::OpenPegasus);
+    LoadAs<&Module1::OpenPegasus>();
 }
 void Form3::Command10_Click() {
-    LoadAs(&Module1::OpenWordPerfect);
+    LoadAs<&Module1::OpenWordPerfect>();
 }
 
 // The caption keeps the name of the file that was not loaded.

@@ -47,7 +47,8 @@ class Form3 : public Form {
 
  private:
     std::vector<NamedHandler> OtherHandlers() override;
-    void LoadAs(void (Module1::*loader)());
+    template <void (Module1::*Loader)()>
+    void LoadAs();
 
     std::string saved_text_;
     bool closed_by_button_ = false;
