@@ -68,6 +68,16 @@ void WriteAll(FileSystem& files, OutputFile& file, std::string_view bytes, const
     CheckFile(files, Persist([&] { return file.Sync(); }), path);
 }
 
+// Gives a file the first of NAME, NAME1, NAME2 ... that is free.
+std::error_code TakeFreeName(OutputFile& file, const std::string& name, Path& taken) {
+    std::error_code error = std::make_error_code(std::errc::file_exists);
+    for (int i = 0; error == std::errc::file_exists; ++i) {
+        taken = name + (i == 0 ? "" : std::to_string(i));
+        error = Persist([&] { return file.TakeName(taken); });
+    }
+    return error;
+}
+
 // One saving of one file.
 class BookWriter {
  public:
@@ -179,7 +189,7 @@ class BookWriter {
             Check(Persist([&] { return files_.OpenToRead(path_, again); }));
             Check(ReadBytes(*again, static_cast<std::size_t>(before_.Length()), kept));
         }
-        const Path copy = path_.string() + ".orvik-copy";
+        Path copy;
         const bool has_copy = old_ && WriteCopy(copy, kept);
         bool whole = false;
         const OnExit clean([&] {
@@ -200,7 +210,7 @@ class BookWriter {
     }
 
     // Returns whether the copy stands on the disk.
-    bool WriteCopy(const Path& name, std::string_view contents) const {
+    bool WriteCopy(Path& name, std::string_view contents) const {
         std::unique_ptr<OutputFile> copy;
         if (Persist([&] { return files_.CreateUnseen(folder_, true, copy); })) {
             return false;
@@ -208,11 +218,11 @@ class BookWriter {
         bool written = false;
         TrapFailure(
             [&] {
-                WriteAll(files_, *copy, contents, name);
+                WriteAll(files_, *copy, contents, path_);
                 written = true;
             },
             [](const RunTimeError&) {});
-        if (!written || Persist([&] { return copy->TakeName(name); })) {
+        if (!written || TakeFreeName(*copy, path_.string() + ".orvik-copy", name)) {
             return false;
         }
         if (Persist([&] { return files_.SyncFolder(folder_); })) {
@@ -348,15 +358,12 @@ void TryWriting(FileSystem& files, const std::string& name) {
 
 void KeepCopy(FileSystem& files, const std::string& name, std::string_view contents) {
     std::unique_ptr<OutputFile> file;
-    std::string copy;
-    std::error_code error = std::make_error_code(std::errc::file_exists);
-    for (int i = 0; error == std::errc::file_exists; ++i) {
-        copy = name + ".bak" + (i == 0 ? "" : std::to_string(i));
-        error = Persist([&] { return files.Create(copy, file); });
-    }
-    CheckFile(files, error, copy);
+    // For nobody else, as the book itself may be.
+    CheckFile(files, Persist([&] { return files.CreateUnseen(FolderOf(name), true, file); }), name);
+    WriteAll(files, *file, contents, name);
+    Path copy;
+    CheckFile(files, TakeFreeName(*file, name + ".bak", copy), copy);
     const OnFailure undo([&] { files.Remove(copy); });
-    WriteAll(files, *file, contents, copy);
     CheckFile(files, CloseSynced(*file), copy);
 }
 

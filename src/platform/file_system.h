@@ -104,8 +104,6 @@ class FileSystem {
     virtual std::error_code OpenToRead(const Path& path, std::unique_ptr<InputFile>& file) = 0;
     // Opens a file that is there; its contents stay, and writing begins at its start.
     virtual std::error_code OpenToWrite(const Path& path, std::unique_ptr<OutputFile>& file) = 0;
-    // Creates a file with this name. Errors: errc::file_exists if there is one.
-    virtual std::error_code Create(const Path& path, std::unique_ptr<OutputFile>& file) = 0;
     // Creates a file in a folder that nobody sees until it takes a name; it goes without one. It
     // has the user's default permissions, or none for anybody else.
     virtual std::error_code CreateUnseen(const Path& folder,

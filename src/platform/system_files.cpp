@@ -243,13 +243,6 @@ std::error_code SystemFiles::OpenToWrite(const Path& path, std::unique_ptr<Outpu
     return Wrap(Descriptor(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK)), syncs_, file);
 }
 
-std::error_code SystemFiles::Create(const Path& path, std::unique_ptr<OutputFile>& file) {
-    return Wrap(
-        Descriptor(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kDefaultMode)),
-        syncs_,
-        file);
-}
-
 std::error_code SystemFiles::CreateUnseen(const Path& folder,
                                           bool only_mine,
                                           std::unique_ptr<OutputFile>& file) {

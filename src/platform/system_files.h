@@ -15,7 +15,6 @@ class SystemFiles : public FileSystem {
     std::error_code Status(const Path& path, FileStatus& status) override;
     std::error_code OpenToRead(const Path& path, std::unique_ptr<InputFile>& file) override;
     std::error_code OpenToWrite(const Path& path, std::unique_ptr<OutputFile>& file) override;
-    std::error_code Create(const Path& path, std::unique_ptr<OutputFile>& file) override;
     std::error_code CreateUnseen(const Path& folder,
                                  bool only_mine,
                                  std::unique_ptr<OutputFile>& file) override;

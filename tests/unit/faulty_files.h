@@ -110,9 +110,6 @@ class FaultyFiles : public SystemFiles {
         return fault.Pass("OpenToWrite",
                           [&] { return Wrap(SystemFiles::OpenToWrite(path, file), file); });
     }
-    std::error_code Create(const Path& path, std::unique_ptr<OutputFile>& file) override {
-        return fault.Pass("Create", [&] { return Wrap(SystemFiles::Create(path, file), file); });
-    }
     std::error_code CreateUnseen(const Path& folder,
                                  bool only_mine,
                                  std::unique_ptr<OutputFile>& file) override {

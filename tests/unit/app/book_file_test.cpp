@@ -132,5 +132,25 @@ TEST(KeepCopy, FirstFreeName_IsTaken) {
     EXPECT_EQ(ReadFile(folder.Name("book.htm.bak2")), "3");
 }
 
+TEST(KeepCopy, Copy_IsForNobodyElse) {
+    const test::TempFolder folder;
+    SystemFiles files;
+    KeepCopy(files, folder.Name("book.htm"), "1");
+    EXPECT_EQ(fs::status(folder.Name("book.htm.bak")).permissions(), fs::perms(0600));
+}
+
+// What an earlier kill has left stays, and a new copy stands beside it while it is needed.
+TEST(RewriteFile, CopyThatWasLeft_StaysAndHindersNothing) {
+    const test::TempFolder folder;
+    SystemFiles files;
+    WriteFile(folder.Name("book"), "old");
+    fs::create_hard_link(folder.Name("book"), folder.Name("other"));
+    WriteFile(folder.Name("book.orvik-copy"), "left");
+    ReplaceFile(files, folder.Name("book"), "new");
+    EXPECT_EQ(ReadFile(folder.Name("other")), "new");
+    EXPECT_EQ(ReadFile(folder.Name("book.orvik-copy")), "left");
+    EXPECT_EQ(folder.Files().size(), 3U);
+}
+
 }  // namespace
 }  // namespace orvik
