@@ -210,7 +210,7 @@ class BookWriter {
     }
 
     // Returns whether the copy stands on the disk.
-    bool WriteCopy(Path& name, std::string_view contents) const {
+    [[nodiscard]] bool WriteCopy(Path& name, std::string_view contents) const {
         std::unique_ptr<OutputFile> copy;
         if (Persist([&] { return files_.CreateUnseen(folder_, true, copy); })) {
             return false;

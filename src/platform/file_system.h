@@ -33,7 +33,7 @@ struct FileStatus {
     FileKind Kind = FileKind::Missing;
     FileIdentity Identity;
     std::uint64_t Names = 0;  // how many hard links lead to it
-    std::uint64_t Length() const { return Identity.Length; }
+    [[nodiscard]] std::uint64_t Length() const { return Identity.Length; }
 };
 
 // A file that is open for reading; it is closed when this goes.

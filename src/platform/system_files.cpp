@@ -317,8 +317,9 @@ FileSystem::Path SystemFiles::ResolveLinks(Path path) {
 }
 
 void IgnoreFileSignals() {
-    std::signal(SIGXFSZ, SIG_IGN);
-    std::signal(SIGPIPE, SIG_IGN);
+    // Nothing can be done where this fails.
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
 }
 
 }  // namespace orvik
