@@ -1,6 +1,7 @@
 #include "app/book_file.h"
 
 #include <array>
+#include <chrono>
 #include <memory>
 #include <random>
 #include <utility>
@@ -12,6 +13,9 @@ namespace orvik {
 namespace {
 
 using Path = FileSystem::Path;
+
+// So long a save waits for another program's.
+constexpr std::chrono::seconds kLongestWait{10};
 
 Failure FailureOf(std::error_code error) {
     struct Row {
@@ -86,7 +90,8 @@ class BookWriter {
 
     // Waits until no other program saves into the folder.
     void Lock() {
-        const std::error_code error = Persist([&] { return files_.Lock(folder_, lock_); });
+        const std::error_code error =
+            Persist([&] { return files_.Lock(folder_, kLongestWait, lock_); });
         if (error != std::errc::not_supported) {
             Check(error);
         }

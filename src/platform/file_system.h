@@ -7,6 +7,7 @@
 
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -114,10 +115,15 @@ class FileSystem {
     virtual std::error_code Remove(const Path& path) = 0;
     // Waits until the names of a folder are on the disk.
     virtual std::error_code SyncFolder(const Path& folder) = 0;
-    // Waits, up to some seconds, for the right to write into a folder. Errors:
+    // Creates a folder, for nobody but the user, and those that it is in; one that is there already
+    // is no error.
+    virtual std::error_code CreateFolders(const Path& folder) = 0;
+    // Waits, at most so long, for the right to write into a folder. Errors:
     // errc::device_or_resource_busy if another program keeps it; errc::not_supported where there
     // are no such rights.
-    virtual std::error_code Lock(const Path& folder, std::unique_ptr<FolderLock>& lock) = 0;
+    virtual std::error_code Lock(const Path& folder,
+                                 std::chrono::milliseconds longest,
+                                 std::unique_ptr<FolderLock>& lock) = 0;
     // Whether two names stand for one file that is there, links followed.
     virtual bool IsSame(const Path& one, const Path& other) = 0;
     // The file that a name stands for in the end, existing or not. What replaces a file replaces

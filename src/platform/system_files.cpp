@@ -20,8 +20,8 @@ namespace fs = std::filesystem;
 
 constexpr mode_t kDefaultMode = 0666;
 constexpr mode_t kOnlyMine = 0600;
+constexpr mode_t kPrivateFolder = 0700;
 constexpr mode_t kPermissions = 07777;
-constexpr std::chrono::seconds kLongestWait{10};
 constexpr std::chrono::milliseconds kBetweenTries{20};
 
 // What the system said. A quota that is used up is a disk that is full.
@@ -279,7 +279,20 @@ std::error_code SystemFiles::SyncFolder(const Path& folder) {
     return fsync(opened.Number()) < 0 && errno != EINVAL ? LastError() : std::error_code();
 }
 
-std::error_code SystemFiles::Lock(const Path& folder, std::unique_ptr<FolderLock>& lock) {
+std::error_code SystemFiles::CreateFolders(const Path& folder) {
+    if (mkdir(folder.c_str(), kPrivateFolder) == 0 || errno == EEXIST) {
+        return {};
+    }
+    if (errno != ENOENT || !folder.has_relative_path()) {
+        return LastError();
+    }
+    const std::error_code error = CreateFolders(FolderOf(folder));
+    return error ? error : Result(mkdir(folder.c_str(), kPrivateFolder));
+}
+
+std::error_code SystemFiles::Lock(const Path& folder,
+                                  std::chrono::milliseconds longest,
+                                  std::unique_ptr<FolderLock>& lock) {
     Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!opened.IsOpen()) {
         return errno == EACCES ? std::make_error_code(std::errc::not_supported) : LastError();
@@ -289,7 +302,7 @@ std::error_code SystemFiles::Lock(const Path& folder, std::unique_ptr<FolderLock
         if (errno != EWOULDBLOCK && errno != EINTR) {
             return std::make_error_code(std::errc::not_supported);
         }
-        if (std::chrono::steady_clock::now() - start > kLongestWait) {
+        if (std::chrono::steady_clock::now() - start > longest) {
             return std::make_error_code(std::errc::device_or_resource_busy);
         }
         std::this_thread::sleep_for(kBetweenTries);

@@ -21,7 +21,10 @@ class SystemFiles : public FileSystem {
     std::error_code Rename(const Path& from, const Path& to) override;
     std::error_code Remove(const Path& path) override;
     std::error_code SyncFolder(const Path& folder) override;
-    std::error_code Lock(const Path& folder, std::unique_ptr<FolderLock>& lock) override;
+    std::error_code CreateFolders(const Path& folder) override;
+    std::error_code Lock(const Path& folder,
+                         std::chrono::milliseconds longest,
+                         std::unique_ptr<FolderLock>& lock) override;
     bool IsSame(const Path& one, const Path& other) override;
     Path ResolveLinks(Path path) override;
 

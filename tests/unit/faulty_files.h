@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <chrono>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -126,8 +127,13 @@ class FaultyFiles : public SystemFiles {
     std::error_code SyncFolder(const Path& folder) override {
         return fault.Pass("SyncFolder", [&] { return SystemFiles::SyncFolder(folder); });
     }
-    std::error_code Lock(const Path& folder, std::unique_ptr<FolderLock>& lock) override {
-        return fault.Pass("Lock", [&] { return SystemFiles::Lock(folder, lock); });
+    std::error_code CreateFolders(const Path& folder) override {
+        return fault.Pass("CreateFolders", [&] { return SystemFiles::CreateFolders(folder); });
+    }
+    std::error_code Lock(const Path& folder,
+                         std::chrono::milliseconds longest,
+                         std::unique_ptr<FolderLock>& lock) override {
+        return fault.Pass("Lock", [&] { return SystemFiles::Lock(folder, longest, lock); });
     }
 
  private:
