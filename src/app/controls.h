@@ -14,6 +14,7 @@
 #include <variant>
 #include <vector>
 
+#include "app/shared_text.h"
 #include "platform/platform.h"
 
 namespace orvik {
@@ -99,20 +100,20 @@ struct MenuItem {
 // when the text is the same. The selection counts bytes from 0.
 class TextBox : public Control {
  public:
-    [[nodiscard]] const std::string& Text() const { return text_; }
+    [[nodiscard]] const SharedText& Text() const { return text_; }
     [[nodiscard]] Revision TextRevision() const { return revision_; }
     [[nodiscard]] std::string_view SelText() const {
-        return std::string_view(text_).substr(SelStart, SelLength);
+        return text_.View().substr(SelStart, SelLength);
     }
 
     // A command assigns the text; the selection goes to the start.
-    void SetText(std::string text);
+    void SetText(SharedText text);
     // A command replaces the selection; the cursor stands behind the new text.
     void ReplaceSelection(std::string_view text);
     // The user changed the text; the new selection is empty at sel_start.
-    void EditByUser(std::string text, std::size_t sel_start);
+    void EditByUser(SharedText text, std::size_t sel_start);
     // Puts an earlier text back, without Change.
-    void Restore(std::string text);
+    void Restore(SharedText text);
     // Runs Change.
     void RunChange();
     // The user selected; what lies beyond the text is cut off.
@@ -124,40 +125,53 @@ class TextBox : public Control {
     std::function<void()> Change;
 
  private:
-    void Assign(std::string text, std::size_t sel_start);
+    void Assign(SharedText text, std::size_t sel_start);
 
-    std::string text_;
+    SharedText text_;
     Revision revision_ = 0;
     bool changing_ = false;
 };
 
-// The items of a list, kept in one string, so that a million of them cost two allocations. A copy
-// shares them until one of the two changes.
+// The items of a list, which stand in one text one behind the other, so that a million of them cost
+// two allocations, or one where the text is there already. A copy shares them until one of the two
+// changes.
 class ItemList {
  public:
     [[nodiscard]] std::size_t size() const { return items_->Ends.size(); }
     [[nodiscard]] bool empty() const { return items_->Ends.empty(); }
-    [[nodiscard]] std::string_view operator[](std::size_t i) const {
-        const std::size_t start = i == 0 ? 0 : items_->Ends[i - 1];
-        return std::string_view(items_->Text).substr(start, items_->Ends[i] - start);
-    }
-    // The memory that the items take.
+    [[nodiscard]] std::string_view operator[](std::size_t i) const { return items_->Item(i); }
+    // The text that the items are views of; empty where they have one of their own.
+    [[nodiscard]] const SharedText& Source() const { return items_->Source; }
+    // The memory that the items take beside their source. Copies take it once.
     [[nodiscard]] std::size_t Bytes() const {
-        return items_->Text.size() + items_->Ends.size() * sizeof(std::size_t);
+        return items_->Own.size() + items_->Ends.size() * sizeof(std::size_t);
     }
-    void Clear() { items_ = std::make_shared<Shared>(); }
-    void Add(std::string_view item) {
-        if (items_.use_count() > 1) {
-            items_ = std::make_shared<Shared>(*items_);
-        }
-        items_->Text.append(item);
-        items_->Ends.push_back(items_->Text.size());
-    }
+    [[nodiscard]] const void* Identity() const { return items_.get(); }
+    // No item is left. Those that are added next may be views of source, equally far from one
+    // another; they are not copied then.
+    void Clear(SharedText source = {});
+    void Add(std::string_view item);
 
  private:
     struct Shared {
-        std::string Text;
+        SharedText Source;
+        std::string Own;
+        std::size_t First = 0;  // where the first item starts
+        std::size_t Gap = 0;    // how far an item starts behind the end of the one before
         std::vector<std::size_t> Ends;
+
+        [[nodiscard]] std::size_t Start(std::size_t i) const {
+            return i == 0 ? First : Ends[i - 1] + Gap;
+        }
+        [[nodiscard]] std::string_view Item(std::size_t i) const {
+            const std::size_t start = Start(i);
+            return (Source.empty() ? std::string_view(Own) : Source.View())
+                .substr(start, Ends[i] - start);
+        }
+        // Whether the item became a view of the source.
+        bool AddView(std::string_view item);
+        // Gives the items a text of their own.
+        void LeaveSource();
     };
     std::shared_ptr<Shared> items_ = std::make_shared<Shared>();
 };
@@ -165,15 +179,20 @@ class ItemList {
 // A list in which several rows can be selected. Rows count from 0.
 class ListBox : public Control {
  public:
+    // Selected rows, ascending; copies share them.
+    using Rows = std::shared_ptr<const std::vector<std::size_t>>;
+
     [[nodiscard]] const ItemList& Items() const { return items_; }
     [[nodiscard]] Revision ItemsRevision() const { return items_revision_; }
-    void Clear();
+    // No item is left; those that are added next may be views of source.
+    void Clear(SharedText source = {});
     void AddItem(std::string_view item);
-    // Puts earlier items back; none is selected.
-    void Restore(ItemList items);
+    // Puts earlier items and their selection back.
+    void Restore(ItemList items, Rows selected);
 
     // The selected rows, ascending.
-    [[nodiscard]] const std::vector<std::size_t>& Selected() const { return selected_; }
+    [[nodiscard]] const std::vector<std::size_t>& Selected() const { return *selected_; }
+    [[nodiscard]] const Rows& SelectedRows() const { return selected_; }
     [[nodiscard]] Revision SelectionRevision() const { return selection_revision_; }
     [[nodiscard]] bool IsSelected(std::size_t row) const;
     // Selects exactly these rows. Errors: RunTimeError 5 if one does not exist; nothing changes.
@@ -185,7 +204,7 @@ class ListBox : public Control {
  private:
     ItemList items_;
     Revision items_revision_ = 0;
-    std::vector<std::size_t> selected_;
+    Rows selected_ = std::make_shared<const std::vector<std::size_t>>();
     Revision selection_revision_ = 0;
 };
 

@@ -60,7 +60,7 @@ class Form1 : public Form {
 
     // Netscape 4 LDIF: src/formats/netscape4_commands.cpp.
     // Convert: writes the text as LDIF into LdifText; a text in the ASCII form becomes Native.
-    void Convert(std::string& text);
+    void Convert(SharedText& text);
     void mnuConvert_Click();
     void mnuCopyConvert_Click();
     // unconvert: reads LdifText into the working text, in the ASCII form.
@@ -70,10 +70,10 @@ class Form1 : public Form {
 
     // Netscape 3 HTML: src/formats/netscape3_commands.cpp.
     // Net3: the text as a Netscape 3 book; a text in the ASCII form becomes Native.
-    std::string Net3(std::string& text1String);
+    std::string Net3(SharedText& text1String);
     void mnuCopyNet3_Click();
     // UnNet3: the links of a Netscape 3 book as entries, less the last separator.
-    std::string UnNet3(const std::string& what);
+    std::string UnNet3(std::string_view what);
     void mnuClearPasteNet3_Click();
 
     // Juno: src/formats/juno_commands.cpp.

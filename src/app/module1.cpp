@@ -51,9 +51,10 @@ std::string Module1::SplitEntries(std::string_view text, std::string_view kind) 
         text = {};
     }
     NativeBlocks blocks = SplitBlocks(text, textSep);
+    std::string native = JoinBlocks(blocks);
     EmailBlock = std::move(blocks.Emails);
     NickBlock = std::move(blocks.Nicks);
-    return JoinBlocks({EmailBlock, NickBlock});
+    return native;
 }
 
 bool Module1::IsList(std::string_view text) const {
@@ -74,8 +75,8 @@ void Module1::RefreshLists() {
         Tell(TextNonexistant("An Error type"));
         return;
     }
-    form1.List1.Clear();
-    form1.List2.Clear();
+    form1.List1.Clear(WorkText);
+    form1.List2.Clear(WorkText);
     ItemCount = ListNative(
         WorkText,
         [this](std::string_view item) { form1.List1.AddItem(item); },

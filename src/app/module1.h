@@ -16,6 +16,7 @@
 #include "app/form1.h"
 #include "app/messages.h"
 #include "app/reading_note.h"
+#include "app/shared_text.h"
 #include "app/undo.h"
 #include "platform/file_system.h"
 #include "platform/platform.h"
@@ -93,7 +94,7 @@ class Module1 : public Windows {
                Matter about = Matter::Other);
 
     // The working text (src/app/working_text.h) and what it is split by.
-    std::string WorkText;
+    SharedText WorkText;
     std::string TextMode;
     std::string EmailBlock;
     std::string NickBlock;
@@ -101,7 +102,7 @@ class Module1 : public Windows {
     std::size_t ItemCount = 0;
 
     // The LDIF text last built or loaded.
-    std::string LdifText;
+    SharedText LdifText;
 
     bool EditMode = false;
     bool StartingUp = false;
@@ -114,7 +115,7 @@ class Module1 : public Windows {
 
     // What Open restores when a file is refused.
     std::string OldCaption;
-    std::string TextBeforeOpen;
+    SharedText TextBeforeOpen;
     ReadingNote NoteBeforeOpen;
 
     // Of what was read into the book: the windows show it, and no command depends on it.
@@ -148,9 +149,9 @@ class Module1 : public Windows {
 
     // JunoText: the text as a Juno address book. A working text in the ASCII form is parsed into
     // the Native form first, and text with it where it is the working text.
-    std::string JunoText(std::string& text);
+    std::string JunoText(SharedText& text);
     // ReadJuno: the entries of a Juno address book; the mode becomes ASCII.
-    std::string ReadJuno(const std::string& text);
+    std::string ReadJuno(std::string_view text);
     // The readers of comma-separated books: the file contents in WorkText become its entries, in
     // the ASCII form, by way of LDIF. Errors: RunTimeError 5, with a message, if the text ends too
     // soon.
@@ -181,7 +182,7 @@ class Module1 : public Windows {
 
     // MergeLdif: joins two texts, each in the form it is in, and lists the result. Both come back
     // in the ASCII form, by way of LDIF.
-    void MergeLdif(std::string& old_text, std::string& new_text);
+    void MergeLdif(SharedText& old_text, SharedText& new_text);
 
     // Extraction: src/extract/extraction.cpp.
     // ScanAddresses: appends the addresses of a chunk to found; total is the file's length in

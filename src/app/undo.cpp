@@ -1,5 +1,6 @@
 #include "app/undo.h"
 
+#include <set>
 #include <utility>
 
 #include "app/module1.h"
@@ -59,7 +60,7 @@ void UndoHistory::Step(std::deque<State>& from, std::deque<State>& to) {
 UndoHistory::State UndoHistory::Capture(std::string_view title) const {
     const Form1& form = module_.form1;
     const auto capture = [](const ListBox& list) {
-        return List{list.Items(), list.Selected(), list.ListIndex};
+        return List{list.Items(), list.SelectedRows(), list.ListIndex};
     };
     return {
         .Title = std::string(title),
@@ -78,8 +79,7 @@ UndoHistory::State UndoHistory::Capture(std::string_view title) const {
 void UndoHistory::Restore(State&& state) {
     Form1& form = module_.form1;
     const auto restore = [](ListBox& list, List&& kept) {
-        list.Restore(std::move(kept.Items));
-        list.Select(std::move(kept.Selected));
+        list.Restore(std::move(kept.Items), std::move(kept.Selected));
         list.ListIndex = kept.ListIndex;
     };
     module_.WorkText = std::move(state.WorkText);
@@ -95,19 +95,28 @@ void UndoHistory::Restore(State&& state) {
     form.LdifCurrent = false;
 }
 
-std::size_t UndoHistory::State::Bytes() const {
-    return WorkText.size() + Text1.size() + List1.Items.Bytes() + List2.Items.Bytes();
-}
-
 void UndoHistory::Limit(std::deque<State>& states) {
+    std::set<const void*> counted;
     std::size_t bytes = 0;
-    for (const State& state : states) {
-        bytes += state.Bytes();
+    const auto count = [&](const void* held, std::size_t size) {
+        bytes += counted.insert(held).second ? size : 0;
+    };
+    const auto count_text = [&](const SharedText& text) { count(text.View().data(), text.size()); };
+    std::size_t kept = 0;
+    for (auto state = states.rbegin(); state != states.rend() && kept < kMostSteps; ++state) {
+        count_text(state->WorkText);
+        count_text(state->Text1);
+        for (const List* list : {&state->List1, &state->List2}) {
+            count_text(list->Items.Source());
+            count(list->Items.Identity(), list->Items.Bytes());
+            count(list->Selected.get(), list->Selected->size() * sizeof(std::size_t));
+        }
+        if (bytes > kMostBytes) {
+            break;
+        }
+        ++kept;
     }
-    while (!states.empty() && (states.size() > kMostSteps || bytes > kMostBytes)) {
-        bytes -= states.front().Bytes();
-        states.pop_front();
-    }
+    states.erase(states.begin(), states.end() - static_cast<std::ptrdiff_t>(kept));
 }
 
 }  // namespace orvik

@@ -8,10 +8,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "app/controls.h"
 #include "app/reading_note.h"
+#include "app/shared_text.h"
 
 namespace orvik {
 
@@ -41,29 +41,28 @@ class UndoHistory {
  private:
     struct List {
         ItemList Items;
-        std::vector<std::size_t> Selected;
+        ListBox::Rows Selected;
         std::ptrdiff_t ListIndex = -1;
     };
     // What a command changes, as it was, and the command's title.
     struct State {
         std::string Title;
-        std::string WorkText;
+        SharedText WorkText;
         std::string TextMode;
         std::string Caption;
         ReadingNote Note;
-        std::string Text1;
+        SharedText Text1;
         List List1;
         List List2;
         std::size_t ItemCount = 0;
         std::string ItemText;
-
-        [[nodiscard]] std::size_t Bytes() const;
     };
 
     [[nodiscard]] State Capture(std::string_view title) const;
     void Restore(State&& state);
     // Takes the newest state of one history and keeps the present one in the other.
     void Step(std::deque<State>& from, std::deque<State>& to);
+    // Drops the oldest states beyond the limits. What several of them share counts once.
     static void Limit(std::deque<State>& states);
 
     Module1& module_;

@@ -24,7 +24,7 @@ void Form1::cmdDone_Click() {
 }
 
 void Module1::ListSelected() {
-    const std::string text =
+    const SharedText text =
         IsList(WorkText) ? JoinBlocks(SplitBlocks(WorkText, textSep)) : WorkText;
     NativeReader reader(text);
     const auto separator = static_cast<double>(reader.Separator());

@@ -1,6 +1,7 @@
 // Extract: collects the addresses of any file in the working text.
 
 #include <string>
+#include <utility>
 
 #include "app/form1.h"
 #include "app/messages.h"
@@ -41,7 +42,7 @@ void ScanFile(Module1& module, std::size_t length, std::string& found) {
         }
         controls.ShowCancel();
         tail = length - position < kScannedAtOnce;
-        const std::string chunk = module.File1.Read(tail ? length - position + 1 : kChunkLength);
+        const SharedText chunk = module.File1.Read(tail ? length - position + 1 : kChunkLength);
         module.WorkText = chunk;
         if (tail) {
             module.form1.StatusBar1.SetPanelText(1, "Extracting . . .");
@@ -81,8 +82,10 @@ bool ExtractAddresses(Module1& module,
         return false;
     }
     // Each address is its own nickname.
-    module.WorkText = found;
-    module.WorkText.append(kNick).append(kCrLf).append(found);
+    std::string text;
+    text.reserve(2 * found.size() + kNick.size() + kCrLf.size());
+    text.append(found).append(kNick).append(kCrLf).append(found);
+    module.WorkText = std::move(text);
     module.TextMode = mode::kNative;
     module.RefreshLists();
     module.form1.Text1.SetText(module.WorkText);

@@ -2,11 +2,11 @@
 
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "app/controls.h"
 #include "app/form.h"
+#include "app/shared_text.h"
 
 namespace orvik {
 
@@ -50,7 +50,7 @@ class Form3 : public Form {
     template <void (Module1::*Loader)()>
     void LoadAs();
 
-    std::string saved_text_;
+    SharedText saved_text_;
     bool closed_by_button_ = false;
 };
 

@@ -18,7 +18,7 @@ Answer AskForType(Module1& module) {
 }
 
 // How the loaders of the formats refuse a file. The user who is choosing already chooses again.
-void RefuseFormat(Module1& module, const std::string& raw) {
+void RefuseFormat(Module1& module, const SharedText& raw) {
     module.Note.LeftOut = {};
     if (module.form3.Visible()) {
         module.Tell("This file is not recognizable. Please select another format", "Error");
@@ -63,7 +63,7 @@ bool BeginList(Module1& module, Format format) {
 
 // Runs a reader of columns. Returns whether there is a book now.
 bool OpenColumns(Module1& module, Format format, void (Module1::*reader)()) {
-    const std::string raw = module.WorkText;
+    const SharedText raw = module.WorkText;
     module.NoteReading(raw, CountUnread(format, raw));
     if (!raw.empty()) {
         (module.*reader)();
@@ -91,7 +91,7 @@ void Module1::OpenNetscape3() {
         RefuseFormat(*this, WorkText);
         return;
     }
-    const std::string raw = WorkText;
+    const SharedText raw = WorkText;
     WorkText = form1.UnNet3(raw);
     if (WorkText.empty()) {
         RefuseFormat(*this, raw);
@@ -167,7 +167,7 @@ void Module1::OpenJuno() {
         return;
     }
     TextMode = mode::kJuno;
-    const std::string raw = WorkText;
+    const SharedText raw = WorkText;
     WorkText = ReadJuno(raw);
     if (WorkText.empty()) {
         RefuseFormat(*this, raw);

@@ -29,7 +29,7 @@ std::string PresetName(std::string_view caption) {
 }
 
 // A text in the ASCII form, by way of LDIF.
-std::string ThroughLdif(Module1& module, std::string text) {
+SharedText ThroughLdif(Module1& module, SharedText text) {
     if (text.empty()) {
         return text;
     }
@@ -68,15 +68,18 @@ void Form1::mnuMerge_Click() {
     LdifCurrent = false;
     StatusBar1.SetPanelText(1, "Ready");
     // The old text passes through WorkText, so the new one is kept apart from it.
-    std::string new_text = module_.WorkText;
+    SharedText new_text = module_.WorkText;
     module_.MergeLdif(module_.TextBeforeOpen, new_text);
 }
 
-void Module1::MergeLdif(std::string& old_text, std::string& new_text) {
+void Module1::MergeLdif(SharedText& old_text, SharedText& new_text) {
     // After a failure both texts are what they were.
     old_text = ThroughLdif(*this, old_text);
     new_text = ThroughLdif(*this, new_text);
-    WorkText = old_text + textSep + new_text;
+    std::string joined;
+    joined.reserve(old_text.size() + textSep.size() + new_text.size());
+    joined.append(old_text).append(textSep).append(new_text);
+    WorkText = std::move(joined);
     TextMode = mode::kAscii;
     RefreshLists();
 }

@@ -99,7 +99,7 @@ bool Form1::WriteInFormatOf(const std::string& name, bool ldif_outdated) {
             break;
         case Format::Pegasus:
             RoundTripThroughLdif(module_);
-            file.Append(name, std::string(kCrLf) + module_.WorkText + std::string(kCrLf));
+            file.Append(name, std::string(kCrLf).append(module_.WorkText).append(kCrLf));
             break;
         case Format::TextList:
             RoundTripThroughLdif(module_);

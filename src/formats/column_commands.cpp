@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "app/form1.h"
 #include "app/module1.h"
@@ -19,7 +20,8 @@ void LoadNative(Module1& module, std::optional<std::string> native) {
         throw RunTimeError(Failure::InvalidProcedureCall);
     }
     module.TextMode = mode::kNative;
-    module.form1.Convert(*native);
+    SharedText text(std::move(*native));
+    module.form1.Convert(text);
     module.form1.unconvert();
     if (!module.EditMode) {
         // On and off again: the new working text is listed.

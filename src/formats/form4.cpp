@@ -56,7 +56,7 @@ void Form4::Command3_Click() {
 
 void Form4::Command4_Click() {
     Result.clear();
-    if (!module_.platform.MayExport(Text1.Text(), Text2.Text())) {
+    if (!module_.platform.MayExport(std::string(Text1.Text()), std::string(Text2.Text()))) {
         return;
     }
     ShowButtons(false);
@@ -74,7 +74,7 @@ void Form4::Command4_Click() {
 }
 
 void Form4::ConvertFile(bool& reading_is_over) {
-    module_.File1.OpenForInput(Text1.Text());
+    module_.File1.OpenForInput(std::string(Text1.Text()));
     const std::string ldif = module_.File1.Read(module_.File1.Length());
     module_.File1.Close();
     int shown = -1;
@@ -89,9 +89,10 @@ void Form4::ConvertFile(bool& reading_is_over) {
     // Reading is over: a failure from here on is one of the output file.
     reading_is_over = true;
     const std::size_t entries = CountExported(output);
-    module_.File1.Replace(Text2.Text(), output.append(kCrLf));
-    Result = std::to_string(entries) + (entries == 1 ? " entry" : " entries") + " written to " +
-             Text2.Text();
+    const std::string name(Text2.Text());
+    module_.File1.Replace(name, output.append(kCrLf));
+    Result =
+        std::to_string(entries) + (entries == 1 ? " entry" : " entries") + " written to " + name;
 }
 
 void Form4::ShowButtons(bool visible) {

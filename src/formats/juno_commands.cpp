@@ -11,13 +11,13 @@
 
 namespace orvik {
 
-std::string Module1::ReadJuno(const std::string& text) {
+std::string Module1::ReadJuno(std::string_view text) {
     std::string list = orvik::ReadJuno(text);
     TextMode = mode::kAscii;
     return list;
 }
 
-std::string Module1::JunoText(std::string& text) {
+std::string Module1::JunoText(SharedText& text) {
     if (IsList(WorkText)) {
         form1.SplitIntoLists();
     }

@@ -13,7 +13,7 @@
 
 namespace orvik {
 
-std::string Form1::Net3(std::string& text1String) {
+std::string Form1::Net3(SharedText& text1String) {
     if (module_.IsList(text1String)) {
         text1String = module_.SplitEntries(text1String, "txt");
     }
@@ -26,7 +26,7 @@ void Form1::mnuCopyNet3_Click() {
     }
 }
 
-std::string Form1::UnNet3(const std::string& what) {
+std::string Form1::UnNet3(std::string_view what) {
     std::string list = ReadNetscape3(what, module_.textSep);
     // With CR this takes the last character of the last link text as well: the lists count on a
     // last character that is dropped.

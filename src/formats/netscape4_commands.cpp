@@ -13,7 +13,7 @@
 
 namespace orvik {
 
-void Form1::Convert(std::string& text) {
+void Form1::Convert(SharedText& text) {
     if (module_.IsList(text)) {
         text = module_.SplitEntries(text, "txt");
     }

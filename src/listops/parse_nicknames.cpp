@@ -10,7 +10,7 @@ namespace orvik {
 namespace {
 
 void SplitWorkText(Module1& module) {
-    const std::string text = std::exchange(module.WorkText, {});
+    const SharedText text = std::exchange(module.WorkText, {});
     module.WorkText = module.SplitEntries(text, "txt");
 }
 

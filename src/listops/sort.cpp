@@ -1,6 +1,7 @@
 // The sort commands.
 
 #include <string>
+#include <utility>
 
 #include "app/form1.h"
 #include "app/module1.h"
@@ -23,8 +24,8 @@ void TellTooManyToSort(Module1& module) {
 }
 
 // Half of the display belongs to each block; it counts the slots, not the lines.
-void AppendSorted(Module1& module, std::string_view block, int percent_done) {
-    module.WorkText.append(block);
+void AppendSorted(Module1& module, std::string& text, std::string_view block, int percent_done) {
+    text.append(block);
     for (int slot = kSlotsPerStep; slot <= kSlots; slot += kSlotsPerStep) {
         const int percent = percent_done + slot / 10;
         module.form1.ProgressBar1.Value = percent;
@@ -53,10 +54,11 @@ void SortWorkText(Module1& module, SortKey key) {
         TellTooManyToSort(module);
         return;
     }
-    module.WorkText.clear();
-    AppendSorted(module, sorted->Addresses, 0);
-    module.WorkText.append(kNick).append(kCrLf);
-    AppendSorted(module, sorted->Nicknames, kSlots / 10);
+    std::string text;
+    AppendSorted(module, text, sorted->Addresses, 0);
+    text.append(kNick).append(kCrLf);
+    AppendSorted(module, text, sorted->Nicknames, kSlots / 10);
+    module.WorkText = std::move(text);
     module.form1.StatusBar1.SetPanelText(1, "Ready");
     module.form1.ProgressBar1.Visible = false;
     module.TextMode = mode::kNative;

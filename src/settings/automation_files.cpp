@@ -13,7 +13,7 @@ namespace {
 
 // The entries as lines of aliases.
 std::string AliasLines(Module1& module) {
-    const std::string native = module.IsList(module.WorkText)
+    const SharedText native = module.IsList(module.WorkText)
                                    ? module.SplitEntries(module.WorkText, "txt")
                                    : module.WorkText;
     NativeReader reader(native);

@@ -333,7 +333,7 @@ TEST_F(AccessibilityTest, TabGoesAsTheEyeDoes) {
 TEST_F(AccessibilityTest, TabDoesNotBecomeText) {
     Show();
     SwitchEditMode();
-    const std::string before = module1.WorkText;
+    const SharedText before = module1.WorkText;
     QTest::keyClick(&Find<TextBoxView>("Text1"), Qt::Key_Tab);
     EXPECT_EQ(module1.WorkText, before);
 }

@@ -166,7 +166,7 @@ void DesktopActor::SetText(const Target& target, TextBox& box, const std::string
 void DesktopActor::TypeText(const Target& target, TextBox& box, const std::string& text) {
     Sync();
     TextBoxView* const view = Editable(target);
-    std::string whole = box.Text();
+    std::string whole(box.Text());
     whole.replace(box.SelStart, box.SelLength, text);
     if (view != nullptr && whole != box.Text()) {
         const QString letters = ToBoxText(text, view->encoding());

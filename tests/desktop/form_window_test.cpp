@@ -259,7 +259,7 @@ TEST_F(FormWindowTest, ADoubleClickOnTheAboutTextIsAnEvent) {
     EXPECT_EQ(colour(), QColor(15, 68, 86));
     EXPECT_TRUE(window->widget<TextBoxView>(form.Text1).isReadOnly());
     QTest::mouseDClick(window->widget<TextBoxView>(form.Text1).viewport(), Qt::LeftButton);
-    EXPECT_TRUE(form.Text1.Text().starts_with("Yes, you have uncovered a secret"));
+    EXPECT_TRUE(form.Text1.Text().View().starts_with("Yes, you have uncovered a secret"));
     EXPECT_TRUE(form.Picture2.Picture.empty());
     EXPECT_EQ(colour(), picture.palette().color(QPalette::Window));
 }

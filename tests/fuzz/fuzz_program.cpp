@@ -177,7 +177,7 @@ void FuzzedProgram::CheckHistory() {
         }
     };
     redo_all();
-    const std::string text = module.WorkText;
+    const SharedText text = module.WorkText;
     const std::string caption = module.form1.Caption;
     for (std::size_t i = 0; i <= UndoHistory::kMostSteps; ++i) {
         module.history.Undo();

@@ -29,7 +29,7 @@ void Actor::SetText(const Target& /*target*/, TextBox& box, const std::string& t
 
 void Actor::TypeText(const Target& /*target*/, TextBox& box, const std::string& text) {
     module().RunEvent([&] {
-        std::string whole = box.Text();
+        std::string whole(box.Text());
         whole.replace(box.SelStart, box.SelLength, text);
         box.EditByUser(std::move(whole), box.SelStart + text.size());
     });

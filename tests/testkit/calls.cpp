@@ -38,7 +38,7 @@ const std::vector<Procedure>& Procedures() {
          1,
          1,
          [](Module1& m, const Arguments& a) -> std::optional<std::string> {
-             std::string text = a[0];
+             SharedText text = a[0];
              m.form1.Convert(text);
              return std::nullopt;
          }},
@@ -52,7 +52,7 @@ const std::vector<Procedure>& Procedures() {
          1,
          1,
          [](Module1& m, const Arguments& a) {
-             std::string text = a[0];
+             SharedText text = a[0];
              return std::optional(Quote(m.form1.Net3(text)));
          }},
         {"UnNet3",
@@ -63,7 +63,7 @@ const std::vector<Procedure>& Procedures() {
          1,
          1,
          [](Module1& m, const Arguments& a) {
-             std::string text = a[0];
+             SharedText text = a[0];
              return std::optional(Quote(m.JunoText(text)));
          }},
         {"ReadJuno",
@@ -74,8 +74,8 @@ const std::vector<Procedure>& Procedures() {
          2,
          2,
          [](Module1& m, const Arguments& a) -> std::optional<std::string> {
-             std::string old_text = a[0];
-             std::string new_text = a[1];
+             SharedText old_text = a[0];
+             SharedText new_text = a[1];
              m.MergeLdif(old_text, new_text);
              return std::nullopt;
          }},

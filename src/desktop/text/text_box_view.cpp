@@ -176,7 +176,7 @@ void TextBoxView::takeSelection() {
 
 bool TextBoxView::changeToUtf8() {
     Encoding utf8 = Encoding::Utf8;
-    const std::string text = FromBoxText(now_.Letters, utf8);
+    const SharedText text = FromBoxText(now_.Letters, utf8);
     const auto [first, last] = std::minmax(now_.Anchor, now_.Position);
     const std::size_t start = ByteOffset(now_.Letters, first, utf8);
     const std::size_t end = ByteOffset(now_.Letters, last, utf8);

@@ -9,9 +9,9 @@
 #include <QPlainTextEdit>
 #include <QString>
 #include <optional>
-#include <string>
 
 #include "app/controls.h"
+#include "app/shared_text.h"
 #include "desktop/text/run_event.h"
 #include "desktop/text/text_codec.h"
 
@@ -66,7 +66,7 @@ class TextBoxView : public QPlainTextEdit {
  private:
     // The form's text and the same text as the widget shows it.
     struct State {
-        std::string Bytes;
+        SharedText Bytes;
         QString Letters;
         Encoding Shown = Encoding::Utf8;
         int Anchor = 0;

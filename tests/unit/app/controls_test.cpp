@@ -155,6 +155,86 @@ TEST(ItemList, Items_AreKeptApart) {
     EXPECT_EQ(items[0], "Cy");
 }
 
+// Whether a view lies within a text, and so is no copy.
+bool IsWithin(std::string_view view, const SharedText& text) {
+    const std::string_view whole = text.View();
+    return view.data() >= whole.data() && view.data() + view.size() <= whole.data() + whole.size();
+}
+
+TEST(ItemList, ItemsOfASource_AreViews) {
+    const SharedText text("skipped|Al|Bo||Cy");
+    ItemList items;
+    items.Clear(text);
+    for (const auto& [start, length] : {std::pair(8, 2), {11, 2}, {14, 0}, {15, 2}}) {
+        items.Add(
+            text.View().substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length)));
+    }
+    ASSERT_EQ(items.size(), 4U);
+    EXPECT_EQ(items[0], "Al");
+    EXPECT_EQ(items[1], "Bo");
+    EXPECT_EQ(items[2], "");
+    EXPECT_EQ(items[3], "Cy");
+    EXPECT_TRUE(IsWithin(items[0], text));
+    EXPECT_TRUE(IsWithin(items[3], text));
+    EXPECT_EQ(items.Source().Revision(), text.Revision());
+}
+
+TEST(ItemList, ViewsOutliveTheTextsName) {
+    ItemList items;
+    {
+        const SharedText text("Al and more that no string keeps in itself");
+        items.Clear(text);
+        items.Add(text.View().substr(0, 2));
+    }
+    EXPECT_EQ(items[0], "Al");
+}
+
+// Another distance, an earlier place, or another text: the items get a text of their own.
+TEST(ItemList, ItemThatIsNoNextView_EndsTheSharing) {
+    const SharedText text("Al,Bo,,Cy");
+    const std::string_view view = text;
+    const std::string other = "Dy";
+    for (const std::string_view last :
+         {view.substr(7, 2), view.substr(0, 2), view.substr(5, 1), std::string_view(other)}) {
+        ItemList items;
+        items.Clear(text);
+        items.Add(view.substr(0, 2));
+        items.Add(view.substr(3, 2));
+        EXPECT_TRUE(IsWithin(items[1], text));
+        items.Add(last);
+        items.Add("Ed");
+        EXPECT_EQ(items[0], "Al");
+        EXPECT_EQ(items[1], "Bo");
+        EXPECT_EQ(items[2], last);
+        EXPECT_EQ(items[3], "Ed");
+        EXPECT_FALSE(IsWithin(items[0], text));
+        EXPECT_TRUE(items.Source().empty());
+    }
+}
+
+TEST(ItemList, SecondItemBeforeTheFirst_EndsTheSharing) {
+    const SharedText text("Al,Bo");
+    ItemList items;
+    items.Clear(text);
+    items.Add(text.View().substr(3, 2));
+    items.Add(text.View().substr(0, 2));
+    EXPECT_EQ(items[0], "Bo");
+    EXPECT_EQ(items[1], "Al");
+}
+
+TEST(ItemList, AddingToACopy_LeavesTheOther) {
+    const SharedText text("Al,Bo,Cy");
+    ItemList items;
+    items.Clear(text);
+    items.Add(text.View().substr(0, 2));
+    const ItemList copy = items;
+    EXPECT_EQ(copy.Identity(), items.Identity());
+    items.Add(text.View().substr(3, 2));
+    EXPECT_EQ(copy.size(), 1U);
+    EXPECT_EQ(items.size(), 2U);
+    EXPECT_EQ(items[1], "Bo");
+}
+
 class ListBoxTest : public testing::Test {
  protected:
     ListBoxTest() {

@@ -147,12 +147,10 @@ TEST_F(UndoTest, MoreStepsThanTheMost_LoseTheOldest) {
     EXPECT_EQ(history_.RedoTitle(), "Step 5");
 }
 
-// The lists of the states share their items, so this takes the memory of one.
 TEST_F(UndoTest, MoreBytesThanTheMost_LoseTheOldest) {
-    constexpr std::size_t kKept = 4;
-    form1.List1.AddItem(std::string(UndoHistory::kMostBytes / kKept - 1000, 'x'));
-    for (int i = 1; i <= 10; ++i) {
-        SetText("Step " + std::to_string(i), std::to_string(i));
+    constexpr std::size_t kKept = 2;
+    for (char c = 'a'; c <= 'e'; ++c) {
+        SetText("Step", std::string(UndoHistory::kMostBytes / kKept - 1000, c));
     }
     std::size_t undone = 0;
     while (!history_.UndoTitle().empty()) {
@@ -160,7 +158,19 @@ TEST_F(UndoTest, MoreBytesThanTheMost_LoseTheOldest) {
         ++undone;
     }
     EXPECT_EQ(undone, kKept);
-    EXPECT_EQ(module1.WorkText, "6");
+    EXPECT_EQ(module1.WorkText.View().substr(0, 2), "cc");
+}
+
+TEST_F(UndoTest, WhatStatesShare_CountsOnce) {
+    form1.List1.AddItem(std::string(UndoHistory::kMostBytes - 1000, 'x'));
+    for (int i = 1; i <= 10; ++i) {
+        SetText("Step", std::to_string(i));
+    }
+    for (int i = 9; i >= 1; --i) {
+        history_.Undo();
+        EXPECT_EQ(module1.WorkText, std::to_string(i));
+    }
+    EXPECT_EQ(history_.UndoTitle(), "Step");
 }
 
 TEST_F(UndoTest, StateBeyondTheMostBytes_CannotBeUndone) {
@@ -208,7 +218,7 @@ TEST_F(UndoTest, EditMode_HidesTheTitles) {
 TEST_F(UndoTest, CommandInsideAnother_BelongsToIt) {
     history_.Run("Outer", [this] {
         SetText("Inner", "a");
-        module1.WorkText += "b";
+        module1.WorkText = "ab";
     });
     ExpectTitles("Outer", "");
     history_.Undo();

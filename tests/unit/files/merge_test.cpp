@@ -115,8 +115,8 @@ class MergeLdifTest : public test::CommandTest, public testing::WithParamInterfa
 
 TEST_P(MergeLdifTest, Row) {
     module1.textSep = GetParam().separator;
-    std::string old_text = GetParam().old_text;
-    std::string new_text = GetParam().new_text;
+    SharedText old_text = GetParam().old_text;
+    SharedText new_text = GetParam().new_text;
     module1.MergeLdif(old_text, new_text);
     EXPECT_EQ(module1.WorkText, GetParam().joined);
     EXPECT_EQ(module1.TextMode, "Native");
@@ -147,8 +147,8 @@ INSTANTIATE_TEST_SUITE_P(,
                          [](const auto& row) { return row.param.name; });
 
 TEST_F(MergeTest, TwoEmptyTexts_FailWith5) {
-    std::string old_text;
-    std::string new_text;
+    SharedText old_text;
+    SharedText new_text;
     EXPECT_EQ(FailureOf([&] { module1.MergeLdif(old_text, new_text); }), 5);
     EXPECT_EQ(module1.WorkText, "\r");
 }

@@ -19,7 +19,8 @@ class Form4Test : public test::CommandTest {
         form4.Text2.SetText(folder_.Name("out.csv"));
     }
     void ExpectAsked(bool may) {
-        EXPECT_CALL(platform, MayExport(form4.Text1.Text(), form4.Text2.Text()))
+        EXPECT_CALL(platform,
+                    MayExport(std::string(form4.Text1.Text()), std::string(form4.Text2.Text())))
             .WillOnce(Return(may));
     }
 

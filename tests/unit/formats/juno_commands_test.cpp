@@ -42,7 +42,7 @@ TEST_F(ModuleReadJuno, ClipboardBookAfterCancel_ChangesNothing) {
 using JunoText = test::CommandTest;
 
 TEST_F(JunoText, NativeText_IsWrittenWithProgress) {
-    std::string text = "A1\r\n-nick-\r\nAl\r\n";
+    SharedText text = "A1\r\n-nick-\r\nAl\r\n";
     module1.TextMode = mode::kNative;
     EXPECT_EQ(module1.JunoText(text), "\r\n\r\n" + JunoRecord("A1", "Al"));
     EXPECT_EQ(Panel(1), "Ready");

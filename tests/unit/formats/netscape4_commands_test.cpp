@@ -76,7 +76,7 @@ TEST_F(Convert, AsciiText_BecomesNativeWhileTheModeStays) {
 
 TEST_F(Convert, OtherText_BecomesNativeInPlace) {
     module1.TextMode = mode::kAscii;
-    std::string text = "A2\r\n";
+    SharedText text = "A2\r\n";
     form1.Convert(text);
     EXPECT_EQ(text, "A2\r\n-nick-\r\n\r\n");
     EXPECT_EQ(module1.WorkText, "");

@@ -84,7 +84,7 @@ TEST_F(SortTest, MoreThan500Items_OnlyTells) {
 
 TEST_F(SortTest, MoreThan500Lines_TellAndLeaveTheDisplay) {
     SetNative(Native(501));
-    const std::string before = module1.WorkText;
+    const SharedText before = module1.WorkText;
     ExpectTold(kTooMany, "File too large");
     module1.SortByNickname();
     EXPECT_EQ(module1.WorkText, before);
@@ -100,7 +100,7 @@ TEST_F(SortTest, MoreThan500EntriesInAsciiForm_AreSplitButKeepTheirMode) {
     SetAscii(list);
     ExpectTold(kTooMany, "File too large");
     module1.SortByAddress();
-    EXPECT_NE(module1.WorkText.find("\r\n-nick-\r\n"), std::string::npos);
+    EXPECT_NE(module1.WorkText.View().find("\r\n-nick-\r\n"), std::string_view::npos);
     EXPECT_EQ(module1.TextMode, "ASCII");
 }
 

@@ -18,15 +18,15 @@ using testing::Each;
 // What a window can read of the shared state.
 struct Seen {
     explicit Seen(const Module1& m)
-        : Texts{m.WorkText,
+        : Texts{std::string(m.WorkText),
                 m.TextMode,
                 m.EmailBlock,
                 m.NickBlock,
                 m.textSep,
-                m.LdifText,
+                std::string(m.LdifText),
                 m.MsgAnswer,
                 m.OldCaption,
-                m.TextBeforeOpen,
+                std::string(m.TextBeforeOpen),
                 m.PimSep},
           Numbers{static_cast<int>(m.ItemCount),
                   m.TextSepChoice,
