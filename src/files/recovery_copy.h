@@ -1,0 +1,38 @@
+// What is kept of a book that nobody has saved, as the bytes of a file.
+//
+// The file begins with the line "orvik-recovery 1". Each field is a line of its name and the number
+// of its bytes, and then the bytes and LF:
+//   mode 6 LF Native LF
+// A reader leaves out fields that it does not know, so that a later program may add some.
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "app/shared_text.h"
+
+namespace orvik {
+
+struct RecoveryCopy {
+    SharedText Text;      // the working text
+    std::string Mode;     // TextMode
+    std::string Caption;  // of the main window
+    SharedText Box;       // what the text box holds
+    bool EditMode = false;
+    std::string File;          // the book's name, empty for a new one
+    std::size_t Entries = 0;   // in the lists
+    std::int64_t Seconds = 0;  // when it was kept, since 1970
+};
+
+// WriteRecoveryCopy: the file's bytes.
+[[nodiscard]] std::string WriteRecoveryCopy(const RecoveryCopy& copy);
+
+// ReadRecoveryCopy: what a file holds; nothing if it is no such file, of a later version or cut
+// off.
+[[nodiscard]] std::optional<RecoveryCopy> ReadRecoveryCopy(std::string_view bytes);
+
+}  // namespace orvik
