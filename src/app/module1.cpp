@@ -64,6 +64,10 @@ bool Module1::IsListed(std::string_view text) const {
     return TextMode == mode::kNative || (TextMode == mode::kAscii && IsNative(text));
 }
 
+std::string Module1::InNativeForm() const {
+    return IsList(WorkText) ? JoinBlocks(SplitBlocks(WorkText, textSep)) : WorkText;
+}
+
 void Module1::RefreshLists() {
     if (TextMode == mode::kAscii) {
         if (IsList(WorkText)) {

@@ -142,6 +142,10 @@ class Module1 : public Windows {
     // IsListed: whether a text is in the Native form, by the mode or by itself.
     [[nodiscard]] bool IsListed(std::string_view text) const;
 
+    // InNativeForm: the working text, split if it is a list; what the split keeps stays. Errors:
+    // RunTimeError 5 if the list holds no entry.
+    [[nodiscard]] std::string InNativeForm() const;
+
     // RefreshLists: brings the working text into the Native form and fills both lists and the item
     // count from it.
     void RefreshLists();

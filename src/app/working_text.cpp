@@ -200,6 +200,23 @@ std::size_t ListNative(std::string_view text,
     return count;
 }
 
+ListedBlocks FindBlocks(std::string_view text) {
+    std::size_t middle = 0;
+    if (!text.starts_with(kNick)) {
+        const std::size_t end = text.find(std::string(kCrLf).append(kNick));
+        if (end == std::string_view::npos) {
+            return {text, {}};
+        }
+        middle = end + kCrLf.size();
+    }
+    std::string_view nicknames = text.substr(middle + kNick.size());
+    nicknames.remove_prefix(std::min<std::size_t>(nicknames.size(), 1));
+    if (nicknames.starts_with('\n')) {
+        nicknames.remove_prefix(1);
+    }
+    return {text.substr(0, middle), nicknames};
+}
+
 std::string EntryEnd(std::string_view separator) {
     std::string end(separator);
     if (separator == "\r") {

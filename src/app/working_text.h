@@ -51,6 +51,17 @@ std::size_t ListNative(std::string_view text,
                        const std::function<void(std::string_view)>& add_email,
                        const std::function<void(std::string_view)>& add_nick);
 
+// The lines of a Native text, each with its end: its addresses and its nicknames.
+struct ListedBlocks {
+    std::string_view Addresses;
+    std::string_view Nicknames;
+};
+
+// FindBlocks: where the lists find addresses and nicknames, at the first line that begins with
+// "-nick-". A text without one is addresses alone. The last line of a block need not be ended.
+//   "A1\r\n-nick-\r\nAl\r\n" -> "A1\r\n" and "Al\r\n"
+[[nodiscard]] ListedBlocks FindBlocks(std::string_view text);
+
 // EntryEnd: what the readers write behind an entry: the separator, and LF behind a CR.
 [[nodiscard]] std::string EntryEnd(std::string_view separator);
 

@@ -279,6 +279,22 @@ void DesktopActor::ChooseItem(const Target& target, ComboBox& combo, const std::
     Sync();
 }
 
+bool DesktopActor::EditEntry(std::size_t row,
+                             const std::string& address,
+                             const std::string& nickname) {
+    CountDirect();
+    const bool there = Actor::EditEntry(row, address, nickname);
+    Sync();
+    return there;
+}
+
+bool DesktopActor::DeleteEntries(const std::vector<std::size_t>& rows) {
+    CountDirect();
+    const bool there = Actor::DeleteEntries(rows);
+    Sync();
+    return there;
+}
+
 void DesktopActor::Click(Form& form) {
     Sync();
     QWidget& window = WindowOf(form);

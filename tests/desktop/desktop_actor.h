@@ -60,6 +60,10 @@ class DesktopActor : public Actor, public ScenarioPlatform::Windows {
     void SetCheck(const Target& target, CheckBox& box, bool checked) override;
     void ChooseOption(const Target& target, OptionButton& option) override;
     void ChooseItem(const Target& target, ComboBox& combo, const std::string& item) override;
+    bool EditEntry(std::size_t row,
+                   const std::string& address,
+                   const std::string& nickname) override;
+    bool DeleteEntries(const std::vector<std::size_t>& rows) override;
     void Click(Form& form) override;
     void DoubleClick(const Target& target) override;
     void ReleaseKey(Form& form, int key_code) override;
