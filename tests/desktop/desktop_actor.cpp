@@ -208,7 +208,7 @@ bool DesktopActor::ClickRow(ListBoxView& view,
         return false;
     }
     const QModelIndex last = view.model()->index(static_cast<int>(rows.back()), 0);
-    if (rows.size() == 1) {
+    if (rows.size() == 1 && (!view.addsClicks() || list.Selected().empty())) {
         view.scrollTo(last);
         QTest::mouseClick(
             view.viewport(), Qt::LeftButton, Qt::NoModifier, view.visualRect(last).center());

@@ -15,6 +15,7 @@
 #include "app/messages.h"
 #include "app/run_time_error.h"
 #include "desktop/session/autostart.h"
+#include "desktop/session/long_text.h"
 #include "desktop/text/system_clipboard.h"
 #include "desktop/text/text_codec.h"
 #include "platform/system_files.h"
@@ -83,6 +84,7 @@ Answer QtPlatform::ShowBox(const MessageBox& box) {
                           desktop_.frontWindow());
         shown.setTextFormat(Qt::PlainText);
         shown.setWindowModality(Qt::WindowModal);
+        LetTextBeRead(shown);
         shown.setEscapeButton(EscapeOf(box.Choice));
         return AnswerOf(shown.exec());
     });

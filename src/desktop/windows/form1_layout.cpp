@@ -2,20 +2,40 @@
 // depends on how high letters are, so there the window decides.
 
 #include <QEvent>
+#include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 #include <algorithm>
 #include <cmath>
 
 #include "desktop/text/text_box_view.h"
 #include "desktop/views/list_box_view.h"
+#include "desktop/views/list_group.h"
 #include "desktop/views/measures.h"
+#include "desktop/views/status_bar_view.h"
 #include "desktop/windows/form1_window.h"
 
 namespace orvik {
+namespace {
 
+// As many rows as a window should show at first.
+constexpr int kFewestRows = 10;
+
+}  // namespace
+
+// The form's size, or more where the letters are so large that usual addresses would be cut off.
 QSize Form1Window::startSize() const {
-    return {ToPixels(form_.Width, logicalDpiX()), ToPixels(form_.Height, logicalDpiY())};
+    const QSize form(ToPixels(form_.Width, logicalDpiX()), ToPixels(form_.Height, logicalDpiY()));
+    const ListBoxView& list = *lists_.front().second;
+    const QSize row = list.sizeOf(QStringLiteral("christopher.winter@example.org"));
+    const int height = menuBar()->sizeHint().height() + kFewestRows * row.height() +
+                       buttons_.front().second->sizeHint().height() +
+                       status_bar_->sizeHint().height();
+    const int width =
+        2 * (row.width() + 2 * list.frameWidth() + list.verticalScrollBar()->sizeHint().width());
+    return form.expandedTo({width, height}).boundedTo(screen()->availableSize());
 }
 
 void Form1Window::resizeEvent(QResizeEvent* event) {
@@ -74,20 +94,39 @@ void Form1Window::place() {
         widget.setGeometry(left, top, right - left, tall);
     };
     set(*text1_, form_.Text1, 0, height);
-    for (const auto& [list, view] : lists_) {
-        if (list == &form_.List3) {
-            // The form gives the numbers no width: they take what they need.
-            view->setGeometry(
-                ToPixels(list->Left, logicalDpiX()), 0, view->widthOfNumbers(), list_height);
-        } else {
-            set(*view, *list, 0, list_height);
-        }
-    }
+    placeLists(list_height);
     for (const auto& [button, view] : buttons_) {
         // The form puts a button into the middle of the window where it gives it a top.
         const int top = ToPixels(button->Top, logicalDpiY());
         set(*view, *button, top == 0 ? list_height : top, button_height);
     }
+}
+
+void Form1Window::placeLists(int bottom) {
+    number_hint_->setVisible(form_.List3.Visible);
+    if (form_.List3.Visible) {
+        const int width = centralWidget()->width();
+        const int height = std::min(number_hint_->heightForWidth(width), bottom);
+        bottom -= height;
+        number_hint_->setGeometry(0, bottom, width, height);
+    }
+    const auto set = [&](ListBoxView& view, int left, int right) {
+        view.setGeometry(left, 0, right - left, bottom);
+    };
+    // Edges are rounded, not widths, so that neighbours meet.
+    const int middle = ToPixels(form_.List1.Left + form_.List1.Width, logicalDpiX());
+    ListBoxView& addresses = *lists_[0].second;
+    ListBoxView& numbers = *lists_[2].second;
+    set(addresses, ToPixels(form_.List1.Left, logicalDpiX()), middle);
+    set(*lists_[1].second,
+        ToPixels(form_.List2.Left, logicalDpiX()),
+        ToPixels(form_.List2.Left + form_.List2.Width, logicalDpiX()));
+    // The form lays the numbers over the edge between the lists and gives them no width. They end
+    // at that edge, so that they hide no nickname, and addresses are cut off in front of them.
+    const int numbers_width = std::min(numbers.widthOfItems(), addresses.width());
+    set(numbers, middle - numbers_width, middle);
+    addresses.setCovered(form_.List3.Visible ? numbers_width : 0);
+    list_group_->shareRange();
 }
 
 }  // namespace orvik

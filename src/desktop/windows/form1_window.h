@@ -19,11 +19,13 @@
 #include "desktop/windows/form_events.h"
 
 class QAction;
+class QLabel;
 class QPushButton;
 
 namespace orvik {
 
 class ListBoxView;
+class ListGroup;
 class ListMenu;
 class StatusBarView;
 class TextBoxView;
@@ -100,6 +102,8 @@ class Form1Window : public QMainWindow, public View {
     [[nodiscard]] QSize startSize() const;
     void layOut();
     void place();
+    // Places the lists above this line, and the hint to the numbers under them.
+    void placeLists(int bottom);
     void setFloor();
 
     Form1& form_;
@@ -110,6 +114,8 @@ class Form1Window : public QMainWindow, public View {
     std::vector<std::pair<const MenuItem*, QAction*>> actions_;
     std::vector<std::pair<const Button*, QPushButton*>> buttons_;
     std::vector<std::pair<const ListBox*, ListBoxView*>> lists_;
+    ListGroup* list_group_ = nullptr;
+    QLabel* number_hint_ = nullptr;  // how numbers are chosen, while they are shown
     TextBoxView* text1_ = nullptr;
     TextBoxView* text3_ = nullptr;
     StatusBarView* status_bar_ = nullptr;
