@@ -95,6 +95,7 @@ bool Desktop::run(const std::function<void()>& event, AtYield at_yield) {
             end_ = std::current_exception();
         }
         --running_;
+        has_yielded_ = has_yielded_ && running_ > 0;
     }
     if (hasEnded()) {
         QCoreApplication::exit();
@@ -147,8 +148,15 @@ void Desktop::waitUntilOnScreen(const QWidget& window) {
     }
 }
 
+// A scan yields many times in a millisecond; to show each would take most of its time.
 void Desktop::yield() {
     rethrowEnd();
+    if (frame_event_ == event_ && since_frame_.isValid() &&
+        since_frame_.elapsed() < between_frames_.count()) {
+        return;
+    }
+    frame_event_ = event_;
+    has_yielded_ = isRunning();
     syncAll();
     if (!yielding_) {
         const QScopedValueRollback yielding(yielding_, true);
@@ -156,6 +164,8 @@ void Desktop::yield() {
         QCoreApplication::processEvents();
         qApp->removeEventFilter(this);
     }
+    // What the frame itself took does not count.
+    since_frame_.start();
     rethrowEnd();
 }
 

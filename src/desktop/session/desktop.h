@@ -6,8 +6,10 @@
 
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QScopedValueRollback>
+#include <chrono>
 #include <cstdint>
 #include <exception>
 #include <functional>
@@ -49,7 +51,11 @@ enum class AtYield { Refused, Taken };
 class Desktop : public QObject {
     Q_OBJECT
  public:
-    Desktop() = default;
+    // While a command runs, the windows are made equal to their forms at a yield, and events taken,
+    // no more often than this: as often as an eye sees it.
+    static constexpr std::chrono::milliseconds kBetweenFrames{50};
+    explicit Desktop(std::chrono::milliseconds between_frames = kBetweenFrames)
+        : between_frames_(between_frames) {}
 
     // The view must stay until the desktop goes or its form is removed.
     void add(const Form& form, View& view);
@@ -77,10 +83,12 @@ class Desktop : public QObject {
     // that shows it goes on without taking events, and it would stay blank. No event of the user is
     // taken, from wherever it comes.
     void waitUntilOnScreen(const QWidget& window);
-    // Lets pending events run. Of the user's input only what goes to a widget of acceptAtYield, and
-    // the closing of a window, is taken.
+    // Lets pending events run, unless they just did in this command. Of the user's input only what
+    // goes to a widget of acceptAtYield, and the closing of a window, is taken.
     void yield();
     void acceptAtYield(QWidget& widget);
+    // Whether the running command has let events run: of all commands only an extraction does.
+    [[nodiscard]] bool hasYielded() const { return has_yielded_; }
 
     // Runs an event loop, for example a box, in the middle of a command.
     template <class Loop>
@@ -113,6 +121,10 @@ class Desktop : public QObject {
     std::exception_ptr end_;
     int running_ = 0;
     std::uint64_t event_ = 0;
+    std::chrono::milliseconds between_frames_;
+    QElapsedTimer since_frame_;
+    std::uint64_t frame_event_ = 0;  // the event that the last frame belongs to
+    bool has_yielded_ = false;
     bool yielding_ = false;
     bool waiting_ = false;
 };

@@ -74,14 +74,13 @@ void ListBoxView::showNumbers(const QString& hint) {
     setAccessibleDescription(hint);
 }
 
-int ListBoxView::widthOfItems() const {
+void ListBoxView::findLongest() {
     std::string_view longest;
     for (std::size_t i = 0; i < box_.Items().size(); ++i) {
         longest =
             std::max(longest, box_.Items()[i], [](auto a, auto b) { return a.size() < b.size(); });
     }
-    // Any other number of as many digits is as wide.
-    return sizeOf(ToLetters(longest)).width() + 2 * frameWidth();
+    longest_ = ToLetters(longest);
 }
 
 void ListBoxView::sync() {
@@ -90,6 +89,9 @@ void ListBoxView::sync() {
         items_shown_ = box_.ItemsRevision();
         selection_shown_ = ~Revision{0};
         model_.refresh();
+        if (adds_clicks_) {
+            findLongest();
+        }
     }
     if (selection_shown_ != box_.SelectionRevision()) {
         selection_shown_ = box_.SelectionRevision();

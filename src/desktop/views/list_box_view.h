@@ -26,7 +26,7 @@ class ListBoxView : public QListView {
     [[nodiscard]] bool addsClicks() const { return adds_clicks_; }
     // The size of a row with this text, and how wide the list must be for its longest item.
     [[nodiscard]] QSize sizeOf(const QString& text) const;
-    [[nodiscard]] int widthOfItems() const;
+    [[nodiscard]] int widthOfItems() const { return sizeOf(longest_).width() + 2 * frameWidth(); }
 
     [[nodiscard]] const ListBox& box() const { return box_; }
     // Whether the form has other items than those that are shown.
@@ -61,6 +61,7 @@ class ListBoxView : public QListView {
 
  private:
     void syncSelection();
+    void findLongest();
     [[nodiscard]] std::vector<std::size_t> selectedRows() const;
     // Lets Qt handle an event and then reports the click that came of it, if any: only then are
     // selection and current row both up to date.
@@ -78,6 +79,7 @@ class ListBoxView : public QListView {
     Revision items_shown_ = ~Revision{0};
     Revision selection_shown_ = ~Revision{0};
     QString hint_;
+    QString longest_;  // of numbers the longest one: any other of as many digits is as wide
     int scrolled_rows_ = 0;
     bool adds_clicks_ = false;
     bool shows_scroll_bar_ = false;

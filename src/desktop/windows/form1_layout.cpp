@@ -99,6 +99,11 @@ void Form1Window::place() {
         // The form puts a button into the middle of the window where it gives it a top.
         const int top = ToPixels(button->Top, logicalDpiY());
         set(*view, *button, top == 0 ? list_height : top, button_height);
+        if (button == &form_.cmdCancel && isExtracting()) {
+            // It stays in the middle, where the form puts it once, also when the window is resized.
+            view->move((centralWidget()->width() - view->width()) / 2,
+                       (height - button_height) / 2);
+        }
     }
 }
 

@@ -39,7 +39,9 @@ void Form1Window::sync() {
     SyncTitle(*this, title());
     syncMenus();
     syncControls();
-    status_bar_->sync(desktop_.isRunning());
+    status_bar_->sync(desktop_.hasYielded()  ? StatusBarView::Running::Extraction
+                      : desktop_.isRunning() ? StatusBarView::Running::Command
+                                             : StatusBarView::Running::Nothing);
     status_bar_->setNote(ToLetters(module_.Note.Text()));
     place();
 }
