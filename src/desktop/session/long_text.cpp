@@ -12,11 +12,11 @@ namespace orvik {
 namespace {
 
 // In lines and letters; the longest of our questions has far less.
-constexpr qsizetype kMostLines = 15;
-constexpr qsizetype kMostLetters = 1500;
+constexpr qsizetype kShortLines = 15;
+constexpr qsizetype kShortText = 1500;
 
 bool IsLong(const QString& text) {
-    return text.size() > kMostLetters || text.count(u'\n') >= kMostLines;
+    return text.size() > kShortText || text.count(u'\n') >= kShortLines;
 }
 
 // As wide as the line with the most letters and as high as the lines that a box may have, on a
@@ -32,7 +32,7 @@ QSize SizeFor(const QPlainTextEdit& edit, const QSize& screen) {
     const int frame = 2 * (edit.frameWidth() + static_cast<int>(edit.document()->documentMargin()));
     const QSize size(letters.horizontalAdvance(longest) + letters.averageCharWidth() + frame +
                          edit.verticalScrollBar()->sizeHint().width(),
-                     static_cast<int>(kMostLines) * letters.lineSpacing() + frame);
+                     static_cast<int>(kShortLines) * letters.lineSpacing() + frame);
     return size.boundedTo(screen / 2);
 }
 

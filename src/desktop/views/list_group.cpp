@@ -2,6 +2,7 @@
 
 #include <QScrollBar>
 #include <algorithm>
+#include <utility>
 
 namespace orvik {
 
@@ -35,7 +36,9 @@ void ListGroup::sync(const std::string& book) {
                          : SameEntry(shown_, static_cast<std::size_t>(focused), now);
     shown_ = std::move(now);
     book_ = book;
-    if (row) {
+    if (const auto kept = std::exchange(kept_row_, {})) {
+        focusRow(*kept);
+    } else if (row) {
         focusRow(static_cast<int>(*row));
     } else {
         scrollAll(0);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QObject>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,12 +29,15 @@ class ListGroup : public QObject {
     // The lists that are shown now share one range.
     void shareRange();
 
+    // The change that comes next leaves the lists where they are and gives this row the focus, the
+    // last one if it is not there then.
+    void keepRow(int row) { kept_row_ = row; }
+
     // The row that has the focus, -1 if none has it.
     [[nodiscard]] int focusedRow() const;
-    // Gives a row the focus, the last one if it is not there.
-    void focusRow(int row);
 
  private:
+    void focusRow(int row);
     void scrollAll(int value);
 
     std::vector<ListBoxView*> lists_;
@@ -41,6 +45,7 @@ class ListGroup : public QObject {
     ListBoxView* nicknames_ = nullptr;
     Entries shown_;
     std::string book_;
+    std::optional<int> kept_row_;
 };
 
 }  // namespace orvik

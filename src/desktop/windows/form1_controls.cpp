@@ -53,10 +53,10 @@ void Form1Window::addLists() {
     auto* const nicknames = add(form_.List2, "List2", tr("Nicknames"));
     list_group_ = new ListGroup(this);
     list_group_->setEntries(*addresses, *nicknames);
-    list_menu_ = new ListMenu(module_, events_, find_bar_->findAction(), *this);
-    for (const auto& [box, view] : lists_) {
-        list_menu_->addTo(*view, *box);
-    }
+    list_menu_ =
+        new ListMenu(module_, events_, desktop_, *list_group_, find_bar_->findAction(), *this);
+    list_menu_->addTo(*addresses);
+    list_menu_->addTo(*nicknames);
     auto* const numbers = add(form_.List3, "List3", tr("Numbers of the rows to select"));
     const QString hint = tr("Click the numbers that you want, then Done");
     numbers->showNumbers(hint);
