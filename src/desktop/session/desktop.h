@@ -122,6 +122,7 @@ class Desktop : public QObject {
     int running_ = 0;
     std::uint64_t event_ = 0;
     std::chrono::milliseconds between_frames_;
+    std::chrono::milliseconds until_next_frame_{0};
     QElapsedTimer since_frame_;
     std::uint64_t frame_event_ = 0;  // the event that the last frame belongs to
     bool has_yielded_ = false;
