@@ -1,5 +1,7 @@
 #include "desktop/windows/changed_entry.h"
 
+#include <QObject>
+
 #include "desktop/text/text_codec.h"
 #include "listops/change_entries.h"
 

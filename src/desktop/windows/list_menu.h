@@ -2,7 +2,9 @@
 
 #pragma once
 
+#include <QList>
 #include <QObject>
+#include <QString>
 #include <functional>
 #include <utility>
 #include <vector>

@@ -6,7 +6,6 @@
 namespace orvik {
 namespace {
 
-
 class EntryCommandsTest : public test::CommandTest {
  protected:
     void List(const std::string& native) {
