@@ -64,6 +64,10 @@ bool Module1::IsListed(std::string_view text) const {
     return TextMode == mode::kNative || (TextMode == mode::kAscii && IsNative(text));
 }
 
+EntrySum Module1::Entries(std::string_view text, std::string_view mode) const {
+    return SumEntries(text, mode == mode::kNative || HasNickLine(text), textSep);
+}
+
 void Module1::RefreshLists() {
     if (TextMode == mode::kAscii) {
         if (IsList(WorkText)) {
