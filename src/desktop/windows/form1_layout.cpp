@@ -9,8 +9,11 @@
 
 #include "desktop/text/text_box_view.h"
 #include "desktop/views/list_box_view.h"
+#include "desktop/views/list_heading.h"
 #include "desktop/views/measures.h"
+#include "desktop/views/quiet_line.h"
 #include "desktop/windows/form1_window.h"
+#include "desktop/windows/tool_bar.h"
 
 namespace orvik {
 
@@ -25,10 +28,9 @@ void Form1Window::resizeEvent(QResizeEvent* event) {
 
 void Form1Window::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange) {
+    if (event->type() == QEvent::WindowStateChange || event->type() == QEvent::FontChange ||
+        event->type() == QEvent::StyleChange) {
         layOut();
-    } else if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-        place();
     }
 }
 
@@ -39,12 +41,16 @@ void Form1Window::layOut() {
         resize(size().expandedTo(minimumSize()));
         return;
     }
+    fitBar();
     form_.Minimised = isMinimized();
     form_.Width = ToTwips(frameGeometry().width(), logicalDpiX());
     form_.Height = ToTwips(frameGeometry().height(), logicalDpiY());
     form_.ScaleWidth = ToTwips(width(), logicalDpiX());
-    form_.ScaleHeight = ToTwips(height() - menuBar()->height(), logicalDpiY());
+    // The tool bar is no part of the form.
+    form_.ScaleHeight =
+        ToTwips(height() - menuBar()->height() - tool_bar_->takenHeight(), logicalDpiY());
     form_.Form_Resize();
+    syncHeadings();
     place();
 }
 
@@ -59,14 +65,26 @@ void Form1Window::setFloor() {
 }
 
 void Form1Window::place() {
-    const int bar_height = find_bar_->isHidden() ? 0 : find_bar_->sizeHint().height();
-    const int height = centralWidget()->height() - bar_height;
-    find_bar_->setGeometry(0, height, centralWidget()->width(), bar_height);
+    const int width = centralWidget()->width();
+    int height = centralWidget()->height();
+    const auto put_at_foot = [&](QWidget& line, int tall) {
+        height -= tall;
+        line.setGeometry(0, height, width, tall);
+    };
+    put_at_foot(*quiet_line_, quiet_line_->heightIn(width));
+    put_at_foot(*find_bar_, find_bar_->isHidden() ? 0 : find_bar_->sizeHint().height());
     int button_height = 0;
     for (const auto& [button, view] : buttons_) {
         button_height = std::max(button_height, view->sizeHint().height());
     }
-    const int list_height = std::max(0, height - button_height);
+    int heading_height = 0;
+    for (const Heading& heading : headings_) {
+        if (!heading.Shown->isHidden()) {
+            heading_height = std::max(heading_height, heading.Shown->sizeHint().height());
+        }
+    }
+    const int lists_end = std::max(0, height - button_height);
+    const int list_height = std::max(0, lists_end - heading_height);
     // Edges are rounded, not widths, so that neighbours meet.
     const auto set = [this](QWidget& widget, const Control& control, int top, int tall) {
         const int left = ToPixels(control.Left, logicalDpiX());
@@ -77,17 +95,23 @@ void Form1Window::place() {
     for (const auto& [list, view] : lists_) {
         if (list == &form_.List3) {
             // The form gives the numbers no width: they take what they need.
-            view->setGeometry(
-                ToPixels(list->Left, logicalDpiX()), 0, view->widthOfNumbers(), list_height);
+            view->setGeometry(ToPixels(list->Left, logicalDpiX()),
+                              heading_height,
+                              view->widthOfNumbers(),
+                              list_height);
         } else {
-            set(*view, *list, 0, list_height);
+            set(*view, *list, heading_height, list_height);
         }
+    }
+    for (const Heading& heading : headings_) {
+        set(*heading.Shown, *heading.Of, 0, heading_height);
     }
     for (const auto& [button, view] : buttons_) {
         // The form puts a button into the middle of the window where it gives it a top.
         const int top = ToPixels(button->Top, logicalDpiY());
-        set(*view, *button, top == 0 ? list_height : top, button_height);
+        set(*view, *button, top == 0 ? lists_end : top, button_height);
     }
+    placeEmptyNote();
 }
 
 }  // namespace orvik

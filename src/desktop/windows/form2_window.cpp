@@ -17,14 +17,14 @@ namespace {
 
 enum Tab { kFormats, kPim, kAutomation };
 
-constexpr int kLetters = 30;
+constexpr int kBoxLetters = 30;
 
 }  // namespace
 
 Form2Window::Form2Window(Module1& module, Desktop& desktop, QWidget* owner)
     : FormWindow(module, module.form2, desktop, owner), form_(module.form2) {
     for (const TextBox* const box : {&form_.Text1, &form_.Text2, &form_.Text3}) {
-        widget<TextBoxView>(*box).setSingleLine(kLetters);
+        widget<TextBoxView>(*box).setSingleLine(kBoxLetters);
     }
     auto* const column = new QVBoxLayout(this);
     column->addWidget(&widget(form_.SSTab1));
