@@ -177,6 +177,16 @@ TEST_F(Form1NotesTest, AnEmptyWindowSaysWhatToDo) {
     EXPECT_FALSE(NoteIsShown());
 }
 
+TEST_F(Form1NotesTest, TabGoesToItsLinksBetweenHeadingsAndLists) {
+    Show();
+    window.activateWindow();
+    Find<QWidget>("List1Heading").setFocus();
+    for (const char* const next : {"List2Heading", "emptyOpen", "emptyExtract", "List1"}) {
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(window.focusWidget(), &Find<QWidget>(next)) << next;
+    }
+}
+
 TEST_F(Form1NotesTest, ItsLinksRunTheCommands) {
     Show();
     window.activateWindow();

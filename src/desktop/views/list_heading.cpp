@@ -46,8 +46,12 @@ QSize ListHeading::sizeHint() const {
 
 void ListHeading::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    const QStyleOptionHeader option = OptionOf(*this);
-    style()->drawControl(QStyle::CE_Header, &option, &painter, this);
+    QStyleOptionHeader option = OptionOf(*this);
+    style()->drawControl(QStyle::CE_HeaderSection, &option, &painter, this);
+    // The text begins where that of the rows does.
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
+    option.rect.adjust(margin, 0, -margin, 0);
+    style()->drawControl(QStyle::CE_HeaderLabel, &option, &painter, this);
     if (hasFocus()) {
         QStyleOptionFocusRect frame;
         frame.initFrom(this);
