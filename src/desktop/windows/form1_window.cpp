@@ -42,6 +42,8 @@ Form1Window::Form1Window(Module1& module, Desktop& desktop, RecentBooks& books)
 
 Form1Window::~Form1Window() {
     module_.saved.Follow({});
+    // The text goes before the tool bar, and what it says then is not heard.
+    disconnect(text1_, nullptr, tool_bar_, nullptr);
     desktop_.remove(form_);
 }
 
