@@ -17,8 +17,8 @@ EmptyNote::EmptyNote(QWidget* parent) : QFrame(parent) {
     auto* const open =
         new LinkButton(QStringLiteral("emptyOpen"), tr("Open an address book"), this);
     auto* const drop = new QLabel(tr("or drop one here, or"), this);
-    auto* const extract = new LinkButton(
-        QStringLiteral("emptyExtract"), tr("extract addresses from any file"), this);
+    auto* const extract =
+        new LinkButton(QStringLiteral("emptyExtract"), tr("extract addresses from any file"), this);
     connect(open, &QAbstractButton::clicked, this, &EmptyNote::openAsked);
     connect(extract, &QAbstractButton::clicked, this, &EmptyNote::extractAsked);
     auto* const column = new QVBoxLayout(this);
