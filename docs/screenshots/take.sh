@@ -84,7 +84,8 @@ take() {
 
 start() {
     QT_SCALE_FACTOR=$scale QT_QPA_PLATFORMTHEME=qt6ct XDG_CONFIG_HOME="$work/config" \
-        XDG_CACHE_HOME="$work/cache" "$program" "$@" >>"$work/log" 2>&1 &
+        XDG_CACHE_HOME="$work/cache" XDG_STATE_HOME="$work/state" XDG_DATA_HOME="$work/data" \
+        "$program" "$@" >>"$work/log" 2>&1 &
     orvik=$!
 }
 
@@ -136,7 +137,11 @@ SETTINGS
     take '^Orvik - ' main-window
     press '^Orvik - ' F2
     take '^Orvik - ' edit-mode
-    press '^Orvik - ' F2 F1
+    press '^Orvik - ' F2 alt+v d
+    press '^Orvik$' Return
+    press '^Orvik$' Return
+    take '^Orvik - ' told
+    press '^Orvik - ' ctrl+z F1
     size 'Orvik Help$' 900 560
     take 'Orvik Help$' help
     press 'Orvik Help$' alt+F4
@@ -172,6 +177,11 @@ SETTINGS
     gone '^Orvik Preferences$'
     press '^Orvik - ' alt+f p
     take '^Netscape to PIM$' pim-export
+    end
+
+    start
+    size '^Orvik$' 480 360
+    take '^Orvik$' empty-window
     end
 
     start "$work/friends.old"

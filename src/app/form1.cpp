@@ -93,6 +93,10 @@ void Form1::mnuExit_Click() {
     Unload();
 }
 
+std::string Form1::CaptionOf(std::string_view file) {
+    return std::string(kTitle).append(" - ").append(file);
+}
+
 bool Form1::OfferSave(std::string_view question) {
     const Answer answer = module_.Ask(question, "Save?", Buttons::YesNoCancel, Icon::Question);
     if (answer == Answer::Yes) {

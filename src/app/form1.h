@@ -137,6 +137,10 @@ class Form1 : public Form {
     // Errors: RunTimeError 52 for an unknown ending, and those of the file.
     bool WriteInFormatOf(const std::string& name, bool ldif_outdated);
 
+    // What the caption is while a file's book is open.
+    //   "/a/book.ldif" -> "Orvik - /a/book.ldif"
+    [[nodiscard]] static std::string CaptionOf(std::string_view file);
+
     // Asks whether to save first, and saves on Yes. Returns false on Cancel.
     bool OfferSave(std::string_view question);
 

@@ -68,6 +68,10 @@ std::string Module1::InNativeForm() const {
     return IsList(WorkText) ? JoinBlocks(SplitBlocks(WorkText, textSep)) : WorkText;
 }
 
+EntrySum Module1::Entries(std::string_view text, std::string_view mode) const {
+    return SumEntries(text, mode == mode::kNative || HasNickLine(text), textSep);
+}
+
 void Module1::RefreshLists() {
     if (TextMode == mode::kAscii) {
         if (IsList(WorkText)) {

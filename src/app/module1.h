@@ -11,11 +11,13 @@
 #include <string_view>
 #include <vector>
 
+#include "app/entry_sum.h"
 #include "app/file_slot.h"
 #include "app/form.h"
 #include "app/form1.h"
 #include "app/messages.h"
 #include "app/reading_note.h"
+#include "app/saved_book.h"
 #include "app/undo.h"
 #include "platform/file_system.h"
 #include "platform/platform.h"
@@ -78,6 +80,7 @@ class Module1 : public Windows {
     // Runs a handler as an event, one that can be undone if it has a title.
     void RunCommand(const NamedHandler& handler);
     UndoHistory history{*this};
+    SavedBook saved{*this};
 
     // Shows a box with an OK button.
     void Tell(std::string_view text, std::string_view title = kTitle);
@@ -145,6 +148,9 @@ class Module1 : public Windows {
     // InNativeForm: the working text, split if it is a list; what the split keeps stays. Errors:
     // RunTimeError 5 if the list holds no entry.
     [[nodiscard]] std::string InNativeForm() const;
+    // The entries of a text in this mode, or of the working text, counted and hashed.
+    [[nodiscard]] EntrySum Entries(std::string_view text, std::string_view mode) const;
+    [[nodiscard]] EntrySum Entries() const { return Entries(WorkText, TextMode); }
 
     // RefreshLists: brings the working text into the Native form and fills both lists and the item
     // count from it.
@@ -177,7 +183,8 @@ class Module1 : public Windows {
 
     // Runs the loader that a file name's ending asks for; an unknown ending brings the chooser or
     // is a text list, as OpenMode says. Without pegasus a distribution list counts as unknown.
-    void LoadByEnding(const std::string& name, bool pegasus);
+    // Returns false if the chooser was brought.
+    bool LoadByEnding(const std::string& name, bool pegasus);
     // Shows the chooser.
     void ChooseFormat(Showing showing);
     // Closes the chooser and runs Open again.

@@ -19,13 +19,21 @@ void UndoHistory::Run(std::string_view title, const std::function<void()>& comma
         TrapFailure([&] { before_ = Capture(title); }, [](const RunTimeError&) {});
     }
     module_.RunEvent(command);
+    ++commands_;
+    last_can_be_undone_ = false;
     if (module_.EditMode) {
+        ++text_revision_;
         return;
     }
-    if (before_ && before_->WorkText != module_.WorkText) {
+    const bool changed = !before_ || before_->WorkText != module_.WorkText;
+    if (changed) {
+        ++text_revision_;
+    }
+    if (before_ && changed) {
         undo_.push_back(std::move(*before_));
         Limit(undo_);
         redo_.clear();
+        last_can_be_undone_ = true;
     }
     before_.reset();
 }
@@ -42,6 +50,10 @@ std::string_view UndoHistory::UndoTitle() const {
     return undo_.empty() || module_.EditMode ? std::string_view{} : undo_.back().Title;
 }
 
+std::size_t UndoHistory::EntriesBefore() const {
+    return undo_.empty() ? 0 : module_.Entries(undo_.back().WorkText, undo_.back().TextMode).Count;
+}
+
 std::string_view UndoHistory::RedoTitle() const {
     return redo_.empty() || module_.EditMode ? std::string_view{} : redo_.back().Title;
 }
@@ -50,6 +62,9 @@ void UndoHistory::Step(std::deque<State>& from, std::deque<State>& to) {
     if (from.empty() || module_.EditMode || running_) {
         return;
     }
+    ++commands_;
+    ++text_revision_;
+    last_can_be_undone_ = false;
     to.push_back(Capture(from.back().Title));
     Limit(to);
     Restore(std::move(from.back()));

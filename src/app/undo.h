@@ -34,6 +34,16 @@ class UndoHistory {
     [[nodiscard]] std::string_view UndoTitle() const;
     [[nodiscard]] std::string_view RedoTitle() const;
 
+    // Whether the command that ran last is the one that would be undone; then EntriesBefore counts
+    // the entries that it found, in one pass.
+    [[nodiscard]] bool LastCanBeUndone() const { return last_can_be_undone_ && !undo_.empty(); }
+    [[nodiscard]] std::size_t EntriesBefore() const;
+
+    // These count the commands, those undone and done again among them, and what may have been
+    // changes of the working text.
+    [[nodiscard]] Revision Commands() const { return commands_; }
+    [[nodiscard]] Revision TextRevision() const { return text_revision_; }
+
     // Beyond either of these the oldest steps go.
     static constexpr std::size_t kMostSteps = 50;
     static constexpr std::size_t kMostBytes = std::size_t{256} * 1024 * 1024;
@@ -71,6 +81,9 @@ class UndoHistory {
     std::deque<State> redo_;
     std::optional<State> before_;
     bool running_ = false;
+    bool last_can_be_undone_ = false;
+    Revision commands_ = 0;
+    Revision text_revision_ = 0;
 };
 
 }  // namespace orvik

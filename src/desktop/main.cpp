@@ -21,6 +21,7 @@
 #include "desktop/windows/small_windows.h"
 #include "platform/system_files.h"
 #include "program/program.h"
+#include "store/recent_books.h"
 
 namespace {
 
@@ -72,14 +73,16 @@ QStringList ParseArguments(const QCoreApplication& app) {
 
 int RunWindows(const QStringList& books) {
     orvik::Desktop desktop;
-    orvik::QtPlatform platform(desktop);
+    orvik::RecentBooks recent = orvik::RecentBooks::OfUser();
+    orvik::QtPlatform platform(desktop, recent);
     orvik::SystemFiles files;
     orvik::Program program(platform, files);
-    orvik::Form1Window window(program.module, desktop);
+    orvik::Form1Window window(program.module, desktop, recent);
     const auto small_windows = orvik::MakeSmallWindows(program, desktop, &window);
     const orvik::HelpKey help_key(
         [&](std::string_view topic) { program.module.ShowHelpTopic(1, "Stripped", topic); });
     orvik::RestorePlace(window, orvik::WindowPlaceFile());
+    window.rememberIn(orvik::WindowPlaceFile());
     // Directly, since the answer must be there when the signal has been sent.
     QObject::connect(
         qApp,

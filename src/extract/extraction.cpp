@@ -103,7 +103,7 @@ void Form1::mnuExtract_Click() {
     if (name.empty()) {
         return;
     }
-    Caption = std::string(kTitle) + " - " + name;
+    Caption = CaptionOf(name);
     module_.ExtractFromFile();
     module_.TextMode = mode::kNative;
     module_.RefreshLists();

@@ -32,7 +32,7 @@ Loader LoaderOf(Format format) {
 
 }  // namespace
 
-void Module1::LoadByEnding(const std::string& name, bool pegasus) {
+bool Module1::LoadByEnding(const std::string& name, bool pegasus) {
     const Ending* const ending = FindEnding(name);
     if (ending != nullptr && (pegasus || ending->What != Format::Pegasus)) {
         (this->*LoaderOf(ending->What))();
@@ -40,7 +40,9 @@ void Module1::LoadByEnding(const std::string& name, bool pegasus) {
         OpenTextList();
     } else {
         ChooseFormat(Showing::Modal);
+        return false;
     }
+    return true;
 }
 
 }  // namespace orvik

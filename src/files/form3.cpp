@@ -65,8 +65,13 @@ void Form3::LoadAs() {
     (module_.*Loader)();
     if (module_.WorkText.empty()) {
         module_.WorkText = saved_text_;
-    } else {
-        Unload();
+        return;
+    }
+    Unload();
+    // The chooser of a merge loads one half of a book that has another name.
+    const std::string& name = module_.form1.CommonDialog1.FileName;
+    if (module_.form1.Caption == Form1::CaptionOf(name)) {
+        module_.saved.Mark(name);
     }
 }
 

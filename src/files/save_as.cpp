@@ -76,10 +76,11 @@ void Form1::mnuSave_Click() {
         return;
     }
     name = WithWholeEnding(std::move(name));
-    Caption = std::string(kTitle) + " - " + name;
+    Caption = CaptionOf(name);
     if (!WriteInFormatOf(name, too_long)) {
         module_.platform.End();
     }
+    module_.saved.Mark(name);
 }
 
 // LDIF and text are written as they stand, the other formats with a line break behind them.

@@ -50,16 +50,22 @@ void Module1::AutoOpenFile(const std::string& name) {
     form1.LdifCurrent = false;
     form1.StatusBar1.SetPanelText(1, "Ready");
     form1.Text1.SetText(WorkText);
+    if (!WorkText.empty()) {
+        saved.Mark(name);
+    }
 }
 
 void Module1::AutoSaveFile(const std::string& name) {
     if (WorkText.empty()) {
         Tell(TextNonexistant("An Error has occured because an error type"), "Error");
-    } else if (IsAliasFile(name)) {
-        File1.Replace(name, AliasLines(*this));
-    } else {
-        form1.WriteInFormatOf(name, true);
+        return;
     }
+    if (IsAliasFile(name)) {
+        File1.Replace(name, AliasLines(*this));
+    } else if (!form1.WriteInFormatOf(name, true)) {
+        return;
+    }
+    saved.Mark(name);
 }
 
 }  // namespace orvik

@@ -14,7 +14,9 @@
 
 #include "app/text.h"
 #include "platform/system_files.h"
+#include "store/owned.h"
 #include "store/setting_text.h"
+#include "store/user_folder.h"
 
 namespace orvik {
 
@@ -35,13 +37,6 @@ constexpr std::chrono::milliseconds kBetweenTries{10};
 // What others wrote into the file stays.
 constexpr auto kKeepAll =
     static_cast<GKeyFileFlags>(G_KEY_FILE_KEEP_COMMENTS | G_KEY_FILE_KEEP_TRANSLATIONS);
-
-constexpr int kFolderMode = 0700;
-constexpr int kFileMode = 0600;
-
-// One pointer that GLib allocated.
-template <class T>
-using Owned = std::unique_ptr<T, decltype(&g_free)>;
 
 // The last of the names that differs in case only: in a file edited by hand there may be several.
 std::optional<std::string> FindName(gchar** names, std::string_view wanted) {
@@ -155,12 +150,7 @@ SettingsStore::SettingsStore(std::string file, std::function<void(const std::str
     : file_(std::move(file)), report_(std::move(report)) {}
 
 std::string SettingsStore::UserFile() {
-    // GLib keeps the folder that it answered first.
-    const gchar* const config = g_getenv("XDG_CONFIG_HOME");
-    const std::string folder = config != nullptr && g_path_is_absolute(config) != FALSE
-                                   ? config
-                                   : std::string(g_get_home_dir()) + "/.config";
-    return folder + "/orvik/orvik.conf";
+    return UserFolder("XDG_CONFIG_HOME", ".config") + "/orvik/orvik.conf";
 }
 
 std::optional<std::string> SettingsStore::Get(std::string_view section, std::string_view key) {

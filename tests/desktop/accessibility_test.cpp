@@ -295,8 +295,9 @@ Texts TabsThrough(QWidget& shown, QWidget& first) {
 
 TEST_F(AccessibilityTest, TabGoesAsTheEyeDoes) {
     Show();
-    EXPECT_THAT(TabsThrough(window, Find<QWidget>("List1")),
-                ElementsAre("List1", "List2", "cmdEmail", "cmdNick"));
+    EXPECT_THAT(
+        TabsThrough(window, Find<QWidget>("List1")),
+        ElementsAre("List1", "List2", "cmdEmail", "cmdNick", "List1Heading", "List2Heading"));
 
     FormWindow& export_window = WindowOf(module1.form4);
     export_window.show();

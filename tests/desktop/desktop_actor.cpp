@@ -87,7 +87,7 @@ void DesktopActor::Attach(Program& program) {
     form1_.reset();
     Actor::Attach(program);
     desktop_ = std::make_unique<Desktop>();
-    form1_ = std::make_unique<Form1Window>(program.module, *desktop_);
+    form1_ = std::make_unique<Form1Window>(program.module, *desktop_, books_);
     small_windows_ = MakeSmallWindows(program, *desktop_, form1_.get());
 }
 

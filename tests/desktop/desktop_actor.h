@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "desktop/session/desktop.h"
+#include "store/recent_books.h"
 #include "testkit/actor.h"
 
 class QWidget;
@@ -94,6 +95,7 @@ class DesktopActor : public Actor, public ScenarioPlatform::Windows {
     ScenarioPlatform& platform_;
     Share& share_;
     std::unique_ptr<Desktop> desktop_;
+    RecentBooks books_;
     std::unique_ptr<Form1Window> form1_;
     std::vector<std::unique_ptr<FormWindow>> small_windows_;
 };

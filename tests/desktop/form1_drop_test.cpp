@@ -62,7 +62,7 @@ class Form1DropTest : public test::Form1WindowTest {
         ExpectTold(told);
         window.openBooks(names);
         EXPECT_EQ(module1.WorkText, "A9\r\n");
-        EXPECT_EQ(window.windowTitle(), QStringLiteral("Orvik - old.txt"));
+        EXPECT_EQ(window.windowTitle(), QStringLiteral("Orvik - old.txt[*]"));
     }
 
     QTemporaryDir folder;

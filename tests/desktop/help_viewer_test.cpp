@@ -145,7 +145,7 @@ TEST_F(HelpViewerTest, TheContentsLeadToPages) {
     QTRY_VERIFY(contents.model()->rowCount() == 1);
     const QModelIndex first = contents.model()->index(0, 0);
     QTRY_VERIFY(contents.isExpanded(first));
-    const QModelIndex keys = contents.model()->index(7, 0, first);
+    const QModelIndex keys = contents.model()->index(8, 0, first);
     EXPECT_EQ(keys.data().toString(), QStringLiteral("Keys"));
     contents.scrollTo(keys);
     QTest::mouseClick(contents.viewport(), Qt::LeftButton, {}, contents.visualRect(keys).center());
@@ -297,11 +297,12 @@ class HelpUnderAModalFormTest : public HelpViewerTest {
     const bool own_settings = qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
     const bool own_cache = qputenv("XDG_CACHE_HOME", folder.path().toLocal8Bit());
     Desktop desktop;
-    QtPlatform platform{desktop};
+    RecentBooks books;
+    QtPlatform platform{desktop, books};
     SystemFiles files;
     Program program{platform, files};
     Module1& module = program.module;
-    Form1Window window{module, desktop};
+    Form1Window window{module, desktop, books};
     std::unique_ptr<FormWindow> preferences = MakeWindow(module, module.form2, desktop, &window);
 };
 

@@ -45,11 +45,20 @@ class QtPlatformTest : public testing::Test {
     // Before the platform looks for the settings.
     const bool own_settings = qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
     Desktop desktop;
-    QtPlatform platform{desktop};
+    RecentBooks books;
+    QtPlatform platform{desktop, books};
     QString said;
     QString title;
     QMessageBox::StandardButtons buttons;
 };
+
+TEST_F(QtPlatformTest, TheLastBooksGoWithTheSettings) {
+    books.Add("/b/book.ldif");
+    platform.SaveSetting("Settings", "Open", "1");
+    platform.DeleteSettings();
+    EXPECT_EQ(platform.GetSetting("Settings", "Open"), std::nullopt);
+    EXPECT_TRUE(books.Books().empty());
+}
 
 TEST_F(QtPlatformTest, ABoxShowsItsTextAsItIs) {
     const MessageBox box{"a <b>\r\n\xFC", "Save?", Buttons::YesNoCancel, Icon::Question};

@@ -70,8 +70,9 @@ QString ShownText(std::string_view text) {
 
 }  // namespace
 
-QtPlatform::QtPlatform(Desktop& desktop)
+QtPlatform::QtPlatform(Desktop& desktop, RecentBooks& books)
     : desktop_(desktop),
+      books_(books),
       settings_(SettingsStore::UserFile(), [this](const std::string& problem) { tell(problem); }) {}
 
 Answer QtPlatform::ShowBox(const MessageBox& box) {
@@ -132,6 +133,11 @@ void QtPlatform::SaveSetting(std::string_view section,
                              std::string_view key,
                              std::string_view value) {
     settings_.Save(section, key, value);
+}
+
+void QtPlatform::DeleteSettings() {
+    settings_.Clear();
+    books_.Clear();
 }
 
 bool QtPlatform::CreateShellLink(const ShellLink& link) {

@@ -11,14 +11,15 @@
 #include "desktop/session/desktop.h"
 #include "desktop/session/file_dialog.h"
 #include "platform/platform.h"
+#include "store/recent_books.h"
 #include "store/settings_store.h"
 
 namespace orvik {
 
 class QtPlatform : public Platform {
  public:
-    // desktop must outlive the platform.
-    explicit QtPlatform(Desktop& desktop);
+    // Both must outlive the platform. The books go with the settings.
+    QtPlatform(Desktop& desktop, RecentBooks& books);
 
     Answer ShowBox(const MessageBox& box) override;
     std::string ShowFileDialog(FileDialog& dialog) override;
@@ -29,7 +30,7 @@ class QtPlatform : public Platform {
     void SaveSetting(std::string_view section,
                      std::string_view key,
                      std::string_view value) override;
-    void DeleteSettings() override { settings_.Clear(); }
+    void DeleteSettings() override;
     // A link in the folder "StartUp" starts this program with the user's session; there are no
     // other folders.
     bool CreateShellLink(const ShellLink& link) override;
@@ -73,6 +74,7 @@ class QtPlatform : public Platform {
     std::string nameOfUnsaved();
 
     Desktop& desktop_;
+    RecentBooks& books_;
     std::optional<Target> target_;
     FileDialogs dialogs_;
     SettingsStore settings_;

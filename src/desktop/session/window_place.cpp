@@ -1,24 +1,24 @@
 #include "desktop/session/window_place.h"
 
 #include <QByteArray>
-#include <QDir>
+#include <QFile>
 #include <QSettings>
 #include <QWidget>
+
+#include "store/user_folder.h"
 
 namespace orvik {
 namespace {
 
 constexpr const char* kPlace = "main/place";
+constexpr const char* kBarHidden = "main/barHidden";
 
 }  // namespace
 
 QString WindowPlaceFile() {
-    // QStandardPaths knows no folder for states yet. A relative one does not count.
-    QString folder = qEnvironmentVariable("XDG_STATE_HOME");
-    if (!QDir::isAbsolutePath(folder)) {
-        folder = QDir::homePath() + QStringLiteral("/.local/state");
-    }
-    return folder + QStringLiteral("/orvik/window.conf");
+    // QStandardPaths knows no folder for states yet.
+    return QFile::decodeName(UserFolder("XDG_STATE_HOME", ".local/state").c_str()) +
+           QStringLiteral("/orvik/window.conf");
 }
 
 void KeepPlace(const QWidget& window, const QString& file) {
@@ -34,6 +34,14 @@ void RestorePlace(QWidget& window, const QString& file) {
         // It looks at what it gets, and refuses what it did not write.
         window.restoreGeometry(place);
     }
+}
+
+bool IsBarHidden(const QString& file) {
+    return QSettings(file, QSettings::IniFormat).value(QLatin1String(kBarHidden)).toBool();
+}
+
+void KeepBarHidden(bool hidden, const QString& file) {
+    QSettings(file, QSettings::IniFormat).setValue(QLatin1String(kBarHidden), hidden);
 }
 
 }  // namespace orvik

@@ -20,4 +20,8 @@ void KeepPlace(const QWidget& window, const QString& file);
 // is.
 void RestorePlace(QWidget& window, const QString& file);
 
+// Whether the user has hidden the tool bar: it is shown until then.
+[[nodiscard]] bool IsBarHidden(const QString& file);
+void KeepBarHidden(bool hidden, const QString& file);
+
 }  // namespace orvik

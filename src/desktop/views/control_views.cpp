@@ -31,10 +31,13 @@ void SyncControl(QWidget& widget, const Control& control) {
     }
 }
 
-void SyncTitle(QWidget& window, std::string_view caption) {
+void SyncTitle(QWidget& window, std::string_view caption, TitleMark mark) {
     QString title = ToLetters(caption);
-    // "[*]" in a title stands for a mark of Qt's own.
+    // "[*]" in a title stands for the mark, and twice for itself.
     title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    if (mark == TitleMark::Shown) {
+        title += QStringLiteral("[*]");
+    }
     if (window.windowTitle() != title) {
         window.setWindowTitle(title);
     }

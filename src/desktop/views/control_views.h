@@ -25,7 +25,10 @@ namespace orvik {
 // Shows, hides, enables or disables a widget as its control says.
 void SyncControl(QWidget& widget, const Control& control);
 
+// Whether a title shows, in the way of the platform, that a window is modified.
+enum class TitleMark { None, Shown };
+
 // Gives a window its caption.
-void SyncTitle(QWidget& window, std::string_view caption);
+void SyncTitle(QWidget& window, std::string_view caption, TitleMark mark = TitleMark::None);
 
 }  // namespace orvik

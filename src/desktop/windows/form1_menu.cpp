@@ -86,14 +86,14 @@ QAction* Form1Window::addCommand(QMenu& menu, const NamedControl& row) {
     if (const auto* const keys = Find(kShortcuts, row.Name); keys != kShortcuts.end()) {
         action->setShortcut(QKeySequence(QString::fromLatin1(keys->Keys)));
     }
-    const bool on_selection =
-        item == &form_.mnuPaste || item == &form_.mnuDel || item == &form_.mnuSelCopy;
+    const bool in_edit_mode = item == &form_.mnuPaste || item == &form_.mnuDel ||
+                              item == &form_.mnuSelCopy || item == &form_.mnuClear;
     connect(action,
             &QAction::triggered,
             this,
-            [this, item, on_selection, command = Form::CommandOf(row)] {
-                if (on_selection) {
-                    runOnSelection(*item, command);
+            [this, item, in_edit_mode, command = Form::CommandOf(row)] {
+                if (in_edit_mode) {
+                    runInEditMode(command, [&] { runOnSelection(*item, command); });
                 } else {
                     events_.runCommand(command);
                 }

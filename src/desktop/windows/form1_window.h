@@ -17,6 +17,7 @@
 #include "desktop/session/desktop.h"
 #include "desktop/views/find_bar.h"
 #include "desktop/windows/form_events.h"
+#include "store/recent_books.h"
 
 class QAction;
 class QLabel;
@@ -24,17 +25,21 @@ class QPushButton;
 
 namespace orvik {
 
+class EmptyNote;
 class ListBoxView;
 class ListGroup;
+class ListHeading;
 class ListMenu;
+class QuietLine;
 class StatusBarView;
 class TextBoxView;
+class ToolBar;
 
 class Form1Window : public QMainWindow, public View {
     Q_OBJECT
  public:
-    // module and desktop must outlive the window.
-    Form1Window(Module1& module, Desktop& desktop);
+    // All must outlive the window.
+    Form1Window(Module1& module, Desktop& desktop, RecentBooks& books);
     Form1Window(const Form1Window&) = delete;
     Form1Window& operator=(const Form1Window&) = delete;
     Form1Window(Form1Window&&) = delete;
@@ -50,6 +55,11 @@ class Form1Window : public QMainWindow, public View {
     // Opens a file that was named on the command line or dropped on the window. A name that cannot
     // be opened, and more than one, is told of, and the open book stays.
     void openBooks(const QStringList& names);
+
+    // Shows the tool bar, or not, as the user left it, and from now on keeps in this file what the
+    // user chooses.
+    void rememberIn(const QString& file);
+    [[nodiscard]] QMenu* createPopupMenu() override;
 
     // The session ends: asks as closing does. Returns whether the program has ended.
     bool endForLogOut();
@@ -77,6 +87,23 @@ class Form1Window : public QMainWindow, public View {
     void runOnSelection(const MenuItem& item, const NamedHandler& command);
     bool makeRoomForPaste();
 
+    // form1_bar.cpp
+    void addBar();
+    void addHeadings();
+    void syncHeadings();
+    void fitBar();
+
+    // form1_notes.cpp
+    void addEmptyNote();
+    void addNotes();
+    void syncNotes();
+    // Tells of the number of entries: after the last command, and after any change.
+    void tellOfCommand();
+    void tellOfChange(std::string_view title, std::size_t before);
+    // Runs a command of edit mode and tells of it.
+    void runInEditMode(const NamedHandler& command, const FormEvents::Event& run);
+    void placeEmptyNote();
+
     // form1_controls.cpp
     void addText();
     void addLists();
@@ -103,12 +130,20 @@ class Form1Window : public QMainWindow, public View {
     void layOut();
     void place();
     // Places the lists above this line, and the hint to the numbers under them.
-    void placeLists(int bottom);
+    void placeLists(int top, int bottom);
     void setFloor();
+
+    // A list's heading, and the button that it presses.
+    struct Heading {
+        const ListBox* Of;
+        const Button* Sorts;
+        ListHeading* Shown;
+    };
 
     Form1& form_;
     Desktop& desktop_;
     Module1& module_;
+    RecentBooks& books_;
     FormEvents events_;
     ListMenu* list_menu_ = nullptr;
     std::vector<std::pair<const MenuItem*, QAction*>> actions_;
@@ -120,6 +155,15 @@ class Form1Window : public QMainWindow, public View {
     TextBoxView* text3_ = nullptr;
     StatusBarView* status_bar_ = nullptr;
     FindBar* find_bar_ = nullptr;
+    ToolBar* tool_bar_ = nullptr;
+    std::vector<Heading> headings_;
+    QuietLine* quiet_line_ = nullptr;
+    EmptyNote* empty_note_ = nullptr;
+    // What the quiet line is about.
+    Revision command_seen_ = 0;
+    Revision text_seen_ = 0;
+    bool is_low_ = false;
+    QString state_file_;
     QPointer<QWidget> before_find_;  // what had the focus
     std::string title_before_;       // before a file was chosen
     std::string failed_caption_;     // instead of this one title_kept_ is shown

@@ -1,0 +1,139 @@
+#include "store/recent_books.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+#include <system_error>
+#include <utility>
+
+#include <glib.h>
+
+#include "store/owned.h"
+#include "store/shared_list.h"
+#include "store/user_folder.h"
+
+namespace orvik {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The one line of the file while no book is to be remembered. A URI is never this.
+constexpr std::string_view kOff = "off";
+
+// A name may hold any byte; a line of the file may not.
+std::string UriOf(const std::string& name) {
+    const Owned<gchar> uri(g_filename_to_uri(name.c_str(), nullptr, nullptr), &g_free);
+    return uri == nullptr ? std::string() : uri.get();
+}
+
+std::string NameOf(const std::string& uri) {
+    const Owned<gchar> name(g_filename_from_uri(uri.c_str(), nullptr, nullptr), &g_free);
+    return name == nullptr ? std::string() : name.get();
+}
+
+}  // namespace
+
+RecentBooks::RecentBooks(std::string own, std::string shared)
+    : own_(std::move(own)), shared_(std::move(shared)) {}
+
+RecentBooks RecentBooks::OfUser() {
+    return RecentBooks(UserFolder("XDG_STATE_HOME", ".local/state") + "/orvik/books",
+                       UserFolder("XDG_DATA_HOME", ".local/share") + "/recently-used.xbel");
+}
+
+std::vector<std::string> RecentBooks::Books() {
+    Read();
+    return books_;
+}
+
+void RecentBooks::Add(const std::string& book) {
+    Read();
+    if (!remembers_ || UriOf(book).empty()) {
+        return;
+    }
+    std::erase(books_, book);
+    books_.insert(books_.begin(), book);
+    books_.resize(std::min(books_.size(), kMost));
+    Write();
+    if (!shared_.empty()) {
+        AddToSharedList(shared_, book);
+    }
+}
+
+void RecentBooks::Clear() {
+    Read();
+    Empty();
+}
+
+bool RecentBooks::Remembers() {
+    Read();
+    return remembers_;
+}
+
+void RecentBooks::SetRemembers(bool remembers) {
+    Read();
+    remembers_ = remembers;
+    if (remembers) {
+        Write();
+    } else {
+        Empty();
+    }
+}
+
+void RecentBooks::Empty() {
+    books_.clear();
+    Write();
+    if (!shared_.empty()) {
+        RemoveFromSharedList(shared_);
+    }
+}
+
+void RecentBooks::Read() {
+    if (own_.empty()) {
+        return;
+    }
+    books_.clear();
+    remembers_ = true;
+    std::error_code error;
+    gchar* read = nullptr;
+    gsize length = 0;
+    // A pipe would hang the program.
+    if (fs::status(own_, error).type() != fs::file_type::regular ||
+        g_file_get_contents(own_.c_str(), &read, &length, nullptr) == FALSE) {
+        return;
+    }
+    const Owned<gchar> owner(read, &g_free);
+    std::istringstream lines(std::string(read, length));
+    for (std::string line; std::getline(lines, line) && books_.size() < kMost;) {
+        if (line == kOff) {
+            remembers_ = false;
+        } else if (std::string name = NameOf(line); !name.empty()) {
+            books_.push_back(std::move(name));
+        }
+    }
+}
+
+void RecentBooks::Write() const {
+    if (own_.empty()) {
+        return;
+    }
+    std::error_code error;
+    if (books_.empty() && remembers_) {
+        // Nothing is what there is at first.
+        fs::remove(own_, error);
+        return;
+    }
+    std::string lines = remembers_ ? std::string() : std::string(kOff) + "\n";
+    for (const std::string& book : books_) {
+        lines.append(UriOf(book)).append("\n");
+    }
+    g_mkdir_with_parents(fs::path(own_).parent_path().c_str(), kFolderMode);
+    g_file_set_contents_full(own_.c_str(),
+                             lines.data(),
+                             static_cast<gssize>(lines.size()),
+                             G_FILE_SET_CONTENTS_CONSISTENT,
+                             kFileMode,
+                             nullptr);
+}
+
+}  // namespace orvik
