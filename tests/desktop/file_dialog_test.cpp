@@ -24,11 +24,11 @@ constexpr std::string_view kFilter = "Netscape 4.x or IE|*.ldif|Juno|*.nv|All Fi
 
 TEST(NameFilters, IgnoreCaseAndTakeStarDotStarForEveryFile) {
     EXPECT_EQ(NameFilters(kFilter),
-              QStringList({QStringLiteral("Netscape 4.x or IE (*.[lL][dD][iI][fF])"),
-                           QStringLiteral("Juno (*.[nN][vV])"),
+              QStringList({QStringLiteral("Netscape 4.x or IE: *.ldif (*.[lL][dD][iI][fF])"),
+                           QStringLiteral("Juno: *.nv (*.[nN][vV])"),
                            QStringLiteral("All Files (*)")}));
     EXPECT_EQ(NameFilters("Text|*.txt|Half an entry"),
-              QStringList({QStringLiteral("Text (*.[tT][xX][tT])")}));
+              QStringList({QStringLiteral("Text: *.txt (*.[tT][xX][tT])")}));
     EXPECT_TRUE(NameFilters("").isEmpty());
 }
 
@@ -131,7 +131,9 @@ class FileDialogTest : public testing::Test {
     }
 
     QTemporaryDir folder;
-    FileDialogs dialogs;
+    QTemporaryDir other_folder;
+    const QString state = other_folder.filePath(QStringLiteral("orvik/window.conf"));
+    FileDialogs dialogs{state};
     std::size_t done = 0;
     QString said;
 };

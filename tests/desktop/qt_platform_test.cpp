@@ -15,6 +15,9 @@
 
 #include "app/run_time_error.h"
 #include "desktop/session/autostart.h"
+#include "desktop/windows/form1_window.h"
+#include "desktop/windows/small_windows.h"
+#include "platform/system_files.h"
 
 namespace orvik {
 namespace {
@@ -36,6 +39,7 @@ class QtPlatformTest : public testing::Test {
             auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             said = box->text();
             title = box->windowTitle();
+            sign = box->icon();
             buttons = box->standardButtons();
             box->close();
         });
@@ -49,6 +53,7 @@ class QtPlatformTest : public testing::Test {
     QString said;
     QString title;
     QMessageBox::StandardButtons buttons;
+    QMessageBox::Icon sign = QMessageBox::NoIcon;
 };
 
 TEST_F(QtPlatformTest, ABoxShowsItsTextAsItIs) {
@@ -59,6 +64,9 @@ TEST_F(QtPlatformTest, ABoxShowsItsTextAsItIs) {
         EXPECT_EQ(shown.windowTitle(), QStringLiteral("Save?"));
         EXPECT_EQ(shown.icon(), QMessageBox::Question);
         EXPECT_EQ(shown.windowModality(), Qt::WindowModal);
+        for (const QAbstractButton* const button : shown.buttons()) {
+            EXPECT_TRUE(button->icon().isNull());
+        }
         EXPECT_EQ(shown.standardButtons(),
                   QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         shown.close();
@@ -134,6 +142,38 @@ TEST_F(QtPlatformTest, AFailureIsToldWithItsNumber) {
     EXPECT_EQ(buttons, QMessageBox::Ok);
 }
 
+TEST_F(QtPlatformTest, BoxesOfFailuresCarryAWarning) {
+    const struct {
+        MessageBox Box;
+        QMessageBox::Icon Expected;
+    } rows[] = {
+        {{.Text = "done", .Title = "Orvik"}, QMessageBox::NoIcon},
+        {{.Text = "really?",
+          .Title = "Orvik",
+          .Choice = Buttons::YesNo,
+          .Sign = Icon::Question,
+          .About = Matter::Failed},
+         QMessageBox::Question},
+        {{.Text = "gone", .Title = "53", .Cause = Failure::FileNotFound}, QMessageBox::Warning},
+        {{.Text = "not done", .Title = "Orvik", .About = Matter::Failed}, QMessageBox::Warning},
+        {{.Text = "too long", .Title = "Error", .About = Matter::TextTooLong},
+         QMessageBox::Warning},
+        {{.Text = "what is it?",
+          .Title = "Error",
+          .Choice = Buttons::YesNo,
+          .About = Matter::UnknownFormat},
+         QMessageBox::Warning},
+    };
+    for (const auto& row : rows) {
+        CloseNextBox();
+        platform.ShowBox(row.Box);
+        EXPECT_EQ(sign, row.Expected) << row.Box.Text;
+    }
+    CloseNextBox();
+    platform.ReportFailure(RunTimeError(Failure::DiskFull));
+    EXPECT_EQ(sign, QMessageBox::Warning);
+}
+
 // The help's window says so; the program has no box for it.
 TEST_F(QtPlatformTest, AMissingHelpFileBringsNoBox) {
     platform.ShowHelp(HelpCommand::Topic, "/opt/orvik\\help.chm>secWin", "screenshot.html");
@@ -180,6 +220,31 @@ TEST_F(QtPlatformTest, ThereAreNoLinksInOtherFolders) {
 TEST_F(QtPlatformTest, TheProgramIsNamedAfterItsFile) {
     EXPECT_EQ(platform.ProgramName(), "orvik-desktop-tests");
     EXPECT_FALSE(platform.ProgramFolder().ends_with('/'));
+}
+
+TEST_F(QtPlatformTest, TheExportOpensWhereTheMainWindowWas) {
+    SystemFiles files;
+    Program program(platform, files);
+    Form1Window main(program.module, desktop);
+    Form4& form = program.module.form4;
+    const auto other = MakeWindow(program.module, form, desktop, &main);
+    main.move(130, 70);
+    platform.ShowForm(program.form1, Showing::Modeless);
+    platform.ShowForm(form, Showing::Modeless);
+    platform.HideForm(program.form1);
+    EXPECT_EQ(other->pos(), QPoint(130, 70));
+    // Each comes back where it was, whatever a window manager would do with it.
+    other->move(20, 30);
+    for (int turn = 0; turn < 2; ++turn) {
+        main.setAttribute(Qt::WA_Moved, false);
+        platform.ShowForm(program.form1, Showing::Modeless);
+        platform.HideForm(form);
+        EXPECT_EQ(main.pos(), QPoint(130, 70));
+        EXPECT_TRUE(main.testAttribute(Qt::WA_Moved));
+        platform.ShowForm(form, Showing::Modeless);
+        platform.HideForm(program.form1);
+        EXPECT_EQ(other->pos(), QPoint(20, 30));
+    }
 }
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include "desktop/session/autostart.h"
 #include "desktop/text/system_clipboard.h"
 #include "desktop/text/text_codec.h"
+#include "desktop/views/control_views.h"
 #include "platform/system_files.h"
 
 namespace orvik {
@@ -63,6 +64,14 @@ Answer AnswerOf(int button) {
     }
 }
 
+// What tells of a failure has a sign that its box does not ask for.
+QMessageBox::Icon SignOf(const MessageBox& box) {
+    if (box.Sign == Icon::Question) {
+        return QMessageBox::Question;
+    }
+    return box.Cause || box.About != Matter::Other ? QMessageBox::Warning : QMessageBox::NoIcon;
+}
+
 QString ShownText(std::string_view text) {
     return ToLetters(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
@@ -76,7 +85,7 @@ QtPlatform::QtPlatform(Desktop& desktop)
 Answer QtPlatform::ShowBox(const MessageBox& box) {
     const std::string text = box.Cause ? box.Text + nameOfUnsaved() : box.Text;
     return desktop_.nested([&] {
-        QMessageBox shown(box.Sign == Icon::Question ? QMessageBox::Question : QMessageBox::NoIcon,
+        QMessageBox shown(SignOf(box),
                           ShownText(box.Title),
                           ShownText(text),
                           ButtonsOf(box.Choice),
@@ -84,6 +93,7 @@ Answer QtPlatform::ShowBox(const MessageBox& box) {
         shown.setTextFormat(Qt::PlainText);
         shown.setWindowModality(Qt::WindowModal);
         shown.setEscapeButton(EscapeOf(box.Choice));
+        ShowWordsOnly(shown);
         return AnswerOf(shown.exec());
     });
 }
@@ -155,7 +165,11 @@ void QtPlatform::ShowForm(Form& form, Showing showing) {
     const bool modal = showing == Showing::Modal;
     // It blocks the program's windows, which are all of one family; the help's are not.
     window.setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
-    if (QWidget* const front = desktop_.frontWindow(); modal && front != nullptr) {
+    QWidget* const front = desktop_.frontWindow();
+    if (!modal && window.parentWidget() == nullptr && !window.isVisible()) {
+        placeInTurn(window, front);
+    }
+    if (modal && front != nullptr) {
         // It stays above the window that waits for it, which need not be its owner.
         window.winId();
         if (front != &window && front->windowHandle() != nullptr) {
@@ -173,6 +187,16 @@ void QtPlatform::ShowForm(Form& form, Showing showing) {
             }
             return true;
         });
+    }
+}
+
+// Of two windows that take turns the second comes where the first is, and each comes back where it
+// was; left alone, the window manager would put it anywhere.
+void QtPlatform::placeInTurn(QWidget& window, const QWidget* front) {
+    if (window.testAttribute(Qt::WA_WState_Created)) {
+        window.move(window.pos());
+    } else if (front != nullptr) {
+        PlaceOver(window, *front->window());
     }
 }
 
@@ -217,7 +241,7 @@ std::string QtPlatform::ProgramName() {
 }
 
 void QtPlatform::tell(const std::string& text) {
-    ShowBox({text, std::string(kTitle), Buttons::OK, Icon::None});
+    ShowBox({.Text = text, .Title = std::string(kTitle), .About = Matter::Failed});
 }
 
 }  // namespace orvik

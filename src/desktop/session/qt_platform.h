@@ -10,6 +10,7 @@
 #include "desktop/help/help_viewer.h"
 #include "desktop/session/desktop.h"
 #include "desktop/session/file_dialog.h"
+#include "desktop/session/window_place.h"
 #include "platform/platform.h"
 #include "store/settings_store.h"
 
@@ -67,6 +68,7 @@ class QtPlatform : public Platform {
     };
     [[nodiscard]] static FileMark markOf(const std::string& name);
 
+    static void placeInTurn(QWidget& window, const QWidget* front);
     void tell(const std::string& text);
     // What a box about a failure says besides: the name of the file, if saving to it has failed.
     // The views are told.
@@ -74,7 +76,7 @@ class QtPlatform : public Platform {
 
     Desktop& desktop_;
     std::optional<Target> target_;
-    FileDialogs dialogs_;
+    FileDialogs dialogs_{WindowPlaceFile()};
     SettingsStore settings_;
     HelpViewer help_;
 };

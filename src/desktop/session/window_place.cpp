@@ -2,13 +2,16 @@
 
 #include <QByteArray>
 #include <QDir>
+#include <QScreen>
 #include <QSettings>
 #include <QWidget>
+#include <algorithm>
 
 namespace orvik {
 namespace {
 
 constexpr const char* kPlace = "main/place";
+constexpr const char* kFolder = "files/folder";
 
 }  // namespace
 
@@ -34,6 +37,26 @@ void RestorePlace(QWidget& window, const QString& file) {
         // It looks at what it gets, and refuses what it did not write.
         window.restoreGeometry(place);
     }
+}
+
+void PlaceOver(QWidget& window, const QWidget& other) {
+    const QRect screen = other.screen()->availableGeometry();
+    // A window that was never shown is as large as its contents ask for.
+    const QSize size = window.testAttribute(Qt::WA_Resized) ? window.size() : window.sizeHint();
+    const QSize frame = other.frameGeometry().size() - other.size();
+    const QSize room = screen.size() - size - frame;
+    window.move(screen.left() + std::clamp(other.x() - screen.left(), 0, std::max(0, room.width())),
+                screen.top() + std::clamp(other.y() - screen.top(), 0, std::max(0, room.height())));
+}
+
+void KeepFolder(const QString& folder, const QString& file) {
+    QSettings(file, QSettings::IniFormat).setValue(QLatin1String(kFolder), folder);
+}
+
+QString KeptFolder(const QString& file) {
+    const QString folder =
+        QSettings(file, QSettings::IniFormat).value(QLatin1String(kFolder)).toString();
+    return QDir::isAbsolutePath(folder) && QDir(folder).exists() ? folder : QString();
 }
 
 }  // namespace orvik

@@ -7,6 +7,7 @@
 
 #include "app/controls.h"
 
+class QDialog;
 class QPushButton;
 class QWidget;
 
@@ -24,6 +25,9 @@ namespace orvik {
 
 // Shows, hides, enables or disables a widget as its control says.
 void SyncControl(QWidget& widget, const Control& control);
+
+// Takes the icons from the buttons of one of Qt's dialogs: the program's own windows have none.
+void ShowWordsOnly(QDialog& dialog);
 
 // Gives a window its caption.
 void SyncTitle(QWidget& window, std::string_view caption);
