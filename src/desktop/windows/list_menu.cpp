@@ -59,7 +59,7 @@ void ListMenu::addTo(ListBoxView& view, const ListBox& box) {
     addCopy(view, tr("Copy &address"), [this, &box] { module_.form1.CopyAddresses(box); });
     addCopy(view, tr("Copy &entry"), [this, &box] { module_.form1.CopyEntries(box); });
     view.addAction(Separator(&view));
-    auto* const select_all = new QAction(tr("&Select all"), &view);
+    auto* const select_all = new QAction(tr("&Select All"), &view);
     connect(select_all, &QAction::triggered, &view, &ListBoxView::selectAll);
     view.addAction(select_all);
     view.addAction(&find_);
