@@ -172,7 +172,9 @@ TEST_F(FileDialogTest, ANameIsWholeBeforeItIsAskedFor) {
                         ModalUser::answer(QMessageBox::No);
                     }}),
               "");
-    EXPECT_EQ(said, QStringLiteral("book.ldif already exists.\nDo you want to replace it?"));
+    EXPECT_EQ(
+        said,
+        QStringLiteral("book.ldif already exists.\nIf you replace it, what is in it now is lost."));
 }
 
 TEST_F(FileDialogTest, TheQuestionSaysWhatWillBecomeOfTheFile) {
@@ -180,8 +182,21 @@ TEST_F(FileDialogTest, TheQuestionSaysWhatWillBecomeOfTheFile) {
     for (const bool ending_is_format : {true, false}) {
         FileDialog dialog = Saving();
         dialog.EndingIsFormat = ending_is_format;
-        EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(Path("book.nv")); }, [&] { ReadBox(); }}),
+        QStringList buttons;
+        EXPECT_EQ(Show(dialog,
+                       {[&] { ModalUser::type(Path("book.nv")); },
+                        [&] {
+                            for (const QAbstractButton* const button : ModalUser::box().buttons()) {
+                                buttons << button->text().remove(u'&');
+                            }
+                            EXPECT_EQ(ModalUser::box().defaultButton(),
+                                      ModalUser::box().button(QMessageBox::No));
+                            ReadBox();
+                        }}),
                   "");
+        buttons.sort();
+        EXPECT_EQ(buttons.join(u' ').toStdString(),
+                  ending_is_format ? "Add Cancel" : "Cancel Replace");
         EXPECT_EQ(said.contains(u"added"), ending_is_format) << said.toStdString();
     }
 }

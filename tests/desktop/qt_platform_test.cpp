@@ -120,7 +120,9 @@ TEST_F(QtPlatformTest, AnExportReplacesNoFileUnasked) {
     std::ofstream(out) << "older";
     CloseNextBox();
     EXPECT_FALSE(platform.MayExport(book, out));
-    EXPECT_EQ(said, QStringLiteral("out.csv already exists.\nDo you want to replace it?"));
+    EXPECT_EQ(
+        said,
+        QStringLiteral("out.csv already exists.\nIf you replace it, what is in it now is lost."));
     EXPECT_EQ(buttons, QMessageBox::Yes | QMessageBox::No);
 }
 

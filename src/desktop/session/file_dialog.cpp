@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QObject>
+#include <QPushButton>
 #include <algorithm>
 #include <cctype>
 #include <vector>
@@ -84,13 +85,16 @@ int IndexInUse(const QStringList& filters, const QString& selected) {
 
 QMessageBox::StandardButton ShowOver(QWidget* parent,
                                      const QString& text,
-                                     QMessageBox::StandardButtons buttons) {
+                                     QMessageBox::StandardButtons buttons,
+                                     const QString& yes = {}) {
     QMessageBox box(QMessageBox::NoIcon, ToLetters(kTitle), text, buttons, parent);
     box.setTextFormat(Qt::PlainText);
     // The help stays usable.
     box.setWindowModality(Qt::WindowModal);
     if (buttons.testFlag(QMessageBox::No)) {
         box.setIcon(QMessageBox::Question);
+        box.button(QMessageBox::Yes)->setText(yes);
+        box.button(QMessageBox::No)->setText(QObject::tr("&Cancel"));
         box.setDefaultButton(QMessageBox::No);
         box.setEscapeButton(QMessageBox::No);
     }
@@ -186,8 +190,7 @@ class NamingDialog : public QFileDialog {
             return true;
         }
         const Saving way = dialog_.EndingIsFormat ? SavingAs(name_) : Saving::Replaces;
-        if (ShowOver(over, OverwriteQuestion(name_, way), QMessageBox::Yes | QMessageBox::No) ==
-            QMessageBox::Yes) {
+        if (MayOverwrite(OverwriteQuestion(name_, way), way, over)) {
             return true;
         }
         selectFile(name_);
@@ -290,10 +293,16 @@ QString OverwriteQuestion(const QString& name, Saving way) {
     const QString file = QFileInfo(name).fileName();
     return way == Saving::Adds
                ? QObject::tr(
-                     "%1 already exists. The entries will be added to it, not put in "
-                     "place of those it has.\nDo you want to add them?")
+                     "%1 already exists.\nIts entries stay, and those of the open book are "
+                     "added behind them.")
                      .arg(file)
-               : QObject::tr("%1 already exists.\nDo you want to replace it?").arg(file);
+               : QObject::tr("%1 already exists.\nIf you replace it, what is in it now is lost.")
+                     .arg(file);
+}
+
+bool MayOverwrite(const QString& question, Saving way, QWidget* parent) {
+    const QString yes = way == Saving::Adds ? QObject::tr("&Add") : QObject::tr("&Replace");
+    return ShowOver(parent, question, QMessageBox::Yes | QMessageBox::No, yes) == QMessageBox::Yes;
 }
 
 FileDialogs::FileDialogs(const QString& state) : state_(state), folder_(KeptFolder(state)) {}

@@ -116,12 +116,11 @@ bool QtPlatform::MayExport(const std::string& from, const std::string& to) {
         tell("The address book cannot be exported over itself. Please select another output file.");
         return false;
     }
-    const QFileInfo file(QFile::decodeName(to.c_str()));
-    return !file.isFile() || ShowBox({QFile::encodeName(file.fileName()).toStdString() +
-                                          " already exists.\r\nDo you want to replace it?",
-                                      std::string(kTitle),
-                                      Buttons::YesNo,
-                                      Icon::Question}) == Answer::Yes;
+    const QString name = QFile::decodeName(to.c_str());
+    return !QFileInfo(name).isFile() || desktop_.nested([&] {
+        return MayOverwrite(
+            OverwriteQuestion(name, Saving::Replaces), Saving::Replaces, desktop_.frontWindow());
+    });
 }
 
 std::string QtPlatform::ClipboardText() {
