@@ -1,5 +1,6 @@
 // Which kinds of files the dialogs offer and begin with, and the folder that they begin in.
 
+#include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -86,6 +87,10 @@ TEST_F(FileKindsTest, EveryKindOfBookIsTheFirstEntry) {
 
 TEST_F(FileKindsTest, TheEndingsAreInSight) {
     FileDialog dialog = Opening();
+    const QFont font = QApplication::font();
+    QFont large = font;
+    large.setPointSize(14);
+    QApplication::setFont(large);
     Show(dialog, [] {
         const auto& shown = ModalUser::dialog();
         auto& kinds = *shown.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
@@ -96,6 +101,7 @@ TEST_F(FileKindsTest, TheEndingsAreInSight) {
             EXPECT_TRUE(button->icon().isNull());
         }
     });
+    QApplication::setFont(font);
 }
 
 TEST_F(FileKindsTest, EveryKindIsNoEntryOfTheForm) {

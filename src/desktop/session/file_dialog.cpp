@@ -130,6 +130,7 @@ class NamingDialog : public QFileDialog {
         if (auto* const kinds = findChild<QComboBox*>(QStringLiteral("fileTypeCombo"))) {
             // All endings are in sight.
             kinds->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+            kinds->setMinimumWidth(kinds->sizeHint().width());
         }
     }
 

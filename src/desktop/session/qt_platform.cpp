@@ -192,8 +192,9 @@ void QtPlatform::ShowForm(Form& form, Showing showing) {
 // Of two windows that take turns the second comes where the first is, and each comes back where it
 // was; left alone, the window manager would put it anywhere.
 void QtPlatform::placeInTurn(QWidget& window, const QWidget* front) {
-    if (window.testAttribute(Qt::WA_WState_Created)) {
-        window.move(window.pos());
+    if (QWindow* const shown_before = window.windowHandle(); shown_before != nullptr) {
+        // Only a place that is asked for is told to the window manager.
+        shown_before->setPosition(shown_before->position());
     } else if (front != nullptr) {
         PlaceOver(window, *front->window());
     }

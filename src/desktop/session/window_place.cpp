@@ -40,13 +40,22 @@ void RestorePlace(QWidget& window, const QString& file) {
 }
 
 void PlaceOver(QWidget& window, const QWidget& other) {
+    if (!window.testAttribute(Qt::WA_Resized)) {
+        window.adjustSize();
+    }
     const QRect screen = other.screen()->availableGeometry();
-    // A window that was never shown is as large as its contents ask for.
-    const QSize size = window.testAttribute(Qt::WA_Resized) ? window.size() : window.sizeHint();
-    const QSize frame = other.frameGeometry().size() - other.size();
-    const QSize room = screen.size() - size - frame;
-    window.move(screen.left() + std::clamp(other.x() - screen.left(), 0, std::max(0, room.width())),
-                screen.top() + std::clamp(other.y() - screen.top(), 0, std::max(0, room.height())));
+    // Its frame will be as wide as the other one's. Only the insides are placed alike by all window
+    // managers.
+    const QRect outside = other.frameGeometry();
+    const QRect inside = other.geometry();
+    const QSize room = screen.size() - window.size() - (outside.size() - inside.size());
+    const auto fitted = [](int wanted, int most) {
+        return std::clamp(wanted, 0, std::max(0, most));
+    };
+    const QPoint frame = inside.topLeft() - outside.topLeft();
+    const QPoint place(screen.left() + fitted(outside.left() - screen.left(), room.width()),
+                       screen.top() + fitted(outside.top() - screen.top(), room.height()));
+    window.setGeometry(QRect(place + frame, window.size()));
 }
 
 void KeepFolder(const QString& folder, const QString& file) {
