@@ -103,6 +103,7 @@ class Form1 : public Form {
     void SplitIntoLists();
 
     // Single entries: src/listops/entry_commands.cpp. Rows count from 0.
+    static constexpr std::string_view kDeleteEntries = "Delete entries";
     // The rows of the working text, 0 if it has no entry.
     [[nodiscard]] std::size_t EntryRows() const;
     // Puts another entry into a row, or deletes rows, which ascend; each as a command of the user,

@@ -22,6 +22,11 @@ void Module1::Tell(std::string_view text, std::string_view title) {
     platform.ShowBox({std::string(text), std::string(title)});
 }
 
+void Module1::TellFailed(std::string_view text, std::string_view title) {
+    platform.ShowBox(
+        {.Text = std::string(text), .Title = std::string(title), .About = Matter::Failed});
+}
+
 void Module1::Tell(const RunTimeError& failure) {
     platform.ShowBox({.Text = std::string("Error: ") + failure.what(),
                       .Title = std::to_string(failure.Number()),
@@ -47,7 +52,7 @@ std::string Module1::SplitEntries(std::string_view text, std::string_view kind) 
     EmailBlock.clear();
     NickBlock.clear();
     if (kind != "txt") {
-        Tell("Error!");
+        TellFailed("Error!");
         text = {};
     }
     NativeBlocks blocks = SplitBlocks(text, textSep);
@@ -79,7 +84,7 @@ void Module1::RefreshLists() {
         }
         TextMode = mode::kNative;
     } else if (TextMode != mode::kNative) {
-        Tell(TextNonexistant("An Error type"));
+        TellFailed(TextNonexistant("An Error type"));
         return;
     }
     form1.List1.Clear();

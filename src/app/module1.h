@@ -84,6 +84,8 @@ class Module1 : public Windows {
 
     // Shows a box with an OK button.
     void Tell(std::string_view text, std::string_view title = kTitle);
+    // The same for what a command could not do.
+    void TellFailed(std::string_view text, std::string_view title = kTitle);
     // Tells of a failure that the command goes on after, under its number.
     void Tell(const RunTimeError& failure);
     // Tells that a text is longer than the text box takes.

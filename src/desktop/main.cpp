@@ -135,6 +135,8 @@ int main(int argc, char** argv) {
         std::cerr << "orvik: There is no display. orvik-batch does the same without one.\n";
         return 1;
     }
+    // Not every row has a picture that all desktops know, so none has one.
+    QCoreApplication::setAttribute(Qt::AA_DontShowIconsInMenus);
     const QApplication app(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("orvik"));
     QGuiApplication::setWindowIcon(orvik::ProgramIcon());

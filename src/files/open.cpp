@@ -77,7 +77,8 @@ void Form1::mnuOpen_Click() {
                                              .Title = "Open file for conversion",
                                              .Filter = std::string(kOpenFilter),
                                              .Flags = kFileMustExist | kHideReadOnly,
-                                             .FileName = {}});
+                                             .FileName = {},
+                                             .EndingIsFormat = true});
     if (!name.empty()) {
         ReadAndLoad(module_, name);
     }

@@ -63,7 +63,7 @@ void Form4::Command4_Click() {
     bool reading_is_over = false;
     TrapFailure([&] { ConvertFile(reading_is_over); },
                 [&](const RunTimeError&) {
-                    module_.Tell("Bad Filename. Please select a new file");
+                    module_.TellFailed("Bad Filename. Please select a new file");
                     if (reading_is_over) {
                         Command2_Click();
                     } else {

@@ -23,8 +23,9 @@ enum class Buttons { OK, YesNo, YesNoCancel };
 
 enum class Icon { None, Question };
 
-// What a box is about, as far as somebody who answers boxes by himself has to know.
-enum class Matter { Other, TextTooLong, UnknownFormat };
+// What a box is about, as far as somebody who answers boxes by himself or gives them a sign has to
+// know.
+enum class Matter { Other, TextTooLong, UnknownFormat, Failed };
 
 // Cause is the failure that the box tells of, if it does.
 struct MessageBox {

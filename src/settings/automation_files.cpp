@@ -57,7 +57,7 @@ void Module1::AutoOpenFile(const std::string& name) {
 
 void Module1::AutoSaveFile(const std::string& name) {
     if (WorkText.empty()) {
-        Tell(TextNonexistant("An Error has occured because an error type"), "Error");
+        TellFailed(TextNonexistant("An Error has occured because an error type"), "Error");
         return;
     }
     if (IsAliasFile(name)) {

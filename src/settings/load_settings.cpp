@@ -77,13 +77,13 @@ void Module1::LoadSettings() {
         return;
     }
     if (OpenMode < 1 || OpenMode > 4) {
-        Tell(key::kCorrupt);
+        TellFailed(key::kCorrupt);
         OpenMode = 1;
     }
     const std::string extract = Setting("Extract");
     AutoExtract = extract != "False";
     if (AutoExtract && extract != "True") {
-        Tell(key::kCorrupt);
+        TellFailed(key::kCorrupt);
     }
     PimSep = Setting("Sep");
     FirstPimRun = false;

@@ -51,7 +51,8 @@ class ExtractionViewTest : public test::CommandTest {
     const std::string name_ = testing::TempDir() + "orvik-extracted.txt";
     // Each yield is shown.
     Desktop desktop{std::chrono::milliseconds(0)};
-    Form1Window window{module1, desktop};
+    RecentBooks books;
+    Form1Window window{module1, desktop, books};
 };
 
 TEST_F(ExtractionViewTest, PanelsAndBarKeepTheirPlacesInEveryFrame) {

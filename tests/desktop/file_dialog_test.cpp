@@ -24,11 +24,11 @@ constexpr std::string_view kFilter = "Netscape 4.x or IE|*.ldif|Juno|*.nv|All Fi
 
 TEST(NameFilters, IgnoreCaseAndTakeStarDotStarForEveryFile) {
     EXPECT_EQ(NameFilters(kFilter),
-              QStringList({QStringLiteral("Netscape 4.x or IE (*.[lL][dD][iI][fF])"),
-                           QStringLiteral("Juno (*.[nN][vV])"),
+              QStringList({QStringLiteral("Netscape 4.x or IE: *.ldif (*.[lL][dD][iI][fF])"),
+                           QStringLiteral("Juno: *.nv (*.[nN][vV])"),
                            QStringLiteral("All Files (*)")}));
     EXPECT_EQ(NameFilters("Text|*.txt|Half an entry"),
-              QStringList({QStringLiteral("Text (*.[tT][xX][tT])")}));
+              QStringList({QStringLiteral("Text: *.txt (*.[tT][xX][tT])")}));
     EXPECT_TRUE(NameFilters("").isEmpty());
 }
 
@@ -131,7 +131,9 @@ class FileDialogTest : public testing::Test {
     }
 
     QTemporaryDir folder;
-    FileDialogs dialogs;
+    QTemporaryDir other_folder;
+    const QString state = other_folder.filePath(QStringLiteral("orvik/window.conf"));
+    FileDialogs dialogs{state};
     std::size_t done = 0;
     QString said;
 };
@@ -170,7 +172,9 @@ TEST_F(FileDialogTest, ANameIsWholeBeforeItIsAskedFor) {
                         ModalUser::answer(QMessageBox::No);
                     }}),
               "");
-    EXPECT_EQ(said, QStringLiteral("book.ldif already exists.\nDo you want to replace it?"));
+    EXPECT_EQ(
+        said,
+        QStringLiteral("book.ldif already exists.\nIf you replace it, what is in it now is lost."));
 }
 
 TEST_F(FileDialogTest, TheQuestionSaysWhatWillBecomeOfTheFile) {
@@ -178,8 +182,21 @@ TEST_F(FileDialogTest, TheQuestionSaysWhatWillBecomeOfTheFile) {
     for (const bool ending_is_format : {true, false}) {
         FileDialog dialog = Saving();
         dialog.EndingIsFormat = ending_is_format;
-        EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(Path("book.nv")); }, [&] { ReadBox(); }}),
+        QStringList buttons;
+        EXPECT_EQ(Show(dialog,
+                       {[&] { ModalUser::type(Path("book.nv")); },
+                        [&] {
+                            for (const QAbstractButton* const button : ModalUser::box().buttons()) {
+                                buttons << button->text().remove(u'&');
+                            }
+                            EXPECT_EQ(ModalUser::box().defaultButton(),
+                                      ModalUser::box().button(QMessageBox::No));
+                            ReadBox();
+                        }}),
                   "");
+        buttons.sort();
+        EXPECT_EQ(buttons.join(u' ').toStdString(),
+                  ending_is_format ? "Add Cancel" : "Cancel Replace");
         EXPECT_EQ(said.contains(u"added"), ending_is_format) << said.toStdString();
     }
 }

@@ -95,6 +95,9 @@ TEST_F(Form1NotesTest, EachOfTheCommandsIsToldOf) {
     expect("Merge files", 3, 5);
     RunOnFile("mnuExtract", Write("letter.txt", "to a@b.org and c@d.org, e@f.org g@h.org \r\n"));
     expect("Extract from file", 3, 4);
+    form1.DeleteEntries({0, 2});
+    window.sync();
+    expect("Delete entries", 3, 1);
 }
 
 TEST_F(Form1NotesTest, ABookInAnEmptyWindowIsNotToldOf) {

@@ -199,7 +199,7 @@ TEST_F(ListMenuTest, TheMenuHasItsRowsInOrder) {
                                 "Copy &address",
                                 "Copy &entry",
                                 "",
-                                "&Select all",
+                                "&Select All",
                                 "&Find..."));
     }
 }

@@ -25,7 +25,7 @@ int main(int argc, char** argv) {
         [](const QString& text) { ADD_FAILURE() << "Qt says: " << text.toStdString(); });
     // Nothing of the user's is read or written.
     const QTemporaryDir own;
-    for (const char* const folder : {"XDG_CONFIG_HOME", "XDG_CACHE_HOME"}) {
+    for (const char* const folder : {"XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"}) {
         qputenv(folder, own.path().toLocal8Bit());
     }
     const QApplication app(argc, argv);

@@ -15,6 +15,9 @@
 
 #include "app/run_time_error.h"
 #include "desktop/session/autostart.h"
+#include "desktop/windows/form1_window.h"
+#include "desktop/windows/small_windows.h"
+#include "platform/system_files.h"
 
 namespace orvik {
 namespace {
@@ -36,6 +39,7 @@ class QtPlatformTest : public testing::Test {
             auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             said = box->text();
             title = box->windowTitle();
+            sign = box->icon();
             buttons = box->standardButtons();
             box->close();
         });
@@ -50,6 +54,7 @@ class QtPlatformTest : public testing::Test {
     QString said;
     QString title;
     QMessageBox::StandardButtons buttons;
+    QMessageBox::Icon sign = QMessageBox::NoIcon;
 };
 
 TEST_F(QtPlatformTest, TheLastBooksGoWithTheSettings) {
@@ -68,6 +73,9 @@ TEST_F(QtPlatformTest, ABoxShowsItsTextAsItIs) {
         EXPECT_EQ(shown.windowTitle(), QStringLiteral("Save?"));
         EXPECT_EQ(shown.icon(), QMessageBox::Question);
         EXPECT_EQ(shown.windowModality(), Qt::WindowModal);
+        for (const QAbstractButton* const button : shown.buttons()) {
+            EXPECT_TRUE(button->icon().isNull());
+        }
         EXPECT_EQ(shown.standardButtons(),
                   QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         shown.close();
@@ -121,7 +129,9 @@ TEST_F(QtPlatformTest, AnExportReplacesNoFileUnasked) {
     std::ofstream(out) << "older";
     CloseNextBox();
     EXPECT_FALSE(platform.MayExport(book, out));
-    EXPECT_EQ(said, QStringLiteral("out.csv already exists.\nDo you want to replace it?"));
+    EXPECT_EQ(
+        said,
+        QStringLiteral("out.csv already exists.\nIf you replace it, what is in it now is lost."));
     EXPECT_EQ(buttons, QMessageBox::Yes | QMessageBox::No);
 }
 
@@ -141,6 +151,38 @@ TEST_F(QtPlatformTest, AFailureIsToldWithItsNumber) {
     EXPECT_EQ(said, QStringLiteral("Run-time error '5':\n\nInvalid procedure call or argument"));
     EXPECT_EQ(title, QStringLiteral("Orvik"));
     EXPECT_EQ(buttons, QMessageBox::Ok);
+}
+
+TEST_F(QtPlatformTest, BoxesOfFailuresCarryAWarning) {
+    const struct {
+        MessageBox Box;
+        QMessageBox::Icon Expected;
+    } rows[] = {
+        {{.Text = "done", .Title = "Orvik"}, QMessageBox::NoIcon},
+        {{.Text = "really?",
+          .Title = "Orvik",
+          .Choice = Buttons::YesNo,
+          .Sign = Icon::Question,
+          .About = Matter::Failed},
+         QMessageBox::Question},
+        {{.Text = "gone", .Title = "53", .Cause = Failure::FileNotFound}, QMessageBox::Warning},
+        {{.Text = "not done", .Title = "Orvik", .About = Matter::Failed}, QMessageBox::Warning},
+        {{.Text = "too long", .Title = "Error", .About = Matter::TextTooLong},
+         QMessageBox::Warning},
+        {{.Text = "what is it?",
+          .Title = "Error",
+          .Choice = Buttons::YesNo,
+          .About = Matter::UnknownFormat},
+         QMessageBox::Warning},
+    };
+    for (const auto& row : rows) {
+        CloseNextBox();
+        platform.ShowBox(row.Box);
+        EXPECT_EQ(sign, row.Expected) << row.Box.Text;
+    }
+    CloseNextBox();
+    platform.ReportFailure(RunTimeError(Failure::DiskFull));
+    EXPECT_EQ(sign, QMessageBox::Warning);
 }
 
 // The help's window says so; the program has no box for it.
@@ -189,6 +231,29 @@ TEST_F(QtPlatformTest, ThereAreNoLinksInOtherFolders) {
 TEST_F(QtPlatformTest, TheProgramIsNamedAfterItsFile) {
     EXPECT_EQ(platform.ProgramName(), "orvik-desktop-tests");
     EXPECT_FALSE(platform.ProgramFolder().ends_with('/'));
+}
+
+TEST_F(QtPlatformTest, TheExportOpensWhereTheMainWindowWas) {
+    SystemFiles files;
+    Program program(platform, files);
+    Form1Window main(program.module, desktop, books);
+    Form4& form = program.module.form4;
+    const auto other = MakeWindow(program.module, form, desktop, &main);
+    main.move(130, 70);
+    platform.ShowForm(program.form1, Showing::Modeless);
+    platform.ShowForm(form, Showing::Modeless);
+    platform.HideForm(program.form1);
+    EXPECT_EQ(other->pos(), QPoint(130, 70));
+    // Each comes back where it was.
+    other->move(20, 30);
+    for (int turn = 0; turn < 2; ++turn) {
+        platform.ShowForm(program.form1, Showing::Modeless);
+        platform.HideForm(form);
+        EXPECT_EQ(main.pos(), QPoint(130, 70));
+        platform.ShowForm(form, Showing::Modeless);
+        platform.HideForm(program.form1);
+        EXPECT_EQ(other->pos(), QPoint(20, 30));
+    }
 }
 
 }  // namespace

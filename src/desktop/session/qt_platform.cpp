@@ -18,6 +18,7 @@
 #include "desktop/session/long_text.h"
 #include "desktop/text/system_clipboard.h"
 #include "desktop/text/text_codec.h"
+#include "desktop/views/control_views.h"
 #include "platform/system_files.h"
 
 namespace orvik {
@@ -64,6 +65,14 @@ Answer AnswerOf(int button) {
     }
 }
 
+// What tells of a failure has a sign that its box does not ask for.
+QMessageBox::Icon SignOf(const MessageBox& box) {
+    if (box.Sign == Icon::Question) {
+        return QMessageBox::Question;
+    }
+    return box.Cause || box.About != Matter::Other ? QMessageBox::Warning : QMessageBox::NoIcon;
+}
+
 QString ShownText(std::string_view text) {
     return ToLetters(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
@@ -78,7 +87,7 @@ QtPlatform::QtPlatform(Desktop& desktop, RecentBooks& books)
 Answer QtPlatform::ShowBox(const MessageBox& box) {
     const std::string text = box.Cause ? box.Text + nameOfUnsaved() : box.Text;
     return desktop_.nested([&] {
-        QMessageBox shown(box.Sign == Icon::Question ? QMessageBox::Question : QMessageBox::NoIcon,
+        QMessageBox shown(SignOf(box),
                           ShownText(box.Title),
                           ShownText(text),
                           ButtonsOf(box.Choice),
@@ -87,6 +96,7 @@ Answer QtPlatform::ShowBox(const MessageBox& box) {
         shown.setWindowModality(Qt::WindowModal);
         LetTextBeRead(shown);
         shown.setEscapeButton(EscapeOf(box.Choice));
+        ShowWordsOnly(shown);
         return AnswerOf(shown.exec());
     });
 }
@@ -109,12 +119,11 @@ bool QtPlatform::MayExport(const std::string& from, const std::string& to) {
         tell("The address book cannot be exported over itself. Please select another output file.");
         return false;
     }
-    const QFileInfo file(QFile::decodeName(to.c_str()));
-    return !file.isFile() || ShowBox({QFile::encodeName(file.fileName()).toStdString() +
-                                          " already exists.\r\nDo you want to replace it?",
-                                      std::string(kTitle),
-                                      Buttons::YesNo,
-                                      Icon::Question}) == Answer::Yes;
+    const QString name = QFile::decodeName(to.c_str());
+    return !QFileInfo(name).isFile() || desktop_.nested([&] {
+        return MayOverwrite(
+            OverwriteQuestion(name, Saving::Replaces), Saving::Replaces, desktop_.frontWindow());
+    });
 }
 
 std::string QtPlatform::ClipboardText() {
@@ -163,7 +172,11 @@ void QtPlatform::ShowForm(Form& form, Showing showing) {
     const bool modal = showing == Showing::Modal;
     // It blocks the program's windows, which are all of one family; the help's are not.
     window.setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
-    if (QWidget* const front = desktop_.frontWindow(); modal && front != nullptr) {
+    QWidget* const front = desktop_.frontWindow();
+    if (!modal && window.parentWidget() == nullptr && !window.isVisible()) {
+        placeInTurn(window, front);
+    }
+    if (modal && front != nullptr) {
         // It stays above the window that waits for it, which need not be its owner.
         window.winId();
         if (front != &window && front->windowHandle() != nullptr) {
@@ -181,6 +194,17 @@ void QtPlatform::ShowForm(Form& form, Showing showing) {
             }
             return true;
         });
+    }
+}
+
+// Of two windows that take turns the second comes where the first is, and each comes back where it
+// was; left alone, the window manager would put it anywhere.
+void QtPlatform::placeInTurn(QWidget& window, const QWidget* front) {
+    if (QWindow* const shown_before = window.windowHandle(); shown_before != nullptr) {
+        // Only a place that is asked for is told to the window manager.
+        shown_before->setPosition(shown_before->position());
+    } else if (front != nullptr) {
+        PlaceOver(window, *front->window());
     }
 }
 
@@ -225,7 +249,7 @@ std::string QtPlatform::ProgramName() {
 }
 
 void QtPlatform::tell(const std::string& text) {
-    ShowBox({text, std::string(kTitle), Buttons::OK, Icon::None});
+    ShowBox({.Text = text, .Title = std::string(kTitle), .About = Matter::Failed});
 }
 
 }  // namespace orvik

@@ -10,6 +10,7 @@
 #include "desktop/help/help_viewer.h"
 #include "desktop/session/desktop.h"
 #include "desktop/session/file_dialog.h"
+#include "desktop/session/window_place.h"
 #include "platform/platform.h"
 #include "store/recent_books.h"
 #include "store/settings_store.h"
@@ -68,6 +69,7 @@ class QtPlatform : public Platform {
     };
     [[nodiscard]] static FileMark markOf(const std::string& name);
 
+    static void placeInTurn(QWidget& window, const QWidget* front);
     void tell(const std::string& text);
     // What a box about a failure says besides: the name of the file, if saving to it has failed.
     // The views are told.
@@ -76,7 +78,7 @@ class QtPlatform : public Platform {
     Desktop& desktop_;
     RecentBooks& books_;
     std::optional<Target> target_;
-    FileDialogs dialogs_;
+    FileDialogs dialogs_{WindowPlaceFile()};
     SettingsStore settings_;
     HelpViewer help_;
 };

@@ -1,9 +1,12 @@
 #include "desktop/session/window_place.h"
 
 #include <QByteArray>
+#include <QDir>
 #include <QFile>
+#include <QScreen>
 #include <QSettings>
 #include <QWidget>
+#include <algorithm>
 
 #include "store/user_folder.h"
 
@@ -12,6 +15,7 @@ namespace {
 
 constexpr const char* kPlace = "main/place";
 constexpr const char* kBarHidden = "main/barHidden";
+constexpr const char* kFolder = "files/folder";
 
 }  // namespace
 
@@ -42,6 +46,35 @@ bool IsBarHidden(const QString& file) {
 
 void KeepBarHidden(bool hidden, const QString& file) {
     QSettings(file, QSettings::IniFormat).setValue(QLatin1String(kBarHidden), hidden);
+}
+
+void PlaceOver(QWidget& window, const QWidget& other) {
+    if (!window.testAttribute(Qt::WA_Resized)) {
+        window.adjustSize();
+    }
+    const QRect screen = other.screen()->availableGeometry();
+    // Its frame will be as wide as the other one's. Only the insides are placed alike by all window
+    // managers.
+    const QRect outside = other.frameGeometry();
+    const QRect inside = other.geometry();
+    const QSize room = screen.size() - window.size() - (outside.size() - inside.size());
+    const auto fitted = [](int wanted, int most) {
+        return std::clamp(wanted, 0, std::max(0, most));
+    };
+    const QPoint frame = inside.topLeft() - outside.topLeft();
+    const QPoint place(screen.left() + fitted(outside.left() - screen.left(), room.width()),
+                       screen.top() + fitted(outside.top() - screen.top(), room.height()));
+    window.setGeometry(QRect(place + frame, window.size()));
+}
+
+void KeepFolder(const QString& folder, const QString& file) {
+    QSettings(file, QSettings::IniFormat).setValue(QLatin1String(kFolder), folder);
+}
+
+QString KeptFolder(const QString& file) {
+    const QString folder =
+        QSettings(file, QSettings::IniFormat).value(QLatin1String(kFolder)).toString();
+    return QDir::isAbsolutePath(folder) && QDir(folder).exists() ? folder : QString();
 }
 
 }  // namespace orvik

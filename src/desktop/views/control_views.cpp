@@ -1,5 +1,6 @@
 #include "desktop/views/control_views.h"
 
+#include <QDialog>
 #include <QPushButton>
 
 #include "desktop/text/text_codec.h"
@@ -28,6 +29,12 @@ void SyncControl(QWidget& widget, const Control& control) {
     }
     if (widget.testAttribute(Qt::WA_ForceDisabled) == control.Enabled) {
         widget.setEnabled(control.Enabled);
+    }
+}
+
+void ShowWordsOnly(QDialog& dialog) {
+    for (auto* const button : dialog.findChildren<QPushButton*>()) {
+        button->setIcon({});
     }
 }
 

@@ -58,8 +58,8 @@ void Form1Window::openBooks(const QStringList& names) {
     const QString what =
         one ? names.front() : tr("%1 and %2 more").arg(names.front()).arg(names.size() - 1);
     events_.run([&] {
-        module_.Tell(tr("%1 cannot be opened.").arg(what).toStdString() + "\r\n" +
-                     problem.toStdString());
+        module_.TellFailed(tr("%1 cannot be opened.").arg(what).toStdString() + "\r\n" +
+                           problem.toStdString());
     });
 }
 

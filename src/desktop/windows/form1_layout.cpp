@@ -34,8 +34,7 @@ QSize Form1Window::startSize() const {
     const ListBoxView& list = *lists_.front().second;
     const QSize row = list.sizeOf(QStringLiteral("christopher.winter@example.org"));
     const int height = menuBar()->sizeHint().height() + tool_bar_->sizeHint().height() +
-                       headings_.front().Shown->sizeHint().height() +
-                       kFewestRows * row.height() +
+                       headings_.front().Shown->sizeHint().height() + kFewestRows * row.height() +
                        buttons_.front().second->sizeHint().height() +
                        status_bar_->sizeHint().height();
     const int width =

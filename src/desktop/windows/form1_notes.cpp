@@ -79,7 +79,9 @@ void Form1Window::tellOfCommand() {
         return Form::CommandOf(form_.ControlNamed(control)).Title == title;
     };
     // While the chooser waits, what was read is no book yet.
-    if (std::none_of(kTold.begin(), kTold.end(), is_of) || module_.form3.Visible()) {
+    const bool told =
+        title == Form1::kDeleteEntries || std::any_of(kTold.begin(), kTold.end(), is_of);
+    if (!told || module_.form3.Visible()) {
         return;
     }
     const std::size_t before = module_.history.EntriesBefore();

@@ -101,7 +101,7 @@ void ListMenu::addTo(ListBoxView& view) {
     on_entry_.emplace_back(&view,
                            addRow(view,
                                   QStringLiteral("selectAll"),
-                                  tr("&Select all"),
+                                  tr("&Select All"),
                                   {QKeySequence::SelectAll},
                                   [&view] { view.selectAll(); }));
     view.addAction(&find_);
