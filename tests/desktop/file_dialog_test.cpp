@@ -100,6 +100,17 @@ TEST(OverwriteQuestion, SaysWhenEntriesAreAdded) {
     EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces).contains(u"replace"));
 }
 
+TEST(OverwriteQuestion, ANameIsPlainText) {
+    const QString name = QStringLiteral("/x/<b>a\n\u202E%1.nv");
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces)
+                    .startsWith(QStringLiteral("<b>a\\x0A\\u202E%1.nv already exists.")));
+}
+
+TEST(WhyNoFile, ANameIsPlainText) {
+    EXPECT_EQ(WhyNoFile(QStringLiteral("/no\n\u2028ne/a.nv")),
+              QStringLiteral("There is no folder /no\\x0A\\u2028ne."));
+}
+
 class FileDialogTest : public testing::Test {
  protected:
     // What the user does with each dialog and box in turn; then the last one is given up.
