@@ -52,12 +52,13 @@ std::optional<std::string> DefaultSetting(std::string_view key) {
 BatchPlatform::BatchPlatform(const Arguments& arguments, Messenger& messenger, SettingsStore& store)
     : arguments_(arguments), messenger_(messenger), store_(store) {
     // The automation is a step of its own, so the start-up must not run it.
-    SaveSetting(key::kSettings, "Auto", "False");
+    BatchPlatform::SaveSetting(key::kSettings, "Auto", "False");
     if (arguments_.EntriesBy) {
-        SaveSetting(key::kSettings,
-                    "textSep",
-                    std::to_string(*arguments_.EntriesBy == Separator::Comma ? key::kByCommas
-                                                                             : key::kByNewlines));
+        BatchPlatform::SaveSetting(
+            key::kSettings,
+            "textSep",
+            std::to_string(*arguments_.EntriesBy == Separator::Comma ? key::kByCommas
+                                                                     : key::kByNewlines));
     }
 }
 

@@ -21,8 +21,9 @@ const char*& NameOfProgram() {
 }
 
 void Print(std::string_view text) noexcept {
-    // Nothing can be done where this fails.
-    static_cast<void>(!write(STDERR_FILENO, text.data(), text.size()));
+    if (write(STDERR_FILENO, text.data(), text.size()) < 0) {
+        return;  // Nothing can be done about it.
+    }
 }
 
 [[noreturn]] void Terminate() noexcept {

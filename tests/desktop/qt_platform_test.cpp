@@ -120,6 +120,8 @@ TEST_F(QtPlatformTest, AnExportReplacesNoFileUnasked) {
     std::ofstream(odd) << "older";
     CloseNextBox();
     EXPECT_FALSE(platform.MayExport(book, odd));
+    // Qt would not find it.
+    std::filesystem::remove(odd);
     EXPECT_EQ(
         said,
         QStringLiteral("<b>\\x0A\\u202E\\xFC.csv already exists.\nDo you want to replace it?"));
