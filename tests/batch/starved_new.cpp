@@ -25,16 +25,29 @@ bool IsStarved() {
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+// All forms that are used stand here, so that none is freed by what it was not made by.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
     if (IsStarved()) {
         static_cast<void>(!write(kFired, "x", 1));
-        throw std::bad_alloc();
+        return nullptr;
     }
-    void* const memory = std::malloc(size == 0 ? 1 : size);
+    return std::malloc(size == 0 ? 1 : size);
+}
+
+void* operator new(std::size_t size) {
+    void* const memory = operator new(size, std::nothrow);
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
     return memory;
+}
+
+void* operator new[](std::size_t size) {
+    return operator new(size);
+}
+
+void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
+    return operator new(size, tag);
 }
 
 void operator delete(void* memory) noexcept {
@@ -42,5 +55,13 @@ void operator delete(void* memory) noexcept {
 }
 
 void operator delete(void* memory, std::size_t /*size*/) noexcept {
+    std::free(memory);
+}
+
+void operator delete[](void* memory) noexcept {
+    std::free(memory);
+}
+
+void operator delete[](void* memory, std::size_t /*size*/) noexcept {
     std::free(memory);
 }
