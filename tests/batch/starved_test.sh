@@ -40,7 +40,7 @@ tell() {
     failed=1
 }
 
-starve 100 1 --bogus
+starve 100 3 --bogus
 starve 100 11 --version
 starve 300 13 --help
 starve 500 13 --open two.txt --sort address --save book.ldif

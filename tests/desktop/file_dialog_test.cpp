@@ -276,5 +276,24 @@ TEST_F(FileDialogTest, StartsAsItIsTold) {
     EXPECT_TRUE(filter.startsWith(QStringLiteral("All Files"))) << filter.toStdString();
 }
 
+// Qt's own box quotes what was typed.
+TEST_F(FileDialogTest, AMissingFileIsNamedAsText) {
+    FileDialog dialog{DialogKind::Open, "Open", "All files|*.*", kFileMustExist, 1, "", false};
+    Qt::TextFormat format = Qt::AutoText;
+    Show(dialog,
+         {[] {
+              // The button is off for a missing file, the Enter key is not.
+              ModalUser::type(QStringLiteral("<b>none.txt"));
+              static_cast<QDialog&>(ModalUser::dialog()).accept();
+          },
+          [&] {
+              format = ModalUser::box().textFormat();
+              said = ModalUser::box().text();
+              ModalUser::box().close();
+          }});
+    EXPECT_EQ(format, Qt::PlainText);
+    EXPECT_TRUE(said.contains(u"<b>none")) << said.toStdString();
+}
+
 }  // namespace
 }  // namespace orvik
