@@ -1,7 +1,6 @@
 #include "app/book_file.h"
 
 #include <array>
-#include <chrono>
 #include <memory>
 #include <random>
 #include <utility>
@@ -13,9 +12,6 @@ namespace orvik {
 namespace {
 
 using Path = FileSystem::Path;
-
-// So long a save waits for another program's.
-constexpr std::chrono::seconds kLongestWait{10};
 
 Failure FailureOf(std::error_code error) {
     struct Row {
@@ -40,16 +36,6 @@ Failure FailureOf(std::error_code error) {
         }
     }
     return Failure::PathFileAccess;
-}
-
-// Makes a call again as long as a signal interrupts it.
-template <class Call>
-std::error_code Persist(const Call& call) {
-    std::error_code error;
-    do {
-        error = call();
-    } while (error == std::errc::interrupted);
-    return error;
 }
 
 // A close that a signal interrupts has closed the file, and what it held is on the disk already.
@@ -85,13 +71,16 @@ std::error_code TakeFreeName(OutputFile& file, const std::string& name, Path& ta
 // One saving of one file.
 class BookWriter {
  public:
-    BookWriter(FileSystem& files, const std::string& name)
-        : files_(files), path_(files.ResolveLinks(name)), folder_(FolderOf(path_)) {}
+    BookWriter(FileSystem& files, const std::string& name, const SaveManner& manner)
+        : files_(files),
+          path_(files.ResolveLinks(name)),
+          folder_(FolderOf(path_)),
+          manner_(manner) {}
 
     // Waits until no other program saves into the folder.
     void Lock() {
         const std::error_code error =
-            Persist([&] { return files_.Lock(folder_, kLongestWait, lock_); });
+            Persist([&] { return files_.Lock(folder_, manner_.LongestWait, lock_); });
         if (error != std::errc::not_supported) {
             Check(error);
         }
@@ -135,8 +124,9 @@ class BookWriter {
             Check(Persist([&] { return files_.OpenToWrite(path_, writable); }));
         }
         std::unique_ptr<OutputFile> file;
+        const bool only_mine = old_ != nullptr || manner_.OnlyMine;
         const std::error_code error =
-            Persist([&] { return files_.CreateUnseen(folder_, old_ != nullptr, file); });
+            Persist([&] { return files_.CreateUnseen(folder_, only_mine, file); });
         if (old_ && TakesNoNewFile(error)) {
             WriteInPlace(contents);
             return;
@@ -254,15 +244,20 @@ class BookWriter {
     FileSystem& files_;
     Path path_;
     Path folder_;
+    SaveManner manner_;
     std::unique_ptr<FolderLock> lock_;
     std::unique_ptr<InputFile> old_;
     FileStatus before_;
     bool unreadable_ = false;
 };
 
-bool Save(FileSystem& files, const std::string& name, bool wants_old, const Rewrite& rewrite) {
+bool Save(FileSystem& files,
+          const std::string& name,
+          bool wants_old,
+          const Rewrite& rewrite,
+          const SaveManner& manner) {
     const FileKind kind = StatusOf(files, name).Kind;
-    BookWriter saving(files, name);
+    BookWriter saving(files, name, manner);
     if (kind == FileKind::CharacterDevice) {
         // A device such as a terminal takes the bytes as they come.
         const std::optional<std::string> contents = rewrite(std::nullopt);
@@ -333,12 +328,15 @@ std::error_code ReadBytes(InputFile& file, std::size_t count, std::string& bytes
     return {};
 }
 
-bool RewriteFile(FileSystem& files, const std::string& name, const Rewrite& rewrite) {
-    return Save(files, name, true, rewrite);
+bool RewriteFile(FileSystem& files,
+                 const std::string& name,
+                 const Rewrite& rewrite,
+                 const SaveManner& manner) {
+    return Save(files, name, true, rewrite, manner);
 }
 
 void ReplaceFile(FileSystem& files, const std::string& name, std::string_view contents) {
-    Save(files, name, false, [&](const auto& /*old*/) { return std::string(contents); });
+    Save(files, name, false, [&](const auto& /*old*/) { return std::string(contents); }, {});
 }
 
 void AppendToFile(FileSystem& files, const std::string& name, std::string_view contents) {

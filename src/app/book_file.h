@@ -8,6 +8,7 @@
 
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -17,6 +18,16 @@
 #include "platform/file_system.h"
 
 namespace orvik {
+
+// Persist: makes a call again as long as a signal interrupts it; returns its error.
+template <class Call>
+std::error_code Persist(const Call& call) {
+    std::error_code error;
+    do {
+        error = call();
+    } while (error == std::errc::interrupted);
+    return error;
+}
 
 // Throws the failure that an error of a file is; nothing for no error. A missing file in a missing
 // folder is a missing path.
@@ -33,10 +44,21 @@ void CheckFile(FileSystem& files, std::error_code error, const FileSystem::Path&
 using Rewrite =
     std::function<std::optional<std::string>(const std::optional<std::string>& old_contents)>;
 
+// How a file is saved.
+struct SaveManner {
+    // So long the save waits for another program's.
+    std::chrono::milliseconds LongestWait = std::chrono::seconds(10);
+    // Whether a file that is not there yet is for nobody but the user.
+    bool OnlyMine = false;
+};
+
 // RewriteFile: reads a file and writes it anew, or creates it. No other program that saves comes in
 // between. Returns whether it was written. A symbolic link stays one, and the file keeps its owner,
 // group, permissions, access list and hard links.
-bool RewriteFile(FileSystem& files, const std::string& name, const Rewrite& rewrite);
+bool RewriteFile(FileSystem& files,
+                 const std::string& name,
+                 const Rewrite& rewrite,
+                 const SaveManner& manner = {});
 
 // Replaces the contents of a file, or creates it.
 void ReplaceFile(FileSystem& files, const std::string& name, std::string_view contents);

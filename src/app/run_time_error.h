@@ -54,4 +54,12 @@ void TrapFailure(Statement&& statement, Report&& report) {
     }
 }
 
+// PassLackOfMemory: for a report that takes any failure for one of the data: throws std::bad_alloc
+// if it was a lack of memory, which is nobody's but the caller's.
+inline void PassLackOfMemory(const RunTimeError& failure) {
+    if (failure.Cause() == Failure::OutOfMemory) {
+        throw std::bad_alloc();
+    }
+}
+
 }  // namespace orvik

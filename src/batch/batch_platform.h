@@ -34,7 +34,8 @@ class BatchPlatform : public Platform {
 
     // A line that -q leaves out.
     void Note(std::string_view text);
-    // A problem that the user must know of; the first one gives the exit status.
+    // A problem that the user must know of. The first one gives the exit status, and is the only
+    // one that is told.
     void Fail(std::string_view text, Status status = Status::Problem);
     // A run-time failure of a step that was reading or writing a file.
     void Fail(const RunTimeError& failure, bool writing);

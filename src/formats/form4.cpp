@@ -1,7 +1,9 @@
 #include "formats/form4.h"
 
 #include "app/module1.h"
+#include "app/printable.h"
 #include "app/run_time_error.h"
+#include "app/scope.h"
 #include "app/text.h"
 #include "formats/pim_export.h"
 
@@ -60,9 +62,11 @@ void Form4::Command4_Click() {
         return;
     }
     ShowButtons(false);
+    const OnExit showing([this] { ShowButtons(true); });
     bool reading_is_over = false;
     TrapFailure([&] { ConvertFile(reading_is_over); },
-                [&](const RunTimeError&) {
+                [&](const RunTimeError& failure) {
+                    PassLackOfMemory(failure);
                     module_.Tell("Bad Filename. Please select a new file");
                     if (reading_is_over) {
                         Command2_Click();
@@ -70,7 +74,6 @@ void Form4::Command4_Click() {
                         Command1_Click();
                     }
                 });
-    ShowButtons(true);
 }
 
 void Form4::ConvertFile(bool& reading_is_over) {
@@ -91,7 +94,7 @@ void Form4::ConvertFile(bool& reading_is_over) {
     const std::size_t entries = CountExported(output);
     module_.File1.Replace(Text2.Text(), output.append(kCrLf));
     Result = std::to_string(entries) + (entries == 1 ? " entry" : " entries") + " written to " +
-             Text2.Text();
+             Printable(Text2.Text());
 }
 
 void Form4::ShowButtons(bool visible) {

@@ -287,7 +287,11 @@ std::error_code SystemFiles::CreateFolders(const Path& folder) {
         return LastError();
     }
     const std::error_code error = CreateFolders(FolderOf(folder));
-    return error ? error : Result(mkdir(folder.c_str(), kPrivateFolder));
+    // Another program may have created it meanwhile.
+    if (error || mkdir(folder.c_str(), kPrivateFolder) == 0 || errno == EEXIST) {
+        return error;
+    }
+    return LastError();
 }
 
 std::error_code SystemFiles::Lock(const Path& folder,

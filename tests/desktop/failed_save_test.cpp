@@ -65,8 +65,8 @@ class FailedSaveTest : public testing::Test {
     QTemporaryDir folder;
     const bool own_settings = qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
     Desktop desktop;
-    QtPlatform platform{desktop};
-    SystemFiles files;
+    SystemFiles files{false};
+    QtPlatform platform{desktop, files};
     Program program{platform, files};
     Module1& module = program.module;
     Form1Window window{module, desktop};

@@ -100,6 +100,17 @@ TEST(OverwriteQuestion, SaysWhenEntriesAreAdded) {
     EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces).contains(u"replace"));
 }
 
+TEST(OverwriteQuestion, ANameIsPlainText) {
+    const QString name = QStringLiteral("/x/<b>a\n\u202E%1.nv");
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces)
+                    .startsWith(QStringLiteral("<b>a\\x0A\\u202E%1.nv already exists.")));
+}
+
+TEST(WhyNoFile, ANameIsPlainText) {
+    EXPECT_EQ(WhyNoFile(QStringLiteral("/no\n\u2028ne/a.nv")),
+              QStringLiteral("There is no folder /no\\x0A\\u2028ne."));
+}
+
 class FileDialogTest : public testing::Test {
  protected:
     // What the user does with each dialog and box in turn; then the last one is given up.
@@ -263,6 +274,25 @@ TEST_F(FileDialogTest, StartsAsItIsTold) {
     EXPECT_EQ(filters, NameFilters(kFilter));
     EXPECT_EQ(dialog.FilterIndex, 3);
     EXPECT_TRUE(filter.startsWith(QStringLiteral("All Files"))) << filter.toStdString();
+}
+
+// Qt's own box quotes what was typed.
+TEST_F(FileDialogTest, AMissingFileIsNamedAsText) {
+    FileDialog dialog{DialogKind::Open, "Open", "All files|*.*", kFileMustExist, 1, "", false};
+    Qt::TextFormat format = Qt::AutoText;
+    Show(dialog,
+         {[] {
+              // The button is off for a missing file, the Enter key is not.
+              ModalUser::type(QStringLiteral("<b>none.txt"));
+              static_cast<QDialog&>(ModalUser::dialog()).accept();
+          },
+          [&] {
+              format = ModalUser::box().textFormat();
+              said = ModalUser::box().text();
+              ModalUser::box().close();
+          }});
+    EXPECT_EQ(format, Qt::PlainText);
+    EXPECT_TRUE(said.contains(u"<b>none")) << said.toStdString();
 }
 
 }  // namespace

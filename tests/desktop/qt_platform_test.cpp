@@ -15,6 +15,7 @@
 
 #include "app/run_time_error.h"
 #include "desktop/session/autostart.h"
+#include "platform/system_files.h"
 
 namespace orvik {
 namespace {
@@ -45,7 +46,8 @@ class QtPlatformTest : public testing::Test {
     // Before the platform looks for the settings.
     const bool own_settings = qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
     Desktop desktop;
-    QtPlatform platform{desktop};
+    SystemFiles files{false};
+    QtPlatform platform{desktop, files};
     QString said;
     QString title;
     QMessageBox::StandardButtons buttons;
@@ -114,6 +116,15 @@ TEST_F(QtPlatformTest, AnExportReplacesNoFileUnasked) {
     EXPECT_FALSE(platform.MayExport(book, out));
     EXPECT_EQ(said, QStringLiteral("out.csv already exists.\nDo you want to replace it?"));
     EXPECT_EQ(buttons, QMessageBox::Yes | QMessageBox::No);
+    const std::string odd = folder.path().toStdString() + "/<b>\n\xE2\x80\xAE\xFC.csv";
+    std::ofstream(odd) << "older";
+    CloseNextBox();
+    EXPECT_FALSE(platform.MayExport(book, odd));
+    // Qt would not find it.
+    std::filesystem::remove(odd);
+    EXPECT_EQ(
+        said,
+        QStringLiteral("<b>\\x0A\\u202E\\xFC.csv already exists.\nDo you want to replace it?"));
 }
 
 TEST_F(QtPlatformTest, ABookIsNotExportedOverItself) {

@@ -58,6 +58,7 @@ QWidget* HelpWindow::makeContents() {
     auto* const version =
         new QLabel(tr("Orvik, version %1").arg(QCoreApplication::applicationVersion()), pane);
     version->setObjectName(QStringLiteral("version"));
+    version->setTextFormat(Qt::PlainText);
     column->addWidget(version);
     pane->setFocusProxy(contents);
     return pane;
@@ -105,6 +106,7 @@ QWidget* HelpWindow::makeSearch() {
     words->setClearButtonEnabled(true);
     hits->setObjectName(QStringLiteral("hits"));
     hits->setAccessibleName(tr("Pages found"));
+    found->setTextFormat(Qt::PlainText);
     found->setWordWrap(true);
     column->addWidget(words);
     column->addWidget(hits);

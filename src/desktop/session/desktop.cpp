@@ -8,6 +8,8 @@
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
+#include <new>
+#include <stdexcept>
 
 namespace orvik {
 namespace {
@@ -87,14 +89,18 @@ bool Desktop::run(const std::function<void()>& event, AtYield at_yield) {
     }
     const bool refused = yielding_ && at_yield == AtYield::Refused;
     if (!refused) {
-        ++running_;
+        const QScopedValueRollback running(running_, running_ + 1);
         ++event_;
         try {
             event();
+        } catch (const std::bad_alloc&) {
+            // The application tells of it, and the program goes on.
+            throw;
+        } catch (const std::length_error&) {
+            throw;
         } catch (...) {
             end_ = std::current_exception();
         }
-        --running_;
     }
     if (hasEnded()) {
         QCoreApplication::exit();

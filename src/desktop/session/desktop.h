@@ -2,7 +2,9 @@
 //
 // No exception crosses one of Qt's event loops. run() catches at every slot; what ends the program
 // is remembered, all event loops are told to return, and a nested one (a box, a dialog, a modal
-// window, a yield) throws it again on its way back into the command that opened it.
+// window, a yield) throws it again on its way back into the command that opened it. A lack of
+// memory that no command handled goes on to the application (application.h), which is inside every
+// loop.
 
 #pragma once
 

@@ -1,5 +1,6 @@
 #include "desktop/session/file_dialog.h"
 
+#include <QChildEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -11,6 +12,7 @@
 
 #include "app/messages.h"
 #include "app/text.h"
+#include "desktop/text/plain_text.h"
 #include "desktop/text/text_codec.h"
 
 namespace orvik {
@@ -113,6 +115,13 @@ class NamingDialog : public QFileDialog {
     }
 
  protected:
+    // Qt's own boxes quote what was typed, which is no HTML either.
+    void childEvent(QChildEvent* event) override {
+        if (auto* const box = qobject_cast<QMessageBox*>(event->child())) {
+            box->setTextFormat(Qt::PlainText);
+        }
+        QFileDialog::childEvent(event);
+    }
     void done(int result) override {
         if (result == Accepted) {
             will_do_ = takeName();
@@ -160,7 +169,7 @@ class NamingDialog : public QFileDialog {
     [[nodiscard]] QString whyNot() const {
         if (dialog_.EndingIsFormat && SavingAs(name_) == Saving::Never) {
             return QObject::tr("%1 does not say in which format to save. The name must end in %2.")
-                .arg(QFileInfo(name_).fileName(), WritableEndings(dialog_.Filter));
+                .arg(ShownName(QFileInfo(name_).fileName()), WritableEndings(dialog_.Filter));
         }
         return WhyNoFile(name_);
     }
@@ -223,23 +232,24 @@ QString WhyNoFile(const QString& name) {
     const QFileInfo file(name);
     const QFileInfo folder(file.absolutePath());
     if (!folder.isDir()) {
-        return QObject::tr("There is no folder %1.").arg(folder.filePath());
+        return QObject::tr("There is no folder %1.").arg(ShownName(folder.filePath()));
     }
     if (file.isDir()) {
-        return QObject::tr("%1 is a folder.").arg(name);
+        return QObject::tr("%1 is a folder.").arg(ShownName(name));
     }
     if (file.exists() && !file.isWritable()) {
-        return QObject::tr("You may not write to %1.").arg(name);
+        return QObject::tr("You may not write to %1.").arg(ShownName(name));
     }
     // Into a file that is there a book can be written in any folder.
     if (!file.exists() && !folder.isWritable()) {
-        return QObject::tr("You may not make files in the folder %1.").arg(folder.filePath());
+        return QObject::tr("You may not make files in the folder %1.")
+            .arg(ShownName(folder.filePath()));
     }
     return {};
 }
 
 QString OverwriteQuestion(const QString& name, Saving way) {
-    const QString file = QFileInfo(name).fileName();
+    const QString file = ShownName(QFileInfo(name).fileName());
     return way == Saving::Adds
                ? QObject::tr(
                      "%1 already exists. The entries will be added to it, not put in "

@@ -1,7 +1,5 @@
 #include "desktop/session/qt_platform.h"
 
-#include <sys/stat.h>
-
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -11,13 +9,15 @@
 #include <QWindow>
 #include <algorithm>
 
+#include "app/book_file.h"
 #include "app/form.h"
 #include "app/messages.h"
+#include "app/printable.h"
 #include "app/run_time_error.h"
 #include "desktop/session/autostart.h"
+#include "desktop/text/plain_text.h"
 #include "desktop/text/system_clipboard.h"
 #include "desktop/text/text_codec.h"
-#include "platform/system_files.h"
 
 namespace orvik {
 namespace {
@@ -69,9 +69,12 @@ QString ShownText(std::string_view text) {
 
 }  // namespace
 
-QtPlatform::QtPlatform(Desktop& desktop)
+QtPlatform::QtPlatform(Desktop& desktop, FileSystem& files)
     : desktop_(desktop),
-      settings_(SettingsStore::UserFile(), [this](const std::string& problem) { tell(problem); }) {}
+      files_(files),
+      settings_(
+          files, SettingsStore::UserFile(), [this](const std::string& problem) { tell(problem); }) {
+}
 
 Answer QtPlatform::ShowBox(const MessageBox& box) {
     const std::string text = box.Cause ? box.Text + nameOfUnsaved() : box.Text;
@@ -102,16 +105,18 @@ std::string QtPlatform::ShowFileDialog(FileDialog& dialog) {
 }
 
 bool QtPlatform::MayExport(const std::string& from, const std::string& to) {
-    if (SystemFiles().IsSame(from, to)) {
+    if (files_.IsSame(from, to)) {
         tell("The address book cannot be exported over itself. Please select another output file.");
         return false;
     }
-    const QFileInfo file(QFile::decodeName(to.c_str()));
-    return !file.isFile() || ShowBox({QFile::encodeName(file.fileName()).toStdString() +
-                                          " already exists.\r\nDo you want to replace it?",
-                                      std::string(kTitle),
-                                      Buttons::YesNo,
-                                      Icon::Question}) == Answer::Yes;
+    if (markOf(to).Kind != FileKind::Regular) {
+        return true;
+    }
+    return ShowBox({Printable(FileSystem::Path(to).filename().string()) +
+                        " already exists.\r\nDo you want to replace it?",
+                    std::string(kTitle),
+                    Buttons::YesNo,
+                    Icon::Question}) == Answer::Yes;
 }
 
 std::string QtPlatform::ClipboardText() {
@@ -139,12 +144,12 @@ bool QtPlatform::CreateShellLink(const ShellLink& link) {
     // The target is this program, under a name that is not its file's.
     QStringList command = {QCoreApplication::applicationFilePath()};
     command += QProcess::splitCommand(ToLetters(link.Arguments));
-    return CreateAutostart(ToLetters(link.Name), command);
+    return CreateAutostart(files_, ToLetters(link.Name), command);
 }
 
 void QtPlatform::RemoveShellLink(std::string_view folder, std::string_view name) {
     if (folder == kStartUp) {
-        RemoveAutostart(ToLetters(name));
+        RemoveAutostart(files_, ToLetters(name));
     }
 }
 
@@ -192,8 +197,10 @@ void QtPlatform::ReportFailure(const RunTimeError& failure) {
 }
 
 QtPlatform::FileMark QtPlatform::markOf(const std::string& name) {
-    struct stat status {};
-    return stat(name.c_str(), &status) == 0 ? FileMark{status.st_ino, status.st_size} : FileMark{};
+    FileStatus status;
+    // What cannot be told of a file is told by what is done with it.
+    static_cast<void>(Persist([&] { return files_.Status(name, status); }));
+    return {status.Kind, status.Identity.Number, status.Length()};
 }
 
 std::string QtPlatform::nameOfUnsaved() {
@@ -201,7 +208,7 @@ std::string QtPlatform::nameOfUnsaved() {
         !(markOf(target_->Name) == target_->Before)) {
         return {};
     }
-    const QString name = QFile::decodeName(target_->Name.c_str());
+    const QString name = ShownName(target_->Name);
     target_.reset();
     desktop_.saveFailed();
     return "\r\n\r\n" + QObject::tr("%1 was not saved.").arg(name).toStdString();

@@ -10,6 +10,7 @@
 #include "desktop/help/help_viewer.h"
 #include "desktop/session/desktop.h"
 #include "desktop/session/file_dialog.h"
+#include "platform/file_system.h"
 #include "platform/platform.h"
 #include "store/settings_store.h"
 
@@ -17,8 +18,8 @@ namespace orvik {
 
 class QtPlatform : public Platform {
  public:
-    // desktop must outlive the platform.
-    explicit QtPlatform(Desktop& desktop);
+    // Both must outlive the platform.
+    QtPlatform(Desktop& desktop, FileSystem& files);
 
     Answer ShowBox(const MessageBox& box) override;
     std::string ShowFileDialog(FileDialog& dialog) override;
@@ -54,8 +55,9 @@ class QtPlatform : public Platform {
     // What tells whether a file was written since: a new one takes the place of the old, or the old
     // one grows.
     struct FileMark {
-        std::uint64_t Inode = 0;
-        std::int64_t Size = -1;  // of a file that is not there
+        FileKind Kind = FileKind::Missing;
+        std::uint64_t Number = 0;
+        std::uint64_t Length = 0;
 
         bool operator==(const FileMark&) const = default;
     };
@@ -65,7 +67,7 @@ class QtPlatform : public Platform {
         FileMark Before;
         std::uint64_t Event;
     };
-    [[nodiscard]] static FileMark markOf(const std::string& name);
+    [[nodiscard]] FileMark markOf(const std::string& name);
 
     void tell(const std::string& text);
     // What a box about a failure says besides: the name of the file, if saving to it has failed.
@@ -73,6 +75,7 @@ class QtPlatform : public Platform {
     std::string nameOfUnsaved();
 
     Desktop& desktop_;
+    FileSystem& files_;
     std::optional<Target> target_;
     FileDialogs dialogs_;
     SettingsStore settings_;

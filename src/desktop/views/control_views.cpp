@@ -2,6 +2,7 @@
 
 #include <QPushButton>
 
+#include "desktop/text/plain_text.h"
 #include "desktop/text/text_codec.h"
 
 namespace orvik {
@@ -17,7 +18,7 @@ QString SpokenCaption(std::string_view caption) {
 QPushButton* MakeButton(std::string_view name, const Button& button, QWidget* parent) {
     auto* const view = new QPushButton(ToLetters(button.Caption), parent);
     view->setObjectName(ObjectName(name));
-    view->setToolTip(ToLetters(button.ToolTip));
+    view->setToolTip(PlainTip(ToLetters(button.ToolTip)));
     view->setAccessibleName(SpokenCaption(button.Caption));
     return view;
 }
@@ -32,7 +33,7 @@ void SyncControl(QWidget& widget, const Control& control) {
 }
 
 void SyncTitle(QWidget& window, std::string_view caption) {
-    QString title = ToLetters(caption);
+    QString title = ShownName(caption);
     // "[*]" in a title stands for a mark of Qt's own.
     title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
     if (window.windowTitle() != title) {

@@ -63,11 +63,13 @@ FindBar::FindBar(QWidget& window, QWidget* parent)
     next->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
     auto* const label = new QLabel(tr("Find &text:"), this);
     label->setObjectName(QStringLiteral("findLabel"));
+    label->setTextFormat(Qt::PlainText);
     label->setBuddy(wanted_);
     wanted_->setObjectName(QStringLiteral("findText"));
     wanted_->setAccessibleName(tr("Find text"));
     wanted_->setMinimumWidth(fontMetrics().averageCharWidth() * kFewestLetters);
     notice_->setObjectName(QStringLiteral("findNotice"));
+    notice_->setTextFormat(Qt::PlainText);
 
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(2 * kMargin, kMargin, kMargin, kMargin);

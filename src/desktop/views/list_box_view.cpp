@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <numeric>
 
+#include "desktop/text/plain_text.h"
+
 namespace orvik {
 namespace {
 
@@ -35,7 +37,7 @@ class RowDelegate : public QStyledItemDelegate {
         const QString text = index.data().toString();
         const bool cut_off = textSize(option, text).width() > option.rect.width();
         QToolTip::showText(
-            event->globalPos(), cut_off ? text.toHtmlEscaped() : QString(), view, option.rect);
+            event->globalPos(), cut_off ? PlainTip(text) : QString(), view, option.rect);
         return true;
     }
 

@@ -143,6 +143,7 @@ Window MakeAbout(Module1& module, Desktop& desktop, QWidget* owner) {
     auto* const version =
         new QLabel(QObject::tr("Version %1").arg(QCoreApplication::applicationVersion()));
     version->setObjectName(QStringLiteral("version"));
+    version->setTextFormat(Qt::PlainText);
     AddRow(*column, *window, {&form.Command1}).insertWidget(0, version);
     window->setReadOnly(form.Text1);
     window->setDefaultButton(form.Command1);
