@@ -34,11 +34,15 @@ void Module1::TellTooMuchText() {
 
 Answer Module1::Ask(
     std::string_view text, std::string_view title, Buttons buttons, Icon icon, Matter about) {
-    const Answer answer = platform.ShowBox({.Text = std::string(text),
-                                            .Title = std::string(title),
-                                            .Choice = buttons,
-                                            .Sign = icon,
-                                            .About = about});
+    return Ask({.Text = std::string(text),
+                .Title = std::string(title),
+                .Choice = buttons,
+                .Sign = icon,
+                .About = about});
+}
+
+Answer Module1::Ask(const MessageBox& question) {
+    const Answer answer = platform.ShowBox(question);
     MsgAnswer = std::to_string(static_cast<int>(answer));
     return answer;
 }

@@ -91,6 +91,7 @@ class Module1 : public Windows {
                Buttons buttons,
                Icon icon,
                Matter about = Matter::Other);
+    Answer Ask(const MessageBox& question);
 
     // The working text (src/app/working_text.h) and what it is split by.
     std::string WorkText;

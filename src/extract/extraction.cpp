@@ -5,7 +5,6 @@
 #include "app/form1.h"
 #include "app/messages.h"
 #include "app/module1.h"
-#include "app/printable.h"
 #include "app/scope.h"
 #include "app/text.h"
 #include "app/working_text.h"
@@ -64,11 +63,15 @@ bool ExtractAddresses(Module1& module,
     module.AddressCount = 0;
     const std::size_t length = module.File1.Length();
     if (length > kScannedAtOnce) {
-        std::string question = "The File " + Printable(name) + " is pretty large (";
+        std::string question = "The File " + name + " is pretty large (";
         question.append(std::to_string(length / kKilobyte));
         question.append(" kilobytes) and may take a long time to ").append(process);
         question.append(". Proceed anyway?");
-        if (module.Ask(question, "Warning: long file", Buttons::YesNo, icon) == Answer::No) {
+        if (module.Ask({.Text = question,
+                        .Title = "Warning: long file",
+                        .Choice = Buttons::YesNo,
+                        .Sign = icon,
+                        .FileName = name}) == Answer::No) {
             // The file stays open until the next command opens one.
             return true;
         }

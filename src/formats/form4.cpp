@@ -1,7 +1,6 @@
 #include "formats/form4.h"
 
 #include "app/module1.h"
-#include "app/printable.h"
 #include "app/run_time_error.h"
 #include "app/scope.h"
 #include "app/text.h"
@@ -94,7 +93,7 @@ void Form4::ConvertFile(bool& reading_is_over) {
     const std::size_t entries = CountExported(output);
     module_.File1.Replace(Text2.Text(), output.append(kCrLf));
     Result = std::to_string(entries) + (entries == 1 ? " entry" : " entries") + " written to " +
-             Printable(Text2.Text());
+             Text2.Text();
 }
 
 void Form4::ShowButtons(bool visible) {

@@ -26,7 +26,8 @@ enum class Icon { None, Question };
 // What a box is about, as far as somebody who answers boxes by himself has to know.
 enum class Matter { Other, TextTooLong, UnknownFormat };
 
-// Cause is the failure that the box tells of, if it does.
+// Cause is the failure that the box tells of, if it does, and FileName the name of a file that the
+// text has in it, if it has one.
 struct MessageBox {
     std::string Text;
     std::string Title;
@@ -34,6 +35,7 @@ struct MessageBox {
     Icon Sign = Icon::None;
     std::optional<Failure> Cause = {};
     Matter About = Matter::Other;
+    std::string FileName = {};
 };
 
 enum class DialogKind { Open, Save };

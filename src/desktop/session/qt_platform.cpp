@@ -12,7 +12,6 @@
 #include "app/book_file.h"
 #include "app/form.h"
 #include "app/messages.h"
-#include "app/printable.h"
 #include "app/run_time_error.h"
 #include "desktop/session/autostart.h"
 #include "desktop/text/plain_text.h"
@@ -67,6 +66,16 @@ QString ShownText(std::string_view text) {
     return ToLetters(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
 
+// A text with the name of a file in it, if that is not empty.
+QString ShownText(std::string_view text, std::string_view name) {
+    const std::size_t start = name.empty() ? std::string_view::npos : text.find(name);
+    if (start == std::string_view::npos) {
+        return ShownText(text);
+    }
+    return ShownText(text.substr(0, start)) + ShownName(name) +
+           ShownText(text.substr(start + name.size()));
+}
+
 }  // namespace
 
 QtPlatform::QtPlatform(Desktop& desktop, FileSystem& files)
@@ -81,7 +90,7 @@ Answer QtPlatform::ShowBox(const MessageBox& box) {
     return desktop_.nested([&] {
         QMessageBox shown(box.Sign == Icon::Question ? QMessageBox::Question : QMessageBox::NoIcon,
                           ShownText(box.Title),
-                          ShownText(text),
+                          ShownText(text, box.FileName),
                           ButtonsOf(box.Choice),
                           desktop_.frontWindow());
         shown.setTextFormat(Qt::PlainText);
@@ -112,11 +121,12 @@ bool QtPlatform::MayExport(const std::string& from, const std::string& to) {
     if (markOf(to).Kind != FileKind::Regular) {
         return true;
     }
-    return ShowBox({Printable(FileSystem::Path(to).filename().string()) +
-                        " already exists.\r\nDo you want to replace it?",
-                    std::string(kTitle),
-                    Buttons::YesNo,
-                    Icon::Question}) == Answer::Yes;
+    const std::string name = FileSystem::Path(to).filename();
+    return ShowBox({.Text = name + " already exists.\r\nDo you want to replace it?",
+                    .Title = std::string(kTitle),
+                    .Choice = Buttons::YesNo,
+                    .Sign = Icon::Question,
+                    .FileName = name}) == Answer::Yes;
 }
 
 std::string QtPlatform::ClipboardText() {

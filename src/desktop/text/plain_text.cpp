@@ -1,6 +1,5 @@
 #include "desktop/text/plain_text.h"
 
-#include <QFile>
 #include <QTextDocument>
 
 #include "app/printable.h"
@@ -9,11 +8,11 @@
 namespace orvik {
 
 QString ShownName(std::string_view name) {
-    return ToLetters(Printable(name), Encoding::Utf8);
+    return ShownName(ToLetters(name));
 }
 
 QString ShownName(const QString& name) {
-    return ShownName(QFile::encodeName(name).toStdString());
+    return QString::fromStdString(Printable(name.toStdString()));
 }
 
 QString PlainTip(const QString& text) {
