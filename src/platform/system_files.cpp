@@ -144,14 +144,14 @@ std::error_code SystemFiles::SyncFolder(const Path& folder) {
 }
 
 std::error_code SystemFiles::CreateFolders(const Path& folder) {
-    if (mkdir(folder.c_str(), kPrivateFolder) == 0 || errno == EEXIST) {
-        return {};
+    Path part;
+    for (const Path& name : folder) {
+        part /= name;
+        if (mkdir(part.c_str(), kPrivateFolder) < 0 && errno != EEXIST) {
+            return LastError();
+        }
     }
-    if (errno != ENOENT || !folder.has_relative_path()) {
-        return LastError();
-    }
-    const std::error_code error = CreateFolders(FolderOf(folder));
-    return error ? error : Result(mkdir(folder.c_str(), kPrivateFolder));
+    return {};
 }
 
 bool SystemFiles::IsSame(const Path& one, const Path& other) {

@@ -121,6 +121,15 @@ TEST_F(SystemFilesTest, StateFolder_IsThatOfTheUser) {
     EXPECT_EQ(files_.StateFolder(), "");
 }
 
+TEST_F(SystemFilesTest, CreateFolders_MakesThoseThatAreMissing) {
+    EXPECT_FALSE(files_.CreateFolders(folder_.Name("a/b/c")));
+    EXPECT_FALSE(files_.CreateFolders(folder_.Name("a/b/c")));
+    EXPECT_EQ(fs::status(folder_.Name("a/b")).permissions(), fs::perms(0700));
+    EXPECT_TRUE(fs::is_directory(folder_.Name("a/b/c")));
+    WriteFile(folder_.Name("file"), "");
+    EXPECT_EQ(files_.CreateFolders(folder_.Name("file/a")), std::errc::not_a_directory);
+}
+
 // Where the file system knows no files without names, and no links.
 TEST_F(SystemFilesTest, CreateUnseenWithAName_LooksTheSameInTheEnd) {
     SystemFiles named(false, false);
