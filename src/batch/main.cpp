@@ -42,7 +42,7 @@ Status Run(int argc, const char* const* argv) {
 
 int main(int argc, char** argv) {
     orvik::ReserveStandardStreams();
-    orvik::IgnoreFileSignals();
+    orvik::HandleSignals();
     // Caught here, so that what was begun is undone.
     try {
         return static_cast<int>(Run(argc, argv));

@@ -178,7 +178,7 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     orvik::ReserveStandardStreams();
-    orvik::IgnoreFileSignals();
+    orvik::HandleSignals();
     try {
         return Run(argc, argv);
     } catch (const std::bad_alloc&) {

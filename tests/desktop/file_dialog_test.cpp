@@ -96,13 +96,18 @@ TEST(WritableEndings, AreThoseThatChooseAFormat) {
 
 TEST(OverwriteQuestion, SaysWhenEntriesAreAdded) {
     const QString name = QStringLiteral("/x/a.nv");
-    EXPECT_TRUE(OverwriteQuestion(name, Saving::Adds).contains(u"added"));
-    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces).contains(u"replace"));
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Adds, false).contains(u"added"));
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces, false).contains(u"replace"));
+    for (const Saving way : {Saving::Adds, Saving::Replaces}) {
+        EXPECT_FALSE(OverwriteQuestion(name, way, false).contains(u"Another program"));
+        EXPECT_TRUE(OverwriteQuestion(name, way, true)
+                        .endsWith(QStringLiteral(".\n") + OverwriteQuestion(name, way, false)));
+    }
 }
 
 TEST(OverwriteQuestion, ANameIsPlainText) {
     const QString name = QStringLiteral("/x/<b>a\n\u202E%1.nv");
-    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces)
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces, false)
                     .startsWith(QStringLiteral("<b>a\\x0A\\u202E%1.nv already exists.")));
 }
 

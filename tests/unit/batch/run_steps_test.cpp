@@ -44,6 +44,11 @@ class RunStepsTest : public testing::Test {
                 EXPECT_GT(call, 2);
                 return;
             }
+            if (files.fault.Failed == "List") {
+                // A book is opened also where nobody can look for the copies of interrupted savings.
+                EXPECT_EQ(found, Status::Done);
+                continue;
+            }
             EXPECT_EQ(found, status) << files.fault.Failed;
             EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
             EXPECT_TRUE(told.ends_with(truth + "\n")) << told;
