@@ -1,6 +1,8 @@
 // Every call that a command makes to the files goes wrong once, in every way that a disk knows, and
 // of the savers also every two calls. The twin of the files numbers the calls.
 
+#include <sys/prctl.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
@@ -62,11 +64,22 @@ struct Outcome {
     std::vector<Told> Said;
 };
 
+// Where copies go that cannot stand beside their books, for files that have such a folder.
+template <class Files>
+void PutCopies(Files& files, const std::string& folder) {
+    if constexpr (requires { files.state_folder; }) {
+        files.state_folder = folder;
+    }
+}
+
 class Faults : public testing::TestWithParam<Trial> {
  protected:
     Faults() {
         if (state_ == FileState::ClosedFolder) {
             user_ = std::make_unique<OrdinaryUser>();
+            // Whoever changes his user may no longer look into /proc/self, where a file without a
+            // name is found when it gets one.
+            prctl(PR_SET_DUMPABLE, 1);
         }
         folder_ = std::make_unique<TempFolder>();
         state_home_ = std::make_unique<Environment>("XDG_STATE_HOME", folder_->Name("state"));
@@ -83,6 +96,7 @@ class Faults : public testing::TestWithParam<Trial> {
         fs::create_directory(Books());
         fs::create_directory(folder_->Name("state"));
         FaultyFiles files;
+        PutCopies(files, folder_->Name("state"));
         World world(Books(), files);
         world.Target = world.Name(command_.File);
         if (state_ != FileState::Missing) {
@@ -214,7 +228,9 @@ TEST_P(Faults, OneCallFails_LeavesOldOrNew) {
         GTEST_SKIP() << "permissions do not count for this user";
     }
     const Outcome reference = Run({}, {});
-    const bool works = state_ == FileState::Existing || state_ == FileState::Linked;
+    // What a merge drops cannot be kept aside in a closed folder, so that it is not dropped.
+    const bool works = state_ != FileState::Missing &&
+                       (state_ != FileState::ClosedFolder || command_.Aside.empty());
     EXPECT_TRUE(!works || reference.Said.empty()) << Listing(reference);
     Counts made{.Calls = reference.Calls};
     for (const ErrorRow& row : kErrors) {

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 """Lets real saves fail and die, and looks at what they leave.
 
-Argument: orvik-batch. strace gives each system call of a save each of several errors, and ends the
-save inside of each; other saves are killed at some moment. After each the book must be whole: the old
-one or the new one, or, where a book with two names was being written in place, a copy of the old one
-beside it. What a killed save left must be gone after the next one. Prints what was tried and what was
-survived; the exit status is 1 if anything was not.
+Arguments: orvik-batch, and the endings to try; without any, all. strace gives each system call of a
+save each of several errors, and ends the save inside of each; other saves are killed at some moment.
+After each the book must be whole: the old one or the new one, or, where a book with two names was being
+written in place, a copy of the old one beside it. What a killed save left must be gone after the next
+one. Prints what was tried and what was survived; the exit status is 1 if anything was not.
 """
 
 import collections
@@ -227,14 +227,14 @@ def kill(bench, results, row, ending, state):
 
 def main():
     program = str(pathlib.Path(sys.argv[1]).resolve())
-    quick = len(sys.argv) > 2 and sys.argv[2] == "--some"
+    endings = sys.argv[2:] or SAVED
     traces = can_trace()
     if not traces:
         print("strace may not trace here: no call was made to fail, only kills at random moments.")
     results = Results()
     with tempfile.TemporaryDirectory() as root:
         bench = Bench(program, pathlib.Path(root))
-        for ending in ("htm", "nv") if quick else SAVED:
+        for ending in endings:
             for state in STATES:
                 row = (f".{ending}" if ending != "csv" else "--pim", state)
                 if traces:

@@ -10,6 +10,7 @@ namespace {
 constexpr std::string_view kInPlace = "the book is written in place, a copy on the disk";
 constexpr std::string_view kUnread = "a book that may be written but not read is written in place";
 constexpr std::string_view kOtherCopy = "the copy stands elsewhere, or there is none";
+constexpr std::string_view kGone = "that a copy is gone need not be on the disk";
 constexpr std::string_view kLitter = "what cannot be listed or removed stays";
 constexpr std::string_view kLooked = "some looks serve nothing but a note to the user";
 constexpr std::string_view kNoFolder = "a folder that cannot be looked at is a missing one";
@@ -29,6 +30,7 @@ constexpr std::array kRows = {
     Tolerance{FileState::Linked, "new Close", 0, kOtherCopy},
     Tolerance{FileState::Linked, "SyncFolder", 0, kOtherCopy},
     Tolerance{FileState::ClosedFolder, "CreateUnseen", 0, kOtherCopy},
+    Tolerance{FileState::ClosedFolder, "SyncFolder", 0, kGone},
     Tolerance{{}, "List", 0, kLitter},
     Tolerance{{}, "Remove", 0, kLitter, true},
     Tolerance{FileState::Missing, "Status", 0, kNoFolder, false, kPathNotFound},

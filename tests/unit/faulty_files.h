@@ -58,39 +58,54 @@ class FaultyInput : public InputFile {
     Fault& fault_;
 };
 
-// The calls of a file that was created have "new " before their names.
+// The calls of one kind of files, which stands before their names.
+class FaultOfKind {
+ public:
+    FaultOfKind(Fault& fault, std::string kind)
+        : Error(fault.Error), fault_(fault), kind_(std::move(kind)) {}
+    const std::error_code& Error;
+    bool Hits(const char* name) { return fault_.Hits(kind_ + name); }
+    template <class Call>
+    std::error_code Pass(const char* name, const Call& call) {
+        return fault_.Pass(kind_ + name, call);
+    }
+
+ private:
+    Fault& fault_;
+    std::string kind_;
+};
+
 class FaultyOutput : public OutputFile {
  public:
-    FaultyOutput(std::unique_ptr<OutputFile> file, Fault& fault, const char* kind)
-        : file_(std::move(file)), fault_(fault), kind_(kind) {}
+    FaultyOutput(std::unique_ptr<OutputFile> file, FaultOfKind fault)
+        : file_(std::move(file)), fault_(std::move(fault)) {}
     std::error_code Write(std::string_view bytes, std::size_t& written) override {
-        if (fault_.Hits(kind_ + "Write")) {
+        if (fault_.Hits("Write")) {
             return fault_.Error ? fault_.Error : file_->Write(bytes.substr(0, 1), written);
         }
         return file_->Write(bytes, written);
     }
     std::error_code SetLength(std::uint64_t length) override {
-        return fault_.Pass(kind_ + "SetLength", [&] { return file_->SetLength(length); });
+        return fault_.Pass("SetLength", [&] { return file_->SetLength(length); });
     }
     std::error_code TakeAttributesOf(InputFile& other) override {
-        return fault_.Pass(kind_ + "TakeAttributesOf", [&] {
+        return fault_.Pass("TakeAttributesOf", [&] {
             return file_->TakeAttributesOf(dynamic_cast<FaultyInput&>(other).Real());
         });
     }
     std::error_code Sync() override {
-        return fault_.Pass(kind_ + "Sync", [&] { return file_->Sync(); });
+        return fault_.Pass("Sync", [&] { return file_->Sync(); });
     }
     std::error_code TakeName(const std::filesystem::path& name) override {
-        return fault_.Pass(kind_ + "TakeName", [&] { return file_->TakeName(name); });
+        return fault_.Pass("TakeName", [&] { return file_->TakeName(name); });
     }
     std::error_code Close() override {
-        return fault_.Pass(kind_ + "Close", [&] { return file_->Close(); });
+        return fault_.Pass("Close", [&] { return file_->Close(); });
     }
 
  private:
     std::unique_ptr<OutputFile> file_;
-    Fault& fault_;
-    std::string kind_;
+    FaultOfKind fault_;
 };
 
 class FaultyFiles : public SystemFiles {
@@ -145,7 +160,7 @@ class FaultyFiles : public SystemFiles {
                          std::unique_ptr<OutputFile>& file,
                          const char* kind) {
         if (!error) {
-            file = std::make_unique<FaultyOutput>(std::move(file), fault, kind);
+            file = std::make_unique<FaultyOutput>(std::move(file), FaultOfKind(fault, kind));
         }
         return error;
     }
