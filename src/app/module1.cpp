@@ -25,7 +25,8 @@ void Module1::Tell(std::string_view text, std::string_view title) {
 void Module1::Tell(const RunTimeError& failure) {
     platform.ShowBox({.Text = std::string("Error: ") + failure.what(),
                       .Title = std::to_string(failure.Number()),
-                      .Cause = failure.Cause()});
+                      .Cause = failure.Cause(),
+                      .Detail = failure.Detail()});
 }
 
 void Module1::TellTooMuchText() {

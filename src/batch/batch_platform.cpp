@@ -34,6 +34,10 @@ Status StatusOf(const MessageBox& box) {
     return box.Cause ? StatusOf(*box.Cause, false) : Status::Problem;
 }
 
+std::string WithDetail(const std::string& text, const std::string& detail) {
+    return detail.empty() ? text : text + ": " + detail;
+}
+
 // The settings of a run that reads none of the user's.
 std::optional<std::string> DefaultSetting(std::string_view key) {
     static const std::map<std::string, std::string, std::less<>> kDefaults = {
@@ -78,7 +82,7 @@ void BatchPlatform::Fail(std::string_view text, Status status) {
 }
 
 void BatchPlatform::Fail(const RunTimeError& failure, bool writing) {
-    Fail(failure.what(), StatusOf(failure.Cause(), writing));
+    Fail(WithDetail(failure.what(), failure.Detail()), StatusOf(failure.Cause(), writing));
 }
 
 void BatchPlatform::Note(std::string_view text) {
@@ -87,10 +91,15 @@ void BatchPlatform::Note(std::string_view text) {
     }
 }
 
+CopyAnswer BatchPlatform::OfferCopy(const std::string& /*book*/, const std::string& copy) {
+    Note("A saving of this file was interrupted. Its old contents stand in " + copy);
+    return CopyAnswer::NotNow;
+}
+
 Answer BatchPlatform::ShowBox(const MessageBox& box) {
     if (box.Choice == Buttons::OK) {
         if (box.About != Matter::TextTooLong) {
-            Fail(box.Text, StatusOf(box));
+            Fail(WithDetail(box.Text, box.Detail), StatusOf(box));
         } else if (!told_too_much_) {
             // The windows leave such a text out of the text box; nothing is lost by it.
             told_too_much_ = true;

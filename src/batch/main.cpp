@@ -21,7 +21,7 @@ constexpr std::chrono::milliseconds kQuickStep{500};
 
 int main(int argc, char** argv) {
     using namespace orvik::batch;
-    orvik::IgnoreFileSignals();
+    orvik::HandleSignals();
     const auto parsed = ParseArguments(argc, argv, std::cout, std::cerr);
     if (const auto* const status = std::get_if<Status>(&parsed)) {
         return static_cast<int>(*status);

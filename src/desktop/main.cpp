@@ -119,7 +119,7 @@ int RunWindows(const QStringList& books) {
 
 int main(int argc, char** argv) {
     NameProgram();
-    orvik::IgnoreFileSignals();
+    orvik::HandleSignals();
     const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
     if (OnlyPrints(arguments)) {
         const QCoreApplication app(argc, argv);

@@ -144,6 +144,10 @@ tells_once "phone.ldif: 2 attributes of 1 entry were not read"
 lines err 1
 run "phones, quietly" 0 -q --open phone.ldif --save noted.txt
 tells_nothing
+printf 'dn: x\r\ntelephonenumber: 5\r\n' >nobody.ldif
+run "phones of nobody, which is no book" 1 --open nobody.ldif
+tells_once "nobody.ldif: Error: Invalid procedure call or argument"
+lines err 1
 run "a vCard" 0 --open card.txt --save noted.ldif
 tells_once "card.txt: The contents look like a vCard"
 run "a mail folder" 0 --open Inbox --save noted.ldif

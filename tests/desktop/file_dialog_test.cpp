@@ -96,8 +96,13 @@ TEST(WritableEndings, AreThoseThatChooseAFormat) {
 
 TEST(OverwriteQuestion, SaysWhenEntriesAreAdded) {
     const QString name = QStringLiteral("/x/a.nv");
-    EXPECT_TRUE(OverwriteQuestion(name, Saving::Adds).contains(u"added"));
-    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces).contains(u"replace"));
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Adds, false).contains(u"added"));
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces, false).contains(u"replace"));
+    for (const Saving way : {Saving::Adds, Saving::Replaces}) {
+        EXPECT_FALSE(OverwriteQuestion(name, way, false).contains(u"Another program"));
+        EXPECT_TRUE(OverwriteQuestion(name, way, true)
+                        .endsWith(QStringLiteral(".\n") + OverwriteQuestion(name, way, false)));
+    }
 }
 
 class FileDialogTest : public testing::Test {

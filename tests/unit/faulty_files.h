@@ -9,6 +9,7 @@
 #include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "platform/system_files.h"
 
@@ -88,9 +89,9 @@ class FaultyOutput : public OutputFile {
     std::error_code SetLength(std::uint64_t length) override {
         return fault_.Pass("SetLength", [&] { return file_->SetLength(length); });
     }
-    std::error_code TakeAttributesOf(InputFile& other) override {
+    std::error_code TakeAttributesOf(InputFile& other, bool& all_kept) override {
         return fault_.Pass("TakeAttributesOf", [&] {
-            return file_->TakeAttributesOf(dynamic_cast<FaultyInput&>(other).Real());
+            return file_->TakeAttributesOf(dynamic_cast<FaultyInput&>(other).Real(), all_kept);
         });
     }
     std::error_code Sync() override {
@@ -113,7 +114,9 @@ class FaultyFiles : public SystemFiles {
     FaultyFiles() : SystemFiles(false) {}
 
     Fault fault;
+    Path state_folder;  // none
 
+    Path StateFolder() override { return state_folder; }
     std::error_code Status(const Path& path, FileStatus& status) override {
         return fault.Pass("Status", [&] { return SystemFiles::Status(path, status); });
     }
@@ -153,6 +156,11 @@ class FaultyFiles : public SystemFiles {
                          std::chrono::milliseconds longest,
                          std::unique_ptr<FolderLock>& lock) override {
         return fault.Pass("Lock", [&] { return SystemFiles::Lock(folder, longest, lock); });
+    }
+    std::error_code List(const Path& folder,
+                         std::string_view beginning,
+                         std::vector<FolderEntry>& entries) override {
+        return fault.Pass("List", [&] { return SystemFiles::List(folder, beginning, entries); });
     }
 
  private:

@@ -116,14 +116,32 @@ void Desktop::saveFailed() const {
     }
 }
 
+void Desktop::fileNoted(const std::string& text) const {
+    for (const Entry& entry : entries_) {
+        entry.Window->fileNoted(text);
+    }
+}
+
 void Desktop::syncAll() {
     for (const Entry& entry : entries_) {
         entry.Window->sync();
     }
 }
 
+void Desktop::waits(const std::string& text) {
+    syncAll();
+    for (const Entry& entry : entries_) {
+        entry.Window->waits(text);
+    }
+    paintAll();
+}
+
 void Desktop::repaint() {
     syncAll();
+    paintAll();
+}
+
+void Desktop::paintAll() const {
     for (const Entry& entry : entries_) {
         QWidget& window = entry.Window->window();
         if (window.isVisible()) {

@@ -41,6 +41,10 @@ class View {
     // A file was chosen; what is saved under the name chosen last could not be saved.
     virtual void fileChosen(const std::string& /*name*/) {}
     virtual void saveFailed() {}
+    // Something quiet about the file that was chosen last.
+    virtual void fileNoted(const std::string& /*text*/) {}
+    // What the command waits for, until the next sync.
+    virtual void waits(const std::string& /*text*/) {}
 };
 
 // Whether an event is also taken while a command lets pending events run.
@@ -69,6 +73,9 @@ class Desktop : public QObject {
     // Tells every view.
     void fileChosen(const std::string& name) const;
     void saveFailed() const;
+    void fileNoted(const std::string& text) const;
+    // Shows it as repaint() shows the forms.
+    void waits(const std::string& text);
 
     void syncAll();
     // Shows the forms as they are now; no event is taken.
@@ -104,6 +111,9 @@ class Desktop : public QObject {
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
+    // Paints what changed.
+    void paintAll() const;
+
     struct Entry {
         const Form* Shown;
         View* Window;

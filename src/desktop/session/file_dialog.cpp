@@ -149,8 +149,10 @@ class NamingDialog : public QFileDialog {
             return true;
         }
         const Saving way = dialog_.EndingIsFormat ? SavingAs(name_) : Saving::Replaces;
-        if (ShowOver(over, OverwriteQuestion(name_, way), QMessageBox::Yes | QMessageBox::No) ==
-            QMessageBox::Yes) {
+        const bool changed =
+            dialog_.HasChanged && dialog_.HasChanged(QFile::encodeName(name_).toStdString());
+        const QString question = OverwriteQuestion(name_, way, changed);
+        if (ShowOver(over, question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes) {
             return true;
         }
         selectFile(name_);
@@ -238,14 +240,20 @@ QString WhyNoFile(const QString& name) {
     return {};
 }
 
-QString OverwriteQuestion(const QString& name, Saving way) {
+QString OverwriteQuestion(const QString& name, Saving way, bool changed) {
     const QString file = QFileInfo(name).fileName();
-    return way == Saving::Adds
-               ? QObject::tr(
-                     "%1 already exists. The entries will be added to it, not put in "
-                     "place of those it has.\nDo you want to add them?")
-                     .arg(file)
-               : QObject::tr("%1 already exists.\nDo you want to replace it?").arg(file);
+    QString question =
+        way == Saving::Adds
+            ? QObject::tr(
+                  "%1 already exists. The entries will be added to it, not put in "
+                  "place of those it has.\nDo you want to add them?")
+                  .arg(file)
+            : QObject::tr("%1 already exists.\nDo you want to replace it?").arg(file);
+    if (changed) {
+        question.prepend(u'\n').prepend(
+            QObject::tr("Another program changed this file since it was opened or saved here."));
+    }
+    return question;
 }
 
 void FileDialogs::rememberFolderOf(const QString& name) {

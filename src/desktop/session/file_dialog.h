@@ -38,8 +38,9 @@ namespace orvik {
 // WhyNoFile: why no file can be saved under a name, empty where one can.
 [[nodiscard]] QString WhyNoFile(const QString& name);
 
-// OverwriteQuestion: what the user is asked before a file that exists is saved to.
-[[nodiscard]] QString OverwriteQuestion(const QString& name, Saving way);
+// OverwriteQuestion: what the user is asked before a file that exists is saved to. changed says
+// that another program has changed it since it was opened or saved here.
+[[nodiscard]] QString OverwriteQuestion(const QString& name, Saving way, bool changed);
 
 class FileDialogs {
  public:

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QProcess>
+#include <QPushButton>
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
@@ -73,8 +74,40 @@ QtPlatform::QtPlatform(Desktop& desktop)
     : desktop_(desktop),
       settings_(SettingsStore::UserFile(), [this](const std::string& problem) { tell(problem); }) {}
 
+CopyAnswer QtPlatform::OfferCopy(const std::string& book, const std::string& copy) {
+    const QString name = QFile::decodeName(book.c_str());
+    const QString copy_name = QFile::decodeName(copy.c_str());
+    return desktop_.nested([&] {
+        QMessageBox box(
+            QMessageBox::Question,
+            ToLetters(kTitle),
+            QObject::tr("A saving of %1 was interrupted. Its old contents stand in "
+                        "%2.\nDo you want to restore them, or to keep the file as it is "
+                        "and remove the copy?")
+                .arg(name, copy_name),
+            QMessageBox::NoButton,
+            desktop_.frontWindow());
+        box.setTextFormat(Qt::PlainText);
+        box.setWindowModality(Qt::WindowModal);
+        const QPushButton* const restore =
+            box.addButton(QObject::tr("&Restore"), QMessageBox::AcceptRole);
+        const QPushButton* const keep =
+            box.addButton(QObject::tr("&Keep as it is"), QMessageBox::DestructiveRole);
+        QPushButton* const later = box.addButton(QObject::tr("&Not now"), QMessageBox::RejectRole);
+        box.setDefaultButton(later);
+        box.setEscapeButton(later);
+        box.exec();
+        return box.clickedButton() == restore ? CopyAnswer::Restore
+               : box.clickedButton() == keep  ? CopyAnswer::Keep
+                                              : CopyAnswer::NotNow;
+    });
+}
+
 Answer QtPlatform::ShowBox(const MessageBox& box) {
-    const std::string text = box.Cause ? box.Text + nameOfUnsaved() : box.Text;
+    std::string text = box.Cause ? box.Text + nameOfUnsaved() : box.Text;
+    if (!box.Detail.empty()) {
+        text += "\r\n\r\n" + box.Detail;
+    }
     return desktop_.nested([&] {
         QMessageBox shown(box.Sign == Icon::Question ? QMessageBox::Question : QMessageBox::NoIcon,
                           ShownText(box.Title),
@@ -188,7 +221,8 @@ void QtPlatform::ReportFailure(const RunTimeError& failure) {
     ShowBox({.Text = "Run-time error '" + std::to_string(failure.Number()) + "':\r\n\r\n" +
                      failure.what(),
              .Title = std::string(kTitle),
-             .Cause = failure.Cause()});
+             .Cause = failure.Cause(),
+             .Detail = failure.Detail()});
 }
 
 QtPlatform::FileMark QtPlatform::markOf(const std::string& name) {

@@ -20,6 +20,9 @@ class QtPlatform : public Platform {
     // desktop must outlive the platform.
     explicit QtPlatform(Desktop& desktop);
 
+    void Note(std::string_view text) override { desktop_.fileNoted(std::string(text)); }
+    void Waits(std::string_view text) override { desktop_.waits(std::string(text)); }
+    CopyAnswer OfferCopy(const std::string& book, const std::string& copy) override;
     Answer ShowBox(const MessageBox& box) override;
     std::string ShowFileDialog(FileDialog& dialog) override;
     bool MayExport(const std::string& from, const std::string& to) override;

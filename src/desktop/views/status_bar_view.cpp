@@ -71,6 +71,11 @@ void StatusBarView::sync(bool running) {
     }
 }
 
+void StatusBarView::showForNow(const QString& text) {
+    panels_.front()->setText(text);
+    place();
+}
+
 void StatusBarView::setNote(const QString& note) {
     if (note_ == note) {
         return;

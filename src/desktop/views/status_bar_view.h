@@ -23,6 +23,9 @@ class StatusBarView : public QStatusBar {
     // visible; it is shown only while a command runs.
     void sync(bool running);
 
+    // Shows this in the first panel until the next sync.
+    void showForNow(const QString& text);
+
     // Says this, if anything, in the tool tip of the second panel below what stands there anyway.
     void setNote(const QString& note);
 
