@@ -18,7 +18,7 @@ package_packages=(dpkg-dev file)
 test_packages=(
     # compiling and checking
     ccache git libgtest-dev libgmock-dev libbenchmark-dev libicu-dev
-    clang clang-format clang-tidy libclang-rt-14-dev python3 strace
+    clang clang-format clang-tidy libclang-rt-14-dev python3
     # windows, and their pictures
     xvfb xdotool imagemagick openbox qt6ct at-spi2-core dbus python3-pyatspi
     # what is installed, and the package

@@ -64,14 +64,6 @@ struct Outcome {
     std::vector<Told> Said;
 };
 
-// Where copies go that cannot stand beside their books, for files that have such a folder.
-template <class Files>
-void PutCopies(Files& files, const std::string& folder) {
-    if constexpr (requires { files.state_folder; }) {
-        files.state_folder = folder;
-    }
-}
-
 class Faults : public testing::TestWithParam<Trial> {
  protected:
     Faults() {
@@ -96,7 +88,7 @@ class Faults : public testing::TestWithParam<Trial> {
         fs::create_directory(Books());
         fs::create_directory(folder_->Name("state"));
         FaultyFiles files;
-        PutCopies(files, folder_->Name("state"));
+        files.state_folder = folder_->Name("state");
         World world(Books(), files);
         world.Target = world.Name(command_.File);
         if (state_ != FileState::Missing) {
