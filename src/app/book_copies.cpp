@@ -74,9 +74,11 @@ std::error_code WriteCopy(FileSystem& files,
                           const Path& name,
                           std::string_view contents,
                           Path& taken) {
+    // From its naming on the file is removed again, which must take no memory.
+    const Path folder = FolderOf(name);
     taken = name;
     std::unique_ptr<OutputFile> file;
-    std::error_code error = Persist([&] { return files.CreateUnseen(FolderOf(name), true, file); });
+    std::error_code error = Persist([&] { return files.CreateUnseen(folder, true, file); });
     if (!error) {
         error = WriteSynced(*file, contents);
     }
@@ -93,7 +95,7 @@ std::error_code WriteCopy(FileSystem& files,
     }
     error = CloseSynced(*file);
     if (!error) {
-        error = Persist([&] { return files.SyncFolder(FolderOf(taken)); });
+        error = Persist([&] { return files.SyncFolder(folder); });
     }
     if (error) {
         files.Remove(taken);

@@ -158,12 +158,15 @@ void BookWriter::WriteInPlace(std::string_view contents) {
     Check(ReadWhole(files_, path_, kept));
     const Path copy = KeepOld(kept);
     bool needed = false;
+    // Cleaning up must take no memory, which may have run out.
+    Path copies;
     const OnExit clean([&] {
         if (!needed) {
             files_.Remove(copy);
-            files_.SyncFolder(FolderOf(copy));
+            files_.SyncFolder(copies);
         }
     });
+    copies = FolderOf(copy);
     CheckUnchanged();
     needed = true;
     TrapFailure(

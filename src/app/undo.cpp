@@ -14,20 +14,20 @@ void UndoHistory::Run(std::string_view title, const std::function<void()>& comma
         return;
     }
     const Mark mark(running_);
-    if (!before_) {
+    if (before_.empty()) {
         // Without the memory for a copy the command runs all the same, and cannot be undone.
-        TrapFailure([&] { before_ = Capture(title); }, [](const RunTimeError&) {});
+        TrapFailure([&] { before_.push_back(Capture(title)); }, [](const RunTimeError&) {});
     }
     module_.RunEvent(command);
     if (module_.EditMode) {
         return;
     }
-    if (before_ && before_->WorkText != module_.WorkText) {
-        undo_.push_back(std::move(*before_));
+    if (!before_.empty() && before_.back().WorkText != module_.WorkText) {
+        undo_.splice(undo_.end(), before_);
         Limit(undo_);
         redo_.clear();
     }
-    before_.reset();
+    before_.clear();
 }
 
 void UndoHistory::Undo() {
@@ -46,7 +46,7 @@ std::string_view UndoHistory::RedoTitle() const {
     return redo_.empty() || module_.EditMode ? std::string_view{} : redo_.back().Title;
 }
 
-void UndoHistory::Step(std::deque<State>& from, std::deque<State>& to) {
+void UndoHistory::Step(States& from, States& to) {
     if (from.empty() || module_.EditMode || running_) {
         return;
     }
@@ -99,7 +99,7 @@ std::size_t UndoHistory::State::Bytes() const {
     return WorkText.size() + Text1.size() + List1.Items.Bytes() + List2.Items.Bytes();
 }
 
-void UndoHistory::Limit(std::deque<State>& states) {
+void UndoHistory::Limit(States& states) {
     std::size_t bytes = 0;
     for (const State& state : states) {
         bytes += state.Bytes();
