@@ -11,6 +11,7 @@
 #include "batch/arguments.h"
 #include "batch/messenger.h"
 #include "batch/run_steps.h"
+#include "platform/system_files.h"
 #include "reliability/allocations.h"
 #include "unit/temp_folder.h"
 #include "unit/written_books.h"
@@ -90,11 +91,12 @@ TEST(StepsWithoutMemory, AnAllocationFails_NewBookIsWholeOrNotThere) {
         {Command::Open, book, {}}, {Command::SortByAddress, {}, {}}, {Command::Save, saved, {}}};
     Nowhere nowhere;
     std::ostream out(&nowhere);
+    SystemFiles files(false);
     const std::string settings = folder.Name("none.conf");
     Status status = Status::Done;
     const auto run = [&] {
         Messenger messenger(out, false, std::chrono::milliseconds(500));
-        status = batch::RunSteps(arguments, messenger, settings);
+        status = batch::RunSteps(arguments, messenger, files, settings);
     };
     run();
     ASSERT_EQ(status, Status::Done);
