@@ -48,15 +48,20 @@ void TextBox::RunChange() {
 
 void ListBox::Clear() {
     items_.Clear();
+    ForgetRows();
+}
+
+// Takes no memory: what puts an earlier state back is in the middle of it.
+void ListBox::Restore(ItemList items) {
+    items_ = std::move(items);
+    ForgetRows();
+}
+
+void ListBox::ForgetRows() {
     ++items_revision_;
     selected_.clear();
     ++selection_revision_;
     ListIndex = -1;
-}
-
-void ListBox::Restore(ItemList items) {
-    Clear();
-    items_ = std::move(items);
 }
 
 void ListBox::AddItem(std::string_view item) {

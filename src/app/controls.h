@@ -183,6 +183,9 @@ class ListBox : public Control {
     std::ptrdiff_t ListIndex = -1;
 
  private:
+    // The items are others now, and none of them is selected.
+    void ForgetRows();
+
     ItemList items_;
     Revision items_revision_ = 0;
     std::vector<std::size_t> selected_;

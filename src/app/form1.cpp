@@ -113,6 +113,7 @@ void Form1::ShowTextIfShort() {
 
 const std::string& Form1::ShowFileDialog(FileDialog dialog) {
     dialog.FilterIndex = CommonDialog1.FilterIndex;
+    dialog.HasChanged = [this](const std::string& name) { return module_.File1.HasChanged(name); };
     CommonDialog1.FileName = module_.platform.ShowFileDialog(dialog);
     CommonDialog1.FilterIndex = dialog.FilterIndex;
     return CommonDialog1.FileName;

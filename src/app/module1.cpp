@@ -30,7 +30,8 @@ void Module1::TellFailed(std::string_view text, std::string_view title) {
 void Module1::Tell(const RunTimeError& failure) {
     platform.ShowBox({.Text = std::string("Error: ") + failure.what(),
                       .Title = std::to_string(failure.Number()),
-                      .Cause = failure.Cause()});
+                      .Cause = failure.Cause(),
+                      .Detail = failure.Detail()});
 }
 
 void Module1::TellTooMuchText() {
@@ -39,11 +40,15 @@ void Module1::TellTooMuchText() {
 
 Answer Module1::Ask(
     std::string_view text, std::string_view title, Buttons buttons, Icon icon, Matter about) {
-    const Answer answer = platform.ShowBox({.Text = std::string(text),
-                                            .Title = std::string(title),
-                                            .Choice = buttons,
-                                            .Sign = icon,
-                                            .About = about});
+    return Ask({.Text = std::string(text),
+                .Title = std::string(title),
+                .Choice = buttons,
+                .Sign = icon,
+                .About = about});
+}
+
+Answer Module1::Ask(const MessageBox& question) {
+    const Answer answer = platform.ShowBox(question);
     MsgAnswer = std::to_string(static_cast<int>(answer));
     return answer;
 }

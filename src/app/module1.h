@@ -96,6 +96,7 @@ class Module1 : public Windows {
                Buttons buttons,
                Icon icon,
                Matter about = Matter::Other);
+    Answer Ask(const MessageBox& question);
 
     // The working text (src/app/working_text.h) and what it is split by.
     std::string WorkText;
@@ -135,7 +136,7 @@ class Module1 : public Windows {
     std::int16_t AddressCount = 0;
     bool CancelRequested = false;
 
-    FileSlot File1{files};
+    FileSlot File1{files, platform};
 
     // SplitEntries: a list in the ASCII form in the Native form; EmailBlock and NickBlock keep the
     // two blocks. kind is "txt". Errors: RunTimeError 5 if the list holds no entry.

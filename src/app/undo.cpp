@@ -14,9 +14,9 @@ void UndoHistory::Run(std::string_view title, const std::function<void()>& comma
         return;
     }
     const Mark mark(running_);
-    if (!before_) {
+    if (before_.empty()) {
         // Without the memory for a copy the command runs all the same, and cannot be undone.
-        TrapFailure([&] { before_ = Capture(title); }, [](const RunTimeError&) {});
+        TrapFailure([&] { before_.push_back(Capture(title)); }, [](const RunTimeError&) {});
     }
     module_.RunEvent(command);
     ++commands_;
@@ -25,17 +25,17 @@ void UndoHistory::Run(std::string_view title, const std::function<void()>& comma
         ++text_revision_;
         return;
     }
-    const bool changed = !before_ || before_->WorkText != module_.WorkText;
+    const bool changed = before_.empty() || before_.back().WorkText != module_.WorkText;
     if (changed) {
         ++text_revision_;
     }
-    if (before_ && changed) {
-        undo_.push_back(std::move(*before_));
+    if (!before_.empty() && changed) {
+        undo_.splice(undo_.end(), before_);
         Limit(undo_);
         redo_.clear();
         last_can_be_undone_ = true;
     }
-    before_.reset();
+    before_.clear();
 }
 
 void UndoHistory::Undo() {
@@ -58,7 +58,7 @@ std::string_view UndoHistory::RedoTitle() const {
     return redo_.empty() || module_.EditMode ? std::string_view{} : redo_.back().Title;
 }
 
-void UndoHistory::Step(std::deque<State>& from, std::deque<State>& to) {
+void UndoHistory::Step(States& from, States& to) {
     if (from.empty() || module_.EditMode || running_) {
         return;
     }
@@ -114,7 +114,7 @@ std::size_t UndoHistory::State::Bytes() const {
     return WorkText.size() + Text1.size() + List1.Items.Bytes() + List2.Items.Bytes();
 }
 
-void UndoHistory::Limit(std::deque<State>& states) {
+void UndoHistory::Limit(States& states) {
     std::size_t bytes = 0;
     for (const State& state : states) {
         bytes += state.Bytes();

@@ -3,9 +3,8 @@
 #pragma once
 
 #include <cstddef>
-#include <deque>
 #include <functional>
-#include <optional>
+#include <list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -72,14 +71,17 @@ class UndoHistory {
 
     [[nodiscard]] State Capture(std::string_view title) const;
     void Restore(State&& state);
+    // The oldest stand first. States move from one to another without new memory: after a command
+    // none may be left.
+    using States = std::list<State>;
     // Takes the newest state of one history and keeps the present one in the other.
-    void Step(std::deque<State>& from, std::deque<State>& to);
-    static void Limit(std::deque<State>& states);
+    void Step(States& from, States& to);
+    static void Limit(States& states);
 
     Module1& module_;
-    std::deque<State> undo_;
-    std::deque<State> redo_;
-    std::optional<State> before_;
+    States undo_;
+    States redo_;
+    States before_;  // at most one
     bool running_ = false;
     bool last_can_be_undone_ = false;
     Revision commands_ = 0;

@@ -67,7 +67,11 @@ bool ExtractAddresses(Module1& module,
         question.append(std::to_string(length / kKilobyte));
         question.append(" kilobytes) and may take a long time to ").append(process);
         question.append(". Proceed anyway?");
-        if (module.Ask(question, "Warning: long file", Buttons::YesNo, icon) == Answer::No) {
+        if (module.Ask({.Text = question,
+                        .Title = "Warning: long file",
+                        .Choice = Buttons::YesNo,
+                        .Sign = icon,
+                        .FileName = name}) == Answer::No) {
             // The file stays open until the next command opens one.
             return true;
         }

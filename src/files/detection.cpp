@@ -1,6 +1,7 @@
 // Which loader a file is given to.
 
 #include "app/module1.h"
+#include "app/scope.h"
 #include "formats/endings.h"
 
 namespace orvik {
@@ -33,6 +34,8 @@ Loader LoaderOf(Format format) {
 }  // namespace
 
 bool Module1::LoadByEnding(const std::string& name, bool pegasus) {
+    // Of a book that was not loaded nothing was left out.
+    const OnFailure forget([this] { Note.LeftOut = {}; });
     const Ending* const ending = FindEnding(name);
     if (ending != nullptr && (pegasus || ending->What != Format::Pegasus)) {
         (this->*LoaderOf(ending->What))();

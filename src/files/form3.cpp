@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/module1.h"
+#include "app/scope.h"
 
 namespace orvik {
 namespace {
@@ -62,6 +63,7 @@ void Form3::Form_KeyUp(int key_code) {
 // Loads the working text; the form goes unless the loader refused it.
 template <void (Module1::*Loader)()>
 void Form3::LoadAs() {
+    const OnFailure forget([this] { module_.Note.LeftOut = {}; });
     (module_.*Loader)();
     if (module_.WorkText.empty()) {
         module_.WorkText = saved_text_;

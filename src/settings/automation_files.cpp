@@ -4,6 +4,7 @@
 
 #include "app/messages.h"
 #include "app/module1.h"
+#include "app/scope.h"
 #include "app/text.h"
 #include "app/working_text.h"
 #include "formats/endings.h"
@@ -37,6 +38,7 @@ void Module1::AutoOpenFile(const std::string& name) {
     if (OpenMode == kAskAlways) {
         ChooseFormat(Showing::Modal);
     } else if (IsAliasFile(name)) {
+        const OnFailure forget([this] { Note.LeftOut = {}; });
         OpenAliasFile();
         WorkText = SplitEntries(WorkText, "txt");
         TextMode = mode::kNative;

@@ -29,7 +29,10 @@ void AskForSeparator(Module1& module) {
 bool ReadOrAsk(Module1& module, const std::function<void()>& read) {
     for (int failures = 1;; ++failures) {
         bool failed = false;
-        TrapFailure(read, [&](const RunTimeError&) { failed = true; });
+        TrapFailure(read, [&](const RunTimeError& failure) {
+            PassLackOfMemory(failure);
+            failed = true;
+        });
         if (!failed) {
             return true;
         }
@@ -53,7 +56,7 @@ std::string Module1::Setting(std::string_view name) {
 double Module1::NumberOrZero(std::string_view section, std::string_view name) {
     double number = 0;
     TrapFailure([&] { number = ToNumber(platform.GetSetting(section, name).value_or("")); },
-                [](const RunTimeError&) {});
+                &PassLackOfMemory);
     return number;
 }
 

@@ -1,21 +1,18 @@
 #include "store/recent_books.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <sstream>
-#include <system_error>
 #include <utility>
 
 #include <glib.h>
 
+#include "store/kept_file.h"
 #include "store/owned.h"
 #include "store/shared_list.h"
 #include "store/user_folder.h"
 
 namespace orvik {
 namespace {
-
-namespace fs = std::filesystem;
 
 // The one line of the file while no book is to be remembered. A URI is never this.
 constexpr std::string_view kOff = "off";
@@ -33,12 +30,13 @@ std::string NameOf(const std::string& uri) {
 
 }  // namespace
 
-RecentBooks::RecentBooks(std::string own, std::string shared)
-    : own_(std::move(own)), shared_(std::move(shared)) {}
+RecentBooks::RecentBooks(FileSystem& files, std::string own, std::string shared)
+    : files_(&files), own_(std::move(own)), shared_(std::move(shared)) {}
 
-RecentBooks RecentBooks::OfUser() {
-    return RecentBooks(UserFolder("XDG_STATE_HOME", ".local/state") + "/orvik/books",
-                       UserFolder("XDG_DATA_HOME", ".local/share") + "/recently-used.xbel");
+RecentBooks RecentBooks::OfUser(FileSystem& files) {
+    return {files,
+            UserFolder("XDG_STATE_HOME", ".local/state") + "/orvik/books",
+            UserFolder("XDG_DATA_HOME", ".local/share") + "/recently-used.xbel"};
 }
 
 std::vector<std::string> RecentBooks::Books() {
@@ -55,8 +53,8 @@ void RecentBooks::Add(const std::string& book) {
     books_.insert(books_.begin(), book);
     books_.resize(std::min(books_.size(), kMost));
     Write();
-    if (!shared_.empty()) {
-        AddToSharedList(shared_, book);
+    if (files_ != nullptr) {
+        AddToSharedList(*files_, shared_, book);
     }
 }
 
@@ -83,27 +81,18 @@ void RecentBooks::SetRemembers(bool remembers) {
 void RecentBooks::Empty() {
     books_.clear();
     Write();
-    if (!shared_.empty()) {
-        RemoveFromSharedList(shared_);
+    if (files_ != nullptr) {
+        RemoveFromSharedList(*files_, shared_);
     }
 }
 
 void RecentBooks::Read() {
-    if (own_.empty()) {
+    if (files_ == nullptr) {
         return;
     }
     books_.clear();
     remembers_ = true;
-    std::error_code error;
-    gchar* read = nullptr;
-    gsize length = 0;
-    // A pipe would hang the program.
-    if (fs::status(own_, error).type() != fs::file_type::regular ||
-        g_file_get_contents(own_.c_str(), &read, &length, nullptr) == FALSE) {
-        return;
-    }
-    const Owned<gchar> owner(read, &g_free);
-    std::istringstream lines(std::string(read, length));
+    std::istringstream lines(ReadKept(*files_, own_).value_or(""));
     for (std::string line; std::getline(lines, line) && books_.size() < kMost;) {
         if (line == kOff) {
             remembers_ = false;
@@ -114,26 +103,19 @@ void RecentBooks::Read() {
 }
 
 void RecentBooks::Write() const {
-    if (own_.empty()) {
+    if (files_ == nullptr) {
         return;
     }
-    std::error_code error;
     if (books_.empty() && remembers_) {
         // Nothing is what there is at first.
-        fs::remove(own_, error);
+        files_->Remove(own_);
         return;
     }
     std::string lines = remembers_ ? std::string() : std::string(kOff) + "\n";
     for (const std::string& book : books_) {
         lines.append(UriOf(book)).append("\n");
     }
-    g_mkdir_with_parents(fs::path(own_).parent_path().c_str(), kFolderMode);
-    g_file_set_contents_full(own_.c_str(),
-                             lines.data(),
-                             static_cast<gssize>(lines.size()),
-                             G_FILE_SET_CONTENTS_CONSISTENT,
-                             kFileMode,
-                             nullptr);
+    RewriteKept(*files_, own_, [&](const auto& /*old*/) { return lines; });
 }
 
 }  // namespace orvik

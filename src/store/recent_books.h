@@ -10,15 +10,19 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/file_system.h"
+
 namespace orvik {
 
 class RecentBooks {
  public:
-    // The list of this program and the desktop's (XBEL); without names nothing is kept in files.
-    explicit RecentBooks(std::string own = {}, std::string shared = {});
+    // Nothing is kept in files.
+    RecentBooks() = default;
+    // The list of this program and the desktop's (XBEL). files must outlive the list.
+    RecentBooks(FileSystem& files, std::string own, std::string shared);
 
     // orvik/books in the user's folder for states, and recently-used.xbel.
-    [[nodiscard]] static RecentBooks OfUser();
+    [[nodiscard]] static RecentBooks OfUser(FileSystem& files);
 
     static constexpr std::size_t kMost = 10;
 
@@ -39,6 +43,7 @@ class RecentBooks {
     void Write() const;
     void Empty();
 
+    FileSystem* files_ = nullptr;
     std::string own_;
     std::string shared_;
     std::vector<std::string> books_;

@@ -1,18 +1,16 @@
 #include "store/shared_list.h"
 
 #include <array>
-#include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
-#include <system_error>
 
 #include <glib.h>
 
 #include "app/text.h"
-#include "platform/system_files.h"
+#include "store/kept_file.h"
 #include "store/owned.h"
-#include "store/user_folder.h"
 
 namespace orvik {
 namespace {
@@ -45,54 +43,46 @@ const char* TypeOf(const std::string& file) {
     return "text/plain";
 }
 
-void Change(const std::string& list, const std::function<void(GBookmarkFile&)>& change) {
-    namespace fs = std::filesystem;
-    std::error_code error;
-    const fs::file_status status = fs::status(list, error);
-    const bool missing = status.type() == fs::file_type::not_found;
-    // Whoever wants no such list makes something else of it.
-    if (!missing && status.type() != fs::file_type::regular) {
-        return;
-    }
-    const std::unique_ptr<GBookmarkFile, decltype(&g_bookmark_file_free)> file(
-        g_bookmark_file_new(), &g_bookmark_file_free);
-    if (!missing && fs::file_size(list, error) > 0 &&
-        g_bookmark_file_load_from_file(file.get(), list.c_str(), nullptr) == FALSE) {
-        return;
-    }
-    change(*file);
-    g_mkdir_with_parents(fs::path(list).parent_path().c_str(), kFolderMode);
-    gsize length = 0;
-    const Owned<gchar> contents(g_bookmark_file_to_data(file.get(), &length, nullptr), &g_free);
-    if (contents != nullptr) {
-        g_file_set_contents_full(SystemFiles().ResolveLinks(list).c_str(),
-                                 contents.get(),
-                                 static_cast<gssize>(length),
-                                 G_FILE_SET_CONTENTS_CONSISTENT,
-                                 kFileMode,
-                                 nullptr);
-    }
+void Change(FileSystem& files,
+            const std::string& list,
+            const std::function<void(GBookmarkFile&)>& change) {
+    RewriteKept(
+        files, list, [&](const std::optional<std::string>& old) -> std::optional<std::string> {
+            const std::unique_ptr<GBookmarkFile, decltype(&g_bookmark_file_free)> file(
+                g_bookmark_file_new(), &g_bookmark_file_free);
+            // What was not understood stays.
+            if (old && !old->empty() &&
+                g_bookmark_file_load_from_data(file.get(), old->data(), old->size(), nullptr) ==
+                    FALSE) {
+                return std::nullopt;
+            }
+            change(*file);
+            gsize length = 0;
+            const Owned<gchar> contents(g_bookmark_file_to_data(file.get(), &length, nullptr),
+                                        &g_free);
+            return contents == nullptr ? std::nullopt
+                                       : std::optional(std::string(contents.get(), length));
+        });
 }
 
 }  // namespace
 
-void AddToSharedList(const std::string& list, const std::string& file) {
+void AddToSharedList(FileSystem& files, const std::string& list, const std::string& file) {
     const Owned<gchar> uri(g_filename_to_uri(file.c_str(), nullptr, nullptr), &g_free);
     if (uri == nullptr) {
         return;
     }
-    Change(list, [&](GBookmarkFile& shared) {
+    Change(files, list, [&](GBookmarkFile& shared) {
         g_bookmark_file_set_mime_type(&shared, uri.get(), TypeOf(file));
         g_bookmark_file_add_application(&shared, uri.get(), kProgram, kCommand);
     });
 }
 
-void RemoveFromSharedList(const std::string& list) {
-    std::error_code error;
-    if (!std::filesystem::exists(list, error)) {
+void RemoveFromSharedList(FileSystem& files, const std::string& list) {
+    if (!ReadKept(files, list)) {
         return;
     }
-    Change(list, [](GBookmarkFile& shared) {
+    Change(files, list, [](GBookmarkFile& shared) {
         const std::unique_ptr<gchar*, decltype(&g_strfreev)> uris(
             g_bookmark_file_get_uris(&shared, nullptr), &g_strfreev);
         for (gchar** uri = uris.get(); *uri != nullptr; ++uri) {

@@ -4,12 +4,14 @@
 
 #include <string>
 
+#include "platform/file_system.h"
+
 namespace orvik {
 
 // AddToSharedList: a file was used by this program. RemoveFromSharedList: takes out what this
 // program has put there. list is the list's own name; one that was not understood stays as it is,
 // and a failure is no matter.
-void AddToSharedList(const std::string& list, const std::string& file);
-void RemoveFromSharedList(const std::string& list);
+void AddToSharedList(FileSystem& files, const std::string& list, const std::string& file);
+void RemoveFromSharedList(FileSystem& files, const std::string& list);
 
 }  // namespace orvik

@@ -69,9 +69,9 @@ class FailedSaveTest : public testing::Test {
     QTemporaryDir folder;
     const bool own_settings = qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
     Desktop desktop;
+    SystemFiles files{false};
     RecentBooks books;
-    QtPlatform platform{desktop, books};
-    SystemFiles files;
+    QtPlatform platform{desktop, files, books};
     Program program{platform, files};
     Module1& module = program.module;
     Form1Window window{module, desktop, books};

@@ -96,8 +96,24 @@ TEST(WritableEndings, AreThoseThatChooseAFormat) {
 
 TEST(OverwriteQuestion, SaysWhenEntriesAreAdded) {
     const QString name = QStringLiteral("/x/a.nv");
-    EXPECT_TRUE(OverwriteQuestion(name, Saving::Adds).contains(u"added"));
-    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces).contains(u"replace"));
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Adds, false).contains(u"added"));
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces, false).contains(u"replace"));
+    for (const Saving way : {Saving::Adds, Saving::Replaces}) {
+        EXPECT_FALSE(OverwriteQuestion(name, way, false).contains(u"Another program"));
+        EXPECT_TRUE(OverwriteQuestion(name, way, true)
+                        .endsWith(QStringLiteral(".\n") + OverwriteQuestion(name, way, false)));
+    }
+}
+
+TEST(OverwriteQuestion, ANameIsPlainText) {
+    const QString name = QStringLiteral("/x/<b>a\n\u202E%1.nv");
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces, false)
+                    .startsWith(QStringLiteral("<b>a\\x0A\\u202E%1.nv already exists.")));
+}
+
+TEST(WhyNoFile, ANameIsPlainText) {
+    EXPECT_EQ(WhyNoFile(QStringLiteral("/no\n\u2028ne/a.nv")),
+              QStringLiteral("There is no folder /no\\x0A\\u2028ne."));
 }
 
 class FileDialogTest : public testing::Test {
@@ -280,6 +296,25 @@ TEST_F(FileDialogTest, StartsAsItIsTold) {
     EXPECT_EQ(filters, NameFilters(kFilter));
     EXPECT_EQ(dialog.FilterIndex, 3);
     EXPECT_TRUE(filter.startsWith(QStringLiteral("All Files"))) << filter.toStdString();
+}
+
+// Qt's own box quotes what was typed.
+TEST_F(FileDialogTest, AMissingFileIsNamedAsText) {
+    FileDialog dialog{DialogKind::Open, "Open", "All files|*.*", kFileMustExist, 1, "", false};
+    Qt::TextFormat format = Qt::AutoText;
+    Show(dialog,
+         {[] {
+              // The button is off for a missing file, the Enter key is not.
+              ModalUser::type(QStringLiteral("<b>none.txt"));
+              static_cast<QDialog&>(ModalUser::dialog()).accept();
+          },
+          [&] {
+              format = ModalUser::box().textFormat();
+              said = ModalUser::box().text();
+              ModalUser::box().close();
+          }});
+    EXPECT_EQ(format, Qt::PlainText);
+    EXPECT_TRUE(said.contains(u"<b>none")) << said.toStdString();
 }
 
 }  // namespace

@@ -303,8 +303,10 @@ TEST_F(Form1BarTest, AHeadingRunsItsSortButton) {
     QTest::mouseClick(&addresses, Qt::LeftButton);
     EXPECT_THAT(ItemsOf(form1.List1), ElementsAre("A1", "A2", "A3"));
     EXPECT_EQ(module1.history.UndoTitle(), "Sort by E-Mail Address");
+    nicknames.setFocus(Qt::TabFocusReason);
     QTest::keyClick(&nicknames, Qt::Key_Return);
     EXPECT_THAT(ItemsOf(form1.List2), ElementsAre("Aa", "Al", "Bo"));
+    addresses.setFocus(Qt::TabFocusReason);
     QTest::keyClick(&addresses, Qt::Key_Space);
     EXPECT_THAT(ItemsOf(form1.List1), ElementsAre("A1", "A2", "A3"));
     // While the button is not to be pressed, nor is the heading.

@@ -362,10 +362,15 @@ TEST_F(Form1WindowTest, AnOpenedOrPastedBookIsNotedAtTheItemCount) {
     EXPECT_THAT(tip.toolTip().toStdString(), EndsWith("\nThe contents look like a vCard"));
 }
 
-TEST_F(Form1WindowTest, TheTitleShowsTheCaptionAsItIs) {
-    form1.Caption = "Orvik - a[*]\xFC.ldif";
+TEST_F(Form1WindowTest, TheTitleShowsTheCaptionAsText) {
+    form1.Caption = "Orvik - <b>a[*]\xFC.ldif";
     window.sync();
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("Orvik - a[*][*]\u00FC.ldif[*]"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Orvik - <b>a[*][*]\u00FC.ldif[*]"));
+    const std::string odd = "Orvik - a\n\x1B\xC3\xBC\xE2\x80\xAE.ldif";
+    form1.Caption = odd;
+    window.sync();
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Orvik - a\\x0A\\x1B\u00FC\\u202E.ldif[*]"));
+    EXPECT_EQ(form1.Caption, odd);
 }
 
 TEST_F(Form1WindowTest, RowsOfMenusHaveNoIcons) {

@@ -248,9 +248,9 @@ class HelpUnderAModalFormTest : public HelpViewerTest {
     const bool own_settings = qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
     const bool own_cache = qputenv("XDG_CACHE_HOME", folder.path().toLocal8Bit());
     Desktop desktop;
+    SystemFiles files{false};
     RecentBooks books;
-    QtPlatform platform{desktop, books};
-    SystemFiles files;
+    QtPlatform platform{desktop, files, books};
     Program program{platform, files};
     Module1& module = program.module;
     Form1Window window{module, desktop, books};

@@ -311,7 +311,8 @@ TEST_F(ListsTest, TheFirstWindowShowsASampleUncut) {
         font.setPointSize(size);
         QApplication::setFont(font);
         Desktop other_desktop;
-        Form1Window first(module1, other_desktop);
+        RecentBooks no_books;
+        Form1Window first(module1, other_desktop, no_books);
         first.show();
         SetNative("");
         std::string text;

@@ -1,10 +1,10 @@
-#include <QApplication>
 #include <QTemporaryDir>
 #include <QTimer>
 
 #include <gmock/gmock.h>
 
 #include "desktop/qt_messages.h"
+#include "desktop/session/application.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
     for (const char* const folder : {"XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"}) {
         qputenv(folder, own.path().toLocal8Bit());
     }
-    const QApplication app(argc, argv);
+    const orvik::Application app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QCoreApplication::setApplicationVersion(QStringLiteral("7.8.9"));
     testing::UnitTest::GetInstance()->listeners().Append(new LoopsGoOn);

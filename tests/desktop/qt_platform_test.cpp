@@ -49,8 +49,9 @@ class QtPlatformTest : public testing::Test {
     // Before the platform looks for the settings.
     const bool own_settings = qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
     Desktop desktop;
+    SystemFiles files{false};
     RecentBooks books;
-    QtPlatform platform{desktop, books};
+    QtPlatform platform{desktop, files, books};
     QString said;
     QString title;
     QMessageBox::StandardButtons buttons;
@@ -133,6 +134,16 @@ TEST_F(QtPlatformTest, AnExportReplacesNoFileUnasked) {
         said,
         QStringLiteral("out.csv already exists.\nIf you replace it, what is in it now is lost."));
     EXPECT_EQ(buttons, QMessageBox::Yes | QMessageBox::No);
+    const std::string odd = folder.path().toStdString() + "/<b>\n\xE2\x80\xAE.csv";
+    std::ofstream(odd) << "older";
+    CloseNextBox();
+    EXPECT_FALSE(platform.MayExport(book, odd));
+    // Qt would not find it.
+    std::filesystem::remove(odd);
+    EXPECT_EQ(
+        said,
+        QStringLiteral(
+            "<b>\\x0A\\u202E.csv already exists.\nIf you replace it, what is in it now is lost."));
 }
 
 TEST_F(QtPlatformTest, ABookIsNotExportedOverItself) {
@@ -234,7 +245,6 @@ TEST_F(QtPlatformTest, TheProgramIsNamedAfterItsFile) {
 }
 
 TEST_F(QtPlatformTest, TheExportOpensWhereTheMainWindowWas) {
-    SystemFiles files;
     Program program(platform, files);
     Form1Window main(program.module, desktop, books);
     Form4& form = program.module.form4;

@@ -119,8 +119,8 @@ def check_project(root, pages):
 
 LITERAL = r'"(?:[^"\\]|\\.)*"'
 # What a message is made of besides fixed text: numbers, names, and texts found elsewhere in it.
-VARIABLE = {"Number", "Text", "Title", "answered", "box", "const", "count", "data", "dialog", "failure",
-            "file_", "key", "list", "no_text", "problem", "std", "string", "text", "to_string", "what"}
+VARIABLE = {"Number", "Text", "Title", "answered", "box", "const", "copy", "count", "data", "Detail", "dialog",
+            "failure", "file_", "keeper", "key", "list", "no_text", "problem", "std", "string", "text", "to_string", "what"}
 
 
 def unquote(literal):
@@ -175,7 +175,9 @@ def messages(root):
             continue
         if path.name == "run_time_error.cpp":
             found += [(path, text) for text in literals(code) if not text.startswith("app/")]
-        for call in re.finditer(r"\b(?:Tell|TellFailed|Ask|OfferSave|Fail|Note|Report)\(|\{\.Text = ", code):
+        for call in re.finditer(r"\bRunTimeError\([\w:]+(?:\(\w+\))?,", code):
+            found += [(path, text) for text in literals(arguments(code, call.end()))]
+        for call in re.finditer(r"\b(?:Tell|TellFailed|Ask|OfferSave|Fail|Note|Waits|Report)\(|\{\.Text = ", code):
             argument = arguments(code, call.end())
             if re.match(r"\s*(?:const )?(?:std::string(?:_view)?[ &]|RunTimeError)", argument) or not argument:
                 continue  # a declaration

@@ -61,6 +61,7 @@ QWidget* HelpWindow::makeContents() {
     auto* const version =
         new QLabel(tr("Orvik, version %1").arg(QCoreApplication::applicationVersion()), pane);
     version->setObjectName(QStringLiteral("version"));
+    version->setTextFormat(Qt::PlainText);
     column->addWidget(version);
     pane->setFocusProxy(contents);
     return pane;
@@ -108,6 +109,7 @@ QWidget* HelpWindow::makeSearch() {
     words->setClearButtonEnabled(true);
     hits->setObjectName(QStringLiteral("hits"));
     hits->setAccessibleName(tr("Pages found"));
+    found->setTextFormat(Qt::PlainText);
     found->setWordWrap(true);
     column->addWidget(words);
     column->addWidget(hits);

@@ -2,7 +2,9 @@
 //
 // No exception crosses one of Qt's event loops. run() catches at every slot; what ends the program
 // is remembered, all event loops are told to return, and a nested one (a box, a dialog, a modal
-// window, a yield) throws it again on its way back into the command that opened it.
+// window, a yield) throws it again on its way back into the command that opened it. A lack of
+// memory that no command handled goes on to the application (application.h), which is inside every
+// loop.
 
 #pragma once
 
@@ -43,6 +45,10 @@ class View {
     // A file was chosen; what is saved under the name chosen last could not be saved.
     virtual void fileChosen(const std::string& /*name*/) {}
     virtual void saveFailed() {}
+    // Something quiet about the file that was chosen last.
+    virtual void fileNoted(const std::string& /*text*/) {}
+    // What the command waits for, until the next sync.
+    virtual void waits(const std::string& /*text*/) {}
 };
 
 // Whether an event is also taken while a command lets pending events run.
@@ -75,6 +81,9 @@ class Desktop : public QObject {
     // Tells every view.
     void fileChosen(const std::string& name) const;
     void saveFailed() const;
+    void fileNoted(const std::string& text) const;
+    // Shows it as repaint() shows the forms.
+    void waits(const std::string& text);
 
     void syncAll();
     // Shows the forms as they are now; no event is taken.
@@ -112,6 +121,9 @@ class Desktop : public QObject {
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
+    // Paints what changed.
+    void paintAll() const;
+
     struct Entry {
         const Form* Shown;
         View* Window;

@@ -1,6 +1,7 @@
 #include "desktop/session/file_dialog.h"
 
 #include <QComboBox>
+#include <QChildEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -14,6 +15,7 @@
 #include "app/messages.h"
 #include "app/text.h"
 #include "desktop/session/window_place.h"
+#include "desktop/text/plain_text.h"
 #include "desktop/text/text_codec.h"
 #include "desktop/views/control_views.h"
 
@@ -149,6 +151,13 @@ class NamingDialog : public QFileDialog {
     [[nodiscard]] bool allBooks() const { return all_books_; }
 
  protected:
+    // Qt's own boxes quote what was typed, which is no HTML either.
+    void childEvent(QChildEvent* event) override {
+        if (auto* const box = qobject_cast<QMessageBox*>(event->child())) {
+            box->setTextFormat(Qt::PlainText);
+        }
+        QFileDialog::childEvent(event);
+    }
     void done(int result) override {
         if (result == Accepted) {
             will_do_ = takeName();
@@ -191,7 +200,9 @@ class NamingDialog : public QFileDialog {
             return true;
         }
         const Saving way = dialog_.EndingIsFormat ? SavingAs(name_) : Saving::Replaces;
-        if (MayOverwrite(OverwriteQuestion(name_, way), way, over)) {
+        const bool changed =
+            dialog_.HasChanged && dialog_.HasChanged(QFile::encodeName(name_).toStdString());
+        if (MayOverwrite(OverwriteQuestion(name_, way, changed), way, over)) {
             return true;
         }
         selectFile(name_);
@@ -201,7 +212,7 @@ class NamingDialog : public QFileDialog {
     [[nodiscard]] QString whyNot() const {
         if (dialog_.EndingIsFormat && SavingAs(name_) == Saving::Never) {
             return QObject::tr("%1 does not say in which format to save. The name must end in %2.")
-                .arg(QFileInfo(name_).fileName(), WritableEndings(dialog_.Filter));
+                .arg(ShownName(QFileInfo(name_).fileName()), WritableEndings(dialog_.Filter));
         }
         return WhyNoFile(name_);
     }
@@ -275,30 +286,37 @@ QString WhyNoFile(const QString& name) {
     const QFileInfo file(name);
     const QFileInfo folder(file.absolutePath());
     if (!folder.isDir()) {
-        return QObject::tr("There is no folder %1.").arg(folder.filePath());
+        return QObject::tr("There is no folder %1.").arg(ShownName(folder.filePath()));
     }
     if (file.isDir()) {
-        return QObject::tr("%1 is a folder.").arg(name);
+        return QObject::tr("%1 is a folder.").arg(ShownName(name));
     }
     if (file.exists() && !file.isWritable()) {
-        return QObject::tr("You may not write to %1.").arg(name);
+        return QObject::tr("You may not write to %1.").arg(ShownName(name));
     }
     // Into a file that is there a book can be written in any folder.
     if (!file.exists() && !folder.isWritable()) {
-        return QObject::tr("You may not make files in the folder %1.").arg(folder.filePath());
+        return QObject::tr("You may not make files in the folder %1.")
+            .arg(ShownName(folder.filePath()));
     }
     return {};
 }
 
-QString OverwriteQuestion(const QString& name, Saving way) {
-    const QString file = QFileInfo(name).fileName();
-    return way == Saving::Adds
-               ? QObject::tr(
-                     "%1 already exists.\nIts entries stay, and those of the open book are "
-                     "added behind them.")
-                     .arg(file)
-               : QObject::tr("%1 already exists.\nIf you replace it, what is in it now is lost.")
-                     .arg(file);
+QString OverwriteQuestion(const QString& name, Saving way, bool changed) {
+    const QString file = ShownName(QFileInfo(name).fileName());
+    QString question =
+        way == Saving::Adds
+            ? QObject::tr(
+                  "%1 already exists.\nIts entries stay, and those of the open book are "
+                  "added behind them.")
+                  .arg(file)
+            : QObject::tr("%1 already exists.\nIf you replace it, what is in it now is lost.")
+                  .arg(file);
+    if (changed) {
+        question.prepend(u'\n').prepend(
+            QObject::tr("Another program changed this file since it was opened or saved here."));
+    }
+    return question;
 }
 
 bool MayOverwrite(const QString& question, Saving way, QWidget* parent) {

@@ -42,8 +42,9 @@ namespace orvik {
 // WhyNoFile: why no file can be saved under a name, empty where one can.
 [[nodiscard]] QString WhyNoFile(const QString& name);
 
-// OverwriteQuestion: what the user is told before a file that exists is saved to.
-[[nodiscard]] QString OverwriteQuestion(const QString& name, Saving way);
+// OverwriteQuestion: what the user is asked before a file that exists is saved to. changed says
+// that another program has changed it since it was opened or saved here.
+[[nodiscard]] QString OverwriteQuestion(const QString& name, Saving way, bool changed);
 
 // MayOverwrite: asks it, with what will be done on the button that does it.
 [[nodiscard]] bool MayOverwrite(const QString& question, Saving way, QWidget* parent);

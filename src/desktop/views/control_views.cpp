@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QPushButton>
 
+#include "desktop/text/plain_text.h"
 #include "desktop/text/text_codec.h"
 
 namespace orvik {
@@ -18,7 +19,7 @@ QString SpokenCaption(std::string_view caption) {
 QPushButton* MakeButton(std::string_view name, const Button& button, QWidget* parent) {
     auto* const view = new QPushButton(ToLetters(button.Caption), parent);
     view->setObjectName(ObjectName(name));
-    view->setToolTip(ToLetters(button.ToolTip));
+    view->setToolTip(PlainTip(ToLetters(button.ToolTip)));
     view->setAccessibleName(SpokenCaption(button.Caption));
     return view;
 }
@@ -39,7 +40,7 @@ void ShowWordsOnly(QDialog& dialog) {
 }
 
 void SyncTitle(QWidget& window, std::string_view caption, TitleMark mark) {
-    QString title = ToLetters(caption);
+    QString title = ShownName(caption);
     // "[*]" in a title stands for the mark, and twice for itself.
     title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
     if (mark == TitleMark::Shown) {

@@ -17,6 +17,7 @@ EmptyNote::EmptyNote(QWidget* parent) : QFrame(parent) {
     auto* const open =
         new LinkButton(QStringLiteral("emptyOpen"), tr("Open an address book"), this);
     auto* const drop = new QLabel(tr("or drop one here, or"), this);
+    drop->setTextFormat(Qt::PlainText);
     auto* const extract =
         new LinkButton(QStringLiteral("emptyExtract"), tr("extract addresses from any file"), this);
     connect(open, &QAbstractButton::clicked, this, &EmptyNote::openAsked);

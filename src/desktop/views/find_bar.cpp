@@ -87,11 +87,13 @@ FindBar::FindBar(QWidget& window, QWidget* parent)
     previous->setIcon(style()->standardIcon(QStyle::SP_ArrowUp));
     next->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
     label_->setObjectName(QStringLiteral("findLabel"));
+    label_->setTextFormat(Qt::PlainText);
     label_->setBuddy(wanted_);
     wanted_->setObjectName(QStringLiteral("findText"));
     wanted_->setAccessibleName(tr("Find text"));
     wanted_->setMinimumWidth(fontMetrics().averageCharWidth() * kFewestLetters);
     notice_->setObjectName(QStringLiteral("findNotice"));
+    notice_->setTextFormat(Qt::PlainText);
 
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(2 * kMargin, kMargin, kMargin, kMargin);

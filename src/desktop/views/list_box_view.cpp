@@ -12,6 +12,7 @@
 #include <numeric>
 
 #include "desktop/text/text_codec.h"
+#include "desktop/text/plain_text.h"
 
 namespace orvik {
 namespace {
@@ -156,7 +157,7 @@ void ListBoxView::showTip(const QPoint& place, const QPoint& on_screen) {
     const QString text = index.data().toString();
     const bool cut_off = index.isValid() && sizeOf(text).width() > viewport()->width();
     QToolTip::showText(
-        on_screen, cut_off ? text.toHtmlEscaped() : hint_, viewport(), visualRect(index));
+        on_screen, cut_off ? PlainTip(text) : hint_, viewport(), visualRect(index));
 }
 
 QItemSelectionModel::SelectionFlags ListBoxView::selectionCommand(const QModelIndex& index,

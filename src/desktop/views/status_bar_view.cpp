@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/text/plain_text.h"
 #include "desktop/text/text_codec.h"
 #include "desktop/views/measures.h"
 
@@ -18,7 +19,7 @@ constexpr double kInsideBar = 25;
 
 // A panel's text is its name, so that a screen reader reads it and then the tip.
 void SetTip(QLabel& panel, const QString& tip) {
-    panel.setToolTip(tip);
+    panel.setToolTip(PlainTip(tip));
     panel.setAccessibleDescription(tip);
 }
 
@@ -79,6 +80,11 @@ void StatusBarView::sync(Running running) {
     if (changed) {
         place();
     }
+}
+
+void StatusBarView::showForNow(const QString& text) {
+    panels_.front()->setText(text);
+    place();
 }
 
 void StatusBarView::setNote(const QString& note) {

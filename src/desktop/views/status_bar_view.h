@@ -30,6 +30,9 @@ class StatusBarView : public QStatusBar {
     // parts keep their places, whatever the form says between two pieces of the file.
     void sync(Running running);
 
+    // Shows this in the first panel until the next sync.
+    void showForNow(const QString& text);
+
     // Says this, if anything, in the tool tip of the second panel below what stands there anyway.
     void setNote(const QString& note);
 

@@ -63,6 +63,7 @@ void Form1Window::addLists() {
     list_group_->add(*numbers);
     number_hint_ = new QLabel(hint, centralWidget());
     number_hint_->setObjectName(QStringLiteral("numberHint"));
+    number_hint_->setTextFormat(Qt::PlainText);
     number_hint_->setWordWrap(true);
     number_hint_->setMargin(2);
     number_hint_->hide();

@@ -57,7 +57,7 @@ void Form1Window::sync() {
     syncHeadings();
     tool_bar_->sync();
     syncNotes();
-    status_bar_->setNote(ToLetters(module_.Note.Text()));
+    status_bar_->setNote(note());
     place();
 }
 
@@ -71,10 +71,26 @@ const std::string& Form1Window::title() const {
 
 void Form1Window::fileChosen(const std::string& name) {
     title_before_ = title();
+    file_note_.clear();
     // The book under this name is about to be another one.
     if (failed_caption_.ends_with(name)) {
         failed_caption_.clear();
     }
+}
+
+void Form1Window::fileNoted(const std::string& text) {
+    file_note_ = text;
+    status_bar_->setNote(note());
+}
+
+void Form1Window::waits(const std::string& text) {
+    status_bar_->showForNow(ToLetters(text));
+}
+
+QString Form1Window::note() const {
+    const QString of_book = ToLetters(module_.Note.Text());
+    const QString of_file = ToLetters(file_note_);
+    return of_book.isEmpty() || of_file.isEmpty() ? of_book + of_file : of_book + u'\n' + of_file;
 }
 
 void Form1Window::saveFailed() {

@@ -51,6 +51,8 @@ class Form1Window : public QMainWindow, public View {
     [[nodiscard]] std::optional<Encoding> selectionEncoding() const override;
     void fileChosen(const std::string& name) override;
     void saveFailed() override;
+    void fileNoted(const std::string& text) override;
+    void waits(const std::string& text) override;
 
     // Opens a file that was named on the command line or dropped on the window. A name that cannot
     // be opened, and more than one, is told of, and the open book stays.
@@ -78,6 +80,8 @@ class Form1Window : public QMainWindow, public View {
     // The form's caption; after a save that failed the book keeps the title that it had.
     [[nodiscard]] const std::string& title() const;
     void openBook(const QString& name);
+    // What there is to say quietly of the book and its file, as lines.
+    [[nodiscard]] QString note() const;
 
     // form1_menu.cpp
     void addMenus();
@@ -165,6 +169,7 @@ class Form1Window : public QMainWindow, public View {
     bool is_low_ = false;
     QString state_file_;
     QPointer<QWidget> before_find_;  // what had the focus
+    std::string file_note_;          // of the file that was chosen last
     std::string title_before_;       // before a file was chosen
     std::string failed_caption_;     // instead of this one title_kept_ is shown
     std::string title_kept_;

@@ -1,4 +1,5 @@
 #include "desktop/windows/tool_bar.h"
+#include "desktop/text/plain_text.h"
 
 #include <QAction>
 #include <QDir>
@@ -113,15 +114,17 @@ void ToolBar::fillBooks() {
     for (const std::string& book : books_.Books()) {
         const QString name = QFile::decodeName(book.c_str());
         const QFileInfo file(name);
-        const QString folder = fontMetrics().elidedText(
-            ShownFolder(file), Qt::ElideMiddle, fontMetrics().averageCharWidth() * kFolderLetters);
-        QString text = file.fileName() + QStringLiteral("  (") + folder + u')';
+        const QString folder =
+            fontMetrics().elidedText(ShownName(ShownFolder(file)),
+                                     Qt::ElideMiddle,
+                                     fontMetrics().averageCharWidth() * kFolderLetters);
+        QString text = ShownName(file.fileName()) + QStringLiteral("  (") + folder + u')';
         text.replace(u'&', QStringLiteral("&&"));
         // The tenth has the key 0.
         ++number;
         const QString key = number < 10 ? u'&' + QString::number(number) : QStringLiteral("1&0");
         QAction* const chosen = books_menu_->addAction(key + QStringLiteral("  ") + text);
-        chosen->setToolTip(name);
+        chosen->setToolTip(PlainTip(ShownName(name)));
         connect(chosen, &QAction::triggered, this, [this, name] { emit bookChosen(name); });
     }
     const bool remembers = books_.Remembers();

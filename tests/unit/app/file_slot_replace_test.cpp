@@ -36,7 +36,8 @@ class FileSlotReplaceTest : public testing::Test {
 
     test::TempFolder folder_;
     SystemFiles files_;
-    FileSlot slot_{files_};
+    FileTalk talk_;
+    FileSlot slot_{files_, talk_};
 };
 
 TEST_F(FileSlotReplaceTest, NewFile_IsWrittenAsTheBytesStand) {
@@ -171,6 +172,9 @@ TEST_F(FileSlotReplaceTest, WriteProtectedFolder_TakesOldBooksOnly) {
     WriteFile(folder_.Name("a.txt"), "old");
     fs::permissions(folder_.Name("a.txt"), fs::perms(0666));
     fs::permissions(folder_.Path(), fs::perms(0555));
+    const test::TempFolder state;
+    fs::permissions(state.Path(), fs::perms(0777));
+    const test::Environment set("XDG_STATE_HOME", state.Path());
     int of_old = 0;
     int of_new = 0;
     {
