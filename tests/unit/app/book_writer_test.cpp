@@ -139,6 +139,25 @@ TEST_F(BookWriterTest, ASavingThatWaitedInVain_SaysForWhom) {
     EXPECT_TRUE(folder_.Files().empty());
 }
 
+// Whoever saves through a name in another folder keeps the lock of that folder.
+TEST_F(BookWriterTest, ABookWithNamesInTwoFolders_IsLockedItself) {
+    const test::TempFolder other;
+    WriteFile(Book(), "old");
+    fs::create_hard_link(Book(), other.Name("link"));
+    SystemFiles neighbour(false);
+    const SaveManner hasty{std::chrono::milliseconds(1)};
+    int failure = 0;
+    SaveFile(files_, talk_, Book(), true, [&](const auto& /*old*/) {
+        failure = FailureOf(
+            [&] { RewriteFile(neighbour, other.Name("link"), Replacing("other"), hasty); });
+        return "new";
+    });
+    EXPECT_EQ(failure, 70);
+    EXPECT_EQ(ReadFile(Book()), "new");
+    RewriteFile(neighbour, other.Name("link"), Replacing("other"), hasty);
+    EXPECT_EQ(ReadFile(Book()), "other");
+}
+
 // Another program that saves between the reading and the renaming is not undone.
 TEST_F(BookWriterTest, WithoutLocks_AFileThatAnotherProgramSavedMeanwhileStays) {
     files_.has_locks = false;
