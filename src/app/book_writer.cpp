@@ -37,23 +37,34 @@ void BookWriter::Check(std::error_code error) const {
 }
 
 void BookWriter::Lock() {
-    WaitForLock();
+    WaitForLock(folder_, "folder", lock_);
     RemoveLeftovers(files_, folder_, lock_ != nullptr);
+    // A book with names in several folders is written in place by those who keep another lock.
+    FileStatus now;
+    Check(Persist([&] { return files_.Status(path_, now); }));
+    locked_ = lock_ != nullptr;
+    if (now.Kind == FileKind::Regular && now.Names > 1) {
+        WaitForLock(path_, "file", lock_of_file_);
+        locked_ = locked_ && lock_of_file_ != nullptr;
+    }
 }
 
-void BookWriter::WaitForLock() {
+void BookWriter::WaitForLock(const Path& path,
+                             const std::string& kind,
+                             std::unique_ptr<FolderLock>& kept) const {
     const auto lock = [&](std::chrono::milliseconds longest) {
-        return Persist([&] { return files_.Lock(folder_, longest, lock_); });
+        return Persist([&] { return files_.Lock(path, longest, kept); });
     };
     const std::chrono::milliseconds quiet = std::min(kQuietWait, manner_.LongestWait);
     std::error_code error = lock(quiet);
     if (error == std::errc::device_or_resource_busy) {
-        const std::string keeper = files_.LockKeeper(folder_);
-        talk_.Waits("Waiting for " + keeper + ", which is saving into this folder");
+        const std::string keeper = files_.LockKeeper(path);
+        talk_.Waits("Waiting for " + keeper + ", which is saving into this " + kind);
         error = lock(manner_.LongestWait - quiet);
         if (error == std::errc::device_or_resource_busy) {
-            throw RunTimeError(FailureOf(error),
-                               files_.LockKeeper(folder_) + " was still saving into this folder.");
+            throw RunTimeError(
+                FailureOf(error),
+                files_.LockKeeper(path) + " was still saving into this " + kind + ".");
         }
     }
     if (error != std::errc::not_supported) {
@@ -125,7 +136,7 @@ void BookWriter::Write(std::string_view contents) {
 void BookWriter::CheckUnchanged() const {
     FileStatus now;
     Check(Persist([&] { return files_.Status(path_, now); }));
-    if (!lock_ && now.Identity != before_.Identity) {
+    if (!locked_ && now.Identity != before_.Identity) {
         throw RunTimeError(Failure::PermissionDenied,
                            "Another program saved into the file at the same time.");
     }

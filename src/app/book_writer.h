@@ -32,8 +32,8 @@ class BookWriter {
                const std::string& name,
                const SaveManner& manner);
 
-    // Waits until no other program saves into the folder, and removes what programs that were
-    // killed while they saved have left there.
+    // Waits until no other program saves into the folder or the file, and removes what programs
+    // that were killed while they saved have left there.
     void Lock();
 
     // What the file holds; nothing where there is none. One that exists and is not wanted need not
@@ -51,7 +51,9 @@ class BookWriter {
 
  private:
     void Check(std::error_code error) const;
-    void WaitForLock();
+    void WaitForLock(const Path& path,
+                     const std::string& kind,
+                     std::unique_ptr<FolderLock>& kept) const;
     void CheckUnchanged() const;
     void TakePlace(std::unique_ptr<OutputFile> file);
     void WriteInPlace(std::string_view contents);
@@ -66,6 +68,8 @@ class BookWriter {
     Path folder_;
     SaveManner manner_;
     std::unique_ptr<FolderLock> lock_;
+    std::unique_ptr<FolderLock> lock_of_file_;
+    bool locked_ = false;
     std::unique_ptr<InputFile> old_;
     FileStatus before_;
     bool unreadable_ = false;

@@ -73,10 +73,14 @@ bool FileSlot::Save(const std::string& name, bool wants_old, const orvik::Rewrit
     if (StatusOf(files_, name).Kind == FileKind::Regular) {
         OfferCopies(name);
     }
-    if (HasChanged(name)) {
-        talk_.Note("Another program changed the file since it was opened or saved");
-    }
-    const Saved saved = SaveFile(files_, talk_, name, wants_old, rewrite);
+    // Asked under the lock: the program that was waited for may have changed the file.
+    const auto noting = [&](const std::optional<std::string>& old) {
+        if (HasChanged(name)) {
+            talk_.Note("Another program changed the file since it was opened or saved");
+        }
+        return rewrite(old);
+    };
+    const Saved saved = SaveFile(files_, talk_, name, wants_old, noting);
     if (saved.Identity) {
         known_[files_.ResolveLinks(name)] = *saved.Identity;
     } else if (saved.Written) {

@@ -137,15 +137,16 @@ class FileSystem {
     // Creates a folder, for nobody but the user, and those that it is in; one that is there already
     // is no error.
     virtual std::error_code CreateFolders(const Path& folder) = 0;
-    // Waits, at most so long, for the right to write into a folder. Errors:
+    // Waits, at most so long, for the right to write into a folder, or into a file that has names
+    // in several folders. Errors:
     // errc::device_or_resource_busy if another program keeps it; errc::not_supported where there
     // are no such rights.
-    virtual std::error_code Lock(const Path& folder,
+    virtual std::error_code Lock(const Path& path,
                                  std::chrono::milliseconds longest,
                                  std::unique_ptr<FolderLock>& lock) = 0;
-    // The program that keeps the right to write into a folder, "orvik (process 4711)"; "another
-    // program" where the system does not tell.
-    virtual std::string LockKeeper(const Path& folder) = 0;
+    // The program that keeps the right to write there, "orvik (process 4711)"; "another program"
+    // where the system does not tell.
+    virtual std::string LockKeeper(const Path& path) = 0;
     // What a folder holds under names that begin so, in no order.
     virtual std::error_code List(const Path& folder,
                                  std::string_view beginning,

@@ -24,10 +24,10 @@ class SystemFiles : public FileSystem {
     std::error_code Remove(const Path& path) override;
     std::error_code SyncFolder(const Path& folder) override;
     std::error_code CreateFolders(const Path& folder) override;
-    std::error_code Lock(const Path& folder,
+    std::error_code Lock(const Path& path,
                          std::chrono::milliseconds longest,
                          std::unique_ptr<FolderLock>& lock) override;
-    std::string LockKeeper(const Path& folder) override;
+    std::string LockKeeper(const Path& path) override;
     std::error_code List(const Path& folder,
                          std::string_view beginning,
                          std::vector<FolderEntry>& entries) override;

@@ -1,4 +1,4 @@
-// The right to write into a folder, which is a lock of the folder itself.
+// The right to write into a folder or a file, which is a lock of itself.
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -24,10 +24,10 @@ constexpr std::chrono::milliseconds kBetweenTries{20};
 
 class SystemLock : public FolderLock {
  public:
-    explicit SystemLock(Descriptor folder) : folder_(std::move(folder)) {}
+    explicit SystemLock(Descriptor locked) : locked_(std::move(locked)) {}
 
  private:
-    Descriptor folder_;
+    Descriptor locked_;
 };
 
 // The name that a process gave itself may be any bytes.
@@ -65,10 +65,10 @@ long KeeperIn(const std::string& line, const std::string& file) {
 
 }  // namespace
 
-std::error_code SystemFiles::Lock(const Path& folder,
+std::error_code SystemFiles::Lock(const Path& path,
                                   std::chrono::milliseconds longest,
                                   std::unique_ptr<FolderLock>& lock) {
-    Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    Descriptor opened(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!opened.IsOpen()) {
         return errno == EACCES ? std::make_error_code(std::errc::not_supported) : LastError();
     }
@@ -86,9 +86,9 @@ std::error_code SystemFiles::Lock(const Path& folder,
     return {};
 }
 
-std::string SystemFiles::LockKeeper(const Path& folder) {
+std::string SystemFiles::LockKeeper(const Path& path) {
     struct stat found {};
-    if (stat(folder.c_str(), &found) == 0) {
+    if (stat(path.c_str(), &found) == 0) {
         const std::string name_in_locks = NameInLocks(found);
         std::ifstream locks("/proc/locks");
         for (std::string line; std::getline(locks, line);) {

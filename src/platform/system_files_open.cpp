@@ -32,6 +32,16 @@ std::error_code CopyAttribute(int from, int to, const char* name) {
                    : Result(fsetxattr(to, name, value.data(), static_cast<std::size_t>(got), 0));
 }
 
+// An access list that the folder gave a new file goes where the old file had none: the folder's
+// list may let in others than the old file's permissions do.
+std::error_code CopyAccessList(int from, int to) {
+    constexpr const char* kName = "system.posix_acl_access";
+    if (fgetxattr(from, kName, nullptr, 0) >= 0 || errno != ENODATA) {
+        return CopyAttribute(from, to, kName);
+    }
+    return fremovexattr(to, kName) < 0 && errno != ENODATA ? LastError() : std::error_code();
+}
+
 // What cannot be kept of these is no reason not to save. Returns whether all could.
 bool CopyUserAttributes(int from, int to) {
     const ssize_t size = flistxattr(from, nullptr, 0);
@@ -65,7 +75,7 @@ std::error_code CopyAttributes(int from, int to, bool& all_kept) {
         return LastError();
     }
     all_kept = CopyUserAttributes(from, to);
-    return CopyAttribute(from, to, "system.posix_acl_access");
+    return CopyAccessList(from, to);
 }
 
 std::error_code CopyContents(int from, int to) {

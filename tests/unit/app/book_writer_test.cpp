@@ -139,6 +139,46 @@ TEST_F(BookWriterTest, ASavingThatWaitedInVain_SaysForWhom) {
     EXPECT_TRUE(folder_.Files().empty());
 }
 
+// As the program that is waited for does when it saves into the same book.
+TEST_F(BookWriterTest, AFileThatChangesDuringTheWait_IsNoted) {
+    class Neighbour : public Listener {
+     public:
+        explicit Neighbour(std::string book) : book_(std::move(book)) {}
+        void Waits(std::string_view /*text*/) override { WriteFile(book_, "saved meanwhile"); }
+
+     private:
+        std::string book_;
+    };
+    Neighbour neighbour(Book());
+    FileSlot slot(files_, neighbour);
+    WriteFile(Book(), "old");
+    slot.OpenForInput(Book());
+    files_.busy = 1;
+    slot.Replace(Book(), "new");
+    EXPECT_EQ(neighbour.notes,
+              Texts{"Another program changed the file since it was opened or saved"});
+    EXPECT_EQ(ReadFile(Book()), "new");
+}
+
+// Whoever saves through a name in another folder keeps the lock of that folder.
+TEST_F(BookWriterTest, ABookWithNamesInTwoFolders_IsLockedItself) {
+    const test::TempFolder other;
+    WriteFile(Book(), "old");
+    fs::create_hard_link(Book(), other.Name("link"));
+    SystemFiles neighbour(false);
+    const SaveManner hasty{std::chrono::milliseconds(1)};
+    int failure = 0;
+    SaveFile(files_, talk_, Book(), true, [&](const auto& /*old*/) {
+        failure = FailureOf(
+            [&] { RewriteFile(neighbour, other.Name("link"), Replacing("other"), hasty); });
+        return "new";
+    });
+    EXPECT_EQ(failure, 70);
+    EXPECT_EQ(ReadFile(Book()), "new");
+    RewriteFile(neighbour, other.Name("link"), Replacing("other"), hasty);
+    EXPECT_EQ(ReadFile(Book()), "other");
+}
+
 // Another program that saves between the reading and the renaming is not undone.
 TEST_F(BookWriterTest, WithoutLocks_AFileThatAnotherProgramSavedMeanwhileStays) {
     files_.has_locks = false;

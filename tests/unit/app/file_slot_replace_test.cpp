@@ -212,6 +212,30 @@ TEST_F(FileSlotReplaceTest, UserAttributes_AreKept) {
     EXPECT_EQ(value, "red");
 }
 
+// The list of the folder, which new files get, names a user whom the book does not let in.
+TEST_F(FileSlotReplaceTest, BookWithoutAccessList_GetsNoneFromItsFolder) {
+    constexpr std::string_view kList(
+        "\2\0\0\0"
+        "\1\0\6\0\xFF\xFF\xFF\xFF"
+        "\2\0\6\0\xE8\3\0\0"
+        "\4\0\4\0\xFF\xFF\xFF\xFF"
+        "\x10\0\6\0\xFF\xFF\xFF\xFF"
+        "\x20\0\0\0\xFF\xFF\xFF\xFF",
+        44);
+    const std::string book = folder_.Name("a.txt");
+    WriteFile(book, "old");
+    fs::permissions(book, fs::perms(0640));
+    if (setxattr(
+            folder_.Path().c_str(), "system.posix_acl_default", kList.data(), kList.size(), 0) !=
+        0) {
+        GTEST_SKIP() << "the file system has no access lists";
+    }
+    slot_.Replace(book, "new");
+    EXPECT_EQ(getxattr(book.c_str(), "system.posix_acl_access", nullptr, 0), -1);
+    EXPECT_EQ(PermissionsOf("a.txt"), 0640U);
+    EXPECT_EQ(ReadFile(book), "new");
+}
+
 TEST_F(FileSlotReplaceTest, OwnerAndGroup_AreKept) {
     WriteFile(folder_.Name("a.txt"), "old");
     if (chown(folder_.Name("a.txt").c_str(), 65534, 65534) != 0) {
