@@ -38,10 +38,8 @@ std::string CopyNameElsewhere(const Path& book) {
     constexpr std::size_t kReadable = 100;
     constexpr std::uint64_t kBasis = 14695981039346656037U;
     constexpr std::uint64_t kPrime = 1099511628211U;
-    std::error_code error;
-    const Path whole = std::filesystem::absolute(book, error);
     std::uint64_t hash = kBasis;
-    for (const char c : (error ? book : whole).string()) {
+    for (const char c : book.string()) {
         hash = (hash ^ static_cast<unsigned char>(c)) * kPrime;
     }
     std::ostringstream name;

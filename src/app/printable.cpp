@@ -51,6 +51,14 @@ std::string Printable(std::string_view name) {
     return shown;
 }
 
+std::string PrintableIn(std::string_view text, std::string_view name) {
+    std::string shown(text);
+    if (const std::size_t start = text.find(name); start != std::string_view::npos) {
+        shown.replace(start, name.size(), Printable(name));
+    }
+    return shown;
+}
+
 std::string PrintableLine(std::string_view text) {
     std::string line;
     for (;;) {

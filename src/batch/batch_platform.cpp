@@ -1,6 +1,7 @@
 #include "batch/batch_platform.h"
 
 #include "app/form.h"
+#include "app/printable.h"
 #include "app/run_time_error.h"
 #include "app/text.h"
 #include "files/form3.h"
@@ -114,7 +115,8 @@ Answer BatchPlatform::ShowBox(const MessageBox& box) {
         return Answer::OK;
     }
     const std::string answered =
-        box.Text + (arguments_.Reply == Answer::Yes ? " - answered yes" : " - answered no");
+        PrintableIn(box.Text, box.FileName) +
+        (arguments_.Reply == Answer::Yes ? " - answered yes" : " - answered no");
     if (box.About == Matter::UnknownFormat && arguments_.Reply == Answer::No) {
         Fail(answered);
     } else {

@@ -60,9 +60,8 @@ bool Form1::EditEntry(std::size_t row, std::string_view address, std::string_vie
 }
 
 void Form1::DeleteEntries(const std::vector<std::size_t>& rows) {
-    ChangeText(module_, kDeleteEntries, [&](std::string_view native) {
-        return DeleteRows(native, rows);
-    });
+    ChangeText(
+        module_, kDeleteEntries, [&](std::string_view native) { return DeleteRows(native, rows); });
 }
 
 }  // namespace orvik

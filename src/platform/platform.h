@@ -30,8 +30,8 @@ enum class Icon { None, Question };
 // know.
 enum class Matter { Other, TextTooLong, UnknownFormat, Failed };
 
-// Cause is the failure that the box tells of, if it does, Detail a sentence about it that the box may
-// show besides, and FileName the name of a file that the text has in it, if it has one.
+// Cause is the failure that the box tells of, if it does, Detail a sentence about it that the box
+// may show besides, and FileName the name of a file that the text has in it, if it has one.
 struct MessageBox {
     std::string Text;
     std::string Title;

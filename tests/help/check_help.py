@@ -177,7 +177,7 @@ def messages(root):
             found += [(path, text) for text in literals(code) if not text.startswith("app/")]
         for call in re.finditer(r"\bRunTimeError\([\w:]+(?:\(\w+\))?,", code):
             found += [(path, text) for text in literals(arguments(code, call.end()))]
-        for call in re.finditer(r"\b(?:Tell|TellFailed|Ask|OfferSave|Fail|Note|Waits|Report)\(|\{\.Text = ", code):
+        for call in re.finditer(r"\b(?:Tell|TellFailed|Ask(?!\(\{)|OfferSave|Fail|Note|Waits|Report)\(|\{\.Text = ", code):
             argument = arguments(code, call.end())
             if re.match(r"\s*(?:const )?(?:std::string(?:_view)?[ &]|RunTimeError)", argument) or not argument:
                 continue  # a declaration

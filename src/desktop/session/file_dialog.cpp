@@ -1,7 +1,7 @@
 #include "desktop/session/file_dialog.h"
 
-#include <QComboBox>
 #include <QChildEvent>
+#include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>

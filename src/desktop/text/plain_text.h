@@ -7,9 +7,9 @@
 
 namespace orvik {
 
-// ShownName: the letters of a name that is only shown; a letter that would make it look like another
-// name is an escape (app/printable.h). The first form takes the bytes of a name, or of a title with
-// one.
+// ShownName: the letters of a name that is only shown; a letter that would make it look like
+// another name is an escape (app/printable.h). The first form takes the bytes of a name, or of a
+// title with one.
 //   "a\nb" -> "a\\x0Ab"
 [[nodiscard]] QString ShownName(std::string_view name);
 [[nodiscard]] QString ShownName(const QString& name);

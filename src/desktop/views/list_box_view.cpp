@@ -11,8 +11,8 @@
 #include <algorithm>
 #include <numeric>
 
-#include "desktop/text/text_codec.h"
 #include "desktop/text/plain_text.h"
+#include "desktop/text/text_codec.h"
 
 namespace orvik {
 namespace {
@@ -156,8 +156,7 @@ void ListBoxView::showTip(const QPoint& place, const QPoint& on_screen) {
     const QModelIndex index = indexAt(place);
     const QString text = index.data().toString();
     const bool cut_off = index.isValid() && sizeOf(text).width() > viewport()->width();
-    QToolTip::showText(
-        on_screen, cut_off ? PlainTip(text) : hint_, viewport(), visualRect(index));
+    QToolTip::showText(on_screen, cut_off ? PlainTip(text) : hint_, viewport(), visualRect(index));
 }
 
 QItemSelectionModel::SelectionFlags ListBoxView::selectionCommand(const QModelIndex& index,

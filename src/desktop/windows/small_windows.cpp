@@ -11,8 +11,8 @@
 #include <string>
 
 #include "desktop/help/help_key.h"
-#include "desktop/text/text_box_view.h"
 #include "desktop/text/plain_text.h"
+#include "desktop/text/text_box_view.h"
 #include "desktop/text/text_codec.h"
 #include "desktop/views/picture_view.h"
 #include "desktop/windows/form2_window.h"

@@ -92,6 +92,12 @@ TEST(PrintableTest, BytesThatAreNoUtf8AreEscaped) {
     });
 }
 
+TEST(PrintableInTest, OnlyTheNameChanges) {
+    EXPECT_EQ(PrintableIn("Two\nlines of a\nb here", "a\nb"), "Two\nlines of a\\x0Ab here");
+    EXPECT_EQ(PrintableIn("no\nname", "other"), "no\nname");
+    EXPECT_EQ(PrintableIn("no\nname", ""), "no\nname");
+}
+
 TEST(PrintableLineTest, LineBreaksAreOneBlank) {
     EXPECT_EQ(PrintableLine("Two\r\n\r\nlines"), "Two lines");
     EXPECT_EQ(PrintableLine("\nand\rmore\n"), " and more ");

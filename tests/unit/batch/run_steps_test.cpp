@@ -45,7 +45,8 @@ class RunStepsTest : public testing::Test {
                 return;
             }
             if (files.fault.Failed == "List") {
-                // A book is opened also where nobody can look for the copies of interrupted savings.
+                // A book is opened also where nobody can look for the copies of interrupted
+                // savings.
                 EXPECT_EQ(found, Status::Done);
                 continue;
             }
