@@ -120,7 +120,7 @@ def check_project(root, pages):
 LITERAL = r'"(?:[^"\\]|\\.)*"'
 # What a message is made of besides fixed text: numbers, names, and texts found elsewhere in it.
 VARIABLE = {"Number", "Text", "Title", "answered", "box", "const", "copy", "count", "data", "Detail", "dialog",
-            "failure", "file_", "keeper", "key", "list", "no_text", "problem", "std", "string", "text", "to_string", "what"}
+            "failure", "file_", "keeper", "key", "kind", "list", "no_text", "problem", "std", "string", "text", "to_string", "what"}
 
 
 def unquote(literal):
@@ -179,7 +179,7 @@ def messages(root):
             found += [(path, text) for text in literals(arguments(code, call.end()))]
         for call in re.finditer(r"\b(?:Tell|TellFailed|Ask(?!\(\{)|OfferSave|Fail|Note|Waits|Report)\(|\{\.Text = ", code):
             argument = arguments(code, call.end())
-            if re.match(r"\s*(?:const )?(?:std::string(?:_view)?[ &]|RunTimeError)", argument) or not argument:
+            if re.match(r"\s*(?:const )?(?:std::string(?:_view)?[ &]|RunTimeError|MessageBox)", argument) or not argument:
                 continue  # a declaration
             found += [(path, text) for text in literals(argument)]
             for name in re.findall(r"[A-Za-z_]\w*", re.sub(LITERAL, "", argument)):
