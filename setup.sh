@@ -24,6 +24,8 @@ test_packages=(
     # what is installed, and the package
     appstream desktop-file-utils libglib2.0-bin libxml2-utils lintian locales man-db
     mmdebstrap shared-mime-info
+    # interrupted savings
+    strace
 )
 case "${1:-}" in
     --package) packages+=("${package_packages[@]}") ;;

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Sets up, builds and runs all tests, and prints the time of each stage.
 #   ./test.sh          what must hold for every commit
-#   ./test.sh --full   also benchmarks up to a million entries, the package in a fresh Debian, and
-#                      whether each build makes the same package
+#   ./test.sh --full   also benchmarks up to a million entries, the package in a fresh Debian,
+#                      whether each build makes the same package, and saves that fail and are killed
+#                      inside of each system call
 #   ./test.sh --quick  only the unit tests and the scenarios on the forms, without sanitizers
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -97,6 +98,8 @@ install_package() { tests/packaging/install.sh "$release"/orvik_*.deb; }
 
 reproducible() { tests/packaging/reproducible.sh "$release"/orvik_*.deb; }
 
+real_calls() { tests/reliability/real_calls.py "$release/bin/orvik-batch"; }
+
 bench() {
     configure bench
     cmake --build --preset bench
@@ -117,6 +120,7 @@ else
     stage "package" package
     [ $mode = every ] || stage "package in a fresh Debian" install_package
     [ $mode = every ] || stage "the same package from every build" reproducible
+    [ $mode = every ] || stage "failing and killed saves" real_calls
     [ $mode = every ] || stage "benchmarks" bench
     stage "tests" run_tests sanitize build/sanitize
 fi

@@ -2,12 +2,15 @@
 # Takes the pictures of all windows: the real program, on a display and with settings of its own, in
 # a light and a dark palette, at scale 1 and 2. The palette is chosen through qt6ct, as a user would
 # choose it.
-#   docs/screenshots/take.sh [PROGRAM]      default: build/release/bin/orvik
-# A picture is NAME[-dark][@2x].png; the help shows those that are neither dark nor large.
+#   docs/screenshots/take.sh [PROGRAM [FOLDER]]      default: build/release/bin/orvik, this folder
+# A picture is NAME[-dark][@2x].png. POINTS is the size of the letters (10); pictures to be looked at
+# only, of larger letters or of one round (ROUNDS="1-light 2-dark"), go into a folder of their own.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "$here/../.." && pwd)
 program=$(realpath "${1:-$root/build/release/bin/orvik}")
+folder=$(realpath "${2:-$here}")
+points=${POINTS:-10}
 
 for tool in Xvfb openbox xdotool import convert; do
     command -v "$tool" >/dev/null || { echo "$tool is missing: run ./setup.sh --tests" >&2; exit 1; }
@@ -79,12 +82,13 @@ take() {
     sleep 0.6
     import -window "$found" "$work/picture.png"
     convert "$work/picture.png" -strip +dither -colors 200 -define png:compression-level=9 \
-        "PNG8:$here/$2$dark$large.png"
+        "PNG8:$folder/$2$dark$large.png"
 }
 
 start() {
     QT_SCALE_FACTOR=$scale QT_QPA_PLATFORMTHEME=qt6ct XDG_CONFIG_HOME="$work/config" \
-        XDG_CACHE_HOME="$work/cache" "$program" "$@" >>"$work/log" 2>&1 &
+        XDG_CACHE_HOME="$work/cache" XDG_STATE_HOME="$work/state" XDG_DATA_HOME="$work/data" \
+        "$program" "$@" >>"$work/log" 2>&1 &
     orvik=$!
 }
 
@@ -125,8 +129,8 @@ custom_palette=$([ "$palette" = light ] && echo false || echo true)
 color_scheme_path=$(palette_of darker)
 icon_theme=none
 [Fonts]
-general="DejaVu Sans,10,-1,5,50,0,0,0,0,0"
-fixed="DejaVu Sans Mono,10,-1,5,50,0,0,0,0,0"
+general="DejaVu Sans,$points,-1,5,50,0,0,0,0,0"
+fixed="DejaVu Sans Mono,$points,-1,5,50,0,0,0,0,0"
 [Interface]
 cursor_flash_time=0
 SETTINGS
@@ -136,7 +140,11 @@ SETTINGS
     take '^Orvik - ' main-window
     press '^Orvik - ' F2
     take '^Orvik - ' edit-mode
-    press '^Orvik - ' F2 F1
+    press '^Orvik - ' F2 alt+v d
+    press '^Orvik$' Return
+    press '^Orvik$' Return
+    take '^Orvik - ' told
+    press '^Orvik - ' ctrl+z F1
     size 'Orvik Help$' 900 560
     take 'Orvik Help$' help
     press 'Orvik Help$' alt+F4
@@ -174,6 +182,11 @@ SETTINGS
     take '^Netscape to PIM$' pim-export
     end
 
+    start
+    size '^Orvik$' 480 360
+    take '^Orvik$' empty-window
+    end
+
     start "$work/friends.old"
     take '^User input required$' chooser
     end
@@ -200,11 +213,11 @@ unset WAYLAND_DISPLAY QT_QPA_PLATFORM
 openbox >>"$work/log" 2>&1 &
 manager=$!
 
-for scale in 1 2; do
-    for palette in light dark; do
-        large=$([ $scale = 1 ] || echo @2x)
-        dark=$([ $palette = light ] || echo -dark)
-        one_round
-        echo "scale $scale, $palette: done"
-    done
+for round in ${ROUNDS:-1-light 1-dark 2-light 2-dark}; do
+    scale=${round%-*}
+    palette=${round#*-}
+    large=$([ "$scale" = 1 ] || echo @2x)
+    dark=$([ "$palette" = light ] || echo -dark)
+    one_round
+    echo "scale $scale, $palette: done"
 done

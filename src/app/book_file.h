@@ -1,10 +1,7 @@
 // How the commands write whole files and add to them. A file has its old contents or its new ones,
 // whatever happens in between, and what was saved is on the disk.
 //
-// Names are given as bytes. Failures are those of the classic file statements: 53 for a missing
-// file, 76 for a missing folder, 70 for no permission and for a folder that another program is
-// saving to, 57 for a disk that fails, 61 for a full one, 75 for a folder, an empty name and
-// anything else that is no ordinary file.
+// Names are given as bytes. Failures are those of file_calls.h.
 
 #pragma once
 
@@ -12,31 +9,42 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
 
+#include "app/book_writer.h"
+#include "app/file_calls.h"
 #include "platform/file_system.h"
+#include "platform/file_talk.h"
 
 namespace orvik {
-
-// Throws the failure that an error of a file is; nothing for no error. A missing file in a missing
-// folder is a missing path.
-void CheckFile(FileSystem& files, std::error_code error, const FileSystem::Path& path);
-
-// The status of the file that a name stands for. Errors: those above.
-[[nodiscard]] FileStatus StatusOf(FileSystem& files, const std::string& name);
-
-// Reads up to count bytes, fewer only where the file ends.
-[[nodiscard]] std::error_code ReadBytes(InputFile& file, std::size_t count, std::string& bytes);
 
 // Makes the new contents of a file from the old ones, which are none where there is no file;
 // without new contents nothing is written.
 using Rewrite =
     std::function<std::optional<std::string>(const std::optional<std::string>& old_contents)>;
 
-// RewriteFile: reads a file and writes it anew, or creates it. No other program that saves comes in
-// between. Returns whether it was written. A symbolic link stays one, and the file keeps its owner,
-// group, permissions, access list and hard links.
-bool RewriteFile(FileSystem& files, const std::string& name, const Rewrite& rewrite);
+// What became of a saving.
+struct Saved {
+    bool Written = false;
+    // The file as it is now; unknown of a device.
+    std::optional<FileIdentity> Identity;
+};
+
+// SaveFile: reads a file, if its contents are wanted, and writes it anew, or creates it. No other
+// program that saves comes in between. A symbolic link stays one, and the file keeps its owner,
+// group, permissions, access list and hard links. The user is told whom the saving waits for, and
+// what else a file had that it could not keep.
+Saved SaveFile(FileSystem& files,
+               FileTalk& talk,
+               const std::string& name,
+               bool wants_old,
+               const Rewrite& rewrite,
+               const SaveManner& manner = {});
+
+// RewriteFile: the same without a word. Returns whether the file was written.
+bool RewriteFile(FileSystem& files,
+                 const std::string& name,
+                 const Rewrite& rewrite,
+                 const SaveManner& manner = {});
 
 // Replaces the contents of a file, or creates it.
 void ReplaceFile(FileSystem& files, const std::string& name, std::string_view contents);
@@ -44,11 +52,15 @@ void ReplaceFile(FileSystem& files, const std::string& name, std::string_view co
 // Adds to the end of a file, or creates it.
 void AppendToFile(FileSystem& files, const std::string& name, std::string_view contents);
 
+// What SaveFile is given to replace the contents, and to add to them.
+[[nodiscard]] Rewrite Replacing(std::string_view contents);
+[[nodiscard]] Rewrite Adding(std::string_view contents);
+
 // Fails as writing to a file would, before the text is made. No file is left that was not there.
 void TryWriting(FileSystem& files, const std::string& name);
 
 // KeepCopy: writes contents into a new file NAME.bak, or the first of NAME.bak1, NAME.bak2 ... that
-// is free.
+// is free. A failure names that file.
 void KeepCopy(FileSystem& files, const std::string& name, std::string_view contents);
 
 }  // namespace orvik

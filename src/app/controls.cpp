@@ -96,16 +96,20 @@ void ItemList::Shared::LeaveSource() {
 
 void ListBox::Clear(SharedText source) {
     items_.Clear(std::move(source));
-    ++items_revision_;
-    selected_ = std::make_shared<const std::vector<std::size_t>>();
-    ++selection_revision_;
-    ListIndex = -1;
+    ForgetRows(std::make_shared<const std::vector<std::size_t>>());
 }
 
+// Takes no memory: what puts an earlier state back is in the middle of it.
 void ListBox::Restore(ItemList items, Rows selected) {
-    Clear();
     items_ = std::move(items);
+    ForgetRows(std::move(selected));
+}
+
+void ListBox::ForgetRows(Rows selected) {
+    ++items_revision_;
     selected_ = std::move(selected);
+    ++selection_revision_;
+    ListIndex = -1;
 }
 
 void ListBox::AddItem(std::string_view item) {

@@ -202,6 +202,9 @@ class ListBox : public Control {
     std::ptrdiff_t ListIndex = -1;
 
  private:
+    // The items are others now, and none of them is selected.
+    void ForgetRows(Rows selected);
+
     ItemList items_;
     Revision items_revision_ = 0;
     Rows selected_ = std::make_shared<const std::vector<std::size_t>>();

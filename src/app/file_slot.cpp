@@ -1,5 +1,6 @@
 #include "app/file_slot.h"
 
+#include "app/book_copies.h"
 #include "app/run_time_error.h"
 
 namespace orvik {
@@ -15,8 +16,14 @@ void FileSlot::OpenForInput(const std::string& name) {
     if (status.Kind != FileKind::Regular) {
         throw RunTimeError(Failure::PathFileAccess);
     }
-    CheckFile(files_, files_.OpenToRead(path_, file_), path_);
-    length_ = static_cast<std::size_t>(status.Length());
+    OfferCopies(name);
+    std::unique_ptr<InputFile> file;
+    FileStatus opened;
+    CheckFile(files_, Persist([&] { return files_.OpenToRead(path_, file); }), path_);
+    CheckFile(files_, Persist([&] { return file->Status(opened); }), path_);
+    known_[files_.ResolveLinks(name)] = opened.Identity;
+    length_ = static_cast<std::size_t>(opened.Length());
+    file_ = std::move(file);
 }
 
 void FileSlot::CheckOpen() const {
@@ -45,13 +52,15 @@ void FileSlot::Close() {
 }
 
 void FileSlot::Append(const std::string& name, std::string_view contents) {
-    Close();
-    AppendToFile(files_, name, contents);
+    Save(name, true, Adding(contents));
 }
 
 bool FileSlot::Rewrite(const std::string& name, const orvik::Rewrite& rewrite) {
-    Close();
-    return RewriteFile(files_, name, rewrite);
+    return Save(name, true, rewrite);
+}
+
+void FileSlot::Replace(const std::string& name, std::string_view contents) {
+    Save(name, false, Replacing(contents));
 }
 
 void FileSlot::TryWriting(const std::string& name) {
@@ -59,9 +68,51 @@ void FileSlot::TryWriting(const std::string& name) {
     orvik::TryWriting(files_, name);
 }
 
-void FileSlot::Replace(const std::string& name, std::string_view contents) {
+bool FileSlot::Save(const std::string& name, bool wants_old, const orvik::Rewrite& rewrite) {
     Close();
-    ReplaceFile(files_, name, contents);
+    if (StatusOf(files_, name).Kind == FileKind::Regular) {
+        OfferCopies(name);
+    }
+    // Asked under the lock: the program that was waited for may have changed the file.
+    const auto noting = [&](const std::optional<std::string>& old) {
+        if (HasChanged(name)) {
+            talk_.Note("Another program changed the file since it was opened or saved");
+        }
+        return rewrite(old);
+    };
+    const Saved saved = SaveFile(files_, talk_, name, wants_old, noting);
+    if (saved.Identity) {
+        known_[files_.ResolveLinks(name)] = *saved.Identity;
+    } else if (saved.Written) {
+        known_.erase(files_.ResolveLinks(name));
+    }
+    return saved.Written;
+}
+
+bool FileSlot::HasChanged(const std::string& name) const {
+    const auto known = known_.find(files_.ResolveLinks(name));
+    FileStatus now;
+    return known != known_.end() && !Persist([&] { return files_.Status(name, now); }) &&
+           now.Kind == FileKind::Regular && now.Identity != known->second;
+}
+
+void FileSlot::OfferCopies(const std::string& name) {
+    for (const FileSystem::Path& copy : LeftCopies(files_, name)) {
+        if (put_off_.contains(copy)) {
+            continue;
+        }
+        switch (talk_.OfferCopy(name, copy.string())) {
+            case CopyAnswer::Restore:
+                RestoreCopy(files_, talk_, name, copy);
+                return;
+            case CopyAnswer::Keep:
+                files_.Remove(copy);
+                break;
+            case CopyAnswer::NotNow:
+                put_off_.insert(copy);
+                break;
+        }
+    }
 }
 
 }  // namespace orvik

@@ -93,6 +93,10 @@ void Form1::mnuExit_Click() {
     Unload();
 }
 
+std::string Form1::CaptionOf(std::string_view file) {
+    return std::string(kTitle).append(" - ").append(file);
+}
+
 bool Form1::OfferSave(std::string_view question) {
     const Answer answer = module_.Ask(question, "Save?", Buttons::YesNoCancel, Icon::Question);
     if (answer == Answer::Yes) {
@@ -109,6 +113,7 @@ void Form1::ShowTextIfShort() {
 
 const std::string& Form1::ShowFileDialog(FileDialog dialog) {
     dialog.FilterIndex = CommonDialog1.FilterIndex;
+    dialog.HasChanged = [this](const std::string& name) { return module_.File1.HasChanged(name); };
     CommonDialog1.FileName = module_.platform.ShowFileDialog(dialog);
     CommonDialog1.FilterIndex = dialog.FilterIndex;
     return CommonDialog1.FileName;

@@ -102,6 +102,16 @@ class Form1 : public Form {
     // Splits the working text and lists it, for commands that need it in the Native form.
     void SplitIntoLists();
 
+    // Single entries: src/listops/entry_commands.cpp. Rows count from 0.
+    static constexpr std::string_view kDeleteEntries = "Delete entries";
+    // The rows of the working text, 0 if it has no entry.
+    [[nodiscard]] std::size_t EntryRows() const;
+    // Puts another entry into a row, or deletes rows, which ascend; each as a command of the user,
+    // one that can be undone. The rows must be there. An entry that cannot be kept (FaultOf)
+    // changes nothing; false is returned.
+    bool EditEntry(std::size_t row, std::string_view address, std::string_view nickname);
+    void DeleteEntries(const std::vector<std::size_t>& rows);
+
     // List generation: src/aux/list_generation.cpp.
     void mnuList_Click();
     void cmdDone_Click();
@@ -127,6 +137,10 @@ class Form1 : public Form {
     // may be another text's. Returns false, with a message, if the file is a bad Netscape 3 book.
     // Errors: RunTimeError 52 for an unknown ending, and those of the file.
     bool WriteInFormatOf(const std::string& name, bool ldif_outdated);
+
+    // What the caption is while a file's book is open.
+    //   "/a/book.ldif" -> "Orvik - /a/book.ldif"
+    [[nodiscard]] static std::string CaptionOf(std::string_view file);
 
     // Asks whether to save first, and saves on Yes. Returns false on Cancel.
     bool OfferSave(std::string_view question);

@@ -22,10 +22,16 @@ void Module1::Tell(std::string_view text, std::string_view title) {
     platform.ShowBox({std::string(text), std::string(title)});
 }
 
+void Module1::TellFailed(std::string_view text, std::string_view title) {
+    platform.ShowBox(
+        {.Text = std::string(text), .Title = std::string(title), .About = Matter::Failed});
+}
+
 void Module1::Tell(const RunTimeError& failure) {
     platform.ShowBox({.Text = std::string("Error: ") + failure.what(),
                       .Title = std::to_string(failure.Number()),
-                      .Cause = failure.Cause()});
+                      .Cause = failure.Cause(),
+                      .Detail = failure.Detail()});
 }
 
 void Module1::TellTooMuchText() {
@@ -34,11 +40,15 @@ void Module1::TellTooMuchText() {
 
 Answer Module1::Ask(
     std::string_view text, std::string_view title, Buttons buttons, Icon icon, Matter about) {
-    const Answer answer = platform.ShowBox({.Text = std::string(text),
-                                            .Title = std::string(title),
-                                            .Choice = buttons,
-                                            .Sign = icon,
-                                            .About = about});
+    return Ask({.Text = std::string(text),
+                .Title = std::string(title),
+                .Choice = buttons,
+                .Sign = icon,
+                .About = about});
+}
+
+Answer Module1::Ask(const MessageBox& question) {
+    const Answer answer = platform.ShowBox(question);
     MsgAnswer = std::to_string(static_cast<int>(answer));
     return answer;
 }
@@ -47,7 +57,7 @@ std::string Module1::SplitEntries(std::string_view text, std::string_view kind) 
     EmailBlock.clear();
     NickBlock.clear();
     if (kind != "txt") {
-        Tell("Error!");
+        TellFailed("Error!");
         text = {};
     }
     NativeBlocks blocks = SplitBlocks(text, textSep);
@@ -65,6 +75,14 @@ bool Module1::IsListed(std::string_view text) const {
     return TextMode == mode::kNative || (TextMode == mode::kAscii && IsNative(text));
 }
 
+SharedText Module1::InNativeForm() const {
+    return IsList(WorkText) ? JoinBlocks(SplitBlocks(WorkText, textSep)) : WorkText;
+}
+
+EntrySum Module1::Entries(std::string_view text, std::string_view mode) const {
+    return SumEntries(text, mode == mode::kNative || HasNickLine(text), textSep);
+}
+
 void Module1::RefreshLists() {
     if (TextMode == mode::kAscii) {
         if (IsList(WorkText)) {
@@ -72,7 +90,7 @@ void Module1::RefreshLists() {
         }
         TextMode = mode::kNative;
     } else if (TextMode != mode::kNative) {
-        Tell(TextNonexistant("An Error type"));
+        TellFailed(TextNonexistant("An Error type"));
         return;
     }
     form1.List1.Clear(WorkText);

@@ -11,11 +11,13 @@
 #include <string_view>
 #include <vector>
 
+#include "app/entry_sum.h"
 #include "app/file_slot.h"
 #include "app/form.h"
 #include "app/form1.h"
 #include "app/messages.h"
 #include "app/reading_note.h"
+#include "app/saved_book.h"
 #include "app/shared_text.h"
 #include "app/undo.h"
 #include "platform/file_system.h"
@@ -79,9 +81,12 @@ class Module1 : public Windows {
     // Runs a handler as an event, one that can be undone if it has a title.
     void RunCommand(const NamedHandler& handler);
     UndoHistory history{*this};
+    SavedBook saved{*this};
 
     // Shows a box with an OK button.
     void Tell(std::string_view text, std::string_view title = kTitle);
+    // The same for what a command could not do.
+    void TellFailed(std::string_view text, std::string_view title = kTitle);
     // Tells of a failure that the command goes on after, under its number.
     void Tell(const RunTimeError& failure);
     // Tells that a text is longer than the text box takes.
@@ -92,6 +97,7 @@ class Module1 : public Windows {
                Buttons buttons,
                Icon icon,
                Matter about = Matter::Other);
+    Answer Ask(const MessageBox& question);
 
     // The working text (src/app/working_text.h) and what it is split by.
     SharedText WorkText;
@@ -131,7 +137,7 @@ class Module1 : public Windows {
     std::int16_t AddressCount = 0;
     bool CancelRequested = false;
 
-    FileSlot File1{files};
+    FileSlot File1{files, platform};
 
     // SplitEntries: a list in the ASCII form in the Native form; EmailBlock and NickBlock keep the
     // two blocks. kind is "txt". Errors: RunTimeError 5 if the list holds no entry.
@@ -142,6 +148,13 @@ class Module1 : public Windows {
     [[nodiscard]] bool IsList(std::string_view text) const;
     // IsListed: whether a text is in the Native form, by the mode or by itself.
     [[nodiscard]] bool IsListed(std::string_view text) const;
+
+    // InNativeForm: the working text, split if it is a list; what the split keeps stays. Errors:
+    // RunTimeError 5 if the list holds no entry.
+    [[nodiscard]] SharedText InNativeForm() const;
+    // The entries of a text in this mode, or of the working text, counted and hashed.
+    [[nodiscard]] EntrySum Entries(std::string_view text, std::string_view mode) const;
+    [[nodiscard]] EntrySum Entries() const { return Entries(WorkText, TextMode); }
 
     // RefreshLists: brings the working text into the Native form and fills both lists and the item
     // count from it.
@@ -174,7 +187,8 @@ class Module1 : public Windows {
 
     // Runs the loader that a file name's ending asks for; an unknown ending brings the chooser or
     // is a text list, as OpenMode says. Without pegasus a distribution list counts as unknown.
-    void LoadByEnding(const std::string& name, bool pegasus);
+    // Returns false if the chooser was brought.
+    bool LoadByEnding(const std::string& name, bool pegasus);
     // Shows the chooser.
     void ChooseFormat(Showing showing);
     // Closes the chooser and runs Open again.

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <exception>
+#include <memory>
 #include <new>
 #include <stdexcept>
+#include <string>
 
 namespace orvik {
 
@@ -28,13 +30,19 @@ enum class Failure {
 class RunTimeError : public std::exception {
  public:
     explicit RunTimeError(Failure failure) noexcept : failure_(failure) {}
+    // detail is a sentence about this failure alone.
+    RunTimeError(Failure failure, const std::string& detail)
+        : failure_(failure), detail_(std::make_shared<const std::string>(detail)) {}
 
     [[nodiscard]] int Number() const noexcept { return static_cast<int>(failure_); }
     [[nodiscard]] Failure Cause() const noexcept { return failure_; }
     [[nodiscard]] const char* what() const noexcept override;
+    // Empty where there is nothing to add.
+    [[nodiscard]] std::string Detail() const { return detail_ ? *detail_ : std::string(); }
 
  private:
     Failure failure_;
+    std::shared_ptr<const std::string> detail_;  // copying a failure must not throw
 };
 
 // TrapFailure: runs a statement; a failure of it, memory that does not suffice included, goes to
@@ -51,6 +59,14 @@ void TrapFailure(Statement&& statement, Report&& report) {
         report(RunTimeError(Failure::OutOfMemory));
     } catch (const std::length_error&) {
         report(RunTimeError(Failure::OutOfMemory));
+    }
+}
+
+// PassLackOfMemory: for a report that takes any failure for one of the data: throws std::bad_alloc
+// if it was a lack of memory, which is nobody's but the caller's.
+inline void PassLackOfMemory(const RunTimeError& failure) {
+    if (failure.Cause() == Failure::OutOfMemory) {
+        throw std::bad_alloc();
     }
 }
 

@@ -1,6 +1,7 @@
 #include "app/undo.h"
 
-#include <set>
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "app/module1.h"
@@ -15,20 +16,28 @@ void UndoHistory::Run(std::string_view title, const std::function<void()>& comma
         return;
     }
     const Mark mark(running_);
-    if (!before_) {
+    if (before_.empty()) {
         // Without the memory for a copy the command runs all the same, and cannot be undone.
-        TrapFailure([&] { before_ = Capture(title); }, [](const RunTimeError&) {});
+        TrapFailure([&] { before_.push_back(Capture(title)); }, [](const RunTimeError&) {});
     }
     module_.RunEvent(command);
+    ++commands_;
+    last_can_be_undone_ = false;
     if (module_.EditMode) {
+        ++text_revision_;
         return;
     }
-    if (before_ && before_->WorkText != module_.WorkText) {
-        undo_.push_back(std::move(*before_));
+    const bool changed = before_.empty() || before_.back().WorkText != module_.WorkText;
+    if (changed) {
+        ++text_revision_;
+    }
+    if (!before_.empty() && changed) {
+        undo_.splice(undo_.end(), before_);
         Limit(undo_);
         redo_.clear();
+        last_can_be_undone_ = true;
     }
-    before_.reset();
+    before_.clear();
 }
 
 void UndoHistory::Undo() {
@@ -43,14 +52,21 @@ std::string_view UndoHistory::UndoTitle() const {
     return undo_.empty() || module_.EditMode ? std::string_view{} : undo_.back().Title;
 }
 
+std::size_t UndoHistory::EntriesBefore() const {
+    return undo_.empty() ? 0 : module_.Entries(undo_.back().WorkText, undo_.back().TextMode).Count;
+}
+
 std::string_view UndoHistory::RedoTitle() const {
     return redo_.empty() || module_.EditMode ? std::string_view{} : redo_.back().Title;
 }
 
-void UndoHistory::Step(std::deque<State>& from, std::deque<State>& to) {
+void UndoHistory::Step(States& from, States& to) {
     if (from.empty() || module_.EditMode || running_) {
         return;
     }
+    ++commands_;
+    ++text_revision_;
+    last_can_be_undone_ = false;
     to.push_back(Capture(from.back().Title));
     Limit(to);
     Restore(std::move(from.back()));
@@ -95,11 +111,17 @@ void UndoHistory::Restore(State&& state) {
     form.LdifCurrent = false;
 }
 
-void UndoHistory::Limit(std::deque<State>& states) {
-    std::set<const void*> counted;
+// Takes no memory, as it follows a command that may have left none.
+void UndoHistory::Limit(States& states) {
+    constexpr std::size_t kMostHeld = 8;  // by one state: two texts, and of each list three things
+    std::array<const void*, kMostHeld * kMostSteps> counted{};
+    auto* end = counted.begin();
     std::size_t bytes = 0;
     const auto count = [&](const void* held, std::size_t size) {
-        bytes += counted.insert(held).second ? size : 0;
+        if (std::find(counted.begin(), end, held) == end) {
+            *end++ = held;
+            bytes += size;
+        }
     };
     const auto count_text = [&](const SharedText& text) { count(text.View().data(), text.size()); };
     std::size_t kept = 0;
@@ -116,7 +138,9 @@ void UndoHistory::Limit(std::deque<State>& states) {
         }
         ++kept;
     }
-    states.erase(states.begin(), states.end() - static_cast<std::ptrdiff_t>(kept));
+    while (states.size() > kept) {
+        states.pop_front();
+    }
 }
 
 }  // namespace orvik

@@ -3,9 +3,8 @@
 #pragma once
 
 #include <cstddef>
-#include <deque>
 #include <functional>
-#include <optional>
+#include <list>
 #include <string>
 #include <string_view>
 
@@ -34,6 +33,16 @@ class UndoHistory {
     [[nodiscard]] std::string_view UndoTitle() const;
     [[nodiscard]] std::string_view RedoTitle() const;
 
+    // Whether the command that ran last is the one that would be undone; then EntriesBefore counts
+    // the entries that it found, in one pass.
+    [[nodiscard]] bool LastCanBeUndone() const { return last_can_be_undone_ && !undo_.empty(); }
+    [[nodiscard]] std::size_t EntriesBefore() const;
+
+    // These count the commands, those undone and done again among them, and what may have been
+    // changes of the working text.
+    [[nodiscard]] Revision Commands() const { return commands_; }
+    [[nodiscard]] Revision TextRevision() const { return text_revision_; }
+
     // Beyond either of these the oldest steps go.
     static constexpr std::size_t kMostSteps = 50;
     static constexpr std::size_t kMostBytes = std::size_t{256} * 1024 * 1024;
@@ -60,16 +69,22 @@ class UndoHistory {
 
     [[nodiscard]] State Capture(std::string_view title) const;
     void Restore(State&& state);
+    // The oldest stand first. States move from one to another without new memory: after a command
+    // none may be left.
+    using States = std::list<State>;
     // Takes the newest state of one history and keeps the present one in the other.
-    void Step(std::deque<State>& from, std::deque<State>& to);
+    void Step(States& from, States& to);
     // Drops the oldest states beyond the limits. What several of them share counts once.
-    static void Limit(std::deque<State>& states);
+    static void Limit(States& states);
 
     Module1& module_;
-    std::deque<State> undo_;
-    std::deque<State> redo_;
-    std::optional<State> before_;
+    States undo_;
+    States redo_;
+    States before_;  // at most one
     bool running_ = false;
+    bool last_can_be_undone_ = false;
+    Revision commands_ = 0;
+    Revision text_revision_ = 0;
 };
 
 }  // namespace orvik

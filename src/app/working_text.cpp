@@ -11,8 +11,8 @@ namespace {
 // Takes one list apart. Runs of ordinary characters are appended as a whole.
 class Splitter {
  public:
-    Splitter(std::string_view text, std::string_view separator)
-        : text_(text), separator_(separator.empty() ? '\0' : separator.front()) {
+    Splitter(std::string_view text, std::string_view separator, const TakeEntry& take)
+        : text_(text), separator_(separator.empty() ? '\0' : separator.front()), take_(take) {
         for (const char c : std::string_view("\n\"<>")) {
             Mark(c);
         }
@@ -22,15 +22,11 @@ class Splitter {
         }
     }
 
-    NativeBlocks Run() {
-        blocks_.Emails.reserve(text_.size() + kCrLf.size());
+    void Run() {
         for (std::size_t i = 1; i <= text_.size(); ++i) {
             i = TakeOrdinary(i);
             Take(i);
         }
-        CutEnd(blocks_.Nicks, kCrLf.size());
-        CutEnd(blocks_.Emails, kCrLf.size());
-        return std::move(blocks_);
     }
 
  private:
@@ -89,8 +85,7 @@ class Splitter {
     void EndEntry() {
         MoveToken(in_nickname_ ? nickname_ : address_);
         if (!address_.empty() || !nickname_.empty()) {
-            blocks_.Emails.append(address_).append(kCrLf);
-            blocks_.Nicks.append(nickname_).append(kCrLf);
+            take_(address_, nickname_);
         }
         address_.clear();
         nickname_.clear();
@@ -105,7 +100,7 @@ class Splitter {
     std::string token_;
     std::string address_;
     std::string nickname_;
-    NativeBlocks blocks_;
+    const TakeEntry& take_;
 };
 
 void AddWithoutLf(std::string_view line, const std::function<void(std::string_view)>& add) {
@@ -170,7 +165,28 @@ bool IsNative(std::string_view text) {
 }
 
 NativeBlocks SplitBlocks(std::string_view text, std::string_view separator) {
-    return Splitter(text, separator).Run();
+    NativeBlocks blocks;
+    blocks.Emails.reserve(text.size() + kCrLf.size());
+    ForEachOfList(text, separator, [&](std::string_view address, std::string_view nickname) {
+        blocks.Emails.append(address).append(kCrLf);
+        blocks.Nicks.append(nickname).append(kCrLf);
+    });
+    CutEnd(blocks.Nicks, kCrLf.size());
+    CutEnd(blocks.Emails, kCrLf.size());
+    return blocks;
+}
+
+void ForEachOfList(std::string_view text, std::string_view separator, const TakeEntry& take) {
+    Splitter(text, separator, take).Run();
+}
+
+void ForEachOfNative(std::string_view text, const TakeEntry& take) {
+    NativeReader reader(text);
+    while (reader.Next()) {
+        const std::string_view nickname = reader.TakeNickname();
+        AddWithoutLf(reader.RawAddress(),
+                     [&](std::string_view address) { take(address, nickname); });
+    }
 }
 
 std::string JoinBlocks(const NativeBlocks& blocks) {
@@ -198,6 +214,23 @@ std::size_t ListNative(std::string_view text,
     AddWithoutLf(last, add_email);
     AddLines(Mid(text, block_end + 1 + separator.size() + 1), add_nick);
     return count;
+}
+
+ListedBlocks FindBlocks(std::string_view text) {
+    std::size_t middle = 0;
+    if (!text.starts_with(kNick)) {
+        const std::size_t end = text.find(std::string(kCrLf).append(kNick));
+        if (end == std::string_view::npos) {
+            return {text, {}};
+        }
+        middle = end + kCrLf.size();
+    }
+    std::string_view nicknames = text.substr(middle + kNick.size());
+    nicknames.remove_prefix(std::min<std::size_t>(nicknames.size(), 1));
+    if (nicknames.starts_with('\n')) {
+        nicknames.remove_prefix(1);
+    }
+    return {text.substr(0, middle), nicknames};
 }
 
 std::string EntryEnd(std::string_view separator) {

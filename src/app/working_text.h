@@ -39,6 +39,14 @@ struct NativeBlocks {
 // Errors: RunTimeError 5 if the list holds no entry.
 [[nodiscard]] NativeBlocks SplitBlocks(std::string_view text, std::string_view separator);
 
+// Is given an entry's address and its nickname.
+using TakeEntry = std::function<void(std::string_view address, std::string_view nickname)>;
+
+// ForEachOfList, ForEachOfNative: give each entry of a list, as SplitBlocks takes it apart, or of a
+// Native text. A list of a text without entries gives none.
+void ForEachOfList(std::string_view text, std::string_view separator, const TakeEntry& take);
+void ForEachOfNative(std::string_view text, const TakeEntry& take);
+
 // JoinBlocks: the Native form of two blocks.
 //   Emails "A1\r\nA2", Nicks "Al\r\n"  ->  "A1\r\nA2\r\n-nick-\r\nAl\r\n\r\n"
 [[nodiscard]] std::string JoinBlocks(const NativeBlocks& blocks);
@@ -50,6 +58,17 @@ struct NativeBlocks {
 std::size_t ListNative(std::string_view text,
                        const std::function<void(std::string_view)>& add_email,
                        const std::function<void(std::string_view)>& add_nick);
+
+// The lines of a Native text, each with its end: its addresses and its nicknames.
+struct ListedBlocks {
+    std::string_view Addresses;
+    std::string_view Nicknames;
+};
+
+// FindBlocks: where the lists find addresses and nicknames, at the first line that begins with
+// "-nick-". A text without one is addresses alone. The last line of a block need not be ended.
+//   "A1\r\n-nick-\r\nAl\r\n" -> "A1\r\n" and "Al\r\n"
+[[nodiscard]] ListedBlocks FindBlocks(std::string_view text);
 
 // EntryEnd: what the readers write behind an entry: the separator, and LF behind a CR.
 [[nodiscard]] std::string EntryEnd(std::string_view separator);

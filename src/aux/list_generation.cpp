@@ -24,8 +24,7 @@ void Form1::cmdDone_Click() {
 }
 
 void Module1::ListSelected() {
-    const SharedText text =
-        IsList(WorkText) ? JoinBlocks(SplitBlocks(WorkText, textSep)) : WorkText;
+    const SharedText text = InNativeForm();
     NativeReader reader(text);
     const auto separator = static_cast<double>(reader.Separator());
     std::string list;

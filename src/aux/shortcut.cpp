@@ -21,7 +21,7 @@ void Module1::CreateStartUpLink() {
         .Private = true,
         .Parent = "$(Programs)"};
     if (!platform.CreateShellLink(link)) {
-        Tell("Error creating startup icon!");
+        TellFailed("Error creating startup icon!");
     }
 }
 

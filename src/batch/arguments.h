@@ -9,16 +9,18 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "platform/system_process.h"
 
 namespace orvik::batch {
 
-// The exit status; the last three are those of sysexits.
+// The exit status; the last four are those of sysexits.
 enum class Status {
     Done = 0,
     // A message reported a problem.
     Problem = 1,
     Usage = 2,
     NoInput = 66,
+    OutOfMemory = kOutOfMemoryStatus,
     CannotCreate = 73,
     InputOutput = 74,
 };
@@ -49,7 +51,7 @@ struct Arguments {
 };
 
 // ParseArguments: the arguments, or the exit status where there is nothing to run: after help and
-// version, which go to out, and after a mistake, which goes to err.
+// version, which go to out, and after a mistake, which goes to err. Errors: std::bad_alloc.
 [[nodiscard]] std::variant<Arguments, Status> ParseArguments(int argc,
                                                              const char* const* argv,
                                                              std::ostream& out,

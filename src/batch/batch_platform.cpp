@@ -1,11 +1,11 @@
 #include "batch/batch_platform.h"
 
-#include <filesystem>
-
 #include "app/form.h"
+#include "app/printable.h"
 #include "app/run_time_error.h"
 #include "app/text.h"
 #include "files/form3.h"
+#include "platform/system_process.h"
 #include "settings/form6.h"
 #include "settings/keys.h"
 
@@ -24,6 +24,8 @@ Status StatusOf(Failure failure, bool writing) {
         case Failure::PathFileAccess:
         case Failure::PathNotFound:
             return writing ? Status::CannotCreate : Status::NoInput;
+        case Failure::OutOfMemory:
+            return Status::OutOfMemory;
         default:
             return Status::Problem;
     }
@@ -32,6 +34,10 @@ Status StatusOf(Failure failure, bool writing) {
 // A command that tells of a failure and goes on was reading.
 Status StatusOf(const MessageBox& box) {
     return box.Cause ? StatusOf(*box.Cause, false) : Status::Problem;
+}
+
+std::string WithDetail(const std::string& text, const std::string& detail) {
+    return detail.empty() ? text : text + ": " + detail;
 }
 
 // The settings of a run that reads none of the user's.
@@ -51,12 +57,13 @@ std::optional<std::string> DefaultSetting(std::string_view key) {
 BatchPlatform::BatchPlatform(const Arguments& arguments, Messenger& messenger, SettingsStore& store)
     : arguments_(arguments), messenger_(messenger), store_(store) {
     // The automation is a step of its own, so the start-up must not run it.
-    SaveSetting(key::kSettings, "Auto", "False");
+    BatchPlatform::SaveSetting(key::kSettings, "Auto", "False");
     if (arguments_.EntriesBy) {
-        SaveSetting(key::kSettings,
-                    "textSep",
-                    std::to_string(*arguments_.EntriesBy == Separator::Comma ? key::kByCommas
-                                                                             : key::kByNewlines));
+        BatchPlatform::SaveSetting(
+            key::kSettings,
+            "textSep",
+            std::to_string(*arguments_.EntriesBy == Separator::Comma ? key::kByCommas
+                                                                     : key::kByNewlines));
     }
 }
 
@@ -71,14 +78,15 @@ void BatchPlatform::BeginStep(std::optional<DialogKind> dialog,
 }
 
 void BatchPlatform::Fail(std::string_view text, Status status) {
-    messenger_.Tell(text);
+    // What fails after it is only a consequence of it.
     if (result_ == Status::Done) {
         result_ = status;
+        messenger_.Tell(text);
     }
 }
 
 void BatchPlatform::Fail(const RunTimeError& failure, bool writing) {
-    Fail(failure.what(), StatusOf(failure.Cause(), writing));
+    Fail(WithDetail(failure.what(), failure.Detail()), StatusOf(failure.Cause(), writing));
 }
 
 void BatchPlatform::Note(std::string_view text) {
@@ -87,10 +95,18 @@ void BatchPlatform::Note(std::string_view text) {
     }
 }
 
+CopyAnswer BatchPlatform::OfferCopy(const std::string& /*book*/, const std::string& copy) {
+    Note("A saving of this file was interrupted. Its old contents stand in " + copy);
+    return CopyAnswer::NotNow;
+}
+
 Answer BatchPlatform::ShowBox(const MessageBox& box) {
+    if (result_ != Status::Done) {
+        return box.Choice == Buttons::OK ? Answer::OK : arguments_.Reply;
+    }
     if (box.Choice == Buttons::OK) {
         if (box.About != Matter::TextTooLong) {
-            Fail(box.Text, StatusOf(box));
+            Fail(WithDetail(box.Text, box.Detail), StatusOf(box));
         } else if (!told_too_much_) {
             // The windows leave such a text out of the text box; nothing is lost by it.
             told_too_much_ = true;
@@ -99,8 +115,9 @@ Answer BatchPlatform::ShowBox(const MessageBox& box) {
         return Answer::OK;
     }
     const std::string answered =
-        box.Text + (arguments_.Reply == Answer::Yes ? " - answered yes" : " - answered no");
-    if (box.About == Matter::UnknownFormat) {
+        PrintableIn(box.Text, box.FileName) +
+        (arguments_.Reply == Answer::Yes ? " - answered yes" : " - answered no");
+    if (box.About == Matter::UnknownFormat && arguments_.Reply == Answer::No) {
         Fail(answered);
     } else {
         Note(answered);
@@ -163,8 +180,7 @@ void BatchPlatform::ReportFailure(const RunTimeError& failure) {
 }
 
 std::string BatchPlatform::ProgramFolder() {
-    std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+    return orvik::ProgramFolder();
 }
 
 }  // namespace orvik::batch

@@ -32,14 +32,18 @@ class BatchPlatform : public Platform {
                    std::string_view file,
                    std::function<std::string()> how_far);
 
-    // A line that -q leaves out.
-    void Note(std::string_view text);
-    // A problem that the user must know of; the first one gives the exit status.
+    // A problem that the user must know of. The first one gives the exit status, and is the only
+    // one that is told.
     void Fail(std::string_view text, Status status = Status::Problem);
     // A run-time failure of a step that was reading or writing a file.
     void Fail(const RunTimeError& failure, bool writing);
     [[nodiscard]] Status Result() const { return result_; }
 
+    // A line that -q leaves out.
+    void Note(std::string_view text) override;
+    void Waits(std::string_view text) override { Note(text); }
+    // Nobody can answer: both files stay.
+    CopyAnswer OfferCopy(const std::string& book, const std::string& copy) override;
     Answer ShowBox(const MessageBox& box) override;
     std::string ShowFileDialog(FileDialog& dialog) override;
     // Whoever names both files has answered.

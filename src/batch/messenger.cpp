@@ -2,24 +2,12 @@
 
 #include <algorithm>
 
+#include "app/printable.h"
+
 namespace orvik::batch {
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenShows{100};
-
-void AppendPrintable(std::string& line, std::string_view text) {
-    bool blank = false;
-    for (const char c : text) {
-        const bool line_break = c == '\r' || c == '\n';
-        if (!line_break) {
-            const auto byte = static_cast<unsigned char>(c);
-            line += byte < ' ' || byte == 0x7F ? '?' : c;
-        } else if (!blank) {
-            line += ' ';
-        }
-        blank = line_break;
-    }
-}
 
 }  // namespace
 
@@ -32,11 +20,9 @@ void Messenger::Tell(std::string_view text) {
     ClearProgress();
     std::string line = "orvik-batch: ";
     if (!file_.empty()) {
-        AppendPrintable(line, file_);
-        line += ": ";
+        line.append(Printable(file_)).append(": ");
     }
-    AppendPrintable(line, text);
-    line += '\n';
+    line.append(PrintableLine(text)).append("\n");
     stream_ << line;
 }
 
@@ -45,10 +31,7 @@ void Messenger::Progress(std::string_view text) {
         return;
     }
     next_progress_ = Clock::now() + std::min(kBetweenShows, quick_step_);
-    std::string line;
-    AppendPrintable(line, file_);
-    line += ": ";
-    AppendPrintable(line, text);
+    std::string line = Printable(file_) + ": " + PrintableLine(text);
     const std::size_t length = line.size();
     // A shorter line covers the one before it.
     if (length < shown_length_) {

@@ -22,7 +22,8 @@ class Messenger {
     void BeginStep(std::string_view file);
     void EndStep() { ClearProgress(); }
 
-    // A line of its own; line breaks in the text become blanks, other ASCII control characters "?".
+    // A line of its own; line breaks in the text become blanks, what else a terminal would not show
+    // as it stands an escape (app/printable.h).
     void Tell(std::string_view text);
     // Shows how far the step is, on a line that the next one covers.
     void Progress(std::string_view text);

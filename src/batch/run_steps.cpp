@@ -6,18 +6,25 @@
 #include "app/run_time_error.h"
 #include "batch/batch_platform.h"
 #include "formats/endings.h"
-#include "platform/system_files.h"
 #include "program/program.h"
 #include "settings/keys.h"
 #include "settings/numbers.h"
+#include "store/settings_store.h"
 
 namespace orvik::batch {
 namespace {
 
 class Runner {
  public:
-    Runner(const Arguments& arguments, Messenger& messenger, SettingsStore& store)
-        : platform_(arguments, messenger, store) {
+    Runner(const Arguments& arguments,
+           Messenger& messenger,
+           FileSystem& files,
+           const std::string& settings_file)
+        : files_(files),
+          store_(files,
+                 settings_file,
+                 [this](const std::string& problem) { platform_.Fail(problem); }),
+          platform_(arguments, messenger, store_) {
         platform_.Attach(module_);
     }
 
@@ -147,8 +154,9 @@ class Runner {
 
     [[nodiscard]] std::string Panel() const { return module_.form1.StatusBar1.Panels(1).Text; }
 
+    FileSystem& files_;
+    SettingsStore store_;
     BatchPlatform platform_;
-    SystemFiles files_;
     Program program_{platform_, files_};
     Module1& module_ = program_.module;
 };
@@ -157,10 +165,9 @@ class Runner {
 
 Status RunSteps(const Arguments& arguments,
                 Messenger& messenger,
+                FileSystem& files,
                 const std::string& settings_file) {
-    SettingsStore store(settings_file,
-                        [&](const std::string& problem) { messenger.Tell(problem); });
-    Runner runner(arguments, messenger, store);
+    Runner runner(arguments, messenger, files, settings_file);
     runner.Start();
     for (const Step& step : arguments.Steps) {
         if (runner.Result() != Status::Done) {

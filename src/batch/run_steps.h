@@ -2,16 +2,19 @@
 
 #pragma once
 
+#include <string>
+
 #include "batch/arguments.h"
 #include "batch/messenger.h"
-#include "store/settings_store.h"
+#include "platform/file_system.h"
 
 namespace orvik::batch {
 
 // RunSteps: runs the steps in their order up to the first one that has a problem, so that nothing
-// is saved after a book that could not be read. Returns the exit status.
+// is saved after a book that could not be read. Returns the exit status. Errors: std::bad_alloc.
 [[nodiscard]] Status RunSteps(const Arguments& arguments,
                               Messenger& messenger,
+                              FileSystem& files,
                               const std::string& settings_file);
 
 }  // namespace orvik::batch

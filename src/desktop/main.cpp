@@ -1,17 +1,24 @@
 // orvik [BOOK]: the window program.
 
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QSessionManager>
 #include <QTimer>
 #include <algorithm>
 #include <array>
+#include <cstdio>
+#include <cstdlib>
 #include <iostream>
+#include <new>
 #include <span>
+#include <stdexcept>
 #include <string_view>
 
+#include "app/printable.h"
+#include "app/run_time_error.h"
+#include "app/scope.h"
 #include "desktop/help/help_key.h"
+#include "desktop/session/application.h"
 #include "desktop/session/desktop.h"
 #include "desktop/session/log_out.h"
 #include "desktop/session/qt_platform.h"
@@ -20,9 +27,29 @@
 #include "desktop/windows/form1_window.h"
 #include "desktop/windows/small_windows.h"
 #include "platform/system_files.h"
+#include "platform/system_process.h"
 #include "program/program.h"
+#include "store/recent_books.h"
 
 namespace {
+
+constexpr const char* kProgram = "orvik";
+
+// As orvik-batch.
+constexpr int kInputOutputStatus = 74;
+
+// Runs before anything else is made, which may lack memory already.
+[[gnu::constructor(101)]] void Prepare() {
+    orvik::EndWhereMemoryLacks(kProgram);
+}
+
+// Qt ends the program once it has printed what was asked for, so this is looked at behind it.
+void CheckStandardOutput() {
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        std::cerr << "orvik: Standard output cannot be written to\n";
+        std::_Exit(kInputOutputStatus);
+    }
+}
 
 bool IsAnyOf(std::span<const std::string_view> words, std::span<char*> arguments) {
     return std::any_of(arguments.begin(), arguments.end(), [&](const char* argument) {
@@ -62,6 +89,11 @@ QStringList ParseArguments(const QCoreApplication& app) {
     parser.addPositionalArgument(QStringLiteral("BOOK"),
                                  QCoreApplication::tr("The address book to open."),
                                  QStringLiteral("[BOOK]"));
+    if (!parser.parse(QCoreApplication::arguments())) {
+        // What was given wrongly is quoted.
+        std::cerr << orvik::Printable(parser.errorText().toStdString()) << '\n';
+        std::exit(EXIT_FAILURE);
+    }
     parser.process(app);
     QStringList books = parser.positionalArguments();
     for (QString& book : books) {
@@ -70,16 +102,23 @@ QStringList ParseArguments(const QCoreApplication& app) {
     return books;
 }
 
-int RunWindows(const QStringList& books) {
+int RunWindows(orvik::Application& app, const QStringList& books) {
     orvik::Desktop desktop;
-    orvik::QtPlatform platform(desktop);
     orvik::SystemFiles files;
+    orvik::RecentBooks recent = orvik::RecentBooks::OfUser(files);
+    orvik::QtPlatform platform(desktop, files, recent);
     orvik::Program program(platform, files);
-    orvik::Form1Window window(program.module, desktop);
+    orvik::Form1Window window(program.module, desktop, recent);
+    app.onOutOfMemory([&] {
+        return desktop.run(
+            [&] { platform.ReportFailure(orvik::RunTimeError(orvik::Failure::OutOfMemory)); });
+    });
+    const orvik::OnExit silent([&] { app.onOutOfMemory({}); });
     const auto small_windows = orvik::MakeSmallWindows(program, desktop, &window);
     const orvik::HelpKey help_key(
         [&](std::string_view topic) { program.module.ShowHelpTopic(1, "Stripped", topic); });
     orvik::RestorePlace(window, orvik::WindowPlaceFile());
+    window.rememberIn(orvik::WindowPlaceFile());
     // Directly, since the answer must be there when the signal has been sent.
     QObject::connect(
         qApp,
@@ -115,13 +154,11 @@ int RunWindows(const QStringList& books) {
     return status;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int Run(int argc, char** argv) {
     NameProgram();
-    orvik::IgnoreFileSignals();
     const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
     if (OnlyPrints(arguments)) {
+        static_cast<void>(std::atexit(&CheckStandardOutput));
         const QCoreApplication app(argc, argv);
         ParseArguments(app);
         return 0;
@@ -132,10 +169,26 @@ int main(int argc, char** argv) {
         std::cerr << "orvik: There is no display. orvik-batch does the same without one.\n";
         return 1;
     }
-    const QApplication app(argc, argv);
+    // Not every row has a picture that all desktops know, so none has one.
+    QCoreApplication::setAttribute(Qt::AA_DontShowIconsInMenus);
+    orvik::Application app(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("orvik"));
     QGuiApplication::setWindowIcon(orvik::ProgramIcon());
     // The window goes when the program ends; a box before it is shown is no last window.
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    return RunWindows(ParseArguments(app));
+    return RunWindows(app, ParseArguments(app));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    orvik::ReserveStandardStreams();
+    orvik::HandleSignals();
+    try {
+        return Run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        orvik::EndOutOfMemory(kProgram);
+    } catch (const std::length_error&) {
+        orvik::EndOutOfMemory(kProgram);
+    }
 }

@@ -68,7 +68,11 @@ bool ExtractAddresses(Module1& module,
         question.append(std::to_string(length / kKilobyte));
         question.append(" kilobytes) and may take a long time to ").append(process);
         question.append(". Proceed anyway?");
-        if (module.Ask(question, "Warning: long file", Buttons::YesNo, icon) == Answer::No) {
+        if (module.Ask({.Text = question,
+                        .Title = "Warning: long file",
+                        .Choice = Buttons::YesNo,
+                        .Sign = icon,
+                        .FileName = name}) == Answer::No) {
             // The file stays open until the next command opens one.
             return true;
         }
@@ -106,7 +110,7 @@ void Form1::mnuExtract_Click() {
     if (name.empty()) {
         return;
     }
-    Caption = std::string(kTitle) + " - " + name;
+    Caption = CaptionOf(name);
     module_.ExtractFromFile();
     module_.TextMode = mode::kNative;
     module_.RefreshLists();

@@ -1,6 +1,7 @@
 // Which loader a file is given to.
 
 #include "app/module1.h"
+#include "app/scope.h"
 #include "formats/endings.h"
 
 namespace orvik {
@@ -32,7 +33,9 @@ Loader LoaderOf(Format format) {
 
 }  // namespace
 
-void Module1::LoadByEnding(const std::string& name, bool pegasus) {
+bool Module1::LoadByEnding(const std::string& name, bool pegasus) {
+    // Of a book that was not loaded nothing was left out.
+    const OnFailure forget([this] { Note.LeftOut = {}; });
     const Ending* const ending = FindEnding(name);
     if (ending != nullptr && (pegasus || ending->What != Format::Pegasus)) {
         (this->*LoaderOf(ending->What))();
@@ -40,7 +43,9 @@ void Module1::LoadByEnding(const std::string& name, bool pegasus) {
         OpenTextList();
     } else {
         ChooseFormat(Showing::Modal);
+        return false;
     }
+    return true;
 }
 
 }  // namespace orvik

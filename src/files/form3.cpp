@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/module1.h"
+#include "app/scope.h"
 
 namespace orvik {
 namespace {
@@ -62,11 +63,17 @@ void Form3::Form_KeyUp(int key_code) {
 // Loads the working text; the form goes unless the loader refused it.
 template <void (Module1::*Loader)()>
 void Form3::LoadAs() {
+    const OnFailure forget([this] { module_.Note.LeftOut = {}; });
     (module_.*Loader)();
     if (module_.WorkText.empty()) {
         module_.WorkText = saved_text_;
-    } else {
-        Unload();
+        return;
+    }
+    Unload();
+    // The chooser of a merge loads one half of a book that has another name.
+    const std::string& name = module_.form1.CommonDialog1.FileName;
+    if (module_.form1.Caption == Form1::CaptionOf(name)) {
+        module_.saved.Mark(name);
     }
 }
 

@@ -21,7 +21,7 @@ Answer AskForType(Module1& module) {
 void RefuseFormat(Module1& module, const SharedText& raw) {
     module.Note.LeftOut = {};
     if (module.form3.Visible()) {
-        module.Tell("This file is not recognizable. Please select another format", "Error");
+        module.TellFailed("This file is not recognizable. Please select another format", "Error");
         return;
     }
     if (AskForType(module) == Answer::Yes) {
@@ -50,7 +50,7 @@ bool BeginList(Module1& module, Format format) {
         return false;
     }
     if (module.AutoExtract) {
-        module.Tell("Extraction routines have not been cleaned up yet");
+        module.TellFailed("Extraction routines have not been cleaned up yet");
         return false;
     }
     module.TextMode = mode::kAscii;

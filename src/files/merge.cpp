@@ -49,7 +49,8 @@ void Form1::mnuMerge_Click() {
                                              .Title = "Open file for merging",
                                              .Filter = std::string(kMergeFilter),
                                              .Flags = kFileMustExist | kHideReadOnly,
-                                             .FileName = PresetName(Caption)});
+                                             .FileName = PresetName(Caption),
+                                             .EndingIsFormat = true});
     if (name.empty()) {
         return;
     }

@@ -6,6 +6,7 @@
 #include "app/form1.h"
 #include "app/module1.h"
 #include "app/run_time_error.h"
+#include "files/form3.h"
 
 namespace orvik {
 namespace {
@@ -17,6 +18,12 @@ constexpr std::string_view kOpenFilter =
 // Runs one statement of Open: a failure of it is told, and the caller goes on.
 void GoOn(Module1& module, const std::function<void()>& statement) {
     TrapFailure(statement, [&](const RunTimeError& failure) { module.Tell(failure); });
+}
+
+// Whether the book of a file was loaded: no loader refused it, or left it to the chooser.
+bool IsLoaded(Module1& module, const std::string& name) {
+    const bool refused = module.WorkText.empty() && module.form1.Caption == module.OldCaption;
+    return !refused && module.form1.Caption == Form1::CaptionOf(name) && !module.form3.Visible();
 }
 
 // Returns false if the user keeps the book that is open.
@@ -33,7 +40,7 @@ bool BeginOpen(Module1& module) {
 
 void ReadAndLoad(Module1& module, const std::string& name) {
     module.OldCaption = module.form1.Caption;
-    module.form1.Caption = std::string(kTitle) + " - " + name;
+    module.form1.Caption = Form1::CaptionOf(name);
     GoOn(module, [&] { module.File1.OpenForInput(name); });
     module.form1.StatusBar1.SetPanelText(1, "Opening . . .");
     bool was_read = false;
@@ -46,7 +53,8 @@ void ReadAndLoad(Module1& module, const std::string& name) {
         GoOn(module, [&] { module.ChooseFormat(Showing::Modeless); });
         return;
     }
-    GoOn(module, [&] { module.LoadByEnding(name, true); });
+    bool by_loader = false;
+    GoOn(module, [&] { by_loader = module.LoadByEnding(name, true); });
     if (!was_read) {
         // What was loaded is the old book once more.
         module.Note = module.NoteBeforeOpen;
@@ -54,6 +62,9 @@ void ReadAndLoad(Module1& module, const std::string& name) {
     module.form1.LdifCurrent = false;
     module.form1.StatusBar1.SetPanelText(1, "Ready");
     GoOn(module, [&] { module.form1.Text1.SetText(module.WorkText); });
+    if (was_read && by_loader && IsLoaded(module, name)) {
+        module.saved.Mark(name);
+    }
 }
 
 }  // namespace
@@ -66,7 +77,8 @@ void Form1::mnuOpen_Click() {
                                              .Title = "Open file for conversion",
                                              .Filter = std::string(kOpenFilter),
                                              .Flags = kFileMustExist | kHideReadOnly,
-                                             .FileName = {}});
+                                             .FileName = {},
+                                             .EndingIsFormat = true});
     if (!name.empty()) {
         ReadAndLoad(module_, name);
     }

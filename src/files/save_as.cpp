@@ -48,7 +48,7 @@ bool SaveNetscape3(Module1& module, const std::string& name) {
             return merged;
         });
     if (!written) {
-        module.Tell("Bad Netscape 3.x Address Book!");
+        module.TellFailed("Bad Netscape 3.x Address Book!");
     }
     return written;
 }
@@ -57,7 +57,7 @@ bool SaveNetscape3(Module1& module, const std::string& name) {
 
 void Form1::mnuSave_Click() {
     if (module_.WorkText.empty()) {
-        module_.Tell(TextNonexistant("An error type"), "Error");
+        module_.TellFailed(TextNonexistant("An error type"), "Error");
         return;
     }
     // Both toggles bring what was edited into the working text, and with it LdifText up to date.
@@ -76,10 +76,11 @@ void Form1::mnuSave_Click() {
         return;
     }
     name = WithWholeEnding(std::move(name));
-    Caption = std::string(kTitle) + " - " + name;
+    Caption = CaptionOf(name);
     if (!WriteInFormatOf(name, too_long)) {
         module_.platform.End();
     }
+    module_.saved.Mark(name);
 }
 
 // LDIF and text are written as they stand, the other formats with a line break behind them.

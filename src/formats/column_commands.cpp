@@ -16,7 +16,7 @@ namespace {
 // Takes what a reader found, by way of LDIF.
 void LoadNative(Module1& module, std::optional<std::string> native) {
     if (!native) {
-        module.Tell("Error!");
+        module.TellFailed("Error!");
         throw RunTimeError(Failure::InvalidProcedureCall);
     }
     module.TextMode = mode::kNative;

@@ -2,6 +2,7 @@
 
 #include "app/module1.h"
 #include "app/run_time_error.h"
+#include "app/scope.h"
 #include "app/text.h"
 #include "formats/pim_export.h"
 
@@ -60,17 +61,18 @@ void Form4::Command4_Click() {
         return;
     }
     ShowButtons(false);
+    const OnExit showing([this] { ShowButtons(true); });
     bool reading_is_over = false;
     TrapFailure([&] { ConvertFile(reading_is_over); },
-                [&](const RunTimeError&) {
-                    module_.Tell("Bad Filename. Please select a new file");
+                [&](const RunTimeError& failure) {
+                    PassLackOfMemory(failure);
+                    module_.TellFailed("Bad Filename. Please select a new file");
                     if (reading_is_over) {
                         Command2_Click();
                     } else {
                         Command1_Click();
                     }
                 });
-    ShowButtons(true);
 }
 
 void Form4::ConvertFile(bool& reading_is_over) {

@@ -27,9 +27,7 @@ void Form1::Convert(SharedText& text) {
         [](const RunTimeError& failure) {
             // A book without an entry gives an empty LDIF text. Lack of memory must not: it would
             // be saved over somebody's file.
-            if (failure.Cause() == Failure::OutOfMemory) {
-                throw failure;
-            }
+            PassLackOfMemory(failure);
         });
     LdifCurrent = true;
 }

@@ -1,5 +1,6 @@
 // Parse nicknames: takes every line of the working text apart once more.
 
+#include <new>
 #include <string>
 #include <utility>
 
@@ -10,8 +11,14 @@ namespace orvik {
 namespace {
 
 void SplitWorkText(Module1& module) {
-    const SharedText text = std::exchange(module.WorkText, {});
-    module.WorkText = module.SplitEntries(text, "txt");
+    SharedText text = std::exchange(module.WorkText, {});
+    try {
+        module.WorkText = module.SplitEntries(text, "txt");
+    } catch (const std::bad_alloc&) {
+        // There may have been no memory for undo to keep the text, either.
+        module.WorkText = std::move(text);
+        throw;
+    }
 }
 
 // Lists what was split, and leaves edit mode.

@@ -17,7 +17,7 @@ constexpr int kSlots = 500;
 constexpr int kSlotsPerStep = 20;
 
 void TellTooManyToSort(Module1& module) {
-    module.Tell(
+    module.TellFailed(
         "Orvik cannot sort more than 500 addresses. If you need to sort this many addresses please "
         "use your addessbook program's sort function.",
         "File too large");
@@ -39,7 +39,7 @@ bool BeginSort(Module1& module, std::string_view no_text, std::string_view title
     if (module.IsList(module.WorkText)) {
         module.WorkText = module.SplitEntries(module.WorkText, "txt");
     } else if (!module.IsListed(module.WorkText)) {
-        module.Tell(no_text, title);
+        module.TellFailed(no_text, title);
         return false;
     }
     return true;

@@ -15,6 +15,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 namespace orvik {
 
@@ -35,6 +36,13 @@ struct FileStatus {
     FileIdentity Identity;
     std::uint64_t Names = 0;  // how many hard links lead to it
     [[nodiscard]] std::uint64_t Length() const { return Identity.Length; }
+};
+
+// What a folder holds under a name, links not followed.
+struct FolderEntry {
+    std::string Name;
+    FileStatus Status;
+    bool Mine = false;  // it belongs to the user of this program
 };
 
 // A file that is open for reading; it is closed when this goes.
@@ -68,8 +76,8 @@ class OutputFile {
     // Cuts the file off.
     virtual std::error_code SetLength(std::uint64_t length) = 0;
     // Gives the file the owner, group, permissions and access list of another, and its user
-    // attributes as far as they can be kept.
-    virtual std::error_code TakeAttributesOf(InputFile& other) = 0;
+    // attributes as far as they can be kept; all_kept says whether all could.
+    virtual std::error_code TakeAttributesOf(InputFile& other, bool& all_kept) = 0;
     // Waits until what was written is on the disk.
     virtual std::error_code Sync() = 0;
     // Gives a file that was created beside another a name that no file has yet.
@@ -87,6 +95,17 @@ class FolderLock {
     FolderLock(FolderLock&&) = delete;
     FolderLock& operator=(FolderLock&&) = delete;
     virtual ~FolderLock() = default;
+};
+
+// As long as it lives a signal that asks the program to end is kept for later.
+class EndHold {
+ public:
+    EndHold() = default;
+    EndHold(const EndHold&) = delete;
+    EndHold& operator=(const EndHold&) = delete;
+    EndHold(EndHold&&) = delete;
+    EndHold& operator=(EndHold&&) = delete;
+    virtual ~EndHold() = default;
 };
 
 class FileSystem {
@@ -118,16 +137,29 @@ class FileSystem {
     // Creates a folder, for nobody but the user, and those that it is in; one that is there already
     // is no error.
     virtual std::error_code CreateFolders(const Path& folder) = 0;
-    // Waits, at most so long, for the right to write into a folder. Errors:
+    // Waits, at most so long, for the right to write into a folder, or into a file that has names
+    // in several folders. Errors:
     // errc::device_or_resource_busy if another program keeps it; errc::not_supported where there
     // are no such rights.
-    virtual std::error_code Lock(const Path& folder,
+    virtual std::error_code Lock(const Path& path,
                                  std::chrono::milliseconds longest,
                                  std::unique_ptr<FolderLock>& lock) = 0;
+    // The program that keeps the right to write there, "orvik (process 4711)"; "another program"
+    // where the system does not tell.
+    virtual std::string LockKeeper(const Path& path) = 0;
+    // What a folder holds under names that begin so, in no order.
+    virtual std::error_code List(const Path& folder,
+                                 std::string_view beginning,
+                                 std::vector<FolderEntry>& entries) = 0;
+    // Keeps the end that a signal asks for until what is begun is over.
+    virtual std::unique_ptr<EndHold> HoldEnd() = 0;
+    // The user's folder for what programs keep from one run to the next; empty if there is none.
+    virtual Path StateFolder() = 0;
     // Whether two names stand for one file that is there, links followed.
     virtual bool IsSame(const Path& one, const Path& other) = 0;
-    // The file that a name stands for in the end, existing or not. What replaces a file replaces
-    // that one, so that a link stays a link. A link to itself is returned as it is.
+    // The name of the file that a name stands for in the end, existing or not. What replaces a file
+    // replaces that one, so that a link stays a link. A name stays as it is where the file has no
+    // other, as one that was removed and is still open, and where links lead in a ring.
     virtual Path ResolveLinks(Path path) = 0;
 };
 

@@ -6,9 +6,12 @@
 
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "platform/file_talk.h"
 
 namespace orvik {
 
@@ -23,10 +26,12 @@ enum class Buttons { OK, YesNo, YesNoCancel };
 
 enum class Icon { None, Question };
 
-// What a box is about, as far as somebody who answers boxes by himself has to know.
-enum class Matter { Other, TextTooLong, UnknownFormat };
+// What a box is about, as far as somebody who answers boxes by himself or gives them a sign has to
+// know.
+enum class Matter { Other, TextTooLong, UnknownFormat, Failed };
 
-// Cause is the failure that the box tells of, if it does.
+// Cause is the failure that the box tells of, if it does, Detail a sentence about it that the box
+// may show besides, and FileName the name of a file that the text has in it, if it has one.
 struct MessageBox {
     std::string Text;
     std::string Title;
@@ -34,6 +39,8 @@ struct MessageBox {
     Icon Sign = Icon::None;
     std::optional<Failure> Cause = {};
     Matter About = Matter::Other;
+    std::string FileName = {};
+    std::string Detail = {};
 };
 
 enum class DialogKind { Open, Save };
@@ -59,6 +66,8 @@ struct FileDialog {
     bool EndingIsFormat = false;
     // The file will be written, though the dialog has always been of kind Open.
     bool ForOutput = false;
+    // Whether another program has changed a file of this name since it was opened or saved here.
+    std::function<bool(const std::string& name)> HasChanged = {};
 };
 
 enum class Showing { Modal, Modeless };
@@ -79,14 +88,14 @@ enum class HelpCommand { Topic = 0, Contents = 1, Index = 2 };
 // Thrown by Platform::End. It is no failure: only the outermost event loop catches it.
 class ProgramEnded {};
 
-class Platform {
+class Platform : public FileTalk {
  public:
     Platform() = default;
     Platform(const Platform&) = delete;
     Platform& operator=(const Platform&) = delete;
     Platform(Platform&&) = delete;
     Platform& operator=(Platform&&) = delete;
-    virtual ~Platform() = default;
+    ~Platform() override = default;
 
     // Shows a box and waits for its answer. Closing a box means Cancel, or No where it has none.
     virtual Answer ShowBox(const MessageBox& box) = 0;

@@ -4,6 +4,7 @@
 
 #include "app/messages.h"
 #include "app/module1.h"
+#include "app/scope.h"
 #include "app/text.h"
 #include "app/working_text.h"
 #include "formats/endings.h"
@@ -37,6 +38,7 @@ void Module1::AutoOpenFile(const std::string& name) {
     if (OpenMode == kAskAlways) {
         ChooseFormat(Showing::Modal);
     } else if (IsAliasFile(name)) {
+        const OnFailure forget([this] { Note.LeftOut = {}; });
         OpenAliasFile();
         WorkText = SplitEntries(WorkText, "txt");
         TextMode = mode::kNative;
@@ -50,16 +52,22 @@ void Module1::AutoOpenFile(const std::string& name) {
     form1.LdifCurrent = false;
     form1.StatusBar1.SetPanelText(1, "Ready");
     form1.Text1.SetText(WorkText);
+    if (!WorkText.empty()) {
+        saved.Mark(name);
+    }
 }
 
 void Module1::AutoSaveFile(const std::string& name) {
     if (WorkText.empty()) {
-        Tell(TextNonexistant("An Error has occured because an error type"), "Error");
-    } else if (IsAliasFile(name)) {
-        File1.Replace(name, AliasLines(*this));
-    } else {
-        form1.WriteInFormatOf(name, true);
+        TellFailed(TextNonexistant("An Error has occured because an error type"), "Error");
+        return;
     }
+    if (IsAliasFile(name)) {
+        File1.Replace(name, AliasLines(*this));
+    } else if (!form1.WriteInFormatOf(name, true)) {
+        return;
+    }
+    saved.Mark(name);
 }
 
 }  // namespace orvik

@@ -147,7 +147,7 @@ void Form2::LoadFormats() {
                 return true;
             }
         }
-        module_.Tell(key::kCorrupt);
+        module_.TellFailed(key::kCorrupt);
         return false;
     };
     if (choose(formats, module_.NumberOrZero(key::kSettings, "Open")) &&

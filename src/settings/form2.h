@@ -17,6 +17,9 @@ class Form2 : public Form {
 
     std::vector<NamedControl> Controls() override;
 
+    // Whether the window asks for settings that were never stored.
+    [[nodiscard]] bool IsFirstStart() const;
+
     void Form_Load() override;
     void Form_KeyUp(int key_code) override;
 
@@ -82,7 +85,6 @@ class Form2 : public Form {
     Button Command4{"Help"};
 
  private:
-    [[nodiscard]] bool IsFirstStart() const;
     void ResetControls();
     void LoadAutomation();
     void LoadFormats();

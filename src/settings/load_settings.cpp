@@ -29,7 +29,10 @@ void AskForSeparator(Module1& module) {
 bool ReadOrAsk(Module1& module, const std::function<void()>& read) {
     for (int failures = 1;; ++failures) {
         bool failed = false;
-        TrapFailure(read, [&](const RunTimeError&) { failed = true; });
+        TrapFailure(read, [&](const RunTimeError& failure) {
+            PassLackOfMemory(failure);
+            failed = true;
+        });
         if (!failed) {
             return true;
         }
@@ -53,7 +56,7 @@ std::string Module1::Setting(std::string_view name) {
 double Module1::NumberOrZero(std::string_view section, std::string_view name) {
     double number = 0;
     TrapFailure([&] { number = ToNumber(platform.GetSetting(section, name).value_or("")); },
-                [](const RunTimeError&) {});
+                &PassLackOfMemory);
     return number;
 }
 
@@ -77,13 +80,13 @@ void Module1::LoadSettings() {
         return;
     }
     if (OpenMode < 1 || OpenMode > 4) {
-        Tell(key::kCorrupt);
+        TellFailed(key::kCorrupt);
         OpenMode = 1;
     }
     const std::string extract = Setting("Extract");
     AutoExtract = extract != "False";
     if (AutoExtract && extract != "True") {
-        Tell(key::kCorrupt);
+        TellFailed(key::kCorrupt);
     }
     PimSep = Setting("Sep");
     FirstPimRun = false;

@@ -1,24 +1,19 @@
 #include "store/settings_store.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 #include <chrono>
-#include <filesystem>
-#include <memory>
-#include <system_error>
-#include <thread>
+#include <utility>
 
 #include <glib.h>
 
+#include "app/book_file.h"
+#include "app/printable.h"
+#include "app/run_time_error.h"
 #include "app/text.h"
-#include "platform/system_files.h"
+#include "store/owned.h"
 #include "store/setting_text.h"
+#include "store/user_folder.h"
 
 namespace orvik {
-
-namespace fs = std::filesystem;
 
 // The contents of a settings file.
 struct KeyFile {
@@ -30,18 +25,10 @@ namespace {
 
 // So long a save waits for another program's.
 constexpr std::chrono::milliseconds kLongestWait{2000};
-constexpr std::chrono::milliseconds kBetweenTries{10};
 
 // What others wrote into the file stays.
 constexpr auto kKeepAll =
     static_cast<GKeyFileFlags>(G_KEY_FILE_KEEP_COMMENTS | G_KEY_FILE_KEEP_TRANSLATIONS);
-
-constexpr int kFolderMode = 0700;
-constexpr int kFileMode = 0600;
-
-// One pointer that GLib allocated.
-template <class T>
-using Owned = std::unique_ptr<T, decltype(&g_free)>;
 
 // The last of the names that differs in case only: in a file edited by hand there may be several.
 std::optional<std::string> FindName(gchar** names, std::string_view wanted) {
@@ -71,113 +58,50 @@ struct Place {
     bool Known = false;
 };
 
-enum class State { Missing, Read, Unreadable };
-
-State Load(const std::string& name, KeyFile& file) {
-    std::error_code error;
-    const fs::file_status status = fs::status(name, error);
-    if (status.type() == fs::file_type::not_found) {
-        return State::Missing;
-    }
-    // A pipe would hang the program.
-    gchar* contents = nullptr;
-    gsize length = 0;
-    if (status.type() != fs::file_type::regular ||
-        g_file_get_contents(name.c_str(), &contents, &length, nullptr) == FALSE) {
-        return State::Unreadable;
-    }
-    const Owned<gchar> owner(contents, &g_free);
+// The settings of a text; none where they are not understood.
+std::unique_ptr<KeyFile> Parse(const std::string& contents) {
+    auto file = std::make_unique<KeyFile>();
     const bool understood =
-        length == 0 ||
-        g_key_file_load_from_data(file.Keys.get(), contents, length, kKeepAll, nullptr) != FALSE;
-    return understood ? State::Read : State::Unreadable;
+        contents.empty() ||
+        g_key_file_load_from_data(
+            file->Keys.get(), contents.data(), contents.size(), kKeepAll, nullptr) != FALSE;
+    return understood ? std::move(file) : nullptr;
 }
 
-// Holds the lock of a folder, which goes with the process: nothing is left behind to clean up.
-class FolderLock {
- public:
-    explicit FolderLock(const std::string& folder)
-        : folder_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-        const auto start = std::chrono::steady_clock::now();
-        while (folder_ >= 0 && !held_) {
-            held_ = flock(folder_, LOCK_EX | LOCK_NB) == 0;
-            if (held_ || std::chrono::steady_clock::now() - start > kLongestWait) {
-                return;
-            }
-            std::this_thread::sleep_for(kBetweenTries);
-        }
-    }
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-    FolderLock(FolderLock&&) = delete;
-    FolderLock& operator=(FolderLock&&) = delete;
-    ~FolderLock() {
-        if (folder_ >= 0) {
-            close(folder_);
-        }
-    }
-
-    [[nodiscard]] bool IsHeld() const { return held_; }
-
- private:
-    int folder_;
-    bool held_ = false;
-};
-
-enum class Outcome { Written, Unreadable, Unwritable };
-
-Outcome ChangeUnderLock(const std::string& name, const std::function<void(KeyFile&)>& change) {
-    const std::string folder = FolderOf(name);
-    g_mkdir_with_parents(folder.c_str(), kFolderMode);
-    const FolderLock lock(folder);
-    KeyFile file;
-    if (Load(name, file) == State::Unreadable) {
-        return Outcome::Unreadable;
-    }
-    change(file);
+std::string TextOf(const KeyFile& file) {
     gsize length = 0;
-    const Owned<gchar> contents(g_key_file_to_data(file.Keys.get(), &length, nullptr), &g_free);
-    const bool written =
-        lock.IsHeld() &&
-        g_file_set_contents_full(SystemFiles().ResolveLinks(name).c_str(),
-                                 contents.get(),
-                                 static_cast<gssize>(length),
-                                 static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT |
-                                                                    G_FILE_SET_CONTENTS_DURABLE),
-                                 kFileMode,
-                                 nullptr) != FALSE;
-    return written ? Outcome::Written : Outcome::Unwritable;
+    const Owned<gchar> text(g_key_file_to_data(file.Keys.get(), &length, nullptr), &g_free);
+    return {text.get(), length};
 }
 
 }  // namespace
 
-SettingsStore::SettingsStore(std::string file, std::function<void(const std::string&)> report)
-    : file_(std::move(file)), report_(std::move(report)) {}
+SettingsStore::SettingsStore(FileSystem& files,
+                             std::string file,
+                             std::function<void(const std::string&)> report)
+    : files_(files), file_(std::move(file)), report_(std::move(report)) {}
+
+SettingsStore::~SettingsStore() = default;
 
 std::string SettingsStore::UserFile() {
-    // GLib keeps the folder that it answered first.
-    const gchar* const config = g_getenv("XDG_CONFIG_HOME");
-    const std::string folder = config != nullptr && g_path_is_absolute(config) != FALSE
-                                   ? config
-                                   : std::string(g_get_home_dir()) + "/.config";
-    return folder + "/orvik/orvik.conf";
+    return UserFolder("XDG_CONFIG_HOME", ".config") + "/orvik/orvik.conf";
 }
 
 std::optional<std::string> SettingsStore::Get(std::string_view section, std::string_view key) {
     if (const auto kept = kept_.find({ToLower(section), ToLower(key)}); kept != kept_.end()) {
         return kept->second;
     }
-    KeyFile file;
-    if (Load(file_, file) == State::Unreadable) {
-        Report("The settings file " + file_ + " cannot be read.");
+    const KeyFile* const file = Read();
+    if (file == nullptr) {
+        TellOf(Outcome::Unreadable);
         return {};
     }
-    const Place place(file, section, key);
+    const Place place(*file, section, key);
     if (!place.Known) {
         return {};
     }
     const Owned<gchar> value(
-        g_key_file_get_value(file.Keys.get(), place.Section.c_str(), place.Key.c_str(), nullptr),
+        g_key_file_get_value(file->Keys.get(), place.Section.c_str(), place.Key.c_str(), nullptr),
         &g_free);
     return UnescapeSetting(value.get());
 }
@@ -200,21 +124,84 @@ void SettingsStore::Save(std::string_view section, std::string_view key, std::st
 
 void SettingsStore::Clear() {
     kept_.clear();
-    std::error_code error;
-    if (fs::exists(file_, error)) {
+    FileStatus status;
+    const std::error_code error = Persist([&] { return files_.Status(file_, status); });
+    if (error || status.Kind != FileKind::Missing) {
         Change([](KeyFile& file) { file = {}; });
     }
 }
 
+const KeyFile* SettingsStore::Read() {
+    try {
+        const FileStatus status = StatusOf(files_, file_);
+        if (was_read_ && status.Identity == identity_) {
+            return keys_.get();
+        }
+        FileStatus opened;
+        std::string contents;
+        was_read_ = false;
+        keys_.reset();
+        if (status.Kind != FileKind::Missing) {
+            // A pipe would hang the program.
+            if (status.Kind != FileKind::Regular) {
+                return nullptr;
+            }
+            std::unique_ptr<InputFile> file;
+            const auto check = [&](std::error_code error) { CheckFile(files_, error, file_); };
+            check(Persist([&] { return files_.OpenToRead(file_, file); }));
+            check(Persist([&] { return file->Status(opened); }));
+            check(ReadBytes(*file, static_cast<std::size_t>(opened.Length()), contents));
+        }
+        keys_ = Parse(contents);
+        identity_ = opened.Identity;
+        was_read_ = true;
+    } catch (const RunTimeError&) {
+        return nullptr;
+    }
+    return keys_.get();
+}
+
+SettingsStore::Outcome SettingsStore::ChangeFile(const std::function<void(KeyFile&)>& change) {
+    bool understood = true;
+    was_read_ = false;
+    try {
+        const FileKind kind = StatusOf(files_, file_).Kind;
+        if (kind != FileKind::Regular && kind != FileKind::Missing) {
+            return Outcome::Unreadable;
+        }
+        const FileSystem::Path folder = FolderOf(file_);
+        CheckFile(files_, Persist([&] { return files_.CreateFolders(folder); }), folder);
+        RewriteFile(files_,
+                    file_,
+                    [&](const std::optional<std::string>& old) -> std::optional<std::string> {
+                        const std::unique_ptr<KeyFile> file = Parse(old.value_or(""));
+                        understood = file != nullptr;
+                        if (!understood) {
+                            return std::nullopt;
+                        }
+                        change(*file);
+                        return TextOf(*file);
+                    },
+                    {.LongestWait = kLongestWait, .OnlyMine = true});
+    } catch (const RunTimeError&) {
+        return Read() == nullptr ? Outcome::Unreadable : Outcome::Unwritable;
+    }
+    return understood ? Outcome::Written : Outcome::Unreadable;
+}
+
 bool SettingsStore::Change(const std::function<void(KeyFile&)>& change) {
     // What is told may wait for the user, and no other program shall wait for that.
-    const Outcome outcome = ChangeUnderLock(file_, change);
-    if (outcome == Outcome::Unreadable) {
-        Report("The settings file " + file_ + " cannot be read.");
-    } else if (outcome == Outcome::Unwritable) {
-        Report("The settings file " + file_ + " cannot be written.");
-    }
+    const Outcome outcome = ChangeFile(change);
+    TellOf(outcome);
     return outcome == Outcome::Written;
+}
+
+void SettingsStore::TellOf(Outcome outcome) {
+    if (outcome == Outcome::Unreadable) {
+        Report("The settings file " + Printable(file_) + " cannot be read.");
+    } else if (outcome == Outcome::Unwritable) {
+        Report("The settings file " + Printable(file_) + " cannot be written.");
+    }
 }
 
 void SettingsStore::Report(const std::string& problem) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/controls.h"
+#include "app/entry_sum.h"
 #include "app/working_text.h"
 #include "bench/measure.h"
 #include "formats/ldif_reader.h"
@@ -57,6 +58,22 @@ void List(benchmark::State& state) {
     Finish(state, book.native);
 }
 
+// What the windows do behind a command, in either form.
+void SumOfList(benchmark::State& state) {
+    const Book& book = BookFor(state);
+    for ([[maybe_unused]] const auto _ : state) {
+        benchmark::DoNotOptimize(SumEntries(book.ascii, false, "\r"));
+    }
+    Finish(state, book.ascii);
+}
+void SumOfNative(benchmark::State& state) {
+    const Book& book = BookFor(state);
+    for ([[maybe_unused]] const auto _ : state) {
+        benchmark::DoNotOptimize(SumEntries(book.native, true, "\r"));
+    }
+    Finish(state, book.native);
+}
+
 void LdifWrite(benchmark::State& state) {
     const Book& book = BookFor(state);
     NoProgress progress;
@@ -79,6 +96,8 @@ BENCHMARK(MemchrList)->Apply(Sizes);
 BENCHMARK(Split)->Apply(Sizes);
 BENCHMARK(ParseNicknames)->Apply(Sizes);
 BENCHMARK(List)->Apply(Sizes);
+BENCHMARK(SumOfList)->Apply(Sizes);
+BENCHMARK(SumOfNative)->Apply(Sizes);
 BENCHMARK(MemcpyLdif)->Apply(Sizes);
 BENCHMARK(MemchrLdif)->Apply(Sizes);
 BENCHMARK(LdifWrite)->Apply(Sizes);

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/system_files.h"
+
 namespace orvik {
 namespace {
 
@@ -41,13 +43,14 @@ class AutostartTest : public testing::Test {
  protected:
     AutostartTest() { qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit()); }
     QTemporaryDir folder;
+    SystemFiles files{false};
     const QString name = QStringLiteral("Orvik Auto");
     const QString file = folder.filePath(QStringLiteral("autostart/Orvik Auto.desktop"));
 };
 
 TEST_F(AutostartTest, CreatesTheEntryWithItsFolder) {
-    ASSERT_TRUE(CreateAutostart(name, {QStringLiteral("/old")}));
-    ASSERT_TRUE(CreateAutostart(name, {QStringLiteral("/opt/a b/orvik")}));
+    ASSERT_TRUE(CreateAutostart(files, name, {QStringLiteral("/old")}));
+    ASSERT_TRUE(CreateAutostart(files, name, {QStringLiteral("/opt/a b/orvik")}));
     QFile in(file);
     ASSERT_TRUE(in.open(QFile::ReadOnly));
     EXPECT_EQ(in.readAll().toStdString(),
@@ -80,7 +83,7 @@ TEST_F(AutostartTest, AProgramOfAnyNameIsStarted) {
         script.write("#!/bin/sh\n: >'" + mark.toUtf8() + "'\n");
         script.close();
         ASSERT_TRUE(script.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
-        ASSERT_TRUE(CreateAutostart(name, {program}));
+        ASSERT_TRUE(CreateAutostart(files, name, {program}));
         EXPECT_EQ(QProcess::execute(QStringLiteral("desktop-file-validate"), {file}), 0)
             << odd.toStdString();
         EXPECT_EQ(QProcess::execute(QStringLiteral("gio"), {QStringLiteral("launch"), file}), 0)
@@ -92,25 +95,25 @@ TEST_F(AutostartTest, AProgramOfAnyNameIsStarted) {
 }
 
 TEST_F(AutostartTest, AProgramThatIsNoUtf8IsRefused) {
-    EXPECT_FALSE(CreateAutostart(name, {QString::fromUtf8("/opt/\xFC/orvik")}));
+    EXPECT_FALSE(CreateAutostart(files, name, {QString::fromUtf8("/opt/\xFC/orvik")}));
     EXPECT_FALSE(QFile::exists(file));
 }
 
 TEST_F(AutostartTest, RemovesTheEntryIfItIsThere) {
-    ASSERT_TRUE(CreateAutostart(name, {QStringLiteral("/o")}));
-    RemoveAutostart(name);
+    ASSERT_TRUE(CreateAutostart(files, name, {QStringLiteral("/o")}));
+    RemoveAutostart(files, name);
     EXPECT_FALSE(QFile::exists(file));
-    RemoveAutostart(name);
+    RemoveAutostart(files, name);
 }
 
 TEST_F(AutostartTest, TellsWhenTheEntryCannotBeWritten) {
     QFile in_the_way(folder.filePath(QStringLiteral("autostart")));
     ASSERT_TRUE(in_the_way.open(QFile::WriteOnly));
-    EXPECT_FALSE(CreateAutostart(name, {QStringLiteral("/o")}));
+    EXPECT_FALSE(CreateAutostart(files, name, {QStringLiteral("/o")}));
 }
 
 TEST_F(AutostartTest, ANameIsNoPath) {
-    EXPECT_FALSE(CreateAutostart(QStringLiteral("../x"), {QStringLiteral("/o")}));
+    EXPECT_FALSE(CreateAutostart(files, QStringLiteral("../x"), {QStringLiteral("/o")}));
 }
 
 }  // namespace

@@ -87,7 +87,7 @@ void DesktopActor::Attach(Program& program) {
     form1_.reset();
     Actor::Attach(program);
     desktop_ = std::make_unique<Desktop>();
-    form1_ = std::make_unique<Form1Window>(program.module, *desktop_);
+    form1_ = std::make_unique<Form1Window>(program.module, *desktop_, books_);
     small_windows_ = MakeSmallWindows(program, *desktop_, form1_.get());
 }
 
@@ -208,7 +208,7 @@ bool DesktopActor::ClickRow(ListBoxView& view,
         return false;
     }
     const QModelIndex last = view.model()->index(static_cast<int>(rows.back()), 0);
-    if (rows.size() == 1) {
+    if (rows.size() == 1 && (!view.addsClicks() || list.Selected().empty())) {
         view.scrollTo(last);
         QTest::mouseClick(
             view.viewport(), Qt::LeftButton, Qt::NoModifier, view.visualRect(last).center());
@@ -277,6 +277,22 @@ void DesktopActor::ChooseItem(const Target& target, ComboBox& combo, const std::
     CountDirect();
     Actor::ChooseItem(target, combo, item);
     Sync();
+}
+
+bool DesktopActor::EditEntry(std::size_t row,
+                             const std::string& address,
+                             const std::string& nickname) {
+    CountDirect();
+    const bool there = Actor::EditEntry(row, address, nickname);
+    Sync();
+    return there;
+}
+
+bool DesktopActor::DeleteEntries(const std::vector<std::size_t>& rows) {
+    CountDirect();
+    const bool there = Actor::DeleteEntries(rows);
+    Sync();
+    return there;
 }
 
 void DesktopActor::Click(Form& form) {

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "desktop/session/desktop.h"
+#include "store/recent_books.h"
 #include "testkit/actor.h"
 
 class QWidget;
@@ -60,6 +61,10 @@ class DesktopActor : public Actor, public ScenarioPlatform::Windows {
     void SetCheck(const Target& target, CheckBox& box, bool checked) override;
     void ChooseOption(const Target& target, OptionButton& option) override;
     void ChooseItem(const Target& target, ComboBox& combo, const std::string& item) override;
+    bool EditEntry(std::size_t row,
+                   const std::string& address,
+                   const std::string& nickname) override;
+    bool DeleteEntries(const std::vector<std::size_t>& rows) override;
     void Click(Form& form) override;
     void DoubleClick(const Target& target) override;
     void ReleaseKey(Form& form, int key_code) override;
@@ -90,6 +95,7 @@ class DesktopActor : public Actor, public ScenarioPlatform::Windows {
     ScenarioPlatform& platform_;
     Share& share_;
     std::unique_ptr<Desktop> desktop_;
+    RecentBooks books_;
     std::unique_ptr<Form1Window> form1_;
     std::vector<std::unique_ptr<FormWindow>> small_windows_;
 };

@@ -42,6 +42,41 @@ class CountingView : public View {
     QWidget widget;
 };
 
+TEST_F(DesktopTest, AtManyYieldsOnlySomeShowTheForms) {
+    Desktop slow(std::chrono::hours(1));
+    CountingView view;
+    slow.add(form1, view);
+    int taken = 0;
+    const auto yield = [&] {
+        QMetaObject::invokeMethod(
+            &view.widget, [&] { ++taken; }, Qt::QueuedConnection);
+        slow.yield();
+    };
+    EXPECT_FALSE(slow.hasYielded());
+    for (const int event : {1, 2}) {
+        SCOPED_TRACE(event);
+        view.syncs = taken = 0;
+        slow.run([&] {
+            for (int i = 0; i < 100; ++i) {
+                yield();
+            }
+            EXPECT_EQ(view.syncs, 1);
+            EXPECT_TRUE(slow.hasYielded());
+        });
+        EXPECT_FALSE(slow.hasYielded());
+        EXPECT_EQ(view.syncs, 2);
+        EXPECT_EQ(taken, event == 1 ? 1 : 100);  // those that waited come first
+    }
+    Desktop fast(std::chrono::milliseconds(0));
+    fast.add(form1, view);
+    view.syncs = 0;
+    fast.run([&] {
+        fast.yield();
+        fast.yield();
+    });
+    EXPECT_EQ(view.syncs, 3);
+}
+
 TEST_F(DesktopTest, EachEventEndsWithASync) {
     CountingView view;
     desktop.add(form1, view);

@@ -24,11 +24,11 @@ constexpr std::string_view kFilter = "Netscape 4.x or IE|*.ldif|Juno|*.nv|All Fi
 
 TEST(NameFilters, IgnoreCaseAndTakeStarDotStarForEveryFile) {
     EXPECT_EQ(NameFilters(kFilter),
-              QStringList({QStringLiteral("Netscape 4.x or IE (*.[lL][dD][iI][fF])"),
-                           QStringLiteral("Juno (*.[nN][vV])"),
+              QStringList({QStringLiteral("Netscape 4.x or IE: *.ldif (*.[lL][dD][iI][fF])"),
+                           QStringLiteral("Juno: *.nv (*.[nN][vV])"),
                            QStringLiteral("All Files (*)")}));
     EXPECT_EQ(NameFilters("Text|*.txt|Half an entry"),
-              QStringList({QStringLiteral("Text (*.[tT][xX][tT])")}));
+              QStringList({QStringLiteral("Text: *.txt (*.[tT][xX][tT])")}));
     EXPECT_TRUE(NameFilters("").isEmpty());
 }
 
@@ -96,8 +96,24 @@ TEST(WritableEndings, AreThoseThatChooseAFormat) {
 
 TEST(OverwriteQuestion, SaysWhenEntriesAreAdded) {
     const QString name = QStringLiteral("/x/a.nv");
-    EXPECT_TRUE(OverwriteQuestion(name, Saving::Adds).contains(u"added"));
-    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces).contains(u"replace"));
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Adds, false).contains(u"added"));
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces, false).contains(u"replace"));
+    for (const Saving way : {Saving::Adds, Saving::Replaces}) {
+        EXPECT_FALSE(OverwriteQuestion(name, way, false).contains(u"Another program"));
+        EXPECT_TRUE(OverwriteQuestion(name, way, true)
+                        .endsWith(QStringLiteral(".\n") + OverwriteQuestion(name, way, false)));
+    }
+}
+
+TEST(OverwriteQuestion, ANameIsPlainText) {
+    const QString name = QStringLiteral("/x/<b>a\n\u202E%1.nv");
+    EXPECT_TRUE(OverwriteQuestion(name, Saving::Replaces, false)
+                    .startsWith(QStringLiteral("<b>a\\x0A\\u202E%1.nv already exists.")));
+}
+
+TEST(WhyNoFile, ANameIsPlainText) {
+    EXPECT_EQ(WhyNoFile(QStringLiteral("/no\n\u2028ne/a.nv")),
+              QStringLiteral("There is no folder /no\\x0A\\u2028ne."));
 }
 
 class FileDialogTest : public testing::Test {
@@ -131,7 +147,9 @@ class FileDialogTest : public testing::Test {
     }
 
     QTemporaryDir folder;
-    FileDialogs dialogs;
+    QTemporaryDir other_folder;
+    const QString state = other_folder.filePath(QStringLiteral("orvik/window.conf"));
+    FileDialogs dialogs{state};
     std::size_t done = 0;
     QString said;
 };
@@ -170,7 +188,9 @@ TEST_F(FileDialogTest, ANameIsWholeBeforeItIsAskedFor) {
                         ModalUser::answer(QMessageBox::No);
                     }}),
               "");
-    EXPECT_EQ(said, QStringLiteral("book.ldif already exists.\nDo you want to replace it?"));
+    EXPECT_EQ(
+        said,
+        QStringLiteral("book.ldif already exists.\nIf you replace it, what is in it now is lost."));
 }
 
 TEST_F(FileDialogTest, TheQuestionSaysWhatWillBecomeOfTheFile) {
@@ -178,8 +198,21 @@ TEST_F(FileDialogTest, TheQuestionSaysWhatWillBecomeOfTheFile) {
     for (const bool ending_is_format : {true, false}) {
         FileDialog dialog = Saving();
         dialog.EndingIsFormat = ending_is_format;
-        EXPECT_EQ(Show(dialog, {[&] { ModalUser::type(Path("book.nv")); }, [&] { ReadBox(); }}),
+        QStringList buttons;
+        EXPECT_EQ(Show(dialog,
+                       {[&] { ModalUser::type(Path("book.nv")); },
+                        [&] {
+                            for (const QAbstractButton* const button : ModalUser::box().buttons()) {
+                                buttons << button->text().remove(u'&');
+                            }
+                            EXPECT_EQ(ModalUser::box().defaultButton(),
+                                      ModalUser::box().button(QMessageBox::No));
+                            ReadBox();
+                        }}),
                   "");
+        buttons.sort();
+        EXPECT_EQ(buttons.join(u' ').toStdString(),
+                  ending_is_format ? "Add Cancel" : "Cancel Replace");
         EXPECT_EQ(said.contains(u"added"), ending_is_format) << said.toStdString();
     }
 }
@@ -263,6 +296,25 @@ TEST_F(FileDialogTest, StartsAsItIsTold) {
     EXPECT_EQ(filters, NameFilters(kFilter));
     EXPECT_EQ(dialog.FilterIndex, 3);
     EXPECT_TRUE(filter.startsWith(QStringLiteral("All Files"))) << filter.toStdString();
+}
+
+// Qt's own box quotes what was typed.
+TEST_F(FileDialogTest, AMissingFileIsNamedAsText) {
+    FileDialog dialog{DialogKind::Open, "Open", "All files|*.*", kFileMustExist, 1, "", false};
+    Qt::TextFormat format = Qt::AutoText;
+    Show(dialog,
+         {[] {
+              // The button is off for a missing file, the Enter key is not.
+              ModalUser::type(QStringLiteral("<b>none.txt"));
+              static_cast<QDialog&>(ModalUser::dialog()).accept();
+          },
+          [&] {
+              format = ModalUser::box().textFormat();
+              said = ModalUser::box().text();
+              ModalUser::box().close();
+          }});
+    EXPECT_EQ(format, Qt::PlainText);
+    EXPECT_TRUE(said.contains(u"<b>none")) << said.toStdString();
 }
 
 }  // namespace

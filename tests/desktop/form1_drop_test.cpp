@@ -62,7 +62,7 @@ class Form1DropTest : public test::Form1WindowTest {
         ExpectTold(told);
         window.openBooks(names);
         EXPECT_EQ(module1.WorkText, "A9\r\n");
-        EXPECT_EQ(window.windowTitle(), QStringLiteral("Orvik - old.txt"));
+        EXPECT_EQ(window.windowTitle(), QStringLiteral("Orvik - old.txt[*]"));
     }
 
     QTemporaryDir folder;
@@ -107,6 +107,12 @@ TEST_F(Form1DropTest, AFileThatCannotBeOpenedIsToldOfAndTheBookStays) {
     ExpectRefused({Path("book.txt"), Path("b.txt"), Path("c.txt")},
                   in + "/book.txt and 2 more cannot be opened.\r\nOnly one book can be open at a "
                        "time.");
+    const QString odd = folder.filePath(QStringLiteral("<b>\n\u202E%1%2"));
+    ExpectRefused({odd},
+                  in + "/<b>\\x0A\\u202E%1%2 cannot be opened.\r\nNo such file or directory");
+    ExpectRefused({odd, Path("b.txt")},
+                  in + "/<b>\\x0A\\u202E%1%2 and 1 more cannot be opened.\r\nOnly one book can be "
+                       "open at a time.");
     fs::permissions(Path("book.txt").toStdString(), fs::perms::none);
     const test::OrdinaryUser user;
     if (!user.Ordinary()) {

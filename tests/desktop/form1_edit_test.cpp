@@ -1,11 +1,15 @@
 // Edit mode in the main window.
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
+#include <QMenu>
 #include <QPushButton>
+#include <algorithm>
 
 #include "desktop/form1_window_fixture.h"
 #include "desktop/text/text_box_view.h"
+#include "desktop/views/control_views.h"
 
 namespace orvik {
 namespace {
@@ -118,6 +122,23 @@ TEST_F(Form1WindowTest, PastingAForeignLetterMakesTheTextUtf8) {
     QGuiApplication::clipboard()->clear();
     EXPECT_EQ(module1.WorkText, "\xD0\x96\xC3\xBC");
     EXPECT_EQ(desktop.selectionEncoding(), std::nullopt);
+}
+
+TEST_F(Form1WindowTest, SelectAllIsSpeltOneWay) {
+    const auto expect_in = [](const QList<QAction*>& rows) {
+        EXPECT_TRUE(std::any_of(rows.begin(), rows.end(), [](const QAction* row) {
+            return row->text().remove(u'&') == QStringLiteral("Select All");
+        }));
+    };
+    expect_in(Find<QListView>("List1").actions());
+    expect_in(Find<QListView>("List2").actions());
+    auto& text = Find<QPlainTextEdit>("Text1");
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QCoreApplication::sendEvent(text.viewport(), &event);
+    auto& menu = *text.findChild<QMenu*>();
+    expect_in(menu.actions());
+    menu.close();
+    EXPECT_EQ(SpokenCaption(module1.frm_select.Command2.Caption), QStringLiteral("Select All"));
 }
 
 }  // namespace

@@ -165,5 +165,42 @@ TEST_F(FindTest, NothingIsFoundInAnEmptyBook) {
     EXPECT_THAT(form1.List1.Selected(), IsEmpty());
 }
 
+TEST_F(FindTest, TheBarKeepsItsSizeWhateverItSays) {
+    Open();
+    const QRect bar = bar_.geometry();
+    const QRect text = text_.geometry();
+    const QRect close = Find<QWidget>("findClose").geometry();
+    const auto expect_same = [&](const char* notice) {
+        Settle();
+        EXPECT_EQ(Notice(), notice);
+        EXPECT_EQ(bar_.geometry(), bar);
+        EXPECT_EQ(text_.geometry(), text);
+        EXPECT_EQ(Find<QWidget>("findClose").geometry(), close);
+        // All of the notice is in sight.
+        const auto& label = Find<QLabel>("findNotice");
+        EXPECT_GE(label.width(), label.fontMetrics().horizontalAdvance(label.text()));
+    };
+    Type("Bo");
+    expect_same("");
+    Press(Qt::Key_Return);
+    expect_same("From the start");
+    Press(Qt::Key_Return, Qt::ShiftModifier);
+    expect_same("From the end");
+    Type("x");
+    expect_same("Not found");
+}
+
+TEST_F(FindTest, InANarrowBarTheLabelGivesWay) {
+    Open();
+    const auto& label = Find<QLabel>("findLabel");
+    const auto& close = Find<QWidget>("findClose");
+    for (const int width : {900, 260, 900}) {
+        window.resize(width, 300);
+        Settle();
+        EXPECT_EQ(label.isVisible(), width == 900);
+        EXPECT_LE(close.geometry().right(), bar_.width());
+    }
+}
+
 }  // namespace
 }  // namespace orvik

@@ -60,7 +60,8 @@ class Form1WindowTest : public CommandTest {
     }
 
     Desktop desktop;
-    Form1Window window{module1, desktop};
+    RecentBooks books;
+    Form1Window window{module1, desktop, books};
 };
 
 // Three entries.

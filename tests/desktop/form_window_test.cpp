@@ -229,6 +229,52 @@ TEST_F(FormWindowTest, AComboBoxShowsATextThatIsNoItem) {
     EXPECT_TRUE(combo.placeholderText().isEmpty());
 }
 
+TEST_F(FormWindowTest, TheFirstStartSaysWhatTheButtonsDo) {
+    Form2& form = module1.form2;
+    for (const bool first : {true, false}) {
+        const auto window = Make(form);
+        EXPECT_CALL(platform, GetSetting(_, _))
+            .WillRepeatedly(Return(first ? std::nullopt : std::optional<std::string>("5")));
+        EXPECT_CALL(platform, ShowForm(Ref(form), Showing::Modeless));
+        EXPECT_CALL(platform, ShowBox(_)).Times(testing::AnyNumber());
+        // A failed automation asks at a start too, but not at the first one.
+        module1.StartingUp = true;
+        form.Show(Showing::Modeless);
+        window->sync();
+        window->show();
+        const auto& line = *window->findChild<QLabel*>(QStringLiteral("firstStart"));
+        EXPECT_EQ(line.isVisible(), first);
+        EXPECT_TRUE(line.text().contains(u"OK") && line.text().contains(u"Cancel"));
+        if (first) {
+            EXPECT_LT(line.geometry().bottom(), window->widget(form.SSTab1).geometry().top());
+        }
+        EXPECT_CALL(platform, CloseForm(Ref(form)));
+        form.Unload();
+    }
+}
+
+TEST_F(FormWindowTest, TheCaptionsOfTheLastStepsFollowTheirBox) {
+    Form2& form = module1.form2;
+    const auto window = Open(form);
+    window->widget<QTabWidget>(form.SSTab1).setCurrentIndex(2);
+    window->widget<QCheckBox>(form.Check1).click();
+    QCoreApplication::processEvents();
+    const QWidget& box = window->widget(form.Combo3);
+    for (const bool enabled : {false, true, false}) {
+        form.Combo3.Enabled = enabled;
+        window->sync();
+        EXPECT_EQ(box.isEnabled(), enabled);
+        EXPECT_EQ(window->widget(form.Label5).isEnabled(), enabled);
+        EXPECT_EQ(window->widget(form.Label6).isEnabled(), enabled);
+    }
+    const auto middle = [&](const QWidget& widget) {
+        return widget.mapTo(window.get(), widget.rect().center()).y();
+    };
+    EXPECT_NEAR(middle(box),
+                (middle(window->widget(form.Label5)) + middle(window->widget(form.Label6))) / 2.0,
+                2);
+}
+
 TEST_F(FormWindowTest, TheStripIsAsLongAsTheProgress) {
     Form4& form = module1.form4;
     const auto window = Make(form);

@@ -1,5 +1,3 @@
-#include "desktop/help/help_viewer.h"
-
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -24,6 +22,7 @@
 
 #include "app/module1.h"
 #include "desktop/help/help_book.h"
+#include "desktop/help_viewer_fixture.h"
 #include "desktop/session/qt_platform.h"
 #include "desktop/windows/form1_window.h"
 #include "desktop/windows/small_windows.h"
@@ -32,57 +31,9 @@
 namespace orvik {
 namespace {
 
-// Where the tests run there are compiled pages, as there are where the program is built.
-std::string HelpFile() {
-    return QCoreApplication::applicationDirPath().toStdString() + "\\help.chm";
-}
-
-QList<QMainWindow*> HelpWindows() {
-    QList<QMainWindow*> found;
-    for (QWidget* const window : QApplication::topLevelWidgets()) {
-        auto* const main = qobject_cast<QMainWindow*>(window);
-        if (main != nullptr && main->isVisible() && main->findChild<QTextBrowser*>() != nullptr) {
-            found.append(main);
-        }
-    }
-    return found;
-}
-
-class HelpViewerTest : public testing::Test {
- protected:
-    void Topic(const std::string& window, const std::string& topic) {
-        viewer.show(HelpCommand::Topic, HelpFile() + ">" + window, topic);
-    }
-    // The only help window, which must be this one.
-    QMainWindow& Window(const char* name) {
-        const QList<QMainWindow*> all = HelpWindows();
-        EXPECT_EQ(all.size(), 1);
-        EXPECT_EQ(all.front()->objectName(), QString::fromLatin1(name));
-        return *all.front();
-    }
-    static QTextBrowser& Page(const QMainWindow& window) {
-        return *window.findChild<QTextBrowser*>();
-    }
-    static std::string Text(const QMainWindow& window) {
-        return Page(window).toPlainText().toStdString();
-    }
-    template <class Kind>
-    Kind& Find(const char* name) {
-        return *Window("secWin").findChild<Kind*>(QString::fromLatin1(name));
-    }
-    [[nodiscard]] QString Collection() const {
-        return folder.filePath(QStringLiteral("cache/orvik/orvik.qhc"));
-    }
-    static void Write(const QString& name, const QByteArray& bytes) {
-        QDir().mkpath(QFileInfo(name).path());
-        QFile file(name);
-        ASSERT_TRUE(file.open(QFile::WriteOnly));
-        file.write(bytes);
-    }
-
-    QTemporaryDir folder;
-    HelpViewer viewer{folder.filePath(QStringLiteral("cache/orvik"))};
-};
+using test::HelpFile;
+using test::HelpViewerTest;
+using test::HelpWindows;
 
 TEST_F(HelpViewerTest, ATopicIsShown) {
     Topic("secWin", "screenshot.html");
@@ -145,7 +96,7 @@ TEST_F(HelpViewerTest, TheContentsLeadToPages) {
     QTRY_VERIFY(contents.model()->rowCount() == 1);
     const QModelIndex first = contents.model()->index(0, 0);
     QTRY_VERIFY(contents.isExpanded(first));
-    const QModelIndex keys = contents.model()->index(7, 0, first);
+    const QModelIndex keys = contents.model()->index(8, 0, first);
     EXPECT_EQ(keys.data().toString(), QStringLiteral("Keys"));
     contents.scrollTo(keys);
     QTest::mouseClick(contents.viewport(), Qt::LeftButton, {}, contents.visualRect(keys).center());
@@ -297,11 +248,12 @@ class HelpUnderAModalFormTest : public HelpViewerTest {
     const bool own_settings = qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
     const bool own_cache = qputenv("XDG_CACHE_HOME", folder.path().toLocal8Bit());
     Desktop desktop;
-    QtPlatform platform{desktop};
-    SystemFiles files;
+    SystemFiles files{false};
+    RecentBooks books;
+    QtPlatform platform{desktop, files, books};
     Program program{platform, files};
     Module1& module = program.module;
-    Form1Window window{module, desktop};
+    Form1Window window{module, desktop, books};
     std::unique_ptr<FormWindow> preferences = MakeWindow(module, module.form2, desktop, &window);
 };
 

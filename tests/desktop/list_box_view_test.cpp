@@ -190,6 +190,12 @@ TEST_F(ListBoxViewTest, OnlyATextThatIsCutOffHasAToolTip) {
     };
     EXPECT_EQ(tip_of(0), "");
     EXPECT_EQ(tip_of(5), long_text);
+    box.Clear();
+    box.AddItem(long_text + " & \"Al\"");
+    box.AddItem("<b>" + long_text);
+    view.sync();
+    EXPECT_EQ(tip_of(0), long_text + " & \"Al\"");
+    EXPECT_EQ(tip_of(1), "<p>&lt;b&gt;" + long_text + "</p>");
 }
 
 TEST_F(ListBoxViewTest, EmptyRowsAreAsHighAsTheOthers) {

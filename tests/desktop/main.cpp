@@ -1,10 +1,10 @@
-#include <QApplication>
 #include <QTemporaryDir>
 #include <QTimer>
 
 #include <gmock/gmock.h>
 
 #include "desktop/qt_messages.h"
+#include "desktop/session/application.h"
 
 namespace {
 
@@ -25,10 +25,10 @@ int main(int argc, char** argv) {
         [](const QString& text) { ADD_FAILURE() << "Qt says: " << text.toStdString(); });
     // Nothing of the user's is read or written.
     const QTemporaryDir own;
-    for (const char* const folder : {"XDG_CONFIG_HOME", "XDG_CACHE_HOME"}) {
+    for (const char* const folder : {"XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"}) {
         qputenv(folder, own.path().toLocal8Bit());
     }
-    const QApplication app(argc, argv);
+    const orvik::Application app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QCoreApplication::setApplicationVersion(QStringLiteral("7.8.9"));
     testing::UnitTest::GetInstance()->listeners().Append(new LoopsGoOn);

@@ -15,6 +15,9 @@
 
 #include "app/run_time_error.h"
 #include "desktop/session/autostart.h"
+#include "desktop/windows/form1_window.h"
+#include "desktop/windows/small_windows.h"
+#include "platform/system_files.h"
 
 namespace orvik {
 namespace {
@@ -36,6 +39,7 @@ class QtPlatformTest : public testing::Test {
             auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             said = box->text();
             title = box->windowTitle();
+            sign = box->icon();
             buttons = box->standardButtons();
             box->close();
         });
@@ -45,11 +49,22 @@ class QtPlatformTest : public testing::Test {
     // Before the platform looks for the settings.
     const bool own_settings = qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
     Desktop desktop;
-    QtPlatform platform{desktop};
+    SystemFiles files{false};
+    RecentBooks books;
+    QtPlatform platform{desktop, files, books};
     QString said;
     QString title;
     QMessageBox::StandardButtons buttons;
+    QMessageBox::Icon sign = QMessageBox::NoIcon;
 };
+
+TEST_F(QtPlatformTest, TheLastBooksGoWithTheSettings) {
+    books.Add("/b/book.ldif");
+    platform.SaveSetting("Settings", "Open", "1");
+    platform.DeleteSettings();
+    EXPECT_EQ(platform.GetSetting("Settings", "Open"), std::nullopt);
+    EXPECT_TRUE(books.Books().empty());
+}
 
 TEST_F(QtPlatformTest, ABoxShowsItsTextAsItIs) {
     const MessageBox box{"a <b>\r\n\xFC", "Save?", Buttons::YesNoCancel, Icon::Question};
@@ -59,6 +74,9 @@ TEST_F(QtPlatformTest, ABoxShowsItsTextAsItIs) {
         EXPECT_EQ(shown.windowTitle(), QStringLiteral("Save?"));
         EXPECT_EQ(shown.icon(), QMessageBox::Question);
         EXPECT_EQ(shown.windowModality(), Qt::WindowModal);
+        for (const QAbstractButton* const button : shown.buttons()) {
+            EXPECT_TRUE(button->icon().isNull());
+        }
         EXPECT_EQ(shown.standardButtons(),
                   QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         shown.close();
@@ -112,8 +130,20 @@ TEST_F(QtPlatformTest, AnExportReplacesNoFileUnasked) {
     std::ofstream(out) << "older";
     CloseNextBox();
     EXPECT_FALSE(platform.MayExport(book, out));
-    EXPECT_EQ(said, QStringLiteral("out.csv already exists.\nDo you want to replace it?"));
+    EXPECT_EQ(
+        said,
+        QStringLiteral("out.csv already exists.\nIf you replace it, what is in it now is lost."));
     EXPECT_EQ(buttons, QMessageBox::Yes | QMessageBox::No);
+    const std::string odd = folder.path().toStdString() + "/<b>\n\xE2\x80\xAE.csv";
+    std::ofstream(odd) << "older";
+    CloseNextBox();
+    EXPECT_FALSE(platform.MayExport(book, odd));
+    // Qt would not find it.
+    std::filesystem::remove(odd);
+    EXPECT_EQ(
+        said,
+        QStringLiteral(
+            "<b>\\x0A\\u202E.csv already exists.\nIf you replace it, what is in it now is lost."));
 }
 
 TEST_F(QtPlatformTest, ABookIsNotExportedOverItself) {
@@ -132,6 +162,38 @@ TEST_F(QtPlatformTest, AFailureIsToldWithItsNumber) {
     EXPECT_EQ(said, QStringLiteral("Run-time error '5':\n\nInvalid procedure call or argument"));
     EXPECT_EQ(title, QStringLiteral("Orvik"));
     EXPECT_EQ(buttons, QMessageBox::Ok);
+}
+
+TEST_F(QtPlatformTest, BoxesOfFailuresCarryAWarning) {
+    const struct {
+        MessageBox Box;
+        QMessageBox::Icon Expected;
+    } rows[] = {
+        {{.Text = "done", .Title = "Orvik"}, QMessageBox::NoIcon},
+        {{.Text = "really?",
+          .Title = "Orvik",
+          .Choice = Buttons::YesNo,
+          .Sign = Icon::Question,
+          .About = Matter::Failed},
+         QMessageBox::Question},
+        {{.Text = "gone", .Title = "53", .Cause = Failure::FileNotFound}, QMessageBox::Warning},
+        {{.Text = "not done", .Title = "Orvik", .About = Matter::Failed}, QMessageBox::Warning},
+        {{.Text = "too long", .Title = "Error", .About = Matter::TextTooLong},
+         QMessageBox::Warning},
+        {{.Text = "what is it?",
+          .Title = "Error",
+          .Choice = Buttons::YesNo,
+          .About = Matter::UnknownFormat},
+         QMessageBox::Warning},
+    };
+    for (const auto& row : rows) {
+        CloseNextBox();
+        platform.ShowBox(row.Box);
+        EXPECT_EQ(sign, row.Expected) << row.Box.Text;
+    }
+    CloseNextBox();
+    platform.ReportFailure(RunTimeError(Failure::DiskFull));
+    EXPECT_EQ(sign, QMessageBox::Warning);
 }
 
 // The help's window says so; the program has no box for it.
@@ -180,6 +242,28 @@ TEST_F(QtPlatformTest, ThereAreNoLinksInOtherFolders) {
 TEST_F(QtPlatformTest, TheProgramIsNamedAfterItsFile) {
     EXPECT_EQ(platform.ProgramName(), "orvik-desktop-tests");
     EXPECT_FALSE(platform.ProgramFolder().ends_with('/'));
+}
+
+TEST_F(QtPlatformTest, TheExportOpensWhereTheMainWindowWas) {
+    Program program(platform, files);
+    Form1Window main(program.module, desktop, books);
+    Form4& form = program.module.form4;
+    const auto other = MakeWindow(program.module, form, desktop, &main);
+    main.move(130, 70);
+    platform.ShowForm(program.form1, Showing::Modeless);
+    platform.ShowForm(form, Showing::Modeless);
+    platform.HideForm(program.form1);
+    EXPECT_EQ(other->pos(), QPoint(130, 70));
+    // Each comes back where it was.
+    other->move(20, 30);
+    for (int turn = 0; turn < 2; ++turn) {
+        platform.ShowForm(program.form1, Showing::Modeless);
+        platform.HideForm(form);
+        EXPECT_EQ(main.pos(), QPoint(130, 70));
+        platform.ShowForm(form, Showing::Modeless);
+        platform.HideForm(program.form1);
+        EXPECT_EQ(other->pos(), QPoint(20, 30));
+    }
 }
 
 }  // namespace

@@ -20,3 +20,5 @@ for window in "${found[@]}"; do
     quit "$window" "$(xdotool getwindowpid "$window")"
 done
 [ -s "$XDG_STATE_HOME/orvik/window.conf" ] || fail "the window's place was not kept"
+[ "$(stat -c %a "$XDG_STATE_HOME/orvik/books")" = 600 ] || fail "others can read the last books"
+grep -q "file://$work/book.ldif" "$XDG_DATA_HOME/recently-used.xbel" || fail "the desktop was not told"

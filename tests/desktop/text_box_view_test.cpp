@@ -3,15 +3,18 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QTest>
 #include <QTextDocument>
 #include <QUrl>
+#include <QVBoxLayout>
 #include <memory>
 #include <string>
 
 #include <gtest/gtest.h>
 
+#include "desktop/text/colours.h"
 #include "desktop/text/system_clipboard.h"
 
 namespace orvik {
@@ -306,6 +309,33 @@ TEST_F(TextBoxViewTest, ATextThatMayNotBecomeUtf8StaysAsItIs) {
     Sync();
     EXPECT_EQ(view.encoding(), Encoding::Windows1252);
     EXPECT_EQ(Shown(), QStringLiteral("\u00FC"));
+}
+
+TEST_F(TextBoxViewTest, TheBoxWithTheFocusHasAFrameOfItsOwn) {
+    QWidget window;
+    QVBoxLayout column(&window);
+    QLineEdit other;
+    column.addWidget(&view);
+    column.addWidget(&other);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto edge = [this] {
+        return view.grab().toImage().pixelColor(view.width() / 2, view.height() - 1);
+    };
+    for (const bool single_line : {false, true}) {
+        other.setFocus();
+        const QColor without = edge();
+        view.setFocus();
+        EXPECT_EQ(edge(), FocusColour(view.palette()));
+        EXPECT_NE(edge(), without);
+        other.setFocus();
+        EXPECT_EQ(edge(), without);
+        if (!single_line) {
+            view.setSingleLine(10);
+        }
+    }
+    view.setParent(nullptr);
 }
 
 }  // namespace

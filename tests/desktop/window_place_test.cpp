@@ -80,5 +80,39 @@ TEST_F(WindowPlaceTest, TheFileIsInTheFolderForStates) {
     qunsetenv("XDG_STATE_HOME");
 }
 
+TEST_F(WindowPlaceTest, AWindowIsPutOverAnotherOne) {
+    QWidget below;
+    below.setGeometry(60, 70, 320, 240);
+    below.show();
+    QWidget window;
+    window.resize(200, 100);
+    PlaceOver(window, below);
+    window.show();
+    EXPECT_EQ(window.pos(), below.pos());
+    // All of it stays on the screen, also where it is the larger one.
+    const QRect screen = below.screen()->availableGeometry();
+    below.move(screen.right() - 50, screen.bottom() - 50);
+    QWidget other;
+    other.resize(400, 300);
+    PlaceOver(other, below);
+    other.show();
+    EXPECT_TRUE(screen.contains(other.frameGeometry()));
+}
+
+TEST_F(WindowPlaceTest, AFolderIsKeptBesideThePlace) {
+    QWidget window;
+    window.setGeometry(40, 50, 320, 240);
+    window.show();
+    EXPECT_EQ(KeptFolder(file), QString());
+    KeepFolder(folder.path(), file);
+    KeepPlace(window, file);
+    EXPECT_EQ(KeptFolder(file), folder.path());
+    for (const QString& none :
+         {folder.filePath(QStringLiteral("gone")), QStringLiteral("."), QString()}) {
+        KeepFolder(none, file);
+        EXPECT_EQ(KeptFolder(file), QString()) << none.toStdString();
+    }
+}
+
 }  // namespace
 }  // namespace orvik

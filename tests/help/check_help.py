@@ -54,6 +54,8 @@ class Page(html.parser.HTMLParser):
             self.pictures.append(attrs["src"])
             if not attrs.get("alt"):
                 problem(f"{self.name}: {attrs['src']} without a description")
+            if "width" in attrs:
+                problem(f"{self.name}: {attrs['src']} would not fit a narrow window")
 
     def handle_endtag(self, tag):
         if not self.open or self.open.pop() != tag:
@@ -85,6 +87,11 @@ def check_pages(root, pages):
         for picture in page.pictures:
             if picture not in files:
                 problem(f"{page.name}: no file {picture}")
+            stem, _, ending = picture.rpartition(".")
+            # The viewer chooses the one for the palette and the screen.
+            for variant in ("-dark", "@2x", "-dark@2x") if ending == "png" else ():
+                if not (root / "docs/screenshots" / f"{stem}{variant}.png").exists():
+                    problem(f"{page.name}: no file {stem}{variant}.png")
 
 
 def check_project(root, pages):
@@ -112,8 +119,8 @@ def check_project(root, pages):
 
 LITERAL = r'"(?:[^"\\]|\\.)*"'
 # What a message is made of besides fixed text: numbers, names, and texts found elsewhere in it.
-VARIABLE = {"Number", "Text", "Title", "answered", "box", "const", "count", "data", "dialog", "failure",
-            "file_", "key", "list", "no_text", "problem", "std", "string", "text", "to_string", "what"}
+VARIABLE = {"Number", "Text", "Title", "answered", "box", "const", "copy", "count", "data", "Detail", "dialog",
+            "failure", "file_", "keeper", "key", "kind", "list", "no_text", "problem", "std", "string", "text", "to_string", "what"}
 
 
 def unquote(literal):
@@ -168,9 +175,11 @@ def messages(root):
             continue
         if path.name == "run_time_error.cpp":
             found += [(path, text) for text in literals(code) if not text.startswith("app/")]
-        for call in re.finditer(r"\b(?:Tell|Ask|OfferSave|Fail|Note|Report)\(|\{\.Text = ", code):
+        for call in re.finditer(r"\bRunTimeError\([\w:]+(?:\(\w+\))?,", code):
+            found += [(path, text) for text in literals(arguments(code, call.end()))]
+        for call in re.finditer(r"\b(?:Tell|TellFailed|Ask(?!\(\{)|OfferSave|Fail|Note|Waits|Report)\(|\{\.Text = ", code):
             argument = arguments(code, call.end())
-            if re.match(r"\s*(?:const )?(?:std::string(?:_view)?[ &]|RunTimeError)", argument) or not argument:
+            if re.match(r"\s*(?:const )?(?:std::string(?:_view)?[ &]|RunTimeError|MessageBox)", argument) or not argument:
                 continue  # a declaration
             found += [(path, text) for text in literals(argument)]
             for name in re.findall(r"[A-Za-z_]\w*", re.sub(LITERAL, "", argument)):

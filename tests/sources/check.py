@@ -11,6 +11,7 @@ import sys
 sys.dont_write_bytecode = True
 
 import dependencies
+import disk
 import engine
 import files
 import handlers
@@ -32,6 +33,7 @@ RULES = {
     "names": includes.names,
     "qt": includes.qt,
     "system": includes.system,
+    "disk": disk.disk,
     "dependencies": dependencies.dependencies,
     "handlers": handlers.handlers,
     "paths": paths.paths,

@@ -15,6 +15,22 @@ void Actor::RunHandler(Form& /*form*/, const NamedHandler& handler) {
     module().RunCommand(handler);
 }
 
+bool Actor::EditEntry(std::size_t row, const std::string& address, const std::string& nickname) {
+    if (row >= module().form1.EntryRows()) {
+        return false;
+    }
+    module().form1.EditEntry(row, address, nickname);
+    return true;
+}
+
+bool Actor::DeleteEntries(const std::vector<std::size_t>& rows) {
+    if (rows.back() >= module().form1.EntryRows()) {
+        return false;
+    }
+    module().form1.DeleteEntries(rows);
+    return true;
+}
+
 void Actor::Undo() {
     module().RunEvent([this] { module().history.Undo(); });
 }

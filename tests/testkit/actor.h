@@ -54,6 +54,11 @@ class Actor {
     virtual void ChooseItem(const Target& target, ComboBox& combo, const std::string& item);
     virtual void Click(Form& form);
     virtual void DoubleClick(const Target& target);
+    // Both return false if a row is not there; a refused entry changes nothing.
+    virtual bool EditEntry(std::size_t row,
+                           const std::string& address,
+                           const std::string& nickname);
+    virtual bool DeleteEntries(const std::vector<std::size_t>& rows);
     virtual void Undo();
     virtual void Redo();
     virtual void ReleaseKey(Form& form, int key_code);

@@ -36,6 +36,8 @@ const std::vector<Scenario::Statement>& Scenario::Statements() {
         {"key", 3, 3, &Scenario::ReleaseKey},
         {"close", 2, 2, &Scenario::CloseForm},
         {"resize", 4, 4, &Scenario::ResizeForm},
+        {"edit-entry", 4, 4, &Scenario::EditEntry},
+        {"delete-entries", 2, 2, &Scenario::DeleteEntries},
         {"undo", 1, 1, &Scenario::Undo},
         {"redo", 1, 1, &Scenario::Redo},
         {"work", 3, 3, &Scenario::PutWork},

@@ -64,6 +64,8 @@ class Scenario {
     void ResizeForm(const Words& words);
     void ClickForm(const Words& words);
     void DoubleClick(const Words& words);
+    void EditEntry(const Words& words);
+    void DeleteEntries(const Words& words);
     void Undo(const Words& words);
     void Redo(const Words& words);
     void PutWork(const Words& words);

@@ -39,15 +39,12 @@ void Expect(bool holds, const std::string& message) {
     }
 }
 
-// The rows of a list that "0,2" names.
-std::vector<std::size_t> ParseRows(std::string_view rows, const ListBox& list) {
+// The rows that "0,2" names.
+std::vector<std::size_t> ParseRows(std::string_view rows) {
     std::vector<std::size_t> parsed;
     while (!rows.empty()) {
         const std::size_t end = std::min(rows.find(','), rows.size());
         parsed.push_back(ParseCount(rows.substr(0, end)));
-        if (parsed.back() >= list.Items().size()) {
-            throw ScenarioError("the list has no row " + std::to_string(parsed.back()));
-        }
         rows.remove_prefix(std::min(end + 1, rows.size()));
     }
     return parsed;
@@ -159,7 +156,11 @@ void Scenario::SetControl(const Words& words) {
         actor_.ChooseItem(target, combo, value);
     } else {
         ListBox& list = As<ListBox>(target);
-        actor_.SelectRows(target, list, ParseRows(value, list));
+        const std::vector<std::size_t> rows = ParseRows(value);
+        for (const std::size_t row : rows) {
+            Expect(row < list.Items().size(), "the list has no row " + std::to_string(row));
+        }
+        actor_.SelectRows(target, list, rows);
     }
 }
 
@@ -191,6 +192,19 @@ void Scenario::ClickForm(const Words& words) {
 
 void Scenario::DoubleClick(const Words& words) {
     actor_.DoubleClick(FindControl(words[1]));
+}
+
+void Scenario::EditEntry(const Words& words) {
+    Expect(actor_.EditEntry(ParseCount(words[1]), words[2], words[3]),
+           "the book has no row " + words[1]);
+}
+
+void Scenario::DeleteEntries(const Words& words) {
+    std::vector<std::size_t> rows = ParseRows(words[1]);
+    Expect(!rows.empty(), "delete-entries takes rows");
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    Expect(actor_.DeleteEntries(rows), "the book has no row " + std::to_string(rows.back()));
 }
 
 void Scenario::Undo(const Words& /*words*/) {

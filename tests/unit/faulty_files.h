@@ -9,29 +9,32 @@
 #include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "platform/system_files.h"
 
 namespace orvik::test {
 
-// Counts calls. The call with this number returns an error, or, without one, writes or reads but
-// one byte.
+// Counts calls. The call with this number, and the second one if it has any, returns an error, or,
+// without one, writes or reads but one byte.
 struct Fault {
     std::size_t Call = 0;
+    std::size_t Second = 0;
     std::error_code Error;
     std::size_t Calls = 0;
-    std::string Failed;  // the name of the call that went wrong
+    std::string Failed;  // the names of the calls that went wrong, joined by "+"
 
-    // Whether this call is the one.
-    bool Hits(const char* name) {
-        const bool hit = ++Calls == Call;
+    // Whether this call is one of them.
+    bool Hits(const std::string& name) {
+        ++Calls;
+        const bool hit = Calls == Call || Calls == Second;
         if (hit) {
-            Failed = name;
+            Failed.append(Failed.empty() ? "" : "+").append(name);
         }
         return hit;
     }
     template <class Call_>
-    std::error_code Pass(const char* name, const Call_& call) {
+    std::error_code Pass(const std::string& name, const Call_& call) {
         return Hits(name) && Error ? Error : call();
     }
 };
@@ -56,10 +59,27 @@ class FaultyInput : public InputFile {
     Fault& fault_;
 };
 
+// The calls of one kind of files, which stands before their names.
+class FaultOfKind {
+ public:
+    FaultOfKind(Fault& fault, std::string kind)
+        : Error(fault.Error), fault_(fault), kind_(std::move(kind)) {}
+    const std::error_code& Error;
+    bool Hits(const char* name) { return fault_.Hits(kind_ + name); }
+    template <class Call>
+    std::error_code Pass(const char* name, const Call& call) {
+        return fault_.Pass(kind_ + name, call);
+    }
+
+ private:
+    Fault& fault_;
+    std::string kind_;
+};
+
 class FaultyOutput : public OutputFile {
  public:
-    FaultyOutput(std::unique_ptr<OutputFile> file, Fault& fault)
-        : file_(std::move(file)), fault_(fault) {}
+    FaultyOutput(std::unique_ptr<OutputFile> file, FaultOfKind fault)
+        : file_(std::move(file)), fault_(std::move(fault)) {}
     std::error_code Write(std::string_view bytes, std::size_t& written) override {
         if (fault_.Hits("Write")) {
             return fault_.Error ? fault_.Error : file_->Write(bytes.substr(0, 1), written);
@@ -69,9 +89,9 @@ class FaultyOutput : public OutputFile {
     std::error_code SetLength(std::uint64_t length) override {
         return fault_.Pass("SetLength", [&] { return file_->SetLength(length); });
     }
-    std::error_code TakeAttributesOf(InputFile& other) override {
+    std::error_code TakeAttributesOf(InputFile& other, bool& all_kept) override {
         return fault_.Pass("TakeAttributesOf", [&] {
-            return file_->TakeAttributesOf(dynamic_cast<FaultyInput&>(other).Real());
+            return file_->TakeAttributesOf(dynamic_cast<FaultyInput&>(other).Real(), all_kept);
         });
     }
     std::error_code Sync() override {
@@ -86,7 +106,7 @@ class FaultyOutput : public OutputFile {
 
  private:
     std::unique_ptr<OutputFile> file_;
-    Fault& fault_;
+    FaultOfKind fault_;
 };
 
 class FaultyFiles : public SystemFiles {
@@ -94,7 +114,9 @@ class FaultyFiles : public SystemFiles {
     FaultyFiles() : SystemFiles(false) {}
 
     Fault fault;
+    Path state_folder;  // none
 
+    Path StateFolder() override { return state_folder; }
     std::error_code Status(const Path& path, FileStatus& status) override {
         return fault.Pass("Status", [&] { return SystemFiles::Status(path, status); });
     }
@@ -109,13 +131,13 @@ class FaultyFiles : public SystemFiles {
     }
     std::error_code OpenToWrite(const Path& path, std::unique_ptr<OutputFile>& file) override {
         return fault.Pass("OpenToWrite",
-                          [&] { return Wrap(SystemFiles::OpenToWrite(path, file), file); });
+                          [&] { return Wrap(SystemFiles::OpenToWrite(path, file), file, ""); });
     }
     std::error_code CreateUnseen(const Path& folder,
                                  bool only_mine,
                                  std::unique_ptr<OutputFile>& file) override {
         return fault.Pass("CreateUnseen", [&] {
-            return Wrap(SystemFiles::CreateUnseen(folder, only_mine, file), file);
+            return Wrap(SystemFiles::CreateUnseen(folder, only_mine, file), file, "new ");
         });
     }
     std::error_code Rename(const Path& from, const Path& to) override {
@@ -135,11 +157,18 @@ class FaultyFiles : public SystemFiles {
                          std::unique_ptr<FolderLock>& lock) override {
         return fault.Pass("Lock", [&] { return SystemFiles::Lock(folder, longest, lock); });
     }
+    std::error_code List(const Path& folder,
+                         std::string_view beginning,
+                         std::vector<FolderEntry>& entries) override {
+        return fault.Pass("List", [&] { return SystemFiles::List(folder, beginning, entries); });
+    }
 
  private:
-    std::error_code Wrap(std::error_code error, std::unique_ptr<OutputFile>& file) {
+    std::error_code Wrap(std::error_code error,
+                         std::unique_ptr<OutputFile>& file,
+                         const char* kind) {
         if (!error) {
-            file = std::make_unique<FaultyOutput>(std::move(file), fault);
+            file = std::make_unique<FaultyOutput>(std::move(file), FaultOfKind(fault, kind));
         }
         return error;
     }

@@ -104,9 +104,13 @@ QByteArray HelpBook::data(const QUrl& page) const {
     return engine_->fileData(page.adjusted(QUrl::RemoveFragment));
 }
 
+QStringList HelpBook::words(const QString& typed) {
+    return typed.split(u' ', Qt::SkipEmptyParts);
+}
+
 // The pages are few and short: they are read faster than an index of them is opened.
-QList<HelpBook::Hit> HelpBook::search(const QString& words) const {
-    const QStringList wanted = words.split(u' ', Qt::SkipEmptyParts);
+QList<HelpBook::Hit> HelpBook::search(const QString& typed) const {
+    const QStringList wanted = words(typed);
     const auto is_in = [](const QString& text) {
         return [&text](const QString& word) { return text.contains(word, Qt::CaseInsensitive); };
     };

@@ -46,8 +46,10 @@ class HelpBook {
     [[nodiscard]] static QUrl page(const QString& topic);
     // The bytes of a page or a picture, empty if it is not there.
     [[nodiscard]] QByteArray data(const QUrl& page) const;
+    // The words that are searched for what was typed.
+    [[nodiscard]] static QStringList words(const QString& typed);
     // The pages that hold all the words, those with one in the title first; none without a word.
-    [[nodiscard]] QList<Hit> search(const QString& words) const;
+    [[nodiscard]] QList<Hit> search(const QString& typed) const;
 
  private:
     bool open(const QString& folder);

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <QtHelp/QHelpContentWidget>
@@ -25,6 +26,8 @@ QTabWidget* HelpWindow::makePanes() {
     panes->addTab(book_ == nullptr ? new QWidget(panes) : makeContents(), tr("&Contents"));
     panes->addTab(book_ == nullptr ? new QWidget(panes) : makeIndex(), tr("&Index"));
     panes->addTab(book_ == nullptr ? new QWidget(panes) : makeSearch(), tr("&Search"));
+    panes->tabBar()->installEventFilter(this);
+    connect(panes, &QTabWidget::currentChanged, this, &HelpWindow::markWords);
     return panes;
 }
 
@@ -58,6 +61,7 @@ QWidget* HelpWindow::makeContents() {
     auto* const version =
         new QLabel(tr("Orvik, version %1").arg(QCoreApplication::applicationVersion()), pane);
     version->setObjectName(QStringLiteral("version"));
+    version->setTextFormat(Qt::PlainText);
     column->addWidget(version);
     pane->setFocusProxy(contents);
     return pane;
@@ -96,7 +100,7 @@ QWidget* HelpWindow::makeIndex() {
 QWidget* HelpWindow::makeSearch() {
     auto* const pane = new QWidget(this);
     auto* const column = new QVBoxLayout(pane);
-    auto* const words = new QLineEdit(pane);
+    auto* const words = search_words_ = new QLineEdit(pane);
     auto* const hits = new QListWidget(pane);
     auto* const found = new QLabel(pane);
     words->setObjectName(QStringLiteral("searchWords"));
@@ -105,6 +109,7 @@ QWidget* HelpWindow::makeSearch() {
     words->setClearButtonEnabled(true);
     hits->setObjectName(QStringLiteral("hits"));
     hits->setAccessibleName(tr("Pages found"));
+    found->setTextFormat(Qt::PlainText);
     found->setWordWrap(true);
     column->addWidget(words);
     column->addWidget(hits);
@@ -119,9 +124,11 @@ QWidget* HelpWindow::makeSearch() {
         found->setText(text.trimmed().isEmpty() ? QString()
                        : hits->count() == 0     ? tr("No page has all these words.")
                                                 : tr("Pages found: %1").arg(hits->count()));
+        markWords();
     });
     const auto open = [this](const QListWidgetItem* row) {
         page_->showPage(row->data(Qt::UserRole).toUrl());
+        page_->scrollToFirstMark();
     };
     connect(hits, &QListWidget::itemClicked, page_, open);
     connect(hits, &QListWidget::itemActivated, page_, open);
@@ -131,6 +138,12 @@ QWidget* HelpWindow::makeSearch() {
         }
     });
     return pane;
+}
+
+void HelpWindow::markWords() {
+    const bool searching = search_words_ != nullptr && panes_ != nullptr &&
+                           panes_->currentWidget()->isAncestorOf(search_words_);
+    page_->mark(searching ? HelpBook::words(search_words_->text()) : QStringList());
 }
 
 }  // namespace orvik

@@ -9,6 +9,7 @@
 
 #include "desktop/help/help_book.h"
 #include "desktop/help/help_window.h"
+#include "desktop/text/plain_text.h"
 #include "desktop/text/text_codec.h"
 
 namespace orvik {
@@ -19,7 +20,7 @@ QString Translated(const char* text) {
 }
 
 QString Item(const QString& text) {
-    return QStringLiteral("<li>%1</li>").arg(text.toHtmlEscaped());
+    return QStringLiteral("<li>%1</li>").arg(ShownName(text).toHtmlEscaped());
 }
 
 }  // namespace
@@ -80,7 +81,7 @@ HelpBook* HelpViewer::open(const QString& asked, QString& body) {
         body = Translated(
                    "<p>The help file <b>%1</b> is missing. Looked for were:</p><ul>%2</ul>"
                    "<p>Installing Orvik again brings it back.</p>")
-                   .arg(asked.toHtmlEscaped(), list);
+                   .arg(ShownName(asked).toHtmlEscaped(), list);
         return nullptr;
     }
     if (book_ == nullptr || !book_->problem().isEmpty()) {
@@ -90,7 +91,7 @@ HelpBook* HelpViewer::open(const QString& asked, QString& body) {
         body = Translated(
                    "<p>The help file <b>%1</b> cannot be read:</p><ul>%2</ul>"
                    "<p>Installing Orvik again may help.</p>")
-                   .arg(place->toHtmlEscaped(), Item(book_->problem()));
+                   .arg(ShownName(*place).toHtmlEscaped(), Item(book_->problem()));
         return nullptr;
     }
     return book_.get();

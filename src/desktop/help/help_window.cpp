@@ -1,10 +1,8 @@
 #include "desktop/help/help_window.h"
 
 #include <QAction>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QSplitter>
-#include <QStyle>
 #include <QTabWidget>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -68,47 +66,32 @@ HelpWindow::HelpWindow(HelpBook* book, Kind kind)
     });
 }
 
+// In words alone: not every one has a picture that all desktops know.
 void HelpWindow::addActions(QToolBar& bar) {
-    const auto add = [&](const QString& text,
-                         const char* icon,
-                         QStyle::StandardPixmap fallback,
-                         const QList<QKeySequence>& keys,
-                         auto&& act) {
-        const QIcon plain =
-            fallback == QStyle::SP_CustomBase ? QIcon() : style()->standardIcon(fallback);
-        QAction* const action =
-            bar.addAction(QIcon::fromTheme(QString::fromLatin1(icon), plain), text, this, act);
+    const auto add = [&](const QString& text, const QList<QKeySequence>& keys, auto&& act) {
+        QAction* const action = bar.addAction(text, this, act);
         action->setShortcuts(keys);
         addAction(action);
         return action;
     };
-    const auto none = QStyle::SP_CustomBase;
-    bar.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    QAction* const back = add(tr("Back"),
-                              "go-previous",
-                              QStyle::SP_ArrowBack,
-                              QKeySequence::keyBindings(QKeySequence::Back),
-                              [this] { page_->backward(); });
+    bar.setToolButtonStyle(Qt::ToolButtonTextOnly);
+    // Who hid it would have nothing to bring it back with.
+    bar.setMovable(false);
+    bar.toggleViewAction()->setVisible(false);
+    QAction* const back = add(
+        tr("Back"), QKeySequence::keyBindings(QKeySequence::Back), [this] { page_->backward(); });
     QAction* const forward = add(tr("Forward"),
-                                 "go-next",
-                                 QStyle::SP_ArrowForward,
                                  QKeySequence::keyBindings(QKeySequence::Forward),
                                  [this] { page_->forward(); });
-    QAction* const first = add(tr("First page"),
-                               "go-home",
-                               QStyle::SP_DirHomeIcon,
-                               {QKeySequence(Qt::ALT | Qt::Key_Home)},
-                               [this] { showTopic(QStringLiteral("index.html")); });
-    bar.addSeparator();
-    add(tr("Larger"), "zoom-in", none, QKeySequence::keyBindings(QKeySequence::ZoomIn), [this] {
-        page_->zoomIn();
+    QAction* const first = add(tr("First page"), {QKeySequence(Qt::ALT | Qt::Key_Home)}, [this] {
+        showTopic(QStringLiteral("index.html"));
     });
-    add(tr("Smaller"), "zoom-out", none, QKeySequence::keyBindings(QKeySequence::ZoomOut), [this] {
+    bar.addSeparator();
+    add(tr("Larger"), QKeySequence::keyBindings(QKeySequence::ZoomIn), [this] { page_->zoomIn(); });
+    add(tr("Smaller"), QKeySequence::keyBindings(QKeySequence::ZoomOut), [this] {
         page_->zoomOut();
     });
-    add(tr("Normal size"), "zoom-original", none, {QKeySequence(Qt::CTRL | Qt::Key_0)}, [this] {
-        page_->resetZoom();
-    });
+    add(tr("Normal size"), {QKeySequence(Qt::CTRL | Qt::Key_0)}, [this] { page_->resetZoom(); });
     bar.addSeparator();
     bar.addAction(&find_bar_->findAction());
     back->setEnabled(false);
@@ -171,9 +154,20 @@ void HelpWindow::keyPressEvent(QKeyEvent* event) {
         QMainWindow::keyPressEvent(event);
     } else if (!find_bar_->isHidden()) {
         closeFind();
-    } else if (kind_ == Kind::PageAlone) {
+    } else {
         close();
     }
+}
+
+bool HelpWindow::eventFilter(QObject* receiver, QEvent* event) {
+    if (event->type() == QEvent::Shortcut) {
+        // The tab comes to the front first.
+        QMetaObject::invokeMethod(
+            this,
+            [this] { panes_->currentWidget()->setFocus(Qt::ShortcutFocusReason); },
+            Qt::QueuedConnection);
+    }
+    return QMainWindow::eventFilter(receiver, event);
 }
 
 }  // namespace orvik

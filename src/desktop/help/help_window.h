@@ -7,7 +7,7 @@
 
 #include "desktop/views/find_bar.h"
 
-class QListWidget;
+class QLineEdit;
 class QTabWidget;
 class QToolBar;
 
@@ -36,6 +36,8 @@ class HelpWindow : public QMainWindow {
 
  protected:
     void keyPressEvent(QKeyEvent* event) override;
+    // The key of a tab leads to what stands in it, also where the tab is in front already.
+    bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
     void addActions(QToolBar& bar);
@@ -43,6 +45,8 @@ class HelpWindow : public QMainWindow {
     [[nodiscard]] QWidget* makeContents();
     [[nodiscard]] QWidget* makeIndex();
     [[nodiscard]] QWidget* makeSearch();
+    // While the search is in front, what it looks for is marked in the page.
+    void markWords();
     void showPane(int number);
     void bringToFront();
     void find(FindBar::Step step);
@@ -52,6 +56,7 @@ class HelpWindow : public QMainWindow {
     Kind kind_;
     HelpBrowser* page_;
     QTabWidget* panes_ = nullptr;
+    QLineEdit* search_words_ = nullptr;
     FindBar* find_bar_ = nullptr;
 };
 

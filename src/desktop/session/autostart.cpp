@@ -1,11 +1,12 @@
 #include "desktop/session/autostart.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <algorithm>
+#include <string>
+
+#include "app/book_file.h"
+#include "app/run_time_error.h"
 
 namespace orvik {
 namespace {
@@ -44,6 +45,10 @@ QString Value(QString text) {
     return text.startsWith(u' ') ? QStringLiteral("\\s") + text.mid(1) : text;
 }
 
+std::string EntryOf(const QString& name) {
+    return QFile::encodeName(AutostartFile(name)).toStdString();
+}
+
 }  // namespace
 
 QString ExecLine(const QStringList& command) {
@@ -78,21 +83,26 @@ QString AutostartFile(const QString& name) {
            QStringLiteral("/autostart/") + name + QStringLiteral(".desktop");
 }
 
-bool CreateAutostart(const QString& name, const QStringList& command) {
-    const QString file_name = AutostartFile(name);
+bool CreateAutostart(FileSystem& files, const QString& name, const QStringList& command) {
     // An entry is UTF-8, and so are the names in it.
-    const bool nameable = !command.front().contains(QChar::ReplacementCharacter);
-    if (name.contains(u'/') || !nameable || !QDir().mkpath(QFileInfo(file_name).path())) {
+    if (name.contains(u'/') || command.front().contains(QChar::ReplacementCharacter)) {
         return false;
     }
-    const QByteArray entry = AutostartEntry(name, command);
-    QSaveFile file(file_name);
-    return file.open(QFile::WriteOnly) && file.write(entry) == entry.size() && file.commit();
+    const std::string entry = EntryOf(name);
+    const FileSystem::Path folder = FolderOf(entry);
+    try {
+        CheckFile(files, Persist([&] { return files.CreateFolders(folder); }), folder);
+        ReplaceFile(files, entry, AutostartEntry(name, command).toStdString());
+    } catch (const RunTimeError&) {
+        return false;
+    }
+    return true;
 }
 
-void RemoveAutostart(const QString& name) {
+void RemoveAutostart(FileSystem& files, const QString& name) {
     if (!name.contains(u'/')) {
-        QFile::remove(AutostartFile(name));
+        const std::string entry = EntryOf(name);
+        Persist([&] { return files.Remove(entry); });
     }
 }
 

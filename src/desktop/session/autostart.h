@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "platform/file_system.h"
+
 namespace orvik {
 
 // ExecLine: a command line as the value of a desktop entry's key Exec: quoted where needed, then
@@ -21,7 +23,9 @@ namespace orvik {
 
 // CreateAutostart: writes the entry, in place of an earlier one. Returns whether it is there; a
 // program whose path is no UTF-8 can have none.
-[[nodiscard]] bool CreateAutostart(const QString& name, const QStringList& command);
-void RemoveAutostart(const QString& name);
+[[nodiscard]] bool CreateAutostart(FileSystem& files,
+                                   const QString& name,
+                                   const QStringList& command);
+void RemoveAutostart(FileSystem& files, const QString& name);
 
 }  // namespace orvik

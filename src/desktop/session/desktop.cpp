@@ -1,4 +1,5 @@
 #include "desktop/session/desktop.h"
+#include "app/scope.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -8,6 +9,8 @@
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
+#include <new>
+#include <stdexcept>
 
 namespace orvik {
 namespace {
@@ -87,14 +90,19 @@ bool Desktop::run(const std::function<void()>& event, AtYield at_yield) {
     }
     const bool refused = yielding_ && at_yield == AtYield::Refused;
     if (!refused) {
-        ++running_;
         ++event_;
+        const QScopedValueRollback running(running_, running_ + 1);
+        const OnExit yielded([this] { has_yielded_ = has_yielded_ && running_ > 1; });
         try {
             event();
+        } catch (const std::bad_alloc&) {
+            // The application tells of it, and the program goes on.
+            throw;
+        } catch (const std::length_error&) {
+            throw;
         } catch (...) {
             end_ = std::current_exception();
         }
-        --running_;
     }
     if (hasEnded()) {
         QCoreApplication::exit();
@@ -116,14 +124,32 @@ void Desktop::saveFailed() const {
     }
 }
 
+void Desktop::fileNoted(const std::string& text) const {
+    for (const Entry& entry : entries_) {
+        entry.Window->fileNoted(text);
+    }
+}
+
 void Desktop::syncAll() {
     for (const Entry& entry : entries_) {
         entry.Window->sync();
     }
 }
 
+void Desktop::waits(const std::string& text) {
+    syncAll();
+    for (const Entry& entry : entries_) {
+        entry.Window->waits(text);
+    }
+    paintAll();
+}
+
 void Desktop::repaint() {
     syncAll();
+    paintAll();
+}
+
+void Desktop::paintAll() const {
     for (const Entry& entry : entries_) {
         QWidget& window = entry.Window->window();
         if (window.isVisible()) {
@@ -147,8 +173,16 @@ void Desktop::waitUntilOnScreen(const QWidget& window) {
     }
 }
 
+// A scan yields many times in a millisecond; to show each would take most of its time.
 void Desktop::yield() {
     rethrowEnd();
+    if (frame_event_ == event_ && since_frame_.isValid() &&
+        since_frame_.elapsed() < until_next_frame_.count()) {
+        return;
+    }
+    frame_event_ = event_;
+    has_yielded_ = isRunning();
+    since_frame_.start();
     syncAll();
     if (!yielding_) {
         const QScopedValueRollback yielding(yielding_, true);
@@ -156,6 +190,12 @@ void Desktop::yield() {
         QCoreApplication::processEvents();
         qApp->removeEventFilter(this);
     }
+    // On a slow display the frames take a small part of the time too. A box that was answered
+    // meanwhile is no frame.
+    constexpr int kShare = 10;
+    until_next_frame_ = std::clamp(std::chrono::milliseconds(since_frame_.restart()) * kShare,
+                                   between_frames_,
+                                   between_frames_ * kShare);
     rethrowEnd();
 }
 

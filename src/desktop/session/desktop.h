@@ -2,12 +2,16 @@
 //
 // No exception crosses one of Qt's event loops. run() catches at every slot; what ends the program
 // is remembered, all event loops are told to return, and a nested one (a box, a dialog, a modal
-// window, a yield) throws it again on its way back into the command that opened it.
+// window, a yield) throws it again on its way back into the command that opened it. A lack of
+// memory that no command handled goes on to the application (application.h), which is inside every
+// loop.
 
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QScopedValueRollback>
+#include <chrono>
 #include <cstdint>
 #include <exception>
 #include <functional>
@@ -41,6 +45,10 @@ class View {
     // A file was chosen; what is saved under the name chosen last could not be saved.
     virtual void fileChosen(const std::string& /*name*/) {}
     virtual void saveFailed() {}
+    // Something quiet about the file that was chosen last.
+    virtual void fileNoted(const std::string& /*text*/) {}
+    // What the command waits for, until the next sync.
+    virtual void waits(const std::string& /*text*/) {}
 };
 
 // Whether an event is also taken while a command lets pending events run.
@@ -49,7 +57,11 @@ enum class AtYield { Refused, Taken };
 class Desktop : public QObject {
     Q_OBJECT
  public:
-    Desktop() = default;
+    // While a command runs, the windows are made equal to their forms at a yield, and events taken,
+    // no more often than this: as often as an eye sees it.
+    static constexpr std::chrono::milliseconds kBetweenFrames{50};
+    explicit Desktop(std::chrono::milliseconds between_frames = kBetweenFrames)
+        : between_frames_(between_frames) {}
 
     // The view must stay until the desktop goes or its form is removed.
     void add(const Form& form, View& view);
@@ -69,6 +81,9 @@ class Desktop : public QObject {
     // Tells every view.
     void fileChosen(const std::string& name) const;
     void saveFailed() const;
+    void fileNoted(const std::string& text) const;
+    // Shows it as repaint() shows the forms.
+    void waits(const std::string& text);
 
     void syncAll();
     // Shows the forms as they are now; no event is taken.
@@ -77,10 +92,12 @@ class Desktop : public QObject {
     // that shows it goes on without taking events, and it would stay blank. No event of the user is
     // taken, from wherever it comes.
     void waitUntilOnScreen(const QWidget& window);
-    // Lets pending events run. Of the user's input only what goes to a widget of acceptAtYield, and
-    // the closing of a window, is taken.
+    // Lets pending events run, unless they just did in this command. Of the user's input only what
+    // goes to a widget of acceptAtYield, and the closing of a window, is taken.
     void yield();
     void acceptAtYield(QWidget& widget);
+    // Whether the running command has let events run: of all commands only an extraction does.
+    [[nodiscard]] bool hasYielded() const { return has_yielded_; }
 
     // Runs an event loop, for example a box, in the middle of a command.
     template <class Loop>
@@ -104,6 +121,9 @@ class Desktop : public QObject {
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
+    // Paints what changed.
+    void paintAll() const;
+
     struct Entry {
         const Form* Shown;
         View* Window;
@@ -113,6 +133,11 @@ class Desktop : public QObject {
     std::exception_ptr end_;
     int running_ = 0;
     std::uint64_t event_ = 0;
+    std::chrono::milliseconds between_frames_;
+    std::chrono::milliseconds until_next_frame_{0};
+    QElapsedTimer since_frame_;
+    std::uint64_t frame_event_ = 0;  // the event that the last frame belongs to
+    bool has_yielded_ = false;
     bool yielding_ = false;
     bool waiting_ = false;
 };

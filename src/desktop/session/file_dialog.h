@@ -14,9 +14,13 @@ class QWidget;
 
 namespace orvik {
 
-// NameFilters: a filter's entries for Qt. Patterns ignore case, and "*.*" means every file.
-//   "Text|*.txt|All files|*.*" -> "Text (*.[tT][xX][tT])", "All files (*)"
+// NameFilters: a filter's entries for Qt, which shows what stands before the parentheses. Patterns
+// ignore case, and "*.*" means every file.
+//   "Text|*.txt|All files|*.*" -> "Text: *.txt (*.[tT][xX][tT])", "All files (*)"
 [[nodiscard]] QStringList NameFilters(std::string_view filter);
+
+// AllBooksFilter: an entry for every ending that an address book can have.
+[[nodiscard]] QString AllBooksFilter();
 
 // FilterEnding: the ending of a filter's entry, counted from 1, with its dot; empty for every file.
 //   "Text|*.txt|All files|*.*", 1 -> ".txt"
@@ -38,11 +42,18 @@ namespace orvik {
 // WhyNoFile: why no file can be saved under a name, empty where one can.
 [[nodiscard]] QString WhyNoFile(const QString& name);
 
-// OverwriteQuestion: what the user is asked before a file that exists is saved to.
-[[nodiscard]] QString OverwriteQuestion(const QString& name, Saving way);
+// OverwriteQuestion: what the user is asked before a file that exists is saved to. changed says
+// that another program has changed it since it was opened or saved here.
+[[nodiscard]] QString OverwriteQuestion(const QString& name, Saving way, bool changed);
+
+// MayOverwrite: asks it, with what will be done on the button that does it.
+[[nodiscard]] bool MayOverwrite(const QString& question, Saving way, QWidget* parent);
 
 class FileDialogs {
  public:
+    // The folder outlives the program in the file state (window_place.h).
+    explicit FileDialogs(const QString& state);
+
     // The next dialog starts in this file's folder.
     void rememberFolderOf(const QString& name);
     // Shows a dialog over parent, which may be null. Returns the name, empty when it was cancelled,
@@ -50,7 +61,9 @@ class FileDialogs {
     std::string show(FileDialog& dialog, QWidget* parent);
 
  private:
+    QString state_;
     QString folder_;
+    bool all_books_ = true;  // nobody has chosen a single kind of book yet
 };
 
 }  // namespace orvik

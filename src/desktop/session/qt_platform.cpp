@@ -1,23 +1,25 @@
 #include "desktop/session/qt_platform.h"
 
-#include <sys/stat.h>
-
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QProcess>
+#include <QPushButton>
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
 
+#include "app/book_file.h"
 #include "app/form.h"
 #include "app/messages.h"
 #include "app/run_time_error.h"
 #include "desktop/session/autostart.h"
+#include "desktop/session/long_text.h"
+#include "desktop/text/plain_text.h"
 #include "desktop/text/system_clipboard.h"
 #include "desktop/text/text_codec.h"
-#include "platform/system_files.h"
+#include "desktop/views/control_views.h"
 
 namespace orvik {
 namespace {
@@ -63,27 +65,83 @@ Answer AnswerOf(int button) {
     }
 }
 
+// What tells of a failure has a sign that its box does not ask for.
+QMessageBox::Icon SignOf(const MessageBox& box) {
+    if (box.Sign == Icon::Question) {
+        return QMessageBox::Question;
+    }
+    return box.Cause || box.About != Matter::Other ? QMessageBox::Warning : QMessageBox::NoIcon;
+}
+
 QString ShownText(std::string_view text) {
     return ToLetters(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
 
+// A text with the name of a file in it, if that is not empty.
+QString ShownText(std::string_view text, std::string_view name) {
+    const std::size_t start = name.empty() ? std::string_view::npos : text.find(name);
+    if (start == std::string_view::npos) {
+        return ShownText(text);
+    }
+    return ShownText(text.substr(0, start)) + ShownName(name) +
+           ShownText(text.substr(start + name.size()));
+}
+
 }  // namespace
 
-QtPlatform::QtPlatform(Desktop& desktop)
+QtPlatform::QtPlatform(Desktop& desktop, FileSystem& files, RecentBooks& books)
     : desktop_(desktop),
-      settings_(SettingsStore::UserFile(), [this](const std::string& problem) { tell(problem); }) {}
+      books_(books),
+      files_(files),
+      settings_(
+          files, SettingsStore::UserFile(), [this](const std::string& problem) { tell(problem); }) {
+}
+
+CopyAnswer QtPlatform::OfferCopy(const std::string& book, const std::string& copy) {
+    const QString name = ShownName(book);
+    const QString copy_name = ShownName(copy);
+    return desktop_.nested([&] {
+        QMessageBox box(
+            QMessageBox::Question,
+            ToLetters(kTitle),
+            QObject::tr("A saving of %1 was interrupted. Its old contents stand in "
+                        "%2.\nDo you want to restore them, or to keep the file as it is "
+                        "and remove the copy?")
+                .arg(name, copy_name),
+            QMessageBox::NoButton,
+            desktop_.frontWindow());
+        box.setTextFormat(Qt::PlainText);
+        box.setWindowModality(Qt::WindowModal);
+        const QPushButton* const restore =
+            box.addButton(QObject::tr("&Restore"), QMessageBox::AcceptRole);
+        const QPushButton* const keep =
+            box.addButton(QObject::tr("&Keep as it is"), QMessageBox::DestructiveRole);
+        QPushButton* const later = box.addButton(QObject::tr("&Not now"), QMessageBox::RejectRole);
+        box.setDefaultButton(later);
+        box.setEscapeButton(later);
+        box.exec();
+        return box.clickedButton() == restore ? CopyAnswer::Restore
+               : box.clickedButton() == keep  ? CopyAnswer::Keep
+                                              : CopyAnswer::NotNow;
+    });
+}
 
 Answer QtPlatform::ShowBox(const MessageBox& box) {
-    const std::string text = box.Cause ? box.Text + nameOfUnsaved() : box.Text;
+    std::string text = box.Cause ? box.Text + nameOfUnsaved() : box.Text;
+    if (!box.Detail.empty()) {
+        text += "\r\n\r\n" + box.Detail;
+    }
     return desktop_.nested([&] {
-        QMessageBox shown(box.Sign == Icon::Question ? QMessageBox::Question : QMessageBox::NoIcon,
+        QMessageBox shown(SignOf(box),
                           ShownText(box.Title),
-                          ShownText(text),
+                          ShownText(text, box.FileName),
                           ButtonsOf(box.Choice),
                           desktop_.frontWindow());
         shown.setTextFormat(Qt::PlainText);
         shown.setWindowModality(Qt::WindowModal);
+        LetTextBeRead(shown);
         shown.setEscapeButton(EscapeOf(box.Choice));
+        ShowWordsOnly(shown);
         return AnswerOf(shown.exec());
     });
 }
@@ -102,16 +160,16 @@ std::string QtPlatform::ShowFileDialog(FileDialog& dialog) {
 }
 
 bool QtPlatform::MayExport(const std::string& from, const std::string& to) {
-    if (SystemFiles().IsSame(from, to)) {
+    if (files_.IsSame(from, to)) {
         tell("The address book cannot be exported over itself. Please select another output file.");
         return false;
     }
-    const QFileInfo file(QFile::decodeName(to.c_str()));
-    return !file.isFile() || ShowBox({QFile::encodeName(file.fileName()).toStdString() +
-                                          " already exists.\r\nDo you want to replace it?",
-                                      std::string(kTitle),
-                                      Buttons::YesNo,
-                                      Icon::Question}) == Answer::Yes;
+    const QString name = QFile::decodeName(to.c_str());
+    return markOf(to).Kind != FileKind::Regular || desktop_.nested([&] {
+        return MayOverwrite(OverwriteQuestion(name, Saving::Replaces, false),
+                            Saving::Replaces,
+                            desktop_.frontWindow());
+    });
 }
 
 std::string QtPlatform::ClipboardText() {
@@ -132,6 +190,11 @@ void QtPlatform::SaveSetting(std::string_view section,
     settings_.Save(section, key, value);
 }
 
+void QtPlatform::DeleteSettings() {
+    settings_.Clear();
+    books_.Clear();
+}
+
 bool QtPlatform::CreateShellLink(const ShellLink& link) {
     if (link.Folder != kStartUp) {
         return false;
@@ -139,12 +202,12 @@ bool QtPlatform::CreateShellLink(const ShellLink& link) {
     // The target is this program, under a name that is not its file's.
     QStringList command = {QCoreApplication::applicationFilePath()};
     command += QProcess::splitCommand(ToLetters(link.Arguments));
-    return CreateAutostart(ToLetters(link.Name), command);
+    return CreateAutostart(files_, ToLetters(link.Name), command);
 }
 
 void QtPlatform::RemoveShellLink(std::string_view folder, std::string_view name) {
     if (folder == kStartUp) {
-        RemoveAutostart(ToLetters(name));
+        RemoveAutostart(files_, ToLetters(name));
     }
 }
 
@@ -155,7 +218,11 @@ void QtPlatform::ShowForm(Form& form, Showing showing) {
     const bool modal = showing == Showing::Modal;
     // It blocks the program's windows, which are all of one family; the help's are not.
     window.setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
-    if (QWidget* const front = desktop_.frontWindow(); modal && front != nullptr) {
+    QWidget* const front = desktop_.frontWindow();
+    if (!modal && window.parentWidget() == nullptr && !window.isVisible()) {
+        placeInTurn(window, front);
+    }
+    if (modal && front != nullptr) {
         // It stays above the window that waits for it, which need not be its owner.
         window.winId();
         if (front != &window && front->windowHandle() != nullptr) {
@@ -176,6 +243,17 @@ void QtPlatform::ShowForm(Form& form, Showing showing) {
     }
 }
 
+// Of two windows that take turns the second comes where the first is, and each comes back where it
+// was; left alone, the window manager would put it anywhere.
+void QtPlatform::placeInTurn(QWidget& window, const QWidget* front) {
+    if (QWindow* const shown_before = window.windowHandle(); shown_before != nullptr) {
+        // Only a place that is asked for is told to the window manager.
+        shown_before->setPosition(shown_before->position());
+    } else if (front != nullptr) {
+        PlaceOver(window, *front->window());
+    }
+}
+
 void QtPlatform::HideForm(Form& form) {
     desktop_.viewOf(form)->window().hide();
 }
@@ -188,12 +266,15 @@ void QtPlatform::ReportFailure(const RunTimeError& failure) {
     ShowBox({.Text = "Run-time error '" + std::to_string(failure.Number()) + "':\r\n\r\n" +
                      failure.what(),
              .Title = std::string(kTitle),
-             .Cause = failure.Cause()});
+             .Cause = failure.Cause(),
+             .Detail = failure.Detail()});
 }
 
 QtPlatform::FileMark QtPlatform::markOf(const std::string& name) {
-    struct stat status {};
-    return stat(name.c_str(), &status) == 0 ? FileMark{status.st_ino, status.st_size} : FileMark{};
+    FileStatus status;
+    // What cannot be told of a file is told by what is done with it.
+    static_cast<void>(Persist([&] { return files_.Status(name, status); }));
+    return {status.Kind, status.Identity.Number, status.Length()};
 }
 
 std::string QtPlatform::nameOfUnsaved() {
@@ -201,7 +282,7 @@ std::string QtPlatform::nameOfUnsaved() {
         !(markOf(target_->Name) == target_->Before)) {
         return {};
     }
-    const QString name = QFile::decodeName(target_->Name.c_str());
+    const QString name = ShownName(target_->Name);
     target_.reset();
     desktop_.saveFailed();
     return "\r\n\r\n" + QObject::tr("%1 was not saved.").arg(name).toStdString();
@@ -217,7 +298,7 @@ std::string QtPlatform::ProgramName() {
 }
 
 void QtPlatform::tell(const std::string& text) {
-    ShowBox({text, std::string(kTitle), Buttons::OK, Icon::None});
+    ShowBox({.Text = text, .Title = std::string(kTitle), .About = Matter::Failed});
 }
 
 }  // namespace orvik

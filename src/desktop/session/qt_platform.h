@@ -10,16 +10,22 @@
 #include "desktop/help/help_viewer.h"
 #include "desktop/session/desktop.h"
 #include "desktop/session/file_dialog.h"
+#include "desktop/session/window_place.h"
+#include "platform/file_system.h"
 #include "platform/platform.h"
+#include "store/recent_books.h"
 #include "store/settings_store.h"
 
 namespace orvik {
 
 class QtPlatform : public Platform {
  public:
-    // desktop must outlive the platform.
-    explicit QtPlatform(Desktop& desktop);
+    // All must outlive the platform. The books go with the settings.
+    QtPlatform(Desktop& desktop, FileSystem& files, RecentBooks& books);
 
+    void Note(std::string_view text) override { desktop_.fileNoted(std::string(text)); }
+    void Waits(std::string_view text) override { desktop_.waits(std::string(text)); }
+    CopyAnswer OfferCopy(const std::string& book, const std::string& copy) override;
     Answer ShowBox(const MessageBox& box) override;
     std::string ShowFileDialog(FileDialog& dialog) override;
     bool MayExport(const std::string& from, const std::string& to) override;
@@ -29,7 +35,7 @@ class QtPlatform : public Platform {
     void SaveSetting(std::string_view section,
                      std::string_view key,
                      std::string_view value) override;
-    void DeleteSettings() override { settings_.Clear(); }
+    void DeleteSettings() override;
     // A link in the folder "StartUp" starts this program with the user's session; there are no
     // other folders.
     bool CreateShellLink(const ShellLink& link) override;
@@ -54,8 +60,9 @@ class QtPlatform : public Platform {
     // What tells whether a file was written since: a new one takes the place of the old, or the old
     // one grows.
     struct FileMark {
-        std::uint64_t Inode = 0;
-        std::int64_t Size = -1;  // of a file that is not there
+        FileKind Kind = FileKind::Missing;
+        std::uint64_t Number = 0;
+        std::uint64_t Length = 0;
 
         bool operator==(const FileMark&) const = default;
     };
@@ -65,16 +72,19 @@ class QtPlatform : public Platform {
         FileMark Before;
         std::uint64_t Event;
     };
-    [[nodiscard]] static FileMark markOf(const std::string& name);
+    [[nodiscard]] FileMark markOf(const std::string& name);
 
+    static void placeInTurn(QWidget& window, const QWidget* front);
     void tell(const std::string& text);
     // What a box about a failure says besides: the name of the file, if saving to it has failed.
     // The views are told.
     std::string nameOfUnsaved();
 
     Desktop& desktop_;
+    RecentBooks& books_;
+    FileSystem& files_;
     std::optional<Target> target_;
-    FileDialogs dialogs_;
+    FileDialogs dialogs_{WindowPlaceFile()};
     SettingsStore settings_;
     HelpViewer help_;
 };

@@ -1,5 +1,6 @@
-// Where a window was, from one run of the program to the next. This is no setting: nobody chose it,
-// and whoever copies the settings to another computer does not want it there.
+// Where a window was and which folder a file was chosen in, from one run of the program to the
+// next. These are no settings: nobody chose them, and whoever copies the settings to another
+// computer does not want them there.
 
 #pragma once
 
@@ -19,5 +20,15 @@ void KeepPlace(const QWidget& window, const QString& file);
 // more is moved onto one. Without a file, or with one that holds no place, the window stays as it
 // is.
 void RestorePlace(QWidget& window, const QString& file);
+
+// Whether the user has hidden the tool bar: it is shown until then.
+[[nodiscard]] bool IsBarHidden(const QString& file);
+void KeepBarHidden(bool hidden, const QString& file);
+// PlaceOver: puts a window that is not shown yet where another one is, all of it on the screen.
+void PlaceOver(QWidget& window, const QWidget& other);
+
+// KeepFolder, KeptFolder: the folder of the file dialogs; empty if none is kept or it is gone.
+void KeepFolder(const QString& folder, const QString& file);
+[[nodiscard]] QString KeptFolder(const QString& file);
 
 }  // namespace orvik

@@ -1,11 +1,13 @@
-// The text box's keys, context menu, clipboard and drag.
+// The text box's focus, keys, context menu, clipboard and drag.
 
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QPainter>
 
+#include "desktop/text/colours.h"
 #include "desktop/text/system_clipboard.h"
 #include "desktop/text/text_box_view.h"
 
@@ -20,6 +22,24 @@ void TextBoxView::setSingleLine(int letters) {
     setMinimumWidth(fontMetrics().averageCharWidth() * letters);
     const int around = 2 * frameWidth() + static_cast<int>(2 * document()->documentMargin());
     setFixedHeight(fontMetrics().lineSpacing() + around);
+}
+
+bool TextBoxView::event(QEvent* event) {
+    const bool taken = QPlainTextEdit::event(event);
+    if (event->type() == QEvent::Paint && hasFocus()) {
+        paintFocus();
+    }
+    return taken;
+}
+
+void TextBoxView::paintFocus() {
+    QPainter painter(this);
+    painter.setPen(FocusColour(palette()));
+    QRect line = rect();
+    for (int i = 0; i < frameWidth(); ++i) {
+        painter.drawRect(line.adjusted(0, 0, -1, -1));
+        line.adjust(1, 1, -1, -1);
+    }
 }
 
 void TextBoxView::keyPressEvent(QKeyEvent* event) {

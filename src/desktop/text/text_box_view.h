@@ -3,6 +3,8 @@
 // The widget is filled only while it can be seen. Text goes back to the form after a real edit, in
 // the encoding in which it was shown. An edit that the form refuses is undone in the document, so
 // cursor and undo history survive it.
+//
+// The box with the focus has a frame of its own colour, which styles draw around single lines only.
 
 #pragma once
 
@@ -57,6 +59,7 @@ class TextBoxView : public QPlainTextEdit {
     void takeSelection();
 
  protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
@@ -73,6 +76,7 @@ class TextBoxView : public QPlainTextEdit {
         int Position = 0;
     };
 
+    void paintFocus();
     // Runs the command that a key stands for. Returns false for any other key.
     bool runCommand(const QKeyEvent& key);
     void takeEdit();

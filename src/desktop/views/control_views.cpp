@@ -1,7 +1,9 @@
 #include "desktop/views/control_views.h"
 
+#include <QDialog>
 #include <QPushButton>
 
+#include "desktop/text/plain_text.h"
 #include "desktop/text/text_codec.h"
 
 namespace orvik {
@@ -17,7 +19,7 @@ QString SpokenCaption(std::string_view caption) {
 QPushButton* MakeButton(std::string_view name, const Button& button, QWidget* parent) {
     auto* const view = new QPushButton(ToLetters(button.Caption), parent);
     view->setObjectName(ObjectName(name));
-    view->setToolTip(ToLetters(button.ToolTip));
+    view->setToolTip(PlainTip(ToLetters(button.ToolTip)));
     view->setAccessibleName(SpokenCaption(button.Caption));
     return view;
 }
@@ -31,10 +33,19 @@ void SyncControl(QWidget& widget, const Control& control) {
     }
 }
 
-void SyncTitle(QWidget& window, std::string_view caption) {
-    QString title = ToLetters(caption);
-    // "[*]" in a title stands for a mark of Qt's own.
+void ShowWordsOnly(QDialog& dialog) {
+    for (auto* const button : dialog.findChildren<QPushButton*>()) {
+        button->setIcon({});
+    }
+}
+
+void SyncTitle(QWidget& window, std::string_view caption, TitleMark mark) {
+    QString title = ShownName(caption);
+    // "[*]" in a title stands for the mark, and twice for itself.
     title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    if (mark == TitleMark::Shown) {
+        title += QStringLiteral("[*]");
+    }
     if (window.windowTitle() != title) {
         window.setWindowTitle(title);
     }

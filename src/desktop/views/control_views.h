@@ -7,6 +7,7 @@
 
 #include "app/controls.h"
 
+class QDialog;
 class QPushButton;
 class QWidget;
 
@@ -25,7 +26,12 @@ namespace orvik {
 // Shows, hides, enables or disables a widget as its control says.
 void SyncControl(QWidget& widget, const Control& control);
 
+// Whether a title shows, in the way of the platform, that a window is modified.
+enum class TitleMark { None, Shown };
+// Takes the icons from the buttons of one of Qt's dialogs: the program's own windows have none.
+void ShowWordsOnly(QDialog& dialog);
+
 // Gives a window its caption.
-void SyncTitle(QWidget& window, std::string_view caption);
+void SyncTitle(QWidget& window, std::string_view caption, TitleMark mark = TitleMark::None);
 
 }  // namespace orvik

@@ -3,13 +3,13 @@
 #include <QAccessible>
 #include <QAction>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QStyle>
 #include <QToolButton>
+#include <algorithm>
 
 namespace orvik {
 namespace {
@@ -27,6 +27,31 @@ QAction* AddAction(QWidget& window,
     window.addAction(action);
     return action;
 }
+
+QString NotFound() {
+    return FindBar::tr("Not found");
+}
+QString FromTheStart() {
+    return FindBar::tr("From the start");
+}
+QString FromTheEnd() {
+    return FindBar::tr("From the end");
+}
+
+// As wide as the longest notice, so that what is beside it stays where it is.
+class Notice : public QLabel {
+ public:
+    using QLabel::QLabel;
+
+    [[nodiscard]] QSize sizeHint() const override {
+        int widest = 0;
+        for (const QString& text : {NotFound(), FromTheStart(), FromTheEnd()}) {
+            widest = std::max(widest, fontMetrics().horizontalAdvance(text));
+        }
+        return {widest + 2 * margin(), QLabel::sizeHint().height()};
+    }
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+};
 
 QToolButton* MakeIconButton(const QString& name, const QString& spoken, QWidget* parent) {
     auto* const button = new QToolButton(parent);
@@ -52,26 +77,27 @@ QToolButton* MakeStepButton(QAction& action, QWidget* parent) {
 FindBar::FindBar(QWidget& window, QWidget* parent)
     : QWidget(parent),
       find_(AddAction(window, "find", tr("&Find..."), QKeySequence::Find)),
+      label_(new QLabel(tr("Find &text:"), this)),
       wanted_(new QLineEdit(this)),
-      notice_(new QLabel(this)) {
+      notice_(new Notice(this)) {
     setObjectName(QStringLiteral("findBar"));
     QAction* const previous =
         AddAction(window, "findPrevious", tr("Find &previous"), Qt::SHIFT | Qt::Key_F3);
     QAction* const next = AddAction(window, "findNext", tr("Find &next"), Qt::Key_F3);
-    find_->setIcon(QIcon::fromTheme(QStringLiteral("edit-find")));
     previous->setIcon(style()->standardIcon(QStyle::SP_ArrowUp));
     next->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
-    auto* const label = new QLabel(tr("Find &text:"), this);
-    label->setObjectName(QStringLiteral("findLabel"));
-    label->setBuddy(wanted_);
+    label_->setObjectName(QStringLiteral("findLabel"));
+    label_->setTextFormat(Qt::PlainText);
+    label_->setBuddy(wanted_);
     wanted_->setObjectName(QStringLiteral("findText"));
     wanted_->setAccessibleName(tr("Find text"));
     wanted_->setMinimumWidth(fontMetrics().averageCharWidth() * kFewestLetters);
     notice_->setObjectName(QStringLiteral("findNotice"));
+    notice_->setTextFormat(Qt::PlainText);
 
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(2 * kMargin, kMargin, kMargin, kMargin);
-    row->addWidget(label);
+    row->addWidget(label_);
     row->addWidget(wanted_, 1);
     row->addWidget(MakeStepButton(*previous, this));
     row->addWidget(MakeStepButton(*next, this));
@@ -113,11 +139,20 @@ void FindBar::tell(const QString& notice) {
 
 QString FindBar::notice(bool found, bool wrapped, Step step) {
     if (!found) {
-        return tr("Not found");
+        return NotFound();
     }
-    return !wrapped                 ? QString()
-           : step == Step::Previous ? tr("From the end")
-                                    : tr("From the start");
+    return !wrapped ? QString() : step == Step::Previous ? FromTheEnd() : FromTheStart();
+}
+
+void FindBar::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    showLabel();
+}
+
+void FindBar::showLabel() {
+    const int label = label_->sizeHint().width() + layout()->spacing();
+    const int all = layout()->minimumSize().width() + (label_->isHidden() ? label : 0);
+    label_->setVisible(all <= width());
 }
 
 void FindBar::keyPressEvent(QKeyEvent* event) {

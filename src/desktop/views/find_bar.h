@@ -42,9 +42,14 @@ class FindBar : public QWidget {
 
  protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
  private:
+    // The label gives way where the bar is too narrow for all of it.
+    void showLabel();
+
     QAction* find_;
+    QLabel* label_;
     QLineEdit* wanted_;
     QLabel* notice_;
 };

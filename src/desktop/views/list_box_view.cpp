@@ -2,6 +2,7 @@
 
 #include <QHelpEvent>
 #include <QItemSelection>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -10,8 +11,20 @@
 #include <algorithm>
 #include <numeric>
 
+#include "desktop/text/plain_text.h"
+#include "desktop/text/text_codec.h"
+
 namespace orvik {
 namespace {
+
+// The size of a row with this text.
+QSize SizeOf(const QStyleOptionViewItem& option, const QString& text) {
+    QStyleOptionViewItem row = option;
+    row.text = text;
+    row.features |= QStyleOptionViewItem::HasDisplay;
+    return row.widget->style()->sizeFromContents(
+        QStyle::CT_ItemViewItem, &row, QSize(), row.widget);
+}
 
 class RowDelegate : public QStyledItemDelegate {
  public:
@@ -21,33 +34,17 @@ class RowDelegate : public QStyledItemDelegate {
     // that a long one is cut off with an ellipsis.
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& /*index*/) const override {
-        return {0, textSize(option, QStringLiteral("X")).height()};
-    }
-
-    // The whole text of a row that is cut off.
-    bool helpEvent(QHelpEvent* event,
-                   QAbstractItemView* view,
-                   const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override {
-        if (event->type() != QEvent::ToolTip) {
-            return QStyledItemDelegate::helpEvent(event, view, option, index);
-        }
-        const QString text = index.data().toString();
-        const bool cut_off = textSize(option, text).width() > option.rect.width();
-        QToolTip::showText(
-            event->globalPos(), cut_off ? text.toHtmlEscaped() : QString(), view, option.rect);
-        return true;
-    }
-
- private:
-    static QSize textSize(const QStyleOptionViewItem& option, const QString& text) {
-        QStyleOptionViewItem row = option;
-        row.text = text;
-        row.features |= QStyleOptionViewItem::HasDisplay;
-        return row.widget->style()->sizeFromContents(
-            QStyle::CT_ItemViewItem, &row, QSize(), row.widget);
+        return {0, SizeOf(option, QStringLiteral("X")).height()};
     }
 };
+
+// A mouse or key event as it would be with Ctrl held; with Shift it stays as it is.
+template <class Event, class... Rest>
+Event WithControl(const Event& event, Rest... rest) {
+    const bool shift = (event.modifiers() & Qt::ShiftModifier) != 0;
+    return Event(
+        event.type(), rest..., event.modifiers() | (shift ? Qt::NoModifier : Qt::ControlModifier));
+}
 
 }  // namespace
 
@@ -59,16 +56,43 @@ ListBoxView::ListBoxView(ListBox& box, RunEvent run, std::function<void()> click
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // Beyond the last row there is nothing to count, but there are pixels.
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setTextElideMode(Qt::ElideRight);
+    viewport()->setMouseTracking(true);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
+        if (!measuring_) {
+            emit scrolled(value);
+        }
+    });
     syncing_ = false;
+}
+
+void ListBoxView::showNumbers(const QString& hint) {
+    adds_clicks_ = true;
+    hint_ = hint;
+    setAccessibleDescription(hint);
+}
+
+void ListBoxView::findLongest() {
+    std::string_view longest;
+    for (std::size_t i = 0; i < box_.Items().size(); ++i) {
+        longest =
+            std::max(longest, box_.Items()[i], [](auto a, auto b) { return a.size() < b.size(); });
+    }
+    longest_ = ToLetters(longest);
 }
 
 void ListBoxView::sync() {
     const QScopedValueRollback syncing(syncing_, true);
-    if (items_shown_ != box_.ItemsRevision()) {
+    if (hasOtherItems()) {
         items_shown_ = box_.ItemsRevision();
         selection_shown_ = ~Revision{0};
         model_.refresh();
+        if (adds_clicks_) {
+            findLongest();
+        }
     }
     if (selection_shown_ != box_.SelectionRevision()) {
         selection_shown_ = box_.SelectionRevision();
@@ -86,9 +110,80 @@ void ListBoxView::clickRow(int row) {
     reportClick(row);
 }
 
-int ListBoxView::widthOfNumbers() const {
-    return fontMetrics().horizontalAdvance(QStringLiteral("00000000")) +
-           verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+void ListBoxView::focusRow(int row) {
+    const QScopedValueRollback syncing(syncing_, true);
+    const QModelIndex index = model_.index(row);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    if (index.isValid()) {
+        scrollTo(index);
+    }
+}
+
+void ListBoxView::setScrolledRows(int rows) {
+    scrolled_rows_ = rows;
+    updateGeometries();
+}
+
+void ListBoxView::setCovered(int width) {
+    if (viewportMargins().right() != width) {
+        setViewportMargins(0, 0, width, 0);
+    }
+}
+
+// Qt's own range ends at this list's last row. To set it moves the scroll bar, which has to stay.
+void ListBoxView::updateGeometries() {
+    QScrollBar& bar = *verticalScrollBar();
+    const QScopedValueRollback measuring(measuring_, true);
+    const int value = bar.value();
+    QListView::updateGeometries();
+    const int row = sizeOf(QStringLiteral("X")).height();
+    const int rows = std::max(scrolled_rows_, model_.rowCount());
+    bar.setRange(0, std::max(0, rows * row - viewport()->height()));
+    bar.setSingleStep(row);
+    bar.setPageStep(viewport()->height());
+    bar.setValue(value);
+    setVerticalScrollBarPolicy(shows_scroll_bar_ && bar.maximum() > 0 ? Qt::ScrollBarAlwaysOn
+                                                                      : Qt::ScrollBarAlwaysOff);
+}
+
+QSize ListBoxView::sizeOf(const QString& text) const {
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    return SizeOf(option, text);
+}
+
+void ListBoxView::showTip(const QPoint& place, const QPoint& on_screen) {
+    const QModelIndex index = indexAt(place);
+    const QString text = index.data().toString();
+    const bool cut_off = index.isValid() && sizeOf(text).width() > viewport()->width();
+    QToolTip::showText(on_screen, cut_off ? PlainTip(text) : hint_, viewport(), visualRect(index));
+}
+
+QItemSelectionModel::SelectionFlags ListBoxView::selectionCommand(const QModelIndex& index,
+                                                                  const QEvent* event) const {
+    if (adds_clicks_ && event != nullptr) {
+        switch (event->type()) {
+            case QEvent::MouseButtonPress:
+            case QEvent::MouseButtonRelease:
+            case QEvent::MouseMove: {
+                const auto& mouse = *static_cast<const QMouseEvent*>(event);
+                const QMouseEvent held = WithControl(mouse,
+                                                     mouse.position(),
+                                                     mouse.globalPosition(),
+                                                     mouse.button(),
+                                                     mouse.buttons());
+                return QListView::selectionCommand(index, &held);
+            }
+            case QEvent::KeyPress: {
+                const auto& key = *static_cast<const QKeyEvent*>(event);
+                const QKeyEvent held = WithControl(key, key.key());
+                return QListView::selectionCommand(index, &held);
+            }
+            default:
+                break;
+        }
+    }
+    return QListView::selectionCommand(index, event);
 }
 
 void ListBoxView::syncSelection() {
@@ -106,8 +201,11 @@ void ListBoxView::syncSelection() {
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
     // The cursor goes along with the other list's click, so that keys go on from there.
     if (rows.size() == 1) {
+        // The row is in sight in the list that was clicked.
+        setAutoScroll(false);
         selectionModel()->setCurrentIndex(model_.index(static_cast<int>(rows.front())),
                                           QItemSelectionModel::NoUpdate);
+        setAutoScroll(true);
     }
 }
 
@@ -143,6 +241,17 @@ bool ListBoxView::event(QEvent* event) {
 }
 
 bool ListBoxView::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto& help = *static_cast<QHelpEvent*>(event);
+        showTip(help.pos(), help.globalPos());
+        return true;
+    }
+    if (event->type() == QEvent::MouseMove && isActiveWindow()) {
+        const auto& move = *static_cast<QMouseEvent*>(event);
+        if (move.buttons() == Qt::NoButton) {
+            showTip(move.position().toPoint(), move.globalPosition().toPoint());
+        }
+    }
     return reportingClick([&] {
         // A press on a row is a click also when the selection stays as it is.
         if (event->type() == QEvent::MouseButtonPress) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/text/plain_text.h"
 #include "desktop/text/text_codec.h"
 #include "desktop/views/measures.h"
 
@@ -18,7 +19,7 @@ constexpr double kInsideBar = 25;
 
 // A panel's text is its name, so that a screen reader reads it and then the tip.
 void SetTip(QLabel& panel, const QString& tip) {
-    panel.setToolTip(tip);
+    panel.setToolTip(PlainTip(tip));
     panel.setAccessibleDescription(tip);
 }
 
@@ -43,11 +44,21 @@ StatusBarView::StatusBarView(const StatusBar& bar, const ProgressBar& progress, 
     progress_bar_->setRange(0, 100);
     progress_bar_->setTextVisible(false);
     progress_bar_->hide();
-    sync(false);
+    sync(Running::Nothing);
 }
 
-void StatusBarView::sync(bool running) {
+void StatusBarView::sync(Running running) {
     bool changed = false;
+    const bool extracting = running == Running::Extraction;
+    if (kept_widths_.has_value() != extracting) {
+        kept_widths_.reset();
+        if (extracting) {
+            // The longest texts of an extraction.
+            kept_widths_ = {widthFor(0, QStringLiteral("Extracting: 100%")),
+                            widthFor(1, QStringLiteral("32767 addresses found "))};
+        }
+        changed = true;
+    }
     for (std::size_t i = 0; i < panels_.size(); ++i) {
         const QString text = ToLetters(bar_.Panels(i + 1).Text);
         if (panels_.at(i)->text() != text) {
@@ -59,7 +70,7 @@ void StatusBarView::sync(bool running) {
         sizing_ = bar_.PanelSizing;
         changed = true;
     }
-    const bool visible = progress_.Visible && running;
+    const bool visible = extracting || (progress_.Visible && running == Running::Command);
     if (progress_bar_->isVisibleTo(this) != visible) {
         progress_bar_->setVisible(visible);
         changed = true;
@@ -69,6 +80,11 @@ void StatusBarView::sync(bool running) {
     if (changed) {
         place();
     }
+}
+
+void StatusBarView::showForNow(const QString& text) {
+    panels_.front()->setText(text);
+    place();
 }
 
 void StatusBarView::setNote(const QString& note) {
@@ -85,19 +101,27 @@ void StatusBarView::resizeEvent(QResizeEvent* event) {
     place();
 }
 
+int StatusBarView::widthFor(std::size_t panel, const QString& text) const {
+    const QLabel& label = *panels_.at(panel);
+    const int around =
+        label.sizeHint().width() - label.fontMetrics().horizontalAdvance(label.text());
+    return std::max(label.sizeHint().width(), label.fontMetrics().horizontalAdvance(text) + around);
+}
+
 // At once and not by a layout, which waits for an event that a repaint does not take.
 void StatusBarView::place() {
     const int gap = ToPixels(kBesidePanels, logicalDpiX());
-    const int first = panels_.front()->sizeHint().width();
-    const int second = panels_.back()->sizeHint().width();
-    const int spring = width() - 2 * gap - second - height();
+    std::array<int, 2> wide{panels_[0]->sizeHint().width(), panels_[1]->sizeHint().width()};
+    if (kept_widths_) {
+        wide = *kept_widths_;
+    } else if (sizing_ == AutoSize::Spring) {
+        wide[0] = std::max(wide[0], width() - 2 * gap - wide[1] - height());
+    }
     int left = gap;
-    const auto add = [&](QWidget& panel, int wide) {
-        panel.setGeometry(left, 0, wide, height());
-        left += wide + gap;
-    };
-    add(*panels_.front(), sizing_ == AutoSize::Spring ? std::max(first, spring) : first);
-    add(*panels_.back(), second);
+    for (std::size_t i = 0; i < panels_.size(); ++i) {
+        panels_.at(i)->setGeometry(left, 0, wide.at(i), height());
+        left += wide.at(i) + gap;
+    }
     const int inside = ToPixels(kInsideBar, logicalDpiY());
     progress_bar_->setGeometry(left, inside, std::max(0, width() - left), height() - 2 * inside);
 }

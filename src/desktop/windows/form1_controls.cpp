@@ -1,12 +1,14 @@
 // The main window's controls inside its frame.
 
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <string>
 
 #include "desktop/text/text_box_view.h"
 #include "desktop/views/control_views.h"
 #include "desktop/views/list_box_view.h"
+#include "desktop/views/list_group.h"
 #include "desktop/windows/form1_window.h"
 #include "desktop/windows/list_menu.h"
 
@@ -45,14 +47,26 @@ void Form1Window::addLists() {
         view->setObjectName(QString::fromLatin1(name));
         view->setAccessibleName(spoken);
         lists_.emplace_back(&box, view);
+        return view;
     };
-    add(form_.List1, "List1", tr("E-mail addresses"));
-    add(form_.List2, "List2", tr("Nicknames"));
-    list_menu_ = new ListMenu(module_, events_, find_bar_->findAction(), *this);
-    for (const auto& [box, view] : lists_) {
-        list_menu_->addTo(*view, *box);
-    }
-    add(form_.List3, "List3", tr("Numbers of the rows to select"));
+    auto* const addresses = add(form_.List1, "List1", tr("E-mail addresses"));
+    auto* const nicknames = add(form_.List2, "List2", tr("Nicknames"));
+    list_group_ = new ListGroup(this);
+    list_group_->setEntries(*addresses, *nicknames);
+    list_menu_ =
+        new ListMenu(module_, events_, desktop_, *list_group_, find_bar_->findAction(), *this);
+    list_menu_->addTo(*addresses);
+    list_menu_->addTo(*nicknames);
+    auto* const numbers = add(form_.List3, "List3", tr("Numbers of the rows to select"));
+    const QString hint = tr("Click the numbers that you want, then Done");
+    numbers->showNumbers(hint);
+    list_group_->add(*numbers);
+    number_hint_ = new QLabel(hint, centralWidget());
+    number_hint_->setObjectName(QStringLiteral("numberHint"));
+    number_hint_->setTextFormat(Qt::PlainText);
+    number_hint_->setWordWrap(true);
+    number_hint_->setMargin(2);
+    number_hint_->hide();
 }
 
 void Form1Window::addButtons() {
@@ -78,9 +92,9 @@ void Form1Window::addButton(std::string_view name, AtYield at_yield) {
 
 void Form1Window::syncControls() {
     for (const auto& [list, view] : lists_) {
-        view->sync();
         SyncControl(*view, *list);
     }
+    list_group_->sync(form_.Caption);
     for (const auto& [button, view] : buttons_) {
         SyncControl(*view, *button);
     }

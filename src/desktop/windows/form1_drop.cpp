@@ -5,7 +5,10 @@
 #include <QFileInfo>
 #include <QMimeData>
 #include <QUrl>
+#include <memory>
 
+#include "app/book_file.h"
+#include "desktop/text/plain_text.h"
 #include "desktop/windows/form1_window.h"
 
 namespace orvik {
@@ -19,17 +22,27 @@ QString DraggedFile(const QMimeData& data) {
 }
 
 // Why a file cannot be opened, empty if it can.
-QString WhyNotOpened(const QString& name) {
-    const QFileInfo info(name);
-    if (info.isDir()) {
+QString WhyNotOpened(FileSystem& files, const QString& name) {
+    const std::string path = QFile::encodeName(name).toStdString();
+    FileStatus status;
+    std::error_code error = Persist([&] { return files.Status(path, status); });
+    if (!error && status.Kind == FileKind::Folder) {
         return QObject::tr("It is a folder.");
     }
     // Opening a pipe would wait for whoever writes to it.
-    if (info.exists() && !info.isFile()) {
+    if (!error && status.Kind != FileKind::Missing && status.Kind != FileKind::Regular) {
         return QObject::tr("It is no ordinary file.");
     }
-    QFile file(name);
-    return file.open(QFile::ReadOnly) ? QString() : file.errorString();
+    std::unique_ptr<InputFile> file;
+    if (!error) {
+        error = Persist([&] { return files.OpenToRead(path, file); });
+    }
+    // One byte tells of a disk that fails.
+    std::string bytes;
+    if (!error) {
+        error = ReadBytes(*file, 1, bytes);
+    }
+    return error ? QString::fromLocal8Bit(QByteArray::fromStdString(error.message())) : QString();
 }
 
 }  // namespace
@@ -49,17 +62,18 @@ void Form1Window::openBooks(const QStringList& names) {
         return;
     }
     const bool one = names.size() == 1;
-    const QString problem =
-        one ? WhyNotOpened(names.front()) : tr("Only one book can be open at a time.");
+    const QString problem = one ? WhyNotOpened(module_.files, names.front())
+                                : tr("Only one book can be open at a time.");
     if (problem.isEmpty()) {
         openBook(names.front());
         return;
     }
     const QString what =
-        one ? names.front() : tr("%1 and %2 more").arg(names.front()).arg(names.size() - 1);
+        one ? ShownName(names.front())
+            : tr("%1 and %2 more").arg(ShownName(names.front()), QString::number(names.size() - 1));
     events_.run([&] {
-        module_.Tell(tr("%1 cannot be opened.").arg(what).toStdString() + "\r\n" +
-                     problem.toStdString());
+        module_.TellFailed(tr("%1 cannot be opened.").arg(what).toStdString() + "\r\n" +
+                           problem.toStdString());
     });
 }
 

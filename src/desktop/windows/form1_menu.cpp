@@ -1,11 +1,9 @@
-// The main window's menus, with their icons and shortcuts.
+// The main window's menus, with their shortcuts.
 
 #include <QAction>
-#include <QIcon>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
-#include <QStyle>
 #include <algorithm>
 #include <array>
 #include <string>
@@ -20,26 +18,6 @@
 namespace orvik {
 namespace {
 
-// An icon by its name in the user's theme; Fallback is the style's own.
-struct IconRow {
-    std::string_view Command;
-    const char* Name;
-    QStyle::StandardPixmap Fallback;
-};
-constexpr auto kNoFallback = QStyle::SP_CustomBase;
-
-constexpr std::array<IconRow, 9> kIcons = {{
-    {"mnuOpen", "document-open", QStyle::SP_DialogOpenButton},
-    {"mnuSave", "document-save-as", QStyle::SP_DialogSaveButton},
-    {"mnuExit", "application-exit", QStyle::SP_DialogCloseButton},
-    {"mnuSelCopy", "edit-copy", kNoFallback},
-    {"mnuPaste", "edit-paste", kNoFallback},
-    {"mnuDel", "edit-delete", QStyle::SP_TrashIcon},
-    {"mnuClear", "edit-clear", QStyle::SP_DialogResetButton},
-    {"mnuPrefs", "preferences-system", kNoFallback},
-    {"mnuHlp", "help-contents", QStyle::SP_DialogHelpButton},
-}};
-
 struct ShortcutRow {
     std::string_view Command;
     const char* Keys;
@@ -50,12 +28,6 @@ constexpr std::array<ShortcutRow, 4> kShortcuts = {{
     {"mnuExit", "Ctrl+Q"},
     {"mnuEntEd", "F2"},
 }};
-
-template <class Rows>
-auto Find(const Rows& rows, std::string_view command) {
-    return std::find_if(
-        rows.begin(), rows.end(), [&](const auto& row) { return row.Command == command; });
-}
 
 }  // namespace
 
@@ -78,22 +50,19 @@ QAction* Form1Window::addCommand(QMenu& menu, const NamedControl& row) {
         item->IsSeparator() ? menu.addSeparator() : menu.addAction(ToLetters(item->Caption));
     action->setObjectName(ObjectName(row.Name));
     action->setCheckable(item == &form_.mnuEntEd);
-    if (const auto* const icon = Find(kIcons, row.Name); icon != kIcons.end()) {
-        const QIcon fallback =
-            icon->Fallback == kNoFallback ? QIcon() : style()->standardIcon(icon->Fallback);
-        action->setIcon(QIcon::fromTheme(QString::fromLatin1(icon->Name), fallback));
-    }
-    if (const auto* const keys = Find(kShortcuts, row.Name); keys != kShortcuts.end()) {
+    const auto* const keys = std::find_if(
+        kShortcuts.begin(), kShortcuts.end(), [&](const auto& k) { return k.Command == row.Name; });
+    if (keys != kShortcuts.end()) {
         action->setShortcut(QKeySequence(QString::fromLatin1(keys->Keys)));
     }
-    const bool on_selection =
-        item == &form_.mnuPaste || item == &form_.mnuDel || item == &form_.mnuSelCopy;
+    const bool in_edit_mode = item == &form_.mnuPaste || item == &form_.mnuDel ||
+                              item == &form_.mnuSelCopy || item == &form_.mnuClear;
     connect(action,
             &QAction::triggered,
             this,
-            [this, item, on_selection, command = Form::CommandOf(row)] {
-                if (on_selection) {
-                    runOnSelection(*item, command);
+            [this, item, in_edit_mode, command = Form::CommandOf(row)] {
+                if (in_edit_mode) {
+                    runInEditMode(command, [&] { runOnSelection(*item, command); });
                 } else {
                     events_.runCommand(command);
                 }

@@ -17,22 +17,29 @@
 #include "desktop/session/desktop.h"
 #include "desktop/views/find_bar.h"
 #include "desktop/windows/form_events.h"
+#include "store/recent_books.h"
 
 class QAction;
+class QLabel;
 class QPushButton;
 
 namespace orvik {
 
+class EmptyNote;
 class ListBoxView;
+class ListGroup;
+class ListHeading;
 class ListMenu;
+class QuietLine;
 class StatusBarView;
 class TextBoxView;
+class ToolBar;
 
 class Form1Window : public QMainWindow, public View {
     Q_OBJECT
  public:
-    // module and desktop must outlive the window.
-    Form1Window(Module1& module, Desktop& desktop);
+    // All must outlive the window.
+    Form1Window(Module1& module, Desktop& desktop, RecentBooks& books);
     Form1Window(const Form1Window&) = delete;
     Form1Window& operator=(const Form1Window&) = delete;
     Form1Window(Form1Window&&) = delete;
@@ -44,10 +51,17 @@ class Form1Window : public QMainWindow, public View {
     [[nodiscard]] std::optional<Encoding> selectionEncoding() const override;
     void fileChosen(const std::string& name) override;
     void saveFailed() override;
+    void fileNoted(const std::string& text) override;
+    void waits(const std::string& text) override;
 
     // Opens a file that was named on the command line or dropped on the window. A name that cannot
     // be opened, and more than one, is told of, and the open book stays.
     void openBooks(const QStringList& names);
+
+    // Shows the tool bar, or not, as the user left it, and from now on keeps in this file what the
+    // user chooses.
+    void rememberIn(const QString& file);
+    [[nodiscard]] QMenu* createPopupMenu() override;
 
     // The session ends: asks as closing does. Returns whether the program has ended.
     bool endForLogOut();
@@ -66,6 +80,8 @@ class Form1Window : public QMainWindow, public View {
     // The form's caption; after a save that failed the book keeps the title that it had.
     [[nodiscard]] const std::string& title() const;
     void openBook(const QString& name);
+    // What there is to say quietly of the book and its file, as lines.
+    [[nodiscard]] QString note() const;
 
     // form1_menu.cpp
     void addMenus();
@@ -74,6 +90,23 @@ class Form1Window : public QMainWindow, public View {
     // Runs a command on the text box's selection; its change joins the undo history.
     void runOnSelection(const MenuItem& item, const NamedHandler& command);
     bool makeRoomForPaste();
+
+    // form1_bar.cpp
+    void addBar();
+    void addHeadings();
+    void syncHeadings();
+    void fitBar();
+
+    // form1_notes.cpp
+    void addEmptyNote();
+    void addNotes();
+    void syncNotes();
+    // Tells of the number of entries: after the last command, and after any change.
+    void tellOfCommand();
+    void tellOfChange(std::string_view title, std::size_t before);
+    // Runs a command of edit mode and tells of it.
+    void runInEditMode(const NamedHandler& command, const FormEvents::Event& run);
+    void placeEmptyNote();
 
     // form1_controls.cpp
     void addText();
@@ -100,21 +133,43 @@ class Form1Window : public QMainWindow, public View {
     [[nodiscard]] QSize startSize() const;
     void layOut();
     void place();
+    // Places the lists above this line, and the hint to the numbers under them.
+    void placeLists(int top, int bottom);
     void setFloor();
+
+    // A list's heading, and the button that it presses.
+    struct Heading {
+        const ListBox* Of;
+        const Button* Sorts;
+        ListHeading* Shown;
+    };
 
     Form1& form_;
     Desktop& desktop_;
     Module1& module_;
+    RecentBooks& books_;
     FormEvents events_;
     ListMenu* list_menu_ = nullptr;
     std::vector<std::pair<const MenuItem*, QAction*>> actions_;
     std::vector<std::pair<const Button*, QPushButton*>> buttons_;
     std::vector<std::pair<const ListBox*, ListBoxView*>> lists_;
+    ListGroup* list_group_ = nullptr;
+    QLabel* number_hint_ = nullptr;  // how numbers are chosen, while they are shown
     TextBoxView* text1_ = nullptr;
     TextBoxView* text3_ = nullptr;
     StatusBarView* status_bar_ = nullptr;
     FindBar* find_bar_ = nullptr;
+    ToolBar* tool_bar_ = nullptr;
+    std::vector<Heading> headings_;
+    QuietLine* quiet_line_ = nullptr;
+    EmptyNote* empty_note_ = nullptr;
+    // What the quiet line is about.
+    Revision command_seen_ = 0;
+    Revision text_seen_ = 0;
+    bool is_low_ = false;
+    QString state_file_;
     QPointer<QWidget> before_find_;  // what had the focus
+    std::string file_note_;          // of the file that was chosen last
     std::string title_before_;       // before a file was chosen
     std::string failed_caption_;     // instead of this one title_kept_ is shown
     std::string title_kept_;

@@ -17,17 +17,27 @@ namespace {
 
 enum Tab { kFormats, kPim, kAutomation };
 
-constexpr int kLetters = 30;
+constexpr int kPathLetters = 30;
 
 }  // namespace
 
 Form2Window::Form2Window(Module1& module, Desktop& desktop, QWidget* owner)
     : FormWindow(module, module.form2, desktop, owner), form_(module.form2) {
     for (const TextBox* const box : {&form_.Text1, &form_.Text2, &form_.Text3}) {
-        widget<TextBoxView>(*box).setSingleLine(kLetters);
+        widget<TextBoxView>(*box).setSingleLine(kPathLetters);
     }
+    first_start_ =
+        new QLabel(tr("Orvik starts for the first time and needs these choices. OK keeps "
+                      "them and goes on; Cancel asks once more, a second Cancel ends "
+                      "Orvik."),
+                   this);
+    first_start_->setObjectName(QStringLiteral("firstStart"));
+    first_start_->setTextFormat(Qt::PlainText);
+    first_start_->setWordWrap(true);
+    first_start_->hide();
     auto* const column = new QVBoxLayout(this);
-    column->addWidget(&widget(form_.SSTab1));
+    column->addWidget(first_start_);
+    column->addWidget(&widget(form_.SSTab1), 1);
     layOutFormats();
     layOutPim();
     layOutAutomation();
@@ -39,6 +49,13 @@ Form2Window::Form2Window(Module1& module, Desktop& desktop, QWidget* owner)
     column->addLayout(buttons);
     setDefaultButton(form_.Command1);
     setCancelButton(form_.Command2);
+}
+
+void Form2Window::setVisible(bool visible) {
+    if (visible && !isVisible()) {
+        first_start_->setVisible(form_.IsFirstStart());
+    }
+    FormWindow::setVisible(visible);
 }
 
 void Form2Window::showEvent(QShowEvent* event) {
@@ -104,20 +121,25 @@ void Form2Window::addSteps(QGridLayout& grid) {
     grid.addWidget(&widget(form_.Text2), 1, 1);
     grid.addWidget(&widget(form_.Command5), 1, 2);
     int row = 2;
-    const std::array<std::pair<const Label*, const ComboBox*>, 3> steps = {
-        {{&form_.Label3, &form_.Combo1}, {&form_.Label4, &form_.Combo2}, {&form_.Label5, nullptr}}};
+    const std::array<std::pair<const Label*, const ComboBox*>, 2> steps = {
+        {{&form_.Label3, &form_.Combo1}, {&form_.Label4, &form_.Combo2}}};
     for (const auto& [label, combo] : steps) {
         grid.addWidget(&widget(*label), row, 0);
-        if (combo != nullptr) {
-            grid.addWidget(&widget(*combo), row, 1);
-        }
+        grid.addWidget(&widget(*combo), row, 1);
         ++row;
     }
-    // The last two steps share what they show.
+    // The last two steps share what they show: they stand beside it, and are grey with it.
+    auto* const shared = new QWidget(this);
+    auto* const captions = new QVBoxLayout(shared);
+    captions->setContentsMargins({});
+    captions->setSpacing(0);
+    captions->addWidget(&widget(form_.Label5));
+    captions->addWidget(&widget(form_.Label6));
+    addSync([this, shared] { shared->setEnabled(form_.Combo3.Enabled); });
     widget<QLabel>(form_.Label5).setBuddy(&widget(form_.Combo3));
     widget(form_.Combo3).setAccessibleName(tr("Step 4 and step 5"));
-    grid.addWidget(&widget(form_.Label6), row, 0);
-    grid.addWidget(&widget(form_.Combo3), row - 1, 1, 2, 1);
+    grid.addWidget(shared, row, 0, Qt::AlignVCenter);
+    grid.addWidget(&widget(form_.Combo3), row, 1);
     ++row;
     grid.addWidget(&widget(form_.Label7), row, 0);
     grid.addWidget(&widget(form_.Text3), row, 1);

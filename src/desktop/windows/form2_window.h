@@ -7,6 +7,7 @@
 
 class QBoxLayout;
 class QGridLayout;
+class QLabel;
 
 namespace orvik {
 
@@ -15,6 +16,9 @@ class Form2Window : public FormWindow {
  public:
     // All must outlive the window.
     Form2Window(Module1& module, Desktop& desktop, QWidget* owner);
+
+    // At the first start it says why it is there.
+    void setVisible(bool visible) override;
 
  protected:
     // It opens on its first tab.
@@ -29,6 +33,7 @@ class Form2Window : public FormWindow {
     void addSteps(QGridLayout& grid);
 
     const Form2& form_;
+    QLabel* first_start_;
 };
 
 }  // namespace orvik

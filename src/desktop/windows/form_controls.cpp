@@ -11,6 +11,7 @@
 #include <QTabWidget>
 #include <string>
 
+#include "desktop/text/plain_text.h"
 #include "desktop/text/text_box_view.h"
 #include "desktop/text/text_codec.h"
 #include "desktop/views/control_views.h"
@@ -163,7 +164,7 @@ void FormWindow::add(const NamedControl& row, const TabControl* tabs) {
 
 void FormWindow::add(std::string_view name, const Control& control, QWidget& view) {
     view.setObjectName(ObjectName(name));
-    view.setToolTip(ToLetters(control.ToolTip));
+    view.setToolTip(PlainTip(ToLetters(control.ToolTip)));
     widgets_.emplace_back(&control, &view);
 }
 

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "desktop/help/help_key.h"
+#include "desktop/text/plain_text.h"
 #include "desktop/text/text_box_view.h"
 #include "desktop/text/text_codec.h"
 #include "desktop/views/picture_view.h"
@@ -86,7 +87,7 @@ Window MakeForm4(Module1& module, Desktop& desktop, QWidget* /*owner*/) {
     result->setTextFormat(Qt::PlainText);
     result->setWordWrap(true);
     column->addWidget(result);
-    window->addSync([&form, result] { result->setText(ToLetters(form.Result)); });
+    window->addSync([&form, result] { result->setText(ShownName(form.Result)); });
     column->addStretch();
     AddRow(*column, *window, {&form.Command4, &form.Command3, &form.Command5});
     window->setDefaultButton(form.Command4);
@@ -143,6 +144,7 @@ Window MakeAbout(Module1& module, Desktop& desktop, QWidget* owner) {
     auto* const version =
         new QLabel(QObject::tr("Version %1").arg(QCoreApplication::applicationVersion()));
     version->setObjectName(QStringLiteral("version"));
+    version->setTextFormat(Qt::PlainText);
     AddRow(*column, *window, {&form.Command1}).insertWidget(0, version);
     window->setReadOnly(form.Text1);
     window->setDefaultButton(form.Command1);

@@ -29,7 +29,8 @@ class FileSlotAppendTest : public testing::Test {
 
     test::TempFolder folder_;
     SystemFiles files_;
-    FileSlot slot_{files_};
+    FileTalk talk_;
+    FileSlot slot_{files_, talk_};
 };
 
 TEST_F(FileSlotAppendTest, OldContents_StayInFront) {

@@ -36,7 +36,8 @@ class FileSlotReplaceTest : public testing::Test {
 
     test::TempFolder folder_;
     SystemFiles files_;
-    FileSlot slot_{files_};
+    FileTalk talk_;
+    FileSlot slot_{files_, talk_};
 };
 
 TEST_F(FileSlotReplaceTest, NewFile_IsWrittenAsTheBytesStand) {
@@ -171,6 +172,9 @@ TEST_F(FileSlotReplaceTest, WriteProtectedFolder_TakesOldBooksOnly) {
     WriteFile(folder_.Name("a.txt"), "old");
     fs::permissions(folder_.Name("a.txt"), fs::perms(0666));
     fs::permissions(folder_.Path(), fs::perms(0555));
+    const test::TempFolder state;
+    fs::permissions(state.Path(), fs::perms(0777));
+    const test::Environment set("XDG_STATE_HOME", state.Path());
     int of_old = 0;
     int of_new = 0;
     {
@@ -206,6 +210,30 @@ TEST_F(FileSlotReplaceTest, UserAttributes_AreKept) {
     std::string value(3, ' ');
     EXPECT_EQ(getxattr(folder_.Name("a.txt").c_str(), "user.colour", value.data(), 3), 3);
     EXPECT_EQ(value, "red");
+}
+
+// The list of the folder, which new files get, names a user whom the book does not let in.
+TEST_F(FileSlotReplaceTest, BookWithoutAccessList_GetsNoneFromItsFolder) {
+    constexpr std::string_view kList(
+        "\2\0\0\0"
+        "\1\0\6\0\xFF\xFF\xFF\xFF"
+        "\2\0\6\0\xE8\3\0\0"
+        "\4\0\4\0\xFF\xFF\xFF\xFF"
+        "\x10\0\6\0\xFF\xFF\xFF\xFF"
+        "\x20\0\0\0\xFF\xFF\xFF\xFF",
+        44);
+    const std::string book = folder_.Name("a.txt");
+    WriteFile(book, "old");
+    fs::permissions(book, fs::perms(0640));
+    if (setxattr(
+            folder_.Path().c_str(), "system.posix_acl_default", kList.data(), kList.size(), 0) !=
+        0) {
+        GTEST_SKIP() << "the file system has no access lists";
+    }
+    slot_.Replace(book, "new");
+    EXPECT_EQ(getxattr(book.c_str(), "system.posix_acl_access", nullptr, 0), -1);
+    EXPECT_EQ(PermissionsOf("a.txt"), 0640U);
+    EXPECT_EQ(ReadFile(book), "new");
 }
 
 TEST_F(FileSlotReplaceTest, OwnerAndGroup_AreKept) {

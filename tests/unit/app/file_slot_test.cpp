@@ -26,7 +26,8 @@ class FileSlotTest : public testing::Test {
 
     test::TempFolder folder_;
     SystemFiles files_;
-    FileSlot slot_{files_};
+    FileTalk talk_;
+    FileSlot slot_{files_, talk_};
 };
 
 TEST_F(FileSlotTest, File_IsReadWhole) {

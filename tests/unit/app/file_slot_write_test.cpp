@@ -35,7 +35,8 @@ class FileSlotWriteTest : public testing::TestWithParam<Way> {
 
     test::TempFolder folder_;
     SystemFiles files_;
-    FileSlot slot_{files_};
+    FileTalk talk_;
+    FileSlot slot_{files_, talk_};
 };
 
 INSTANTIATE_TEST_SUITE_P(
@@ -106,7 +107,8 @@ TEST_P(FileSlotWriteTest, WriteProtectedFile_FailsWith70) {
 TEST(FileSlotTryWritingTest, WhatIsThere_StaysAndNothingElseComes) {
     const test::TempFolder folder;
     SystemFiles files;
-    FileSlot slot{files};
+    FileTalk talk;
+    FileSlot slot{files, talk};
     WriteFile(folder.Name("a.pml"), "old");
     slot.TryWriting(folder.Name("a.pml"));
     slot.TryWriting(folder.Name("b.pml"));

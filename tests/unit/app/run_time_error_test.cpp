@@ -74,6 +74,11 @@ TEST_F(TrapFailureTest, TextTooLongForMemory_IsReportedAs7) {
     EXPECT_EQ(reported_, std::vector{7});
 }
 
+TEST_F(TrapFailureTest, LackOfMemory_IsPassedOnByAReportOfTheData) {
+    EXPECT_THROW(TrapFailure([] { throw std::bad_alloc(); }, &PassLackOfMemory), std::bad_alloc);
+    TrapFailure([] { throw RunTimeError(Failure::DiskFull); }, &PassLackOfMemory);
+}
+
 TEST_F(TrapFailureTest, OtherException_PassesThrough) {
     EXPECT_THROW(RunGuarded([] { throw std::logic_error("a mistake"); }), std::logic_error);
     EXPECT_TRUE(reported_.empty());

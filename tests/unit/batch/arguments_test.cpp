@@ -64,6 +64,26 @@ TEST(ParseArgumentsTest, StepsComeInTheOrderGiven) {
         {{"--merge", "a", "b"}, "usage"},
         {{"--save"}, "usage"},
         {{"--open", ""}, "usage"},
+        {{"--open=a=", "--save=--b"}, "open(a=)save(--b)"},
+        {{"--open="}, "usage"},
+        {{"--open=", "a"}, "usage"},
+        {{"--extract=", "a"}, "usage"},
+        {{"--open", "a", "--merge=", "b"}, "usage"},
+        {{"--open", "a", "--save=", "b"}, "usage"},
+        {{"--pim=", "a"}, "usage"},
+        {{"--pim=", "a", "b"}, "usage"},
+        {{"--open", "a", "--sort="}, "usage"},
+        {{"--open", "a", "--separator=", "comma"}, "usage"},
+        {{"--open", "a", "--answer=", "yes"}, "usage"},
+        {{"--automation="}, "usage"},
+        {{"--open", "./-", "--save=-a"}, "open(./-)save(-a)"},
+        {{"--open", "-"}, "usage"},
+        {{"--open=-"}, "usage"},
+        {{"--extract", "-"}, "usage"},
+        {{"--merge", "-"}, "usage"},
+        {{"--save", "-"}, "usage"},
+        {{"--pim", "-", "b"}, "usage"},
+        {{"--pim", "a", "-"}, "usage"},
         {{"-q"}, "usage"},
         {{}, "usage"},
     };
@@ -71,6 +91,33 @@ TEST(ParseArgumentsTest, StepsComeInTheOrderGiven) {
         const Parsed parsed = Parse(words);
         EXPECT_EQ(StepsOf(parsed), expected);
         EXPECT_EQ(parsed.Err.empty(), expected != "usage") << parsed.Err;
+    }
+}
+
+TEST(ParseArgumentsTest, AMistakeIsExplained) {
+    EXPECT_EQ(Parse({"--save="}).Err,
+              "--save: a file's name is empty\nRun with --help for more information.\n");
+    EXPECT_EQ(Parse({"--merge", "-"}).Err,
+              "--merge: - would be standard input or output, which is no book: the ending of its "
+              "name tells the format, and it may be read twice. A file of this name is ./-\n"
+              "Run with --help for more information.\n");
+}
+
+TEST(ParseArgumentsTest, WhatIsQuotedIsPlainText) {
+    EXPECT_EQ(Parse({"--open", "a", "b\n\x1B[2J\xE2\x80\xAE\xC2\x9B\xFC"}).Err,
+              "The following argument was not expected: b\\x0A\\x1B[2J\\u202E\\u009B\\xFC\n"
+              "Run with --help for more information.\n");
+}
+
+TEST(ParseArgumentsTest, HelpThatIsLostIsAnError) {
+    for (const char* const word : {"--help", "--version"}) {
+        std::ostringstream out;
+        std::ostringstream err;
+        out.setstate(std::ios::badbit);
+        const std::vector<const char*> words = {"orvik-batch", word};
+        const auto parsed = ParseArguments(2, words.data(), out, err);
+        EXPECT_EQ(std::get<Status>(parsed), Status::InputOutput);
+        EXPECT_EQ(err.str(), "orvik-batch: Standard output cannot be written to\n");
     }
 }
 

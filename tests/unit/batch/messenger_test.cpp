@@ -24,9 +24,16 @@ TEST_F(MessengerTest, AMessageIsOneLineAboutItsFile) {
 
 TEST_F(MessengerTest, WhatWouldSteerATerminalIsNotSentToIt) {
     Messenger messenger(stream, false, 0ms);
-    messenger.BeginStep("a\x1B[2J\x7F");
-    messenger.Tell("J\xC3\xBCrg\t");
-    EXPECT_EQ(stream.str(), "orvik-batch: a?[2J?: J\xC3\xBCrg?\n");
+    messenger.BeginStep("a\x1B[2J\x7F\n");
+    messenger.Tell("J\xC3\xBCrg\t\xE2\x80\xAE\xC2\x9B");
+    EXPECT_EQ(stream.str(), "orvik-batch: a\\x1B[2J\\x7F\\x0A: J\xC3\xBCrg\\x09\\u202E\\u009B\n");
+}
+
+TEST_F(MessengerTest, NorIsItWithTheProgress) {
+    Messenger messenger(stream, true, 0ms);
+    messenger.BeginStep("a\r\x1B");
+    messenger.Progress("\xFC");
+    EXPECT_EQ(stream.str(), "\ra\\x0D\\x1B: \\xFC");
 }
 
 TEST_F(MessengerTest, ProgressCoversTheProgressBeforeIt) {

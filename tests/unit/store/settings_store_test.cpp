@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-#include "store/setting_text.h"
+#include "platform/system_files.h"
 #include "unit/process_limits.h"
 #include "unit/temp_folder.h"
 
@@ -60,7 +60,7 @@ const std::vector<std::string> kValues = {"5"s,
 class SettingsStoreTest : public testing::Test {
  protected:
     [[nodiscard]] SettingsStore Open() {
-        return {file, [this](const std::string& problem) { problems.push_back(problem); }};
+        return {files, file, [this](const std::string& problem) { problems.push_back(problem); }};
     }
     void Write(std::string_view contents) const {
         fs::create_directories(fs::path(file).parent_path());
@@ -68,6 +68,7 @@ class SettingsStoreTest : public testing::Test {
     }
 
     test::TempFolder folder;
+    SystemFiles files{false};
     std::string file = folder.Name("orvik/orvik.conf");
     std::vector<std::string> problems;
 };
@@ -197,7 +198,7 @@ TEST_F(SettingsStoreTest, ProgramsThatSaveAtOnceLoseNothing) {
         ASSERT_GE(child, 0);
         if (child == 0) {
             bool told = false;
-            SettingsStore store(file, [&told](const std::string&) { told = true; });
+            SettingsStore store(files, file, [&told](const std::string&) { told = true; });
             for (int key = 0; key < kKeys; ++key) {
                 store.Save("Settings", std::to_string(program * kKeys + key), "x");
             }
@@ -229,6 +230,29 @@ TEST_F(SettingsStoreTest, AProgramThatHoldsTheLockForEverIsNotWaitedFor) {
     EXPECT_EQ(Open().Get("Settings", "Open"), "3");
 }
 
+TEST_F(SettingsStoreTest, OthersCannotReadANewFile) {
+    Open().Save("Settings", "Open", "1");
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(fs::status(folder.Name("orvik")).permissions(), fs::perms::owner_all);
+}
+
+TEST_F(SettingsStoreTest, AFileKeepsItsPermissions) {
+    Write("[Settings]\nOpen=1\n");
+    fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    Open().Save("Settings", "Open", "2");
+    EXPECT_EQ(fs::status(file).permissions(),
+              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+}
+
+TEST_F(SettingsStoreTest, ANameInAMessageIsPlainText) {
+    file = folder.Name("a\x1B[2J\xE2\x80\xAE");
+    fs::create_directory(file);
+    EXPECT_EQ(Open().Get("Settings", "Open"), std::nullopt);
+    EXPECT_EQ(
+        problems,
+        std::vector{"The settings file " + folder.Name("a\\x1B[2J\\u202E") + " cannot be read."});
+}
+
 TEST_F(SettingsStoreTest, ALinkStaysALink) {
     Write("[Settings]\nOpen=1\n");
     const std::string real = folder.Name("dotfiles.conf");
@@ -251,7 +275,7 @@ TEST_F(SettingsStoreTest, ALinkToNothingYetGetsItsFile) {
 TEST_F(SettingsStoreTest, NoLockIsHeldWhileAProblemIsTold) {
     Write("no settings at all\n");
     int told = 0;
-    SettingsStore store(file, [&](const std::string&) {
+    SettingsStore store(files, file, [&](const std::string&) {
         ++told;
         const int other = open(folder.Name("orvik").c_str(), O_RDONLY | O_DIRECTORY);
         EXPECT_EQ(flock(other, LOCK_EX | LOCK_NB), 0);
@@ -308,20 +332,6 @@ TEST_F(SettingsStoreTest, TheUsersFileIsInTheConfigurationFolder) {
     const test::Environment relative("XDG_CONFIG_HOME", "here");
     const test::Environment home("HOME", folder.Path());
     EXPECT_EQ(SettingsStore::UserFile(), folder.Name(".config/orvik/orvik.conf"));
-}
-
-TEST(EscapeSettingTest, KeepsWhatAPersonCanRead) {
-    EXPECT_EQ(EscapeSetting(" a\r\nb", SettingPart::Value), "\\040a\\r\\nb");
-    EXPECT_EQ(EscapeSetting("\xFC", SettingPart::Value), "\\374");
-    EXPECT_EQ(EscapeSetting("c:\\new\\a", SettingPart::Value), "c:\\\\new\\a");
-    EXPECT_EQ(EscapeSetting("a=[b]", SettingPart::Value), "a=[b]");
-    EXPECT_EQ(EscapeSetting("a=[b]", SettingPart::Name), "a\\075\\133b\\135");
-}
-
-TEST(EscapeSettingTest, ABackslashWithoutAnEscapeIsOne) {
-    EXPECT_EQ(UnescapeSetting("c:\\quenvale\\400"), "c:\\quenvale\\400");
-    EXPECT_EQ(UnescapeSetting("a\\"), "a\\");
-    EXPECT_EQ(UnescapeSetting("\\07"), "\\07");
 }
 
 }  // namespace

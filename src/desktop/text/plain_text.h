@@ -1,0 +1,21 @@
+// Names of files, and what else is not ours, as text that Qt shows as it stands.
+
+#pragma once
+
+#include <QString>
+#include <string_view>
+
+namespace orvik {
+
+// ShownName: the letters of a name that is only shown; a letter that would make it look like
+// another name is an escape (app/printable.h). The first form takes the bytes of a name, or of a
+// title with one.
+//   "a\nb" -> "a\\x0Ab"
+[[nodiscard]] QString ShownName(std::string_view name);
+[[nodiscard]] QString ShownName(const QString& name);
+
+// PlainTip: a tool tip that shows a text, also where Qt would take it for HTML.
+//   "a <b>" -> "<p>a &lt;b&gt;</p>";  "a & b" -> "a & b"
+[[nodiscard]] QString PlainTip(const QString& text);
+
+}  // namespace orvik

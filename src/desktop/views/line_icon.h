@@ -1,0 +1,14 @@
+// The icons of the tool bar: drawn in lines of the colour that letters have, so that they look
+// alike on every desktop, light or dark, at every scale.
+
+#pragma once
+
+#include <QIcon>
+
+namespace orvik {
+
+enum class Drawing { Open, Save, Undo, Redo, Find };
+
+[[nodiscard]] QIcon LineIcon(Drawing drawing);
+
+}  // namespace orvik

@@ -1,0 +1,222 @@
+#include "desktop/windows/tool_bar.h"
+#include "desktop/text/plain_text.h"
+
+#include <QAction>
+#include <QDir>
+#include <QEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QMenu>
+#include <QToolButton>
+
+#include "desktop/text/text_box_view.h"
+#include "desktop/views/line_icon.h"
+
+namespace orvik {
+namespace {
+
+// Of a folder's name so many letters are shown.
+constexpr int kFolderLetters = 40;
+
+QString WithoutKey(QString text) {
+    return text.remove(u'&');
+}
+
+// "~/books" for a folder in the user's own.
+QString ShownFolder(const QFileInfo& file) {
+    const QString folder = file.path();
+    const QString home = QDir::homePath();
+    return folder == home || folder.startsWith(home + u'/') ? u'~' + folder.mid(home.size())
+                                                            : folder;
+}
+
+}  // namespace
+
+ToolBar::ToolBar(
+    Module1& module, RecentBooks& books, const Actions& actions, TextBoxView& text, QWidget& window)
+    : QToolBar(&window),
+      module_(module),
+      books_(books),
+      actions_(actions),
+      text_(text),
+      open_(add("barOpen", tr("Open"), LineIcon(Drawing::Open), *actions.Open)),
+      save_(add("barSave", tr("Save"), LineIcon(Drawing::Save), *actions.Save)),
+      undo_(addStep(
+          "barUndo", tr("Undo"), LineIcon(Drawing::Undo), *actions.Undo, &TextBoxView::undo)),
+      redo_(addStep(
+          "barRedo", tr("Redo"), LineIcon(Drawing::Redo), *actions.Redo, &TextBoxView::redo)),
+      find_(add("barFind", tr("Find"), LineIcon(Drawing::Find), *actions.Find)),
+      wanted_(new QAction(tr("Show the &tool bar"), this)),
+      books_menu_(new QMenu(this)) {
+    setObjectName(QStringLiteral("toolBar"));
+    setWindowTitle(tr("Tool bar"));
+    setAccessibleName(windowTitle());
+    setMovable(false);
+    setFloatable(false);
+    // What Qt shows for buttons that have no room.
+    if (auto* const more = findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"))) {
+        more->setAccessibleName(tr("More buttons"));
+    }
+    wanted_->setObjectName(QStringLiteral("toolBarWanted"));
+    wanted_->setCheckable(true);
+    wanted_->setChecked(true);
+    addBooks(window);
+    connect(&text_, &QPlainTextEdit::undoAvailable, this, &ToolBar::sync);
+    connect(&text_, &QPlainTextEdit::redoAvailable, this, &ToolBar::sync);
+    measure();
+}
+
+QAction* ToolBar::add(const char* name,
+                      const QString& text,
+                      const QIcon& icon,
+                      const QAction& runs) {
+    QAction* const button = addAction(icon, text);
+    button->setObjectName(QString::fromLatin1(name));
+    connect(button, &QAction::triggered, &runs, &QAction::trigger);
+    return button;
+}
+
+QAction* ToolBar::addStep(const char* name,
+                          const QString& text,
+                          const QIcon& icon,
+                          QAction& in_lists,
+                          void (TextBoxView::*in_text)()) {
+    QAction* const button = addAction(icon, text);
+    button->setObjectName(QString::fromLatin1(name));
+    connect(button, &QAction::triggered, this, [this, &in_lists, in_text] {
+        if (text_.isCovered()) {
+            in_lists.trigger();
+        } else {
+            (text_.*in_text)();
+        }
+    });
+    return button;
+}
+
+void ToolBar::addBooks(QWidget& window) {
+    books_menu_->setObjectName(QStringLiteral("booksMenu"));
+    books_menu_->setAccessibleName(tr("The last books"));
+    books_menu_->setToolTipsVisible(true);
+    connect(books_menu_, &QMenu::aboutToShow, this, &ToolBar::fillBooks);
+    auto* const button = qobject_cast<QToolButton*>(widgetForAction(open_));
+    button->setPopupMode(QToolButton::MenuButtonPopup);
+    button->setMenu(books_menu_);
+    auto* const key = new QAction(books_menu_->accessibleName(), this);
+    key->setObjectName(QStringLiteral("showBooks"));
+    key->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_O);
+    connect(key, &QAction::triggered, this, [this, &window] { showBooks(window); });
+    window.addAction(key);
+}
+
+void ToolBar::fillBooks() {
+    books_menu_->clear();
+    int number = 0;
+    for (const std::string& book : books_.Books()) {
+        const QString name = QFile::decodeName(book.c_str());
+        const QFileInfo file(name);
+        const QString folder =
+            fontMetrics().elidedText(ShownName(ShownFolder(file)),
+                                     Qt::ElideMiddle,
+                                     fontMetrics().averageCharWidth() * kFolderLetters);
+        QString text = ShownName(file.fileName()) + QStringLiteral("  (") + folder + u')';
+        text.replace(u'&', QStringLiteral("&&"));
+        // The tenth has the key 0.
+        ++number;
+        const QString key = number < 10 ? u'&' + QString::number(number) : QStringLiteral("1&0");
+        QAction* const chosen = books_menu_->addAction(key + QStringLiteral("  ") + text);
+        chosen->setToolTip(PlainTip(ShownName(name)));
+        connect(chosen, &QAction::triggered, this, [this, name] { emit bookChosen(name); });
+    }
+    const bool remembers = books_.Remembers();
+    if (number == 0) {
+        books_menu_->addAction(remembers ? tr("No books yet") : tr("No books are remembered"))
+            ->setEnabled(false);
+    }
+    books_menu_->addSeparator();
+    QAction* const clear = books_menu_->addAction(tr("&Clear this list"));
+    clear->setObjectName(QStringLiteral("clearBooks"));
+    clear->setEnabled(number > 0);
+    connect(clear, &QAction::triggered, this, [this] { books_.Clear(); });
+    QAction* const remember = books_menu_->addAction(tr("&Remember books"));
+    remember->setObjectName(QStringLiteral("rememberBooks"));
+    remember->setCheckable(true);
+    remember->setChecked(remembers);
+    connect(
+        remember, &QAction::toggled, this, [this](bool chosen) { books_.SetRemembers(chosen); });
+}
+
+// Below its button, or where the bar would be.
+void ToolBar::showBooks(const QWidget& window) {
+    if (!open_->isEnabled()) {
+        return;
+    }
+    const QWidget* const button = isVisible() ? widgetForAction(open_) : nullptr;
+    books_menu_->popup(button != nullptr && button->isVisible()
+                           ? button->mapToGlobal(QPoint(0, button->height()))
+                           : window.mapToGlobal(QPoint(0, 0)));
+}
+
+void ToolBar::sync() {
+    const Form1& form = module_.form1;
+    // During an extraction the menus are disabled, and so are their commands.
+    const bool free = form.mnuFile.Enabled;
+    open_->setEnabled(free && form.mnuOpen.Enabled);
+    save_->setEnabled(free && form.mnuSave.Enabled && !module_.WorkText.empty());
+    find_->setEnabled(free);
+    if (text_.isCovered()) {
+        undo_->setEnabled(free && actions_.Undo->isEnabled());
+        redo_->setEnabled(free && actions_.Redo->isEnabled());
+        setTip(*undo_, WithoutKey(actions_.Undo->text()), *actions_.Undo);
+        setTip(*redo_, WithoutKey(actions_.Redo->text()), *actions_.Redo);
+    } else {
+        undo_->setEnabled(text_.document()->isUndoAvailable());
+        redo_->setEnabled(text_.document()->isRedoAvailable());
+        setTip(*undo_, tr("Undo editing"), *actions_.Undo);
+        setTip(*redo_, tr("Redo editing"), *actions_.Redo);
+    }
+    setTip(*open_, WithoutKey(actions_.Open->text()), *actions_.Open);
+    setTip(*save_, WithoutKey(actions_.Save->text()), *actions_.Save);
+    setTip(*find_, WithoutKey(actions_.Find->text()), *actions_.Find);
+}
+
+void ToolBar::setTip(QAction& button, const QString& says, const QAction& runs) const {
+    const QString tip =
+        says + QStringLiteral(" (") + runs.shortcut().toString(QKeySequence::NativeText) + u')';
+    if (button.toolTip() != tip) {
+        button.setToolTip(tip);
+        // The button's name is its caption; what it would do is read behind it.
+        widgetForAction(&button)->setAccessibleDescription(tip);
+    }
+}
+
+void ToolBar::fit(bool low, int width) {
+    const auto style =
+        width_with_text_ <= width ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly;
+    if (toolButtonStyle() != style) {
+        setToolButtonStyle(style);
+    }
+    const bool shown = wanted_->isChecked() && !low;
+    if (isHidden() == shown) {
+        setVisible(shown);
+    }
+}
+
+int ToolBar::takenHeight() const {
+    return isHidden() ? 0 : sizeHint().height();
+}
+
+void ToolBar::changeEvent(QEvent* event) {
+    QToolBar::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        measure();
+    }
+}
+
+void ToolBar::measure() {
+    const Qt::ToolButtonStyle style = toolButtonStyle();
+    setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    width_with_text_ = sizeHint().width();
+    setToolButtonStyle(style);
+}
+
+}  // namespace orvik

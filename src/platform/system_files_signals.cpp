@@ -1,0 +1,87 @@
+// The signals that end the program, and how a saving keeps them for later.
+
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <csignal>
+
+#include "platform/system_files.h"
+
+namespace orvik {
+namespace {
+
+constexpr std::array kEnding = {SIGTERM, SIGINT, SIGHUP};
+
+// How many holds there are, or that the program ends. Signals may come on any thread.
+constexpr int kEnds = -1;
+std::atomic<int> holds = 0;
+std::atomic<int> kept_signal = 0;
+static_assert(std::atomic<int>::is_always_lock_free);
+
+void Die(int signal_number) {
+    static_cast<void>(std::signal(signal_number, SIG_DFL));
+    static_cast<void>(std::raise(signal_number));
+}
+
+extern "C" void EndOrKeep(int signal_number) {
+    int none = 0;
+    if (holds.compare_exchange_strong(none, kEnds) || none == kEnds) {
+        Die(signal_number);
+        return;
+    }
+    kept_signal = signal_number;
+    // The last hold may have gone before it could see the signal.
+    none = 0;
+    if (holds.compare_exchange_strong(none, kEnds)) {
+        Die(signal_number);
+    }
+}
+
+class SystemHold : public EndHold {
+ public:
+    SystemHold() {
+        int held = holds;
+        while (held == kEnds || !holds.compare_exchange_weak(held, held + 1)) {
+            if (held == kEnds) {
+                // Another thread is ending the program.
+                pause();
+                held = holds;
+            }
+        }
+    }
+    SystemHold(const SystemHold&) = delete;
+    SystemHold& operator=(const SystemHold&) = delete;
+    SystemHold(SystemHold&&) = delete;
+    SystemHold& operator=(SystemHold&&) = delete;
+    ~SystemHold() override {
+        if (--holds == 0) {
+            if (const int signal_number = kept_signal; signal_number != 0) {
+                Die(signal_number);
+            }
+        }
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<EndHold> SystemFiles::HoldEnd() {
+    return std::make_unique<SystemHold>();
+}
+
+void HandleSignals() {
+    // Nothing can be done where this fails.
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+    for (const int signal_number : kEnding) {
+        struct sigaction action {};
+        if (sigaction(signal_number, nullptr, &action) == 0 && action.sa_handler == SIG_DFL) {
+            action = {};
+            action.sa_handler = &EndOrKeep;
+            action.sa_flags = SA_RESTART;
+            sigaction(signal_number, &action, nullptr);
+        }
+    }
+}
+
+}  // namespace orvik

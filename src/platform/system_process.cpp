@@ -1,0 +1,78 @@
+#include "platform/system_process.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <new>
+#include <stdexcept>
+#include <string_view>
+#include <system_error>
+
+namespace orvik {
+namespace {
+
+// Whom the handler below names: it can be given nothing.
+const char*& NameOfProgram() {
+    static const char* name = "";
+    return name;
+}
+
+void Print(std::string_view text) noexcept {
+    if (write(STDERR_FILENO, text.data(), text.size()) < 0) {
+        return;  // Nothing can be done about it.
+    }
+}
+
+[[noreturn]] void Terminate() noexcept {
+    if (std::current_exception()) {
+        try {
+            throw;
+        } catch (const std::bad_alloc&) {
+            EndOutOfMemory(NameOfProgram());
+        } catch (const std::length_error&) {
+            EndOutOfMemory(NameOfProgram());
+        } catch (...) {
+            // A mistake of the program.
+            std::abort();
+        }
+    }
+    std::abort();
+}
+
+}  // namespace
+
+bool ErrorsGoToTerminal() {
+    return isatty(STDERR_FILENO) == 1;
+}
+
+std::string ProgramFolder() {
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+}
+
+void ReserveStandardStreams() {
+    // The next number is the lowest that is free; it can be read from, so that writing fails.
+    int number = STDIN_FILENO;
+    while (number >= 0 && number <= STDERR_FILENO) {
+        number = open("/dev/null", O_RDONLY);
+    }
+    if (number > STDERR_FILENO) {
+        close(number);
+    }
+}
+
+void EndOutOfMemory(const char* program) noexcept {
+    Print(program);
+    Print(": Out of memory\n");
+    _exit(kOutOfMemoryStatus);
+}
+
+void EndWhereMemoryLacks(const char* program) noexcept {
+    NameOfProgram() = program;
+    std::set_terminate(&Terminate);
+}
+
+}  // namespace orvik

@@ -1,0 +1,48 @@
+#!/usr/bin/env bash
+# Lets each allocation of orvik-batch fail once, also those before main and while the arguments are
+# read: each run says so and nothing else, and leaves the old file or the new one.
+# Arguments: the program with starved_new.cpp in it.
+set -euo pipefail
+program=$1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+export XDG_CONFIG_HOME="$work/config"
+failed=0
+printf '"Cy" <c@example.org>\r\n"Al" <a@example.org>\r\n' >two.txt
+
+# starve FEWEST EVERY ARGUMENT...: how many allocations there are at least, and every which one fails.
+starve() {
+    local fewest=$1 every=$2 at=1 status
+    shift 2
+    rm -f book.ldif
+    "$program" "$@" >wanted 2>wanted.err 9>/dev/null || true
+    [ ! -e book.ldif ] || mv book.ldif wanted.ldif
+    while :; do
+        rm -f book.ldif
+        status=0
+        ORVIK_STARVED_AT=$at "$program" "$@" >out 2>err 9>fired || status=$?
+        [ -s fired ] || break
+        # What can do without the memory does all the same.
+        if [ "$status" = 71 ]; then
+            [ "$(wc -l <err)" = 1 ] && grep -qE '^orvik-batch: .*Out of memory$' err ||
+                tell "tells: $(cat err)"
+        elif ! cmp -s out wanted || ! cmp -s err wanted.err; then
+            tell "exit status $status: $(cat err)"
+        fi
+        [ ! -e book.ldif ] || cmp -s book.ldif wanted.ldif || tell "leaves half a file"
+        at=$((at + every))
+    done
+    [ "$at" -gt "$fewest" ] || tell "has no more allocations"
+}
+tell() {
+    echo "starved: $* (allocation $at)"
+    failed=1
+}
+
+starve 100 3 --bogus
+starve 100 11 --version
+starve 300 13 --help
+starve 500 13 --open two.txt --sort address --save book.ldif
+[ "$(find . -name '.orvik*')" = "" ] || { echo "starved: litter"; failed=1; }
+exit $failed

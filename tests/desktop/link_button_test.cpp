@@ -1,0 +1,41 @@
+#include "desktop/views/link_button.h"
+
+#include <QPalette>
+
+#include <gtest/gtest.h>
+
+namespace orvik {
+namespace {
+
+QPalette PaletteOf(const char* link, const char* letters) {
+    QPalette palette;
+    palette.setColor(QPalette::Link, QColor(QLatin1String(link)));
+    palette.setColor(QPalette::WindowText, QColor(QLatin1String(letters)));
+    return palette;
+}
+
+TEST(LinkButtonTest, ContrastIsThatOfThePagesOfTheWeb) {
+    EXPECT_NEAR(LinkButton::contrast(Qt::black, Qt::white), 21, 0.01);
+    EXPECT_NEAR(LinkButton::contrast(Qt::white, Qt::black), 21, 0.01);
+    EXPECT_NEAR(LinkButton::contrast(Qt::red, Qt::red), 1, 0.01);
+    EXPECT_NEAR(LinkButton::contrast(QColor(0x76, 0x76, 0x76), Qt::white), 4.54, 0.01);
+}
+
+TEST(LinkButtonTest, ALinkThatIsEasyToReadKeepsItsColour) {
+    EXPECT_EQ(LinkButton::linkColor(PaletteOf("#0000ff", "#000000"), Qt::white), QColor(Qt::blue));
+}
+
+TEST(LinkButtonTest, ALinkIsReadableOnAnyBackground) {
+    const QColor dark(0x3d, 0x3d, 0x3d);
+    const QPalette palette = PaletteOf("#0986d3", "#ffffff");
+    EXPECT_LT(LinkButton::contrast(palette.color(QPalette::Link), dark), 4.5);
+    const QColor shown = LinkButton::linkColor(palette, dark);
+    EXPECT_GE(LinkButton::contrast(shown, dark), 4.5);
+    EXPECT_GT(shown.blue(), shown.red());
+    // Where even letters cannot be read well, it is as they are.
+    EXPECT_EQ(LinkButton::linkColor(PaletteOf("#777777", "#888888"), QColor(0x80, 0x80, 0x80)),
+              QColor(0x88, 0x88, 0x88));
+}
+
+}  // namespace
+}  // namespace orvik

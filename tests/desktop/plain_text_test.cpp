@@ -1,0 +1,56 @@
+#include "desktop/text/plain_text.h"
+
+#include <QLabel>
+#include <QTextDocument>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "desktop/form1_window_fixture.h"
+#include "desktop/windows/small_windows.h"
+
+namespace orvik {
+namespace {
+
+using PlainLabelsTest = test::Form1WindowTest;
+
+TEST(ShownNameTest, LettersStayAndTheRestIsEscaped) {
+    EXPECT_EQ(ShownName(std::string_view("J\xC3\xBCrg <b>")), QStringLiteral("J\u00FCrg <b>"));
+    EXPECT_EQ(ShownName(std::string_view("a\xE2\x80\xAE\x1B")), QStringLiteral("a\\u202E\\x1B"));
+    EXPECT_EQ(ShownName(std::string_view("J\xFCrg\x81")), QStringLiteral("J\u00FCrg\\u0081"))
+        << "Windows-1252 has no letter there";
+    EXPECT_EQ(ShownName(QStringLiteral("a\nb\u2028")), QStringLiteral("a\\x0Ab\\u2028"));
+}
+
+TEST(PlainTipTest, NothingIsTakenForHtml) {
+    for (const char* const text : {"a & b", "a < b", "\"Al\" <al@example.org>", "plain"}) {
+        if (!Qt::mightBeRichText(QString::fromLatin1(text))) {
+            EXPECT_EQ(PlainTip(QString::fromLatin1(text)), QString::fromLatin1(text));
+        }
+    }
+    EXPECT_EQ(PlainTip(QString()), QString());
+    EXPECT_EQ(PlainTip(QStringLiteral("<b>Al</b>")),
+              QStringLiteral("<p>&lt;b&gt;Al&lt;/b&gt;</p>"));
+    EXPECT_EQ(PlainTip(QStringLiteral("&lt;b")), QStringLiteral("<p>&amp;lt;b</p>"));
+}
+
+// A label that finds out by itself would take a name for HTML.
+TEST_F(PlainLabelsTest, NoLabelOfAnyWindowShowsHtml) {
+    const auto small_windows = MakeSmallWindows(program, desktop, &window);
+    std::vector<QWidget*> windows = {&window};
+    for (const auto& small : small_windows) {
+        windows.push_back(small.get());
+    }
+    int labels = 0;
+    for (const QWidget* const one : windows) {
+        for (const QLabel* const label : one->findChildren<QLabel*>()) {
+            EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->objectName().toStdString();
+            ++labels;
+        }
+    }
+    EXPECT_GT(labels, 10);
+}
+
+}  // namespace
+}  // namespace orvik
