@@ -1,5 +1,6 @@
 #include "store/recovery_writer.h"
 
+#include <algorithm>
 #include <iterator>
 #include <system_error>
 #include <utility>
@@ -19,12 +20,12 @@ RecoveryWriter::~RecoveryWriter() {
     }
 }
 
-void RecoveryWriter::Keep(RecoveryCopy copy, Replaced replaced) {
-    Give({std::move(copy)}, std::move(replaced));
+void RecoveryWriter::Keep(RecoveryCopy copy, Replaced replaced, Copies earlier) {
+    Give({std::move(copy), std::move(earlier)}, std::move(replaced));
 }
 
-void RecoveryWriter::Forget(Replaced replaced) {
-    Give({}, std::move(replaced));
+void RecoveryWriter::Forget(Replaced replaced, Copies earlier) {
+    Give({{}, std::move(earlier)}, std::move(replaced));
 }
 
 void RecoveryWriter::Append(Replaced replaced) {
@@ -34,11 +35,16 @@ void RecoveryWriter::Append(Replaced replaced) {
 }
 
 void RecoveryWriter::Give(Task task, Replaced replaced) {
-    // What was to be done before may be large, and goes when nobody waits any more.
-    std::optional<Task> dropped(std::move(task));
     {
         const std::lock_guard lock(mutex_);
-        std::swap(next_, dropped);
+        if (next_) {
+            std::move(
+                next_->Earlier.begin(), next_->Earlier.end(), std::back_inserter(task.Earlier));
+            if (next_->Copy) {
+                task.Earlier.push_back(std::move(*next_->Copy));
+            }
+        }
+        next_ = std::move(task);
         Append(std::move(replaced));
         if (!thread_.joinable()) {
             try {

@@ -26,9 +26,11 @@ class RecoveryWriter {
 
     // Keeps a copy, or removes what is kept. Of what is given while the disk is busy only the last
     // is done. When it is done what ended programs have left, and is not needed any more, goes too.
+    // So do earlier copies: to free a large text takes time as well.
     using Replaced = std::vector<RecoveryStore::Left>;
-    void Keep(RecoveryCopy copy, Replaced replaced = {});
-    void Forget(Replaced replaced = {});
+    using Copies = std::vector<RecoveryCopy>;
+    void Keep(RecoveryCopy copy, Replaced replaced = {}, Copies earlier = {});
+    void Forget(Replaced replaced = {}, Copies earlier = {});
 
     // Waits until what was given is done or has failed.
     void Finish();
@@ -39,6 +41,7 @@ class RecoveryWriter {
  private:
     struct Task {
         std::optional<RecoveryCopy> Copy;  // none: nothing is to be kept
+        Copies Earlier;                    // they go with the task
     };
     void Give(Task task, Replaced replaced);
     void Append(Replaced replaced);

@@ -30,14 +30,14 @@ void RecoveryKeeper::see(Module1& module, const std::string& title) {
     if (module.WorkText.empty() || !module.saved.Differs()) {
         timer_.stop();
         if (seen_ || !adopted_.empty()) {
-            seen_.reset();
-            writer_.Forget(std::exchange(adopted_, {}));
+            forget();
         }
         return;
     }
     if (isKept(module, title)) {
         return;
     }
+    dropSeen();
     seen_ = module.form1.CopyOfBook(title, std::time(nullptr));
     given_ = false;
     // What was restored stands on the disk under another's name only.
@@ -50,7 +50,19 @@ void RecoveryKeeper::see(Module1& module, const std::string& title) {
 void RecoveryKeeper::keep() {
     if (seen_ && !given_) {
         given_ = true;
-        writer_.Keep(*seen_, std::exchange(adopted_, {}));
+        writer_.Keep(*seen_, std::exchange(adopted_, {}), std::exchange(earlier_, {}));
+    }
+}
+
+void RecoveryKeeper::forget() {
+    dropSeen();
+    writer_.Forget(std::exchange(adopted_, {}), std::exchange(earlier_, {}));
+}
+
+void RecoveryKeeper::dropSeen() {
+    if (seen_) {
+        earlier_.push_back(std::move(*seen_));
+        seen_.reset();
     }
 }
 
@@ -79,8 +91,7 @@ void RecoveryKeeper::keepNow() {
 void RecoveryKeeper::end(Module1& module) {
     const SavedBook& saved = module.saved;
     if (seen_ && (saved.GetFate() == SavedBook::Fate::GivenUp || !module.saved.Differs())) {
-        seen_.reset();
-        writer_.Forget(std::exchange(adopted_, {}));
+        forget();
     }
     keepNow();
 }
@@ -91,8 +102,7 @@ void RecoveryKeeper::adopt(RecoveryStore::Left left) {
 
 void RecoveryKeeper::removeAll() {
     timer_.stop();
-    seen_.reset();
-    writer_.Forget(std::exchange(adopted_, {}));
+    forget();
     writer_.Finish();
     store_.RemoveLeft();
 }

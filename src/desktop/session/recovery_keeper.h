@@ -53,6 +53,8 @@ class RecoveryKeeper : public QObject {
 
  private:
     void keep();
+    void forget();
+    void dropSeen();
     void look();
     [[nodiscard]] bool isKept(const Module1& module, const std::string& title) const;
 
@@ -61,6 +63,7 @@ class RecoveryKeeper : public QObject {
     std::chrono::milliseconds interval_;
     QTimer timer_;
     std::optional<RecoveryCopy> seen_;  // none: there is nothing to keep
+    RecoveryWriter::Copies earlier_;    // the writer lets go of them
     bool given_ = false;                // the writer has it
     bool told_ = false;
     std::vector<RecoveryStore::Left> adopted_;
