@@ -58,11 +58,8 @@ class Form1RecoveryTest : public test::Form1WindowTest {
                .File = "/b/newer.ldif",
                .Entries = 3,
                .Seconds = 1'700'000'000});
-        Leave({.Text = "A1\r\n-nick-\r\nAl\r\n",
-               .Mode = "Native",
-               .Caption = "Orvik",
-               .Entries = 1,
-               .Seconds = 1'600'000'000});
+        Leave(
+            {.Text = "A1\r\n-nick-\r\nAl\r\n", .Mode = "Native", .Caption = "Orvik", .Entries = 1});
     }
     // Presses these buttons of the boxes, one after the other; returns what they said. Without a
     // name Escape is pressed.
@@ -206,7 +203,6 @@ TEST_F(Form1RecoveryTest, TheBadBookOfSaveAs_KeepsTheBookUnderItsOldTitle) {
     EXPECT_EQ(RecoveryStore(files).LeftBooks().at(0).Copy.Caption, "Orvik");
 }
 
-// The answer is about one question only.
 TEST_F(Form1RecoveryTest, ANoBeforeOpening_IsNoneWhenNothingWasOpened) {
     Show();
     List(kThree);
@@ -250,7 +246,6 @@ TEST_F(Form1RecoveryTest, ARestoredBook_CanBeUndoneAndIsKeptAgain) {
     EXPECT_THAT(Texts(), IsEmpty());
 }
 
-// Until it is on the disk here it is under its old name.
 TEST_F(Form1RecoveryTest, ARestoredBook_IsOnTheDiskAllTheTime) {
     Show();
     Leave({.Text = kThree, .Mode = "Native", .Caption = "Orvik"});
@@ -318,13 +313,18 @@ TEST_F(Form1RecoveryTest, SavingALeftBookInAnEmptyWindow_OpensIt) {
     EXPECT_EQ(Texts().size(), 1U);
 }
 
-TEST_F(Form1RecoveryTest, WhileTheChooserWaits_NothingIsOffered) {
+TEST_F(Form1RecoveryTest, WhileTheChooserWaits_NothingIsOfferedOrKept) {
     Show();
     LeaveTwo();
+    List(kThree);
     EXPECT_CALL(platform, ShowForm(_, _));
     EXPECT_CALL(platform, HideForm(_));
     program.form3.Show(Showing::Modeless);
     Answer({});
+    SetNative("raw");
+    window.sync();
+    keeper->keepNow();
+    EXPECT_THAT(Texts(), testing::Contains(kThree));
     program.form3.Hide();
     EXPECT_EQ(Answer({"&Not now", "&Not now"}).size(), 2U);
 }
@@ -354,7 +354,6 @@ TEST_F(Form1RecoveryTest, WhileAPersonTypes_TheLineStays) {
     EXPECT_NE(Said(), "");
 }
 
-// The command goes on, as it always did.
 TEST_F(Form1RecoveryTest, ABookThatWasNotSaved_IsNamedByWhatBringsItBack) {
     Show();
     const std::string next = folder.filePath(QStringLiteral("next.txt")).toStdString();

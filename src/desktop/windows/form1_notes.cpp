@@ -71,12 +71,7 @@ void Form1Window::syncNotes() {
             quiet_line_->clear();
             line_stays_ = false;
         }
-        if (!module_.form3.Visible()) {
-            old_book_.clear();
-        }
-        if (module_.saved.GetFate() == SavedBook::Fate::NotSaved) {
-            old_book_ = shown_book_;
-        }
+        old_book_ = module_.saved.GetFate() == SavedBook::Fate::NotSaved ? shown_book_ : QString();
         if (another && history.LastCanBeUndone()) {
             tellOfCommand();
         }

@@ -34,12 +34,12 @@ void Form1Window::offerLeftBooks() {
 }
 
 void Form1Window::syncRecovery() {
-    if (keeper_ == nullptr || desktop_.isRunning()) {
+    // What the chooser asks about is no book yet, and the one before it stays.
+    if (keeper_ == nullptr || desktop_.isRunning() || module_.form3.Visible()) {
         return;
     }
     keeper_->see(module_, title());
-    // What the chooser asks about is no book yet.
-    if (offers_left_ && !module_.form3.Visible() && !module_.EditMode) {
+    if (offers_left_ && !module_.EditMode) {
         offers_left_ = false;
         QTimer::singleShot(0, this, &Form1Window::askAboutLeftBooks);
     }

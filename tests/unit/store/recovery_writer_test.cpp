@@ -64,6 +64,8 @@ TEST_F(RecoveryWriterTest, TheLastCopyIsKept) {
         RecoveryWriter writer(store);
         for (int i = 0; i < 100; ++i) {
             writer.Keep(CopyOf(std::to_string(i)));
+            // Asked while the worker works.
+            EXPECT_TRUE(writer.IsBusy() || writer.Problem().empty());
         }
         writer.Finish();
         EXPECT_FALSE(writer.IsBusy());
