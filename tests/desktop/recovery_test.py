@@ -354,12 +354,34 @@ def two_programs():
     table["two programs, Restore and a kill"] = collections.Counter(kills=3 + KILLS)
 
 
+def automation():
+    """Books are offered behind it, and not if it ends the program."""
+    settings = pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "orvik/orvik.conf"
+    before = settings.read_text()
+    program = typed_book()
+    eventually("xyz to be kept", lambda: holds(b'xyz"'))
+    program.kill()
+    steps = f"aOpenName={WORK / 'other.ldif'}\n[Settings\\\\AutoSteps]\n1=5\n2=0\n"
+    settings.write_text(before.replace("Auto=False", "Auto=True\naClose=1") + steps)
+    if subprocess.run([PROGRAM], timeout=20, check=False).returncode != 0 or not holds(b'xyz"'):
+        fail("the automation that ends the program lost the book")
+    settings.write_text(before.replace("Auto=False", "Auto=True") + steps)
+    program = Program()
+    eventually("a box behind the automation", program.box_is_shown)
+    program.kill()
+    settings.write_text(before)
+    if not holds(b'xyz"'):
+        fail("a book that was offered is gone")
+    table["start behind an automation, and none where it ends the program"] = collections.Counter(kills=2)
+
+
 def main():
     signals()
     second_signal()
     lost_display()
     bad_state_folder()
     two_programs()
+    automation()
     kill_while_typing()
     kill_in_commands()
     print("| what was killed | what was seen |\n|---|---|")
