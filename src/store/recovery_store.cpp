@@ -94,11 +94,17 @@ void RecoveryStore::Keep(const RecoveryCopy& copy) {
     if (own_.empty() || Look(files_, own_ / kRunning).Kind == FileKind::Missing) {
         TakeFolder();
     }
+    const Path book = own_ / kBook;
+    // Saving follows links, which could lead anywhere.
+    if (files_.ResolveLinks(book) != files_.ResolveLinks(own_) / kBook ||
+        Look(files_, book).Names > 1) {
+        files_.Remove(book);
+    }
     keeps_ = true;
     FileTalk nobody;
     SaveFile(files_,
              nobody,
-             own_ / kBook,
+             book,
              false,
              [&](const auto& /*old*/) { return WriteRecoveryCopy(copy); },
              {.LongestWait = kShortWait, .OnlyMine = true});
@@ -131,42 +137,51 @@ void RecoveryStore::Forget() {
     }
 }
 
-std::vector<RecoveryStore::Ended> RecoveryStore::EndedPrograms() const {
-    std::vector<Ended> ended;
+void RecoveryStore::LeaveCopy() {
+    if (keeps_) {
+        keeps_ = false;
+        own_.clear();
+        lock_.reset();
+    }
+}
+
+void RecoveryStore::ForEachEnded(const std::function<bool(Ended&)>& act) const {
     std::vector<FolderEntry> entries;
     if (root_.empty() || Persist([&] { return files_.List(root_, "", entries); })) {
-        return ended;
+        return;
     }
     for (const FolderEntry& entry : entries) {
         if (!entry.Mine || entry.Status.Kind != FileKind::Folder || entry.Name.starts_with('.')) {
             continue;
         }
-        const Path folder = root_ / entry.Name;
+        Ended ended{root_ / entry.Name, {}};
         std::unique_ptr<FolderLock> lock;
         const std::error_code error = Persist([&] {
-            return files_.Lock(folder / kRunning, std::chrono::milliseconds::zero(), lock);
+            return files_.Lock(ended.Folder / kRunning, std::chrono::milliseconds::zero(), lock);
         });
-        const FileStatus book = Look(files_, folder / kBook);
+        ended.Lock = std::move(lock);
+        const FileStatus book = Look(files_, ended.Folder / kBook);
         // A program that is just starting has no file yet, and no copy.
         const bool unknown =
             error == std::errc::not_supported || error == std::errc::no_such_file_or_directory;
         const FileStatus& newest = book.Kind == FileKind::Missing ? entry.Status : book;
-        if (!error || (unknown && IsClearlyOld(newest))) {
-            ended.push_back({folder, std::move(lock)});
+        if ((!error || (unknown && IsClearlyOld(newest))) && !act(ended)) {
+            return;
         }
     }
-    return ended;
 }
 
 std::vector<RecoveryStore::Left> RecoveryStore::LeftBooks() const {
+    constexpr std::size_t kMost = 100;
     std::vector<Left> left;
-    for (Ended& ended : EndedPrograms()) {
+    ForEachEnded([&](Ended& ended) {
         if (std::optional<RecoveryCopy> copy = Read(files_, ended.Folder / kBook)) {
             left.push_back({std::move(*copy), std::move(ended.Folder), std::move(ended.Lock)});
         } else if (Look(files_, ended.Folder / kBook).Kind == FileKind::Missing) {
             RemoveFolder(ended.Folder);
         }
-    }
+        return left.size() < kMost;
+    });
     std::stable_sort(left.begin(), left.end(), [](const Left& one, const Left& other) {
         return one.Copy.Seconds > other.Copy.Seconds;
     });
@@ -178,9 +193,10 @@ void RecoveryStore::Remove(const Left& left) const {
 }
 
 void RecoveryStore::RemoveLeft() const {
-    for (const Ended& ended : EndedPrograms()) {
+    ForEachEnded([this](const Ended& ended) {
         RemoveFolder(ended.Folder);
-    }
+        return true;
+    });
     if (!root_.empty()) {
         files_.RemoveFolder(root_);
     }

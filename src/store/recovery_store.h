@@ -8,6 +8,7 @@
 
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -41,7 +42,11 @@ class RecoveryStore {
         Path Folder;
         std::shared_ptr<FolderLock> Lock;
     };
-    // The newest first. These may be called while another thread keeps and forgets.
+    // From now on another program may take this program's copy; the next one is put elsewhere.
+    void LeaveCopy();
+
+    // The newest first, and no more than a hundred: each keeps a file open. These may be called
+    // while another thread keeps and forgets.
     [[nodiscard]] std::vector<Left> LeftBooks() const;
     void Remove(const Left& left) const;
     // Removes what all ended programs have left, whatever it is. That of running ones stays.
@@ -53,7 +58,9 @@ class RecoveryStore {
         Path Folder;
         std::shared_ptr<FolderLock> Lock;
     };
-    [[nodiscard]] std::vector<Ended> EndedPrograms() const;
+    // One after the other, so that thousands of them do not take all files that may be open; act
+    // returns whether it wants another one.
+    void ForEachEnded(const std::function<bool(Ended&)>& act) const;
     void TakeFolder();
     void RemoveFolder(const Path& folder) const;
 

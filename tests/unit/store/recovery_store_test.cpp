@@ -12,6 +12,7 @@
 
 #include "app/run_time_error.h"
 #include "unit/faulty_files.h"
+#include "unit/process_limits.h"
 #include "unit/temp_folder.h"
 
 namespace orvik {
@@ -162,6 +163,53 @@ TEST_F(RecoveryStoreTest, AFolderWithoutABook_Goes) {
     test::WriteFile(OnlyFolder() / ".orvik-0123456789abcdef.tmp", "half");
     EXPECT_THAT(Offered(), IsEmpty());
     EXPECT_THAT(Files(), IsEmpty());
+}
+
+// What killed programs left must not take all files that may be open.
+TEST_F(RecoveryStoreTest, ABookAmongManyFolders_IsOffered) {
+    Leave("text");
+    for (int i = 0; i < 200; ++i) {
+        const fs::path name = root / std::to_string(i);
+        fs::create_directories(name);
+        test::WriteFile(name / "running", "");
+        test::WriteFile(name / "book", "damaged");
+    }
+    const test::OpenFilesLimit limit(64);
+    EXPECT_THAT(Offered(), ElementsAre("text"));
+}
+
+TEST_F(RecoveryStoreTest, NoMoreThanAHundredAreOffered) {
+    for (int i = 0; i < 103; ++i) {
+        Leave("text");
+    }
+    EXPECT_THAT(Offered(), testing::SizeIs(100));
+}
+
+TEST_F(RecoveryStoreTest, ALinkInTheCopysPlace_LeadsNowhere) {
+    const fs::path other = folder.Name("other");
+    for (const bool symbolic : {true, false}) {
+        RecoveryStore store(files);
+        store.Keep(CopyOf("old"));
+        test::WriteFile(other, "mine");
+        const fs::path book = OnlyFolder() / "book";
+        fs::remove(book);
+        symbolic ? fs::create_symlink(other, book) : fs::create_hard_link(other, book);
+        store.Keep(CopyOf("new"));
+        EXPECT_EQ(test::ReadFile(other), "mine");
+        EXPECT_EQ(ModeOf(book), 0600U);
+        store.Forget();
+    }
+}
+
+TEST_F(RecoveryStoreTest, ACopyThatIsLeft_IsOfferedAndTheNextOneIsAnother) {
+    RecoveryStore store(files);
+    store.LeaveCopy();
+    store.Keep(CopyOf("left"));
+    store.LeaveCopy();
+    store.Keep(CopyOf("kept"));
+    EXPECT_THAT(Offered(), ElementsAre("left"));
+    store.Forget();
+    EXPECT_THAT(Offered(), ElementsAre("left"));
 }
 
 // It may be of a program that is about to lock it.
