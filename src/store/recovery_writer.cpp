@@ -58,6 +58,11 @@ void RecoveryWriter::Give(Task task, Replaced replaced) {
     changed_.notify_all();
 }
 
+void RecoveryWriter::DropReplaced() {
+    const std::lock_guard lock(mutex_);
+    replaced_.clear();
+}
+
 void RecoveryWriter::Finish() {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return !next_ && !busy_; });

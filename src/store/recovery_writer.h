@@ -32,6 +32,9 @@ class RecoveryWriter {
     void Keep(RecoveryCopy copy, Replaced replaced = {}, Copies earlier = {});
     void Forget(Replaced replaced = {}, Copies earlier = {});
 
+    // What ended programs have left, and is not removed yet, stays.
+    void DropReplaced();
+
     // Waits until what was given is done or has failed.
     void Finish();
     [[nodiscard]] bool IsBusy();

@@ -48,7 +48,7 @@ void RecoveryKeeper::see(Module1& module, const std::string& title) {
 }
 
 void RecoveryKeeper::keep() {
-    if (seen_ && !given_) {
+    if (seen_ && !given_ && hasLeft()) {
         given_ = true;
         writer_.Keep(*seen_, std::exchange(adopted_, {}), std::exchange(earlier_, {}));
     }
@@ -56,6 +56,9 @@ void RecoveryKeeper::keep() {
 
 void RecoveryKeeper::forget() {
     dropSeen();
+    if (!hasLeft()) {
+        return;  // nothing else is on the disk yet
+    }
     writer_.Forget(std::exchange(adopted_, {}), std::exchange(earlier_, {}));
 }
 
@@ -84,6 +87,9 @@ void RecoveryKeeper::look() {
 
 void RecoveryKeeper::keepNow() {
     timer_.stop();
+    if (leaves_) {
+        writer_.Finish();
+    }
     keep();
     writer_.Finish();
 }
@@ -100,8 +106,28 @@ void RecoveryKeeper::adopt(RecoveryStore::Left left) {
     adopted_.push_back(std::move(left));
 }
 
+void RecoveryKeeper::letGo() {
+    timer_.stop();
+    dropSeen();
+    // As long as it is not adopted on the disk, what is kept there is another book.
+    leaves_ = leaves_ || adopted_.empty();
+    adopted_.clear();
+    static_cast<void>(hasLeft());
+}
+
+// Nobody waits for the disk: while it is busy the next book waits instead.
+bool RecoveryKeeper::hasLeft() {
+    if (leaves_ && !writer_.IsBusy()) {
+        writer_.DropReplaced();
+        store_.LeaveCopy();
+        leaves_ = false;
+    }
+    return !leaves_;
+}
+
 void RecoveryKeeper::removeAll() {
     timer_.stop();
+    writer_.Finish();
     forget();
     writer_.Finish();
     store_.RemoveLeft();

@@ -44,6 +44,9 @@ class RecoveryKeeper : public QObject {
     void discard(const RecoveryStore::Left& left) const { store_.Remove(left); }
     // The open book is this one: it goes as soon as the book is kept here.
     void adopt(RecoveryStore::Left left);
+    // The open book is not the adopted one any more, and nobody has saved it or given it up: it is
+    // offered again.
+    void letGo();
     // Removes what is kept, of ended programs too.
     void removeAll();
 
@@ -55,6 +58,7 @@ class RecoveryKeeper : public QObject {
     void keep();
     void forget();
     void dropSeen();
+    [[nodiscard]] bool hasLeft();
     void look();
     [[nodiscard]] bool isKept(const Module1& module, const std::string& title) const;
 
@@ -66,6 +70,7 @@ class RecoveryKeeper : public QObject {
     RecoveryWriter::Copies earlier_;    // the writer lets go of them
     bool given_ = false;                // the writer has it
     bool told_ = false;
+    bool leaves_ = false;  // what is on the disk, when the writer is done
     std::vector<RecoveryStore::Left> adopted_;
 };
 

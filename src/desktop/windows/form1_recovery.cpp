@@ -19,6 +19,8 @@ namespace {
 
 // The title of the step that can be undone.
 constexpr std::string_view kRestore = "Restore";
+// It is restored for as long as it takes.
+constexpr std::string_view kSaveLeft = "Save As";
 
 }  // namespace
 
@@ -39,10 +41,27 @@ void Form1Window::syncRecovery() {
     if (keeper_ == nullptr || desktop_.isRunning() || module_.form3.Visible()) {
         return;
     }
+    syncRestored();
     keeper_->see(module_, title());
     if (offers_left_ && !module_.EditMode) {
         offers_left_ = false;
         offer_.start(0);
+    }
+}
+
+// Who undoes a Restore has neither saved the book nor said No to it.
+void Form1Window::syncRestored() {
+    if (!before_restore_) {
+        return;
+    }
+    const auto [compared, marks] = *before_restore_;
+    if (module_.saved.Marks() != marks) {
+        before_restore_.reset();
+    } else if (module_.history.RedoTitle() == kRestore) {
+        before_restore_.reset();
+        module_.saved.CompareWith(compared);
+        setWindowModified(module_.saved.Differs());
+        keeper_->letGo();
     }
 }
 
@@ -85,7 +104,7 @@ void Form1Window::askAboutLeftBooks() {
             });
         }
         quiet_line_->tell(tr("%1 was restored. It is not saved.").arg(shown_book_),
-                          copy.EditMode ? QString() : tr("Undo"),
+                          module_.history.UndoTitle() == kRestore ? tr("Undo") : QString(),
                           [this] { tool_bar_->undoAction().trigger(); });
         place();
     }
@@ -93,10 +112,15 @@ void Form1Window::askAboutLeftBooks() {
 
 bool Form1Window::restore(const RecoveryCopy& copy) {
     bool restored = false;
+    const SavedBook& saved = module_.saved;
+    const std::pair before(saved.Compared(), saved.Marks());
     module_.history.Run(kRestore, [&] {
         form_.RestoreBook(copy);
         restored = true;
     });
+    if (restored) {
+        before_restore_ = before;
+    }
     return restored;
 }
 
@@ -106,13 +130,19 @@ bool Form1Window::saveLeft(const RecoveryCopy& copy) {
     const SavedBook::Hash compared = saved.Compared();
     const auto marks = saved.Marks();
     const bool was_empty = module_.WorkText.empty();
-    module_.history.Run(kRestore, [&] {
+    const RecoveryCopy open = form_.CopyOfBook(form_.Caption, copy.Seconds);
+    module_.history.Run(kSaveLeft, [&] {
         form_.RestoreBook(copy);
         form_.mnuSave_Click();
     });
     const bool is_saved = saved.Marks() != marks;
     if (!is_saved || !was_empty) {
-        module_.history.Undo();
+        // With the same text there is no step, and the last one is another command's.
+        if (module_.history.LastCanBeUndone()) {
+            module_.history.Undo();
+        } else {
+            form_.RestoreBook(open);
+        }
         saved.CompareWith(compared);
     }
     return is_saved;

@@ -119,6 +119,7 @@ class Form1Window : public QMainWindow, public View {
     // form1_recovery.cpp
     void syncRecovery();
     void askAboutLeftBooks();
+    void syncRestored();
     // Return whether the book was restored, or saved.
     bool restore(const RecoveryCopy& copy);
     bool saveLeft(const RecoveryCopy& copy);
@@ -188,6 +189,9 @@ class Form1Window : public QMainWindow, public View {
     bool line_stays_ = false;  // until the next command
     RecoveryKeeper* keeper_ = nullptr;
     bool offers_left_ = false;
+    // What the entries were compared with before a left book was restored, and how often a book
+    // was opened or saved until then.
+    std::optional<std::pair<SavedBook::Hash, std::uint64_t>> before_restore_;
     QTimer offer_;
     bool is_low_ = false;
     QString state_file_;
