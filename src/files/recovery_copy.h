@@ -28,6 +28,9 @@ struct RecoveryCopy {
     std::int64_t Seconds = 0;  // when it was kept, since 1970
 };
 
+// What each such file of this version begins with.
+inline constexpr std::string_view kRecoveryBeginning = "orvik-recovery 1\n";
+
 // WriteRecoveryCopy: the file's bytes.
 [[nodiscard]] std::string WriteRecoveryCopy(const RecoveryCopy& copy);
 

@@ -57,13 +57,22 @@ bool Lock(FileSystem& files, const Path& name, std::unique_ptr<FolderLock>& lock
     return true;
 }
 
+// What is no copy may be of any length, and is not read.
+bool BeginsAsCopy(FileSystem& files, const Path& name) {
+    std::unique_ptr<InputFile> file;
+    std::string bytes;
+    return !Persist([&] { return files.OpenToRead(name, file); }) &&
+           !ReadBytes(*file, kRecoveryBeginning.size(), bytes) && bytes == kRecoveryBeginning;
+}
+
 std::optional<RecoveryCopy> Read(FileSystem& files, const Path& name) {
     std::optional<RecoveryCopy> copy;
     TrapFailure(
         [&] {
             std::string bytes;
             // A pipe would hang the program.
-            if (Look(files, name).Kind == FileKind::Regular && !ReadWhole(files, name, bytes)) {
+            if (Look(files, name).Kind == FileKind::Regular && BeginsAsCopy(files, name) &&
+                !ReadWhole(files, name, bytes)) {
                 copy = ReadRecoveryCopy(bytes);
             }
         },

@@ -157,6 +157,43 @@ TEST_F(RecoveryStoreTest, ABookThatIsNoFile_Stays) {
     EXPECT_TRUE(fs::exists(book));
 }
 
+// A hole in a damaged disk can be as long as it likes.
+TEST_F(RecoveryStoreTest, WhatIsNoCopy_IsNotReadAsAWhole) {
+    class Counting : public InputFile {
+     public:
+        Counting(std::unique_ptr<InputFile> file, std::size_t& read)
+            : file_(std::move(file)), read_(read) {}
+        std::error_code Status(FileStatus& status) override { return file_->Status(status); }
+        std::error_code Read(std::size_t count, std::string& bytes) override {
+            const std::error_code error = file_->Read(count, bytes);
+            read_ += bytes.size();
+            return error;
+        }
+
+     private:
+        std::unique_ptr<InputFile> file_;
+        std::size_t& read_;
+    };
+    class CountingFiles : public test::FaultyFiles {
+     public:
+        std::error_code OpenToRead(const Path& path, std::unique_ptr<InputFile>& file) override {
+            const std::error_code error = test::FaultyFiles::OpenToRead(path, file);
+            file = std::make_unique<Counting>(std::move(file), read);
+            return error;
+        }
+        std::size_t read = 0;
+    };
+    Leave("text");
+    const fs::path book = OnlyFolder() / "book";
+    test::WriteFile(book, "");
+    fs::resize_file(book, 1'000'000);
+    CountingFiles counting;
+    counting.state_folder = folder.Path();
+    EXPECT_THAT(Texts(RecoveryStore(counting).LeftBooks()), IsEmpty());
+    EXPECT_GT(counting.read, 0U);
+    EXPECT_LT(counting.read, 100U);
+}
+
 TEST_F(RecoveryStoreTest, AFolderWithoutABook_Goes) {
     Leave("text");
     fs::remove(OnlyFolder() / "book");
