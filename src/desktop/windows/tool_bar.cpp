@@ -1,5 +1,4 @@
 #include "desktop/windows/tool_bar.h"
-#include "desktop/text/plain_text.h"
 
 #include <QAction>
 #include <QDir>
@@ -8,7 +7,9 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QToolButton>
+#include <utility>
 
+#include "desktop/text/plain_text.h"
 #include "desktop/text/text_box_view.h"
 #include "desktop/views/line_icon.h"
 
@@ -42,9 +43,9 @@ ToolBar::ToolBar(
       open_(add("barOpen", tr("Open"), LineIcon(Drawing::Open), *actions.Open)),
       save_(add("barSave", tr("Save"), LineIcon(Drawing::Save), *actions.Save)),
       undo_(addStep(
-          "barUndo", tr("Undo"), LineIcon(Drawing::Undo), *actions.Undo, &TextBoxView::undo)),
+          "barUndo", tr("Undo"), LineIcon(Drawing::Undo), *actions.Undo, [this] { text_.undo(); })),
       redo_(addStep(
-          "barRedo", tr("Redo"), LineIcon(Drawing::Redo), *actions.Redo, &TextBoxView::redo)),
+          "barRedo", tr("Redo"), LineIcon(Drawing::Redo), *actions.Redo, [this] { text_.redo(); })),
       find_(add("barFind", tr("Find"), LineIcon(Drawing::Find), *actions.Find)),
       wanted_(new QAction(tr("Show the &tool bar"), this)),
       books_menu_(new QMenu(this)) {
@@ -80,14 +81,14 @@ QAction* ToolBar::addStep(const char* name,
                           const QString& text,
                           const QIcon& icon,
                           QAction& in_lists,
-                          void (TextBoxView::*in_text)()) {
+                          std::function<void()> in_text) {
     QAction* const button = addAction(icon, text);
     button->setObjectName(QString::fromLatin1(name));
-    connect(button, &QAction::triggered, this, [this, &in_lists, in_text] {
+    connect(button, &QAction::triggered, this, [this, &in_lists, in_text = std::move(in_text)] {
         if (text_.isCovered()) {
             in_lists.trigger();
         } else {
-            (text_.*in_text)();
+            in_text();
         }
     });
     return button;
