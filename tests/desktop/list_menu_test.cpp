@@ -52,6 +52,20 @@ class ListMenuTest : public test::Form1WindowTest {
     QListView& list2_ = Find<QListView>("List2");
 };
 
+TEST_F(ListMenuTest, TheFormsButtonsHaveWordsOnly) {
+    Open();
+    ClickRow(list1_, 0);
+    const ModalUser user({[] {
+        for (const QAbstractButton* const button :
+             Dialog().findChild<QDialogButtonBox*>()->buttons()) {
+            EXPECT_TRUE(button->icon().isNull()) << button->text().toStdString();
+        }
+        Press(QDialogButtonBox::Cancel);
+    }});
+    QTest::keyClick(&list1_, Qt::Key_Return);
+    EXPECT_EQ(user.done(), 1U);
+}
+
 TEST_F(ListMenuTest, EnterEditsTheEntryThatHasTheFocus) {
     Open();
     ClickRow(list1_, 1);
