@@ -2,7 +2,9 @@
 
 #include <QDialogButtonBox>
 #include <QLineEdit>
+#include <QProxyStyle>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScrollBar>
 
 #include "desktop/form1_window_fixture.h"
@@ -20,6 +22,19 @@ using testing::_;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Return;
+
+// The style of a desktop whose dialogs have pictures on their buttons.
+class PicturesOnButtons : public QProxyStyle {
+ public:
+    int styleHint(StyleHint hint,
+                  const QStyleOption* option,
+                  const QWidget* widget,
+                  QStyleHintReturn* more) const override {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 1
+                   : QProxyStyle::styleHint(hint, option, widget, more);
+    }
+};
 
 class ListMenuTest : public test::Form1WindowTest {
  protected:
@@ -53,6 +68,9 @@ class ListMenuTest : public test::Form1WindowTest {
 };
 
 TEST_F(ListMenuTest, TheFormsButtonsHaveWordsOnly) {
+    const QString usual = QApplication::style()->name();
+    const auto back = qScopeGuard([&] { QApplication::setStyle(usual); });
+    QApplication::setStyle(new PicturesOnButtons);
     Open();
     ClickRow(list1_, 0);
     const ModalUser user({[] {
