@@ -16,7 +16,8 @@
 namespace orvik {
 namespace {
 
-// Of a folder's name so many letters are shown.
+// So many letters are shown of the name of a book and of that of its folder.
+constexpr int kNameLetters = 60;
 constexpr int kFolderLetters = 40;
 
 QString WithoutKey(QString text) {
@@ -74,6 +75,7 @@ QAction* ToolBar::add(const char* name,
     QAction* const button = addAction(icon, text);
     button->setObjectName(QString::fromLatin1(name));
     connect(button, &QAction::triggered, &runs, &QAction::trigger);
+    widgetForAction(button)->installEventFilter(this);
     return button;
 }
 
@@ -91,6 +93,7 @@ QAction* ToolBar::addStep(const char* name,
             in_text();
         }
     });
+    widgetForAction(button)->installEventFilter(this);
     return button;
 }
 
@@ -112,14 +115,15 @@ void ToolBar::addBooks(QWidget& window) {
 void ToolBar::fillBooks() {
     books_menu_->clear();
     int number = 0;
+    const auto shortened = [this](const QString& name, int letters) {
+        return fontMetrics().elidedText(
+            ShownName(name), Qt::ElideMiddle, fontMetrics().averageCharWidth() * letters);
+    };
     for (const std::string& book : books_.Books()) {
         const QString name = QFile::decodeName(book.c_str());
         const QFileInfo file(name);
-        const QString folder =
-            fontMetrics().elidedText(ShownName(ShownFolder(file)),
-                                     Qt::ElideMiddle,
-                                     fontMetrics().averageCharWidth() * kFolderLetters);
-        QString text = ShownName(file.fileName()) + QStringLiteral("  (") + folder + u')';
+        QString text = shortened(file.fileName(), kNameLetters) + QStringLiteral("  (") +
+                       shortened(ShownFolder(file), kFolderLetters) + u')';
         text.replace(u'&', QStringLiteral("&&"));
         // The tenth has the key 0.
         ++number;
@@ -204,6 +208,15 @@ void ToolBar::fit(bool low, int width) {
 
 int ToolBar::takenHeight() const {
     return isHidden() ? 0 : sizeHint().height();
+}
+
+// A button that is disabled would keep the wish for the bar's menu to itself.
+bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ContextMenu) {
+        event->ignore();
+        return true;
+    }
+    return QToolBar::eventFilter(watched, event);
 }
 
 void ToolBar::changeEvent(QEvent* event) {

@@ -52,6 +52,7 @@ class ToolBar : public QToolBar {
 
  protected:
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
     QAction* add(const char* name, const QString& text, const QIcon& icon, const QAction& runs);
