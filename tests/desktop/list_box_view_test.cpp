@@ -179,7 +179,7 @@ TEST_F(ListBoxViewTest, NewItemsHaveNoSelection) {
 }
 
 TEST_F(ListBoxViewTest, OnlyATextThatIsCutOffHasAToolTip) {
-    const std::string long_text(200, 'w');
+    const std::string long_text(70, 'w');
     box.AddItem(long_text);
     view.sync();
     const auto tip_of = [this](int row) {
@@ -196,6 +196,16 @@ TEST_F(ListBoxViewTest, OnlyATextThatIsCutOffHasAToolTip) {
     view.sync();
     EXPECT_EQ(tip_of(0), long_text + " & \"Al\"");
     EXPECT_EQ(tip_of(1), "<p>&lt;b&gt;" + long_text + "</p>");
+}
+
+TEST_F(ListBoxViewTest, ATipOfAHugeRowStaysOnTheScreen) {
+    box.AddItem(std::string(3'000'000, 'w'));
+    view.sync();
+    const QPoint at = view.visualRect(view.model()->index(5, 0)).center();
+    QHelpEvent help(QEvent::ToolTip, at, view.viewport()->mapToGlobal(at));
+    QApplication::sendEvent(view.viewport(), &help);
+    EXPECT_TRUE(QToolTip::text().startsWith(QStringLiteral("www")));
+    EXPECT_LT(QToolTip::text().size(), 2000);
 }
 
 TEST_F(ListBoxViewTest, EmptyRowsAreAsHighAsTheOthers) {

@@ -2,7 +2,9 @@
 
 #include <QDialogButtonBox>
 #include <QLineEdit>
+#include <QProxyStyle>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScrollBar>
 
 #include "desktop/form1_window_fixture.h"
@@ -20,6 +22,19 @@ using testing::_;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Return;
+
+// The style of a desktop whose dialogs have pictures on their buttons.
+class PicturesOnButtons : public QProxyStyle {
+ public:
+    int styleHint(StyleHint hint,
+                  const QStyleOption* option,
+                  const QWidget* widget,
+                  QStyleHintReturn* more) const override {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 1
+                   : QProxyStyle::styleHint(hint, option, widget, more);
+    }
+};
 
 class ListMenuTest : public test::Form1WindowTest {
  protected:
@@ -51,6 +66,23 @@ class ListMenuTest : public test::Form1WindowTest {
     QListView& list1_ = Find<QListView>("List1");
     QListView& list2_ = Find<QListView>("List2");
 };
+
+TEST_F(ListMenuTest, TheFormsButtonsHaveWordsOnly) {
+    const QString usual = QApplication::style()->name();
+    const auto back = qScopeGuard([&] { QApplication::setStyle(usual); });
+    QApplication::setStyle(new PicturesOnButtons);
+    Open();
+    ClickRow(list1_, 0);
+    const ModalUser user({[] {
+        for (const QAbstractButton* const button :
+             Dialog().findChild<QDialogButtonBox*>()->buttons()) {
+            EXPECT_TRUE(button->icon().isNull()) << button->text().toStdString();
+        }
+        Press(QDialogButtonBox::Cancel);
+    }});
+    QTest::keyClick(&list1_, Qt::Key_Return);
+    EXPECT_EQ(user.done(), 1U);
+}
 
 TEST_F(ListMenuTest, EnterEditsTheEntryThatHasTheFocus) {
     Open();

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "desktop/help/help_key.h"
+#include "desktop/views/control_views.h"
 
 namespace orvik {
 namespace {
@@ -46,6 +47,7 @@ EntryDialog::EntryDialog(const QString& address,
     auto* const buttons =
         new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     rows->addRow(buttons);
+    ShowWordsOnly(*this);
     address_->setAccessibleName(tr("Address"));
     nickname_->setAccessibleName(tr("Nickname"));
     connect(buttons, &QDialogButtonBox::accepted, this, &EntryDialog::accept);
