@@ -3,20 +3,21 @@
 #include <QTextDocument>
 
 #include "app/printable.h"
-#include "desktop/text/text_codec.h"
+#include "desktop/text/short_text.h"
 
 namespace orvik {
 
 QString ShownName(std::string_view name) {
-    return ShownName(ToLetters(name));
+    return ShownName(ToShownLetters(name));
 }
 
 QString ShownName(const QString& name) {
-    return QString::fromStdString(Printable(name.toStdString()));
+    return QString::fromStdString(Printable(Shortened(name).toStdString()));
 }
 
 QString PlainTip(const QString& text) {
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+    const QString shown = Shortened(text);
+    return Qt::mightBeRichText(shown) ? Qt::convertFromPlainText(shown) : shown;
 }
 
 }  // namespace orvik
