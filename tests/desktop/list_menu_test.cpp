@@ -9,6 +9,7 @@
 
 #include "desktop/form1_window_fixture.h"
 #include "desktop/modal_user.h"
+#include "desktop/text/short_text.h"
 #include "desktop/windows/changed_entry.h"
 #include "desktop/windows/entry_dialog.h"
 
@@ -203,6 +204,23 @@ TEST_F(ListMenuTest, ABookOfAnySizeCanBeChanged) {
     QTest::keyClick(&list1_, Qt::Key_Delete);
     EXPECT_EQ(form1.List2.Items().size(), 19999U);
     EXPECT_EQ(list1_.currentIndex().row(), 19998);
+}
+
+TEST_F(ListMenuTest, AHalfOfManyMegabytesStaysAsItIs) {
+    const std::string nickname(std::size_t{8} << 20U, 'n');
+    Open("A1\r\n-nick-\r\n" + nickname + "\r\n");
+    ClickRow(list1_, 0);
+    const ModalUser user({[] {
+        EXPECT_TRUE(Field("entryNickname").isReadOnly());
+        EXPECT_EQ(Field("entryNickname").text().size(), kMostTyped + 1);
+        EXPECT_FALSE(Field("entryNickname").toolTip().isEmpty());
+        EXPECT_FALSE(Field("entryAddress").isReadOnly());
+        Field("entryAddress").setText(QStringLiteral("z"));
+        Press(QDialogButtonBox::Ok);
+    }});
+    QTest::keyClick(&list1_, Qt::Key_Enter);
+    EXPECT_EQ(form1.List1.Items()[0], "z");
+    EXPECT_EQ(form1.List2.Items()[0], nickname);
 }
 
 TEST_F(ListMenuTest, KeysCopy) {

@@ -6,7 +6,7 @@
 #include <QTextOption>
 
 #include "app/printable.h"
-#include "desktop/text/text_codec.h"
+#include "desktop/text/short_text.h"
 
 namespace orvik {
 namespace {
@@ -33,17 +33,16 @@ QStringList Broken(const QString& text) {
 }  // namespace
 
 QString ShownName(std::string_view name) {
-    return ShownName(ToLetters(name));
+    return ShownName(ToShownLetters(name));
 }
 
 QString ShownName(const QString& name) {
-    return QString::fromStdString(Printable(name.toStdString()));
+    return QString::fromStdString(Printable(Shortened(name).toStdString()));
 }
 
 QString PlainTip(const QString& text) {
-    const QString start = text.size() > kTipLetters ? text.left(kTipLetters) + QChar(0x2026) : text;
     QStringList lines;
-    for (const QString& line : start.split(u'\n')) {
+    for (const QString& line : Shortened(text, kTipLetters).split(u'\n')) {
         lines += Broken(line);
     }
     const QString shown = lines.join(u'\n');

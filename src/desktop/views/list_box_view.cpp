@@ -26,10 +26,6 @@ QSize SizeOf(const QStyleOptionViewItem& option, const QString& text) {
         QStyle::CT_ItemViewItem, &row, QSize(), row.widget);
 }
 
-// More letters than fit on any screen. To measure and to shorten a row of megabytes for each paint
-// and each move of the mouse would take a second for ten of them.
-constexpr int kMostLetters = 8000;
-
 class RowDelegate : public QStyledItemDelegate {
  public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -39,12 +35,6 @@ class RowDelegate : public QStyledItemDelegate {
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& /*index*/) const override {
         return {0, SizeOf(option, QStringLiteral("X")).height()};
-    }
-
- protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        QStyledItemDelegate::initStyleOption(option, index);
-        option->text.truncate(kMostLetters);
     }
 };
 
@@ -165,8 +155,7 @@ QSize ListBoxView::sizeOf(const QString& text) const {
 void ListBoxView::showTip(const QPoint& place, const QPoint& on_screen) {
     const QModelIndex index = indexAt(place);
     const QString text = index.data().toString();
-    const bool cut_off =
-        index.isValid() && sizeOf(text.left(kMostLetters)).width() > viewport()->width();
+    const bool cut_off = index.isValid() && sizeOf(text).width() > viewport()->width();
     QToolTip::showText(on_screen, cut_off ? PlainTip(text) : hint_, viewport(), visualRect(index));
 }
 
