@@ -20,7 +20,7 @@ bool Is(const Step& step, std::string_view command) {
     return step.Act == std::string("Form1.").append(command).append("_Click");
 }
 
-bool HasFailed(const Person::Seen& seen) {
+bool HasFailed(const ChancePerson::Seen& seen) {
     return !seen.Failures.empty();
 }
 
@@ -53,7 +53,7 @@ void Checks::After(const Step& step) {
     Check(!step.After.Editing || step.After.Text == step.After.Box || HasFailed(person_.seen) ||
               step.After.Text.size() > 32000 || step.Before.Editing,
           "edit mode begins with the working text");
-    CheckFiles(step);
+    CheckFiles();
     CheckFailures(step);
     CheckHistory(step);
     CheckLists(step);
@@ -63,11 +63,10 @@ void Checks::After(const Step& step) {
     }
 }
 
-void Checks::CheckFiles(const Step& step) const {
+void Checks::CheckFiles() const {
     const Reading& reading = files_.reading;
     // An extraction that was refused leaves its file open until the next command opens one.
-    const bool stopped =
-        person_.seen.Stopped && (step.Act == "Form1.mnuExtract_Click" || step.Act == "start");
+    const bool stopped = person_.seen.Stopped;
     Check(reading.Open <= 1, "at most one file is open");
     Check(reading.Open == 0 || reading.Opened == 0 || stopped, "a command closes its file");
     Check(reading.ClosedEarly == 0 || stopped, "a file is read to its end");
@@ -112,9 +111,8 @@ void Checks::CheckLists(const Step& step) const {
         return;
     }
     // While the chooser asks for the format, the working text is what stands in the file; and so it
-    // is when "Open another file" has closed the chooser of that other file with its own.
-    if (step.After.Text.empty() || program_.Root().form3.Visible() ||
-        step.Act == "Form3.Command8_Click") {
+    // stays where a button of one chooser brings another, and closes it with its own.
+    if (step.After.Text.empty() || program_.Root().form3.Visible() || person_.seen.ChooserCame) {
         return;
     }
     const Listing listing = ListingOf(step.After.Text);
@@ -146,9 +144,33 @@ void Checks::CheckCommand(const Step& step) {
     } else if (Is(step, "mnuSave")) {
         CheckSaved(step);
     }
+    CheckConversion(step);
     CheckCopies(step);
     CheckPaste(step);
     CheckNeutral(step);
+}
+
+// Every address that the lists show goes into LDIF, whatever ends its line.
+void Checks::CheckConversion(const Step& step) const {
+    const bool converts = Is(step, "mnuConvert") || Is(step, "mnuCopyConvert") ||
+                          Is(step, "mnuBoxCopy") || Is(step, "mnuEntEd");
+    const std::size_t middle = step.Before.Text.find("\r\n-nick-");
+    constexpr std::size_t kTextLimit = 32000;
+    if (!converts || step.Before.Editing || step.Before.Mode != mode::kNative ||
+        step.Before.Text.size() > kTextLimit || middle == std::string::npos ||
+        step.Before.Text.find("-nick-") != middle + 2 || HasFailed(person_.seen)) {
+        return;
+    }
+    const Entries written = EntriesOfLdif(Module().LdifText);
+    const std::vector<std::string> shown = ListingOf(step.Before.Text).Addresses;
+    Check(std::equal(written.begin(),
+                     written.end(),
+                     shown.begin(),
+                     shown.end(),
+                     [](const Entry& entry, const std::string& address) {
+                         return entry.Address == address;
+                     }),
+          "every address that is shown is converted");
 }
 
 void Checks::CheckCopies(const Step& step) const {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "depth/person.h"
+#include "depth/chance_person.h"
 #include "depth/state.h"
 #include "depth/watched_files.h"
 #include "fuzz/fuzz_program.h"
@@ -30,7 +30,9 @@ struct Step {
 class Checks {
  public:
     // All must outlive this.
-    Checks(const fuzz::FuzzedProgram& program, const Person& person, const WatchedFiles& files)
+    Checks(const fuzz::FuzzedProgram& program,
+           const ChancePerson& person,
+           const WatchedFiles& files)
         : program_(program), person_(person), files_(files) {}
 
     void After(const Step& step);
@@ -38,7 +40,7 @@ class Checks {
     void Forget();
 
  private:
-    void CheckFiles(const Step& step) const;
+    void CheckFiles() const;
     void CheckFailures(const Step& step) const;
     void CheckHistory(const Step& step);
     void CheckLists(const Step& step) const;
@@ -46,6 +48,7 @@ class Checks {
     void CheckSort(const Step& step, bool by_address) const;
     void CheckEntryCommand(const Step& step) const;
     void CheckExtraction(const Step& step) const;
+    void CheckConversion(const Step& step) const;
     void CheckCopies(const Step& step) const;
     void CheckPaste(const Step& step) const;
     void CheckOpened(const Step& step);
@@ -55,7 +58,7 @@ class Checks {
     [[nodiscard]] const Module1& Module() const { return program_.Root().module; }
 
     const fuzz::FuzzedProgram& program_;
-    const Person& person_;
+    const ChancePerson& person_;
     const WatchedFiles& files_;
     UndoTwin history_;
     // What a file has to show when it is opened next: its name, and its entries.

@@ -99,13 +99,15 @@ void Checks::CheckPaste(const Step& step) const {
 
 void Checks::CheckOpened(const Step& step) {
     const std::string name = std::exchange(saved_name_, {});
-    const Person::Seen& seen = person_.seen;
+    const ChancePerson::Seen& seen = person_.seen;
     const bool loads = Module().OpenMode <= 2 && !Module().AutoExtract && step.ByCr;
     if (!seen.Failures.empty() || !loads || step.Before.Editing || seen.SaveWas || seen.Cancelled ||
         program_.Root().form3.Visible()) {
         return;
     }
-    if (!name.empty() && step.After.Caption == Form1::CaptionOf(name)) {
+    // It may have been written anew in between.
+    if (!name.empty() && seen.Content.Text.empty() &&
+        step.After.Caption == Form1::CaptionOf(name)) {
         Check(step.After.Shown() == saved_, "a saved book is opened as it was");
     }
     const std::optional<Entries>& exact = seen.Content.Exact;
@@ -119,7 +121,7 @@ void Checks::CheckOpened(const Step& step) {
 
 void Checks::CheckMerge(const Step& step) const {
     const std::optional<Entries> old = EntriesOf(step.Before.Text);
-    const Person::Seen& seen = person_.seen;
+    const ChancePerson::Seen& seen = person_.seen;
     const std::optional<Entries>& added = seen.Content.Exact;
     const bool loads = Module().OpenMode <= 2 && !Module().AutoExtract && step.ByCr;
     if (!old || !added || !ArePlain(*old) || !ArePlain(*added) || !loads || step.Before.Editing ||

@@ -25,7 +25,7 @@ void Run::Restart() {
     acts_.reset();
     checks_.reset();
     program_.reset();
-    auto person = std::make_unique<Person>(dice_, figures_.Handlers);
+    auto person = std::make_unique<ChancePerson>(dice_, figures_.Handlers);
     person_ = person.get();
     program_ = std::make_unique<fuzz::FuzzedProgram>(std::move(person), &files_);
     Begin();

@@ -8,9 +8,9 @@
 #include <string>
 
 #include "depth/acts.h"
+#include "depth/chance_person.h"
 #include "depth/checks.h"
 #include "depth/dice.h"
-#include "depth/person.h"
 #include "depth/tally.h"
 #include "depth/watched_files.h"
 #include "fuzz/fuzz_program.h"
@@ -50,7 +50,7 @@ class Run {
     Dice dice_;
     Figures figures_;
     WatchedFiles files_;
-    Person* person_ = nullptr;  // the program's
+    ChancePerson* person_ = nullptr;  // the program's
     std::unique_ptr<fuzz::FuzzedProgram> program_;
     std::unique_ptr<Acts> acts_;
     std::unique_ptr<Checks> checks_;

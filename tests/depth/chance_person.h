@@ -15,10 +15,10 @@
 
 namespace orvik::depth {
 
-class Person : public fuzz::FuzzPlatform {
+class ChancePerson : public fuzz::FuzzPlatform {
  public:
     // Both must outlive the person. What the person does in a form counts as a handler that ran.
-    Person(Dice& dice, Tally& tally) : dice_(dice), tally_(tally) {}
+    ChancePerson(Dice& dice, Tally& tally) : dice_(dice), tally_(tally) {}
 
     // What the person wants in the next step.
     struct Wish {
@@ -41,6 +41,8 @@ class Person : public fuzz::FuzzPlatform {
         bool PickedMissing = false;  // a file that is not there, or of no format to save
         bool Cancelled = false;      // a question whether to save
         bool Stopped = false;        // an extraction that was refused or cancelled
+        bool ChooserCame = false;
+        bool AutomationShows = false;  // its little window stands there
     };
     Seen seen;
 
@@ -48,6 +50,7 @@ class Person : public fuzz::FuzzPlatform {
     std::string ShowFileDialog(FileDialog& dialog) override;
     void ShowForm(Form& form, Showing showing) override;
     void HideForm(Form& form) override;
+    void CloseForm(Form& form) override;
     void ReportFailure(const RunTimeError& failure) override;
     void Repaint() override;
     void Yield() override;
@@ -63,8 +66,6 @@ class Person : public fuzz::FuzzPlatform {
 
     Dice& dice_;
     Tally& tally_;
-    // The little window of the automation stands there.
-    bool automation_shows_ = false;
 };
 
 }  // namespace orvik::depth

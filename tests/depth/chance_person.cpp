@@ -1,4 +1,4 @@
-#include "depth/person.h"
+#include "depth/chance_person.h"
 
 #include <algorithm>
 #include <array>
@@ -64,7 +64,7 @@ constexpr std::array kChooser = {
 
 }  // namespace
 
-Answer Person::AnswerTo(const MessageBox& box) {
+Answer ChancePerson::AnswerTo(const MessageBox& box) {
     if (box.Title == "Save?") {
         if (box.Text == "Save before exiting?") {
             return dice_.Percent(85) ? Answer::Cancel : Answer::No;
@@ -80,7 +80,7 @@ Answer Person::AnswerTo(const MessageBox& box) {
     return yes ? Answer::Yes : Answer::No;
 }
 
-Answer Person::ShowBox(const MessageBox& box) {
+Answer ChancePerson::ShowBox(const MessageBox& box) {
     if (box.Cause) {
         seen.Failures.push_back(static_cast<int>(*box.Cause));
     }
@@ -91,7 +91,7 @@ Answer Person::ShowBox(const MessageBox& box) {
     return ScenarioPlatform::ShowBox(box);
 }
 
-std::string Person::PickToOpen(bool to_extract) {
+std::string ChancePerson::PickToOpen(bool to_extract) {
     constexpr std::array kNames = {"a.txt"sv,
                                    "b.ldif"sv,
                                    "c.htm"sv,
@@ -131,7 +131,7 @@ std::string Person::PickToOpen(bool to_extract) {
     return full;
 }
 
-std::string Person::PickToSave() {
+std::string ChancePerson::PickToSave() {
     constexpr std::array kNames = {"a.txt"sv,
                                    "b.ldif"sv,
                                    "c.htm"sv,
@@ -156,7 +156,7 @@ std::string Person::PickToSave() {
     return full;
 }
 
-std::string Person::ShowFileDialog(FileDialog& dialog) {
+std::string ChancePerson::ShowFileDialog(FileDialog& dialog) {
     const bool saves = dialog.Kind == DialogKind::Save || dialog.ForOutput;
     std::string name;
     if (wish.Pick) {
@@ -176,7 +176,7 @@ std::string Person::ShowFileDialog(FileDialog& dialog) {
     return ScenarioPlatform::ShowFileDialog(dialog);
 }
 
-std::string Person::ActsIn(const Form& form) {
+std::string ChancePerson::ActsIn(const Form& form) {
     std::string acts;
     const auto add = [&](const auto& choices, std::size_t count) {
         for (; count > 0; --count) {
@@ -205,29 +205,35 @@ std::string Person::ActsIn(const Form& form) {
     return acts;
 }
 
-void Person::ShowForm(Form& form, Showing showing) {
+void ChancePerson::ShowForm(Form& form, Showing showing) {
     if (showing == Showing::Modal) {
         modals.push_front({std::string(form.Name()), ActsIn(form)});
     }
-    automation_shows_ = automation_shows_ || form.Name() == "Form6";
+    seen.AutomationShows = seen.AutomationShows || form.Name() == "Form6";
+    seen.ChooserCame = seen.ChooserCame || form.Name() == "Form3";
     ScenarioPlatform::ShowForm(form, showing);
 }
 
-void Person::HideForm(Form& form) {
-    automation_shows_ = automation_shows_ && form.Name() != "Form6";
+void ChancePerson::HideForm(Form& form) {
+    seen.AutomationShows = seen.AutomationShows && form.Name() != "Form6";
     ScenarioPlatform::HideForm(form);
 }
 
-void Person::ReportFailure(const RunTimeError& failure) {
+void ChancePerson::CloseForm(Form& form) {
+    seen.AutomationShows = seen.AutomationShows && form.Name() != "Form6";
+    ScenarioPlatform::CloseForm(form);
+}
+
+void ChancePerson::ReportFailure(const RunTimeError& failure) {
     seen.Failures.push_back(failure.Number());
     ScenarioPlatform::ReportFailure(failure);
 }
 
-void Person::Repaint() {
+void ChancePerson::Repaint() {
     ++seen.Displays;
 }
 
-void Person::Yield() {
+void ChancePerson::Yield() {
     ++seen.Displays;
     const auto press = [this](const char* handler) {
         tally_.Count(handler);
@@ -235,7 +241,7 @@ void Person::Yield() {
     };
     if (!at_yield.empty()) {
         // Something is being done already.
-    } else if (automation_shows_ && dice_.Percent(20)) {
+    } else if (seen.AutomationShows && dice_.Percent(20)) {
         press(dice_.Percent(50) ? "Form6.Form_Click" : "Form6.Form_Unload");
     } else if (dice_.Below(400) == 0) {
         press("Form1.cmdCancel_Click");
