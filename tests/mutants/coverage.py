@@ -79,7 +79,7 @@ def main():
             tree.link(program, [*objects, "--coverage"], folder / program)
             run = subprocess.run(
                 [folder / program, *arguments], cwd=folder, capture_output=True, text=True,
-                check=False, env=os.environ | {"TMPDIR": name})
+                check=False, env=tree.environment(program, folder))
             if run.returncode != 0:
                 sys.exit(f"{program} fails:\n{run.stdout[-3000:]}{run.stderr[-3000:]}")
         sys.exit(0 if show(count_lines(folder, objects)) else 1)

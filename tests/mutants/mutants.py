@@ -19,6 +19,9 @@ import tempfile
 
 from tree import ROOT, Tree
 
+# Seconds that a program may take: all unit tests, or anything else.
+LONGEST_OF_ALL = 300
+LONGEST = 60
 FOLDERS = ("app", "aux", "extract", "files", "formats", "listops", "platform", "program", "settings")
 # Of system calls little can be seen without a system that fails: tests/reliability does that.
 LEFT_OUT = {"platform/system_process.cpp", "platform/system_files_signals.cpp"}
@@ -71,25 +74,39 @@ def choose(count, seed):
     return chosen[:count] if count else chosen
 
 
-def runs(folder, scenarios):
-    """The programs that may notice, quickest first."""
-    return (
-        ("orvik-engine-tests", ["--gtest_fail_fast"]),
-        ("orvik-scenario", ["--check", *scenarios]),
-        ("orvik-unit", ["--gtest_fail_fast"]),
-        ("orvik-depth", ["--steps", "4000"]),
-    )
+ALL = ["--gtest_fail_fast"]
 
 
-def killer(tree, folder, engine, scenarios):
-    for program, arguments in runs(folder, scenarios):
-        if program == "orvik-engine-tests" and not engine:
-            continue
-        tree.link(program, [folder / "mutant.o"], folder / program)
+def suites_of(source):
+    """The filter for the unit tests of a source."""
+    files = (ROOT / "tests/unit" / source.parent.name).glob(f"{source.stem}*_test.cpp")
+    named = re.compile(r"^TEST(?:_[FP])?\((\w+),", re.M)
+    suites = {s for path in files for s in named.findall(path.read_text(encoding="utf-8"))}
+    return ":".join(f"{suite}.*:*/{suite}.*" for suite in sorted(suites))
+
+
+def runs(source, units, scenarios):
+    """What may notice, quickest first: units is the program with the source's own tests."""
+    own = suites_of(source)
+    if own:
+        yield units, ["--gtest_fail_fast", f"--gtest_filter={own}"]
+    yield "orvik-scenario", ["--check", *scenarios]
+    yield "orvik-depth", ["--steps", "4000"]
+    yield "orvik-unit", ALL
+    if units != "orvik-unit":
+        yield units, ALL
+
+
+def killer(tree, folder, source, units, scenarios):
+    linked = set()
+    for program, arguments in runs(source, units, scenarios):
+        if program not in linked:
+            tree.link(program, [folder / "mutant.o"], folder / program)
+            linked.add(program)
         try:
             run = subprocess.run(
                 [folder / program, *arguments], cwd=folder, capture_output=True, check=False,
-                timeout=120, env=os.environ | {"TMPDIR": str(folder)})
+                timeout=LONGEST_OF_ALL if arguments == ALL else LONGEST, env=tree.environment(program, folder))
         except subprocess.TimeoutExpired:
             return f"{program} (hangs)"
         if run.returncode != 0:
@@ -128,7 +145,8 @@ def main():
             number += 1
             if skipped:
                 continue
-            by = killer(tree, folder, f"{source.name}.o" in engine, scenarios)
+            units = "orvik-engine-tests" if f"{source.name}.o" in engine else "orvik-unit"
+            by = killer(tree, folder, source, units, scenarios)
             killed += by is not None
             shown = text.splitlines()[line - 1].strip()
             print(f"{number:3} {source.relative_to(ROOT)}:{line} {token} -> {other}: "

@@ -1,6 +1,7 @@
 """A build tree in which one source at a time is replaced by a faulty copy."""
 
 import json
+import os
 import pathlib
 import shlex
 import subprocess
@@ -41,3 +42,10 @@ class Tree:
         command[output + 1] = str(target)
         command[output:output] = [str(one) for one in first]
         subprocess.run(command, cwd=self.folder, capture_output=True, check=True)
+
+    @staticmethod
+    def environment(program, folder):
+        """Where a program keeps its files. The unit tests give up rights in some of theirs, and the
+        folder lets nobody else in."""
+        own = {"TMPDIR": str(folder)} if program == "orvik-depth" else {}
+        return os.environ | own
