@@ -2,8 +2,9 @@
 # Sets up, builds and runs all tests, and prints the time of each stage.
 #   ./test.sh          what must hold for every commit
 #   ./test.sh --full   also benchmarks up to a million entries, the package in a fresh Debian,
-#                      whether each build makes the same package, and saves that fail and are killed
-#                      inside of each system call
+#                      whether each build makes the same package, saves that fail and are killed
+#                      inside of each system call, ten million steps at depth, planted faults and the
+#                      lines that the tests run
 #   ./test.sh --quick  only the unit tests and the scenarios on the forms, without sanitizers
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -100,6 +101,32 @@ reproducible() { tests/packaging/reproducible.sh "$release"/orvik_*.deb; }
 
 real_calls() { tests/reliability/real_calls.py "$release/bin/orvik-batch"; }
 
+# Ten million steps, in as many processes as there are cores, each with a seed of its own.
+depth() {
+    local cores seed pids=() failed=0
+    cores=$(nproc)
+    for seed in $(seq "$cores"); do
+        TMPDIR=/dev/shm ASAN_OPTIONS=malloc_context_size=1:quarantine_size_mb=8 \
+            build/sanitize/bin/orvik-depth --steps $((10000000 / cores + 1)) --seed "$seed" \
+            >"build/depth-$seed.log" 2>&1 &
+        pids+=($!)
+    done
+    for seed in $(seq "$cores"); do
+        wait "${pids[seed - 1]}" || failed=1
+        tail -n 3 "build/depth-$seed.log"
+    done
+    return $failed
+}
+
+build_mutants() {
+    configure mutants
+    cmake --build --preset mutants
+}
+
+faults() { tests/depth/faults.py build/mutants; }
+
+coverage() { tests/mutants/coverage.py build/mutants; }
+
 bench() {
     configure bench
     cmake --build --preset bench
@@ -122,6 +149,10 @@ else
     [ $mode = every ] || stage "the same package from every build" reproducible
     [ $mode = every ] || stage "failing and killed saves" real_calls
     [ $mode = every ] || stage "benchmarks" bench
+    [ $mode = every ] || stage "ten million steps at depth" depth
+    [ $mode = every ] || stage "build for faulty sources" build_mutants
+    [ $mode = every ] || stage "planted faults" faults
+    [ $mode = every ] || stage "lines that the tests run" coverage
     stage "tests" run_tests sanitize build/sanitize
 fi
 
