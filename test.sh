@@ -3,8 +3,8 @@
 #   ./test.sh          what must hold for every commit
 #   ./test.sh --full   also benchmarks up to a million entries, the package in a fresh Debian,
 #                      whether each build makes the same package, saves that fail and are killed
-#                      inside of each system call, ten million steps at depth, planted faults and the
-#                      lines that the tests run
+#                      inside of each system call, ten million steps at depth, planted faults, the
+#                      lines that the tests run, and kills while a person works
 #   ./test.sh --quick  only the unit tests and the scenarios on the forms, without sanitizers
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -53,6 +53,13 @@ build_tests() {
     configure sanitize
     cmake --build --preset sanitize
     cmake --build --preset sanitize --target all_verify_interface_header_sets
+}
+
+# What works on a thread of its own.
+workers() {
+    configure thread
+    cmake --build --preset thread
+    ctest --preset thread
 }
 
 format() {
@@ -126,6 +133,7 @@ build_mutants() {
 faults() { tests/depth/faults.py build/mutants; }
 
 coverage() { tests/mutants/coverage.py build/mutants; }
+kills() { tests/desktop/recovery_test.sh "$release/bin/orvik" 10; }
 
 bench() {
     configure bench
@@ -140,6 +148,7 @@ if [ $mode = quick ]; then
     stage "tests" run_tests quick build/debug
 else
     stage "build under the sanitizers" build_tests
+    stage "workers under the thread sanitizer" workers
     stage "clang-format" format
     stage "clang-tidy" tidy
     stage "fuzzing" fuzz
@@ -148,6 +157,7 @@ else
     [ $mode = every ] || stage "package in a fresh Debian" install_package
     [ $mode = every ] || stage "the same package from every build" reproducible
     [ $mode = every ] || stage "failing and killed saves" real_calls
+    [ $mode = every ] || stage "kills" kills
     [ $mode = every ] || stage "benchmarks" bench
     [ $mode = every ] || stage "ten million steps at depth" depth
     [ $mode = every ] || stage "build for faulty sources" build_mutants

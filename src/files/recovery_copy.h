@@ -18,12 +18,12 @@
 namespace orvik {
 
 struct RecoveryCopy {
-    SharedText Text;      // the working text
-    std::string Mode;     // TextMode
-    std::string Caption;  // of the main window
-    SharedText Box;       // what the text box holds
+    SharedText Text = {};      // the working text
+    std::string Mode = {};     // TextMode
+    std::string Caption = {};  // of the main window
+    SharedText Box = {};       // what the text box holds
     bool EditMode = false;
-    std::string File;          // the book's name, empty for a new one
+    std::string File = {};     // the book's name, empty for a new one
     std::size_t Entries = 0;   // in the lists
     std::int64_t Seconds = 0;  // when it was kept, since 1970
 };

@@ -204,6 +204,9 @@ void QtPlatform::SaveSetting(std::string_view section,
 void QtPlatform::DeleteSettings() {
     settings_.Clear();
     books_.Clear();
+    if (deletes_) {
+        deletes_();
+    }
 }
 
 bool QtPlatform::CreateShellLink(const ShellLink& link) {
