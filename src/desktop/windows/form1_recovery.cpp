@@ -1,6 +1,5 @@
 // Books that nobody has saved: the open one is kept, and those of programs that ended are offered.
 
-#include <QTimer>
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -25,6 +24,8 @@ constexpr std::string_view kRestore = "Restore";
 
 void Form1Window::keepWith(RecoveryKeeper& keeper) {
     keeper_ = &keeper;
+    offer_.setSingleShot(true);
+    connect(&offer_, &QTimer::timeout, this, &Form1Window::askAboutLeftBooks);
     connect(&keeper, &RecoveryKeeper::failed, this, &Form1Window::tellNotKept);
 }
 
@@ -41,7 +42,7 @@ void Form1Window::syncRecovery() {
     keeper_->see(module_, title());
     if (offers_left_ && !module_.EditMode) {
         offers_left_ = false;
-        QTimer::singleShot(0, this, &Form1Window::askAboutLeftBooks);
+        offer_.start(0);
     }
 }
 

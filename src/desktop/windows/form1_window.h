@@ -188,6 +188,7 @@ class Form1Window : public QMainWindow, public View {
     bool line_stays_ = false;  // until the next command
     RecoveryKeeper* keeper_ = nullptr;
     bool offers_left_ = false;
+    QTimer offer_;
     bool is_low_ = false;
     QString state_file_;
     QPointer<QWidget> before_find_;  // what had the focus
