@@ -15,6 +15,10 @@ Scenario::Scenario(ScenarioPlatform& platform, Actor& actor) : platform_(platfor
     MakeProgram();
 }
 
+Scenario::~Scenario() {
+    actor_.Detach();
+}
+
 const std::vector<Scenario::Statement>& Scenario::Statements() {
     static const std::vector<Statement> kStatements = {
         {"file", 3, 4, &Scenario::MakeFile},

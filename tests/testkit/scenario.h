@@ -19,6 +19,11 @@ class Scenario {
  public:
     // The scenario's files are those of the current folder.
     Scenario(ScenarioPlatform& platform, Actor& actor);
+    Scenario(const Scenario&) = delete;
+    Scenario& operator=(const Scenario&) = delete;
+    Scenario(Scenario&&) = delete;
+    Scenario& operator=(Scenario&&) = delete;
+    ~Scenario();
 
     // Runs one statement. Errors: ScenarioError.
     void Run(std::string_view line);
