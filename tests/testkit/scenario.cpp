@@ -16,6 +16,10 @@ Scenario::Scenario(ScenarioPlatform& platform, Actor& actor, FileSystem* files)
     MakeProgram();
 }
 
+Scenario::~Scenario() {
+    actor_.Detach();
+}
+
 const std::vector<Scenario::Statement>& Scenario::Statements() {
     static const std::vector<Statement> kStatements = {
         {"file", 3, 4, &Scenario::MakeFile},

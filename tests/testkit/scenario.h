@@ -20,6 +20,11 @@ class Scenario {
     // The scenario's files are those of the current folder. The program reaches them through files,
     // if given, which must outlive this.
     Scenario(ScenarioPlatform& platform, Actor& actor, FileSystem* files = nullptr);
+    Scenario(const Scenario&) = delete;
+    Scenario& operator=(const Scenario&) = delete;
+    Scenario(Scenario&&) = delete;
+    Scenario& operator=(Scenario&&) = delete;
+    ~Scenario();
 
     // Runs one statement. Errors: ScenarioError.
     void Run(std::string_view line);
