@@ -15,8 +15,8 @@ namespace {
 // The entries as lines of aliases.
 std::string AliasLines(Module1& module) {
     const SharedText native = module.IsList(module.WorkText)
-                                   ? module.SplitEntries(module.WorkText, "txt")
-                                   : module.WorkText;
+                                  ? module.SplitEntries(module.WorkText, "txt")
+                                  : module.WorkText;
     NativeReader reader(native);
     std::string lines;
     while (reader.Next()) {

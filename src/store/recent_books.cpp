@@ -1,6 +1,7 @@
 #include "store/recent_books.h"
 
 #include <algorithm>
+#include <optional>
 #include <sstream>
 #include <utility>
 
@@ -45,22 +46,25 @@ std::vector<std::string> RecentBooks::Books() {
 }
 
 void RecentBooks::Add(const std::string& book) {
-    Read();
-    if (!remembers_ || UriOf(book).empty()) {
+    if (UriOf(book).empty() || !Remembers()) {
         return;
     }
-    std::erase(books_, book);
-    books_.insert(books_.begin(), book);
-    books_.resize(std::min(books_.size(), kMost));
-    Write();
-    if (files_ != nullptr) {
+    Change([&] {
+        // Another program may have switched it off meanwhile.
+        if (remembers_) {
+            std::erase(books_, book);
+            books_.insert(books_.begin(), book);
+            books_.resize(std::min(books_.size(), kMost));
+        }
+    });
+    if (files_ != nullptr && remembers_) {
         AddToSharedList(*files_, shared_, book);
     }
 }
 
 void RecentBooks::Clear() {
-    Read();
-    Empty();
+    Change([&] { books_.clear(); });
+    ClearShared();
 }
 
 bool RecentBooks::Remembers() {
@@ -69,30 +73,51 @@ bool RecentBooks::Remembers() {
 }
 
 void RecentBooks::SetRemembers(bool remembers) {
-    Read();
-    remembers_ = remembers;
-    if (remembers) {
-        Write();
-    } else {
-        Empty();
+    Change([&] {
+        remembers_ = remembers;
+        if (!remembers) {
+            books_.clear();
+        }
+    });
+    if (!remembers) {
+        ClearShared();
     }
 }
 
-void RecentBooks::Empty() {
-    books_.clear();
-    Write();
+void RecentBooks::ClearShared() const {
     if (files_ != nullptr) {
         RemoveFromSharedList(*files_, shared_);
     }
 }
 
 void RecentBooks::Read() {
+    if (files_ != nullptr) {
+        Parse(ReadKept(*files_, own_).value_or(""));
+    }
+}
+
+void RecentBooks::Change(const std::function<void()>& change) {
     if (files_ == nullptr) {
+        change();
         return;
     }
+    bool nothing = false;
+    RewriteKept(*files_, own_, [&](const std::optional<std::string>& old) {
+        Parse(old.value_or(""));
+        change();
+        nothing = books_.empty() && remembers_;
+        return Lines();
+    });
+    if (nothing) {
+        // As it is at first.
+        files_->Remove(own_);
+    }
+}
+
+void RecentBooks::Parse(const std::string& text) {
     books_.clear();
     remembers_ = true;
-    std::istringstream lines(ReadKept(*files_, own_).value_or(""));
+    std::istringstream lines(text);
     for (std::string line; std::getline(lines, line) && books_.size() < kMost;) {
         if (line == kOff) {
             remembers_ = false;
@@ -102,20 +127,12 @@ void RecentBooks::Read() {
     }
 }
 
-void RecentBooks::Write() const {
-    if (files_ == nullptr) {
-        return;
-    }
-    if (books_.empty() && remembers_) {
-        // Nothing is what there is at first.
-        files_->Remove(own_);
-        return;
-    }
+std::string RecentBooks::Lines() const {
     std::string lines = remembers_ ? std::string() : std::string(kOff) + "\n";
     for (const std::string& book : books_) {
         lines.append(UriOf(book)).append("\n");
     }
-    RewriteKept(*files_, own_, [&](const auto& /*old*/) { return lines; });
+    return lines;
 }
 
 }  // namespace orvik

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,8 +41,11 @@ class RecentBooks {
 
  private:
     void Read();
-    void Write() const;
-    void Empty();
+    void Parse(const std::string& text);
+    [[nodiscard]] std::string Lines() const;
+    // Changes the list as it is in the file; no other program's change comes between.
+    void Change(const std::function<void()>& change);
+    void ClearShared() const;
 
     FileSystem* files_ = nullptr;
     std::string own_;

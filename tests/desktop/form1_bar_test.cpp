@@ -241,6 +241,32 @@ TEST_F(Form1BarTest, AHiddenBarIsShownFromElsewhere) {
     EXPECT_TRUE(Bar().isVisible());
 }
 
+// In an empty window most of the bar is disabled.
+TEST_F(Form1BarTest, ADisabledButtonShowsTheBarsMenuToo) {
+    Show();
+    Settle();
+    ASSERT_EQ(Enabled(), "O---F");
+    for (const char* const name : {"barSave", "barUndo", "barFind"}) {
+        QToolButton& button = ButtonOf(name);
+        QContextMenuEvent click(
+            QContextMenuEvent::Mouse, QPoint(5, 5), button.mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(&button, &click);
+        QWidget* const menu = QApplication::activePopupWidget();
+        ASSERT_NE(menu, nullptr) << name;
+        EXPECT_TRUE(menu->actions().contains(&Find<QAction>("toolBarWanted")));
+        menu->close();
+    }
+}
+
+TEST_F(Form1BarTest, ALongNameLeavesTheListOfBooksNarrow) {
+    const std::string book = Write((std::string(200, 'L') + ".txt").c_str());
+    Choose("mnuOpen", book);
+    const QString row = Books().front()->text();
+    EXPECT_LT(row.size(), 120) << row.toStdString();
+    EXPECT_THAT(row.toStdString(), testing::HasSubstr("L.txt  ("));
+    EXPECT_TRUE(Books().front()->toolTip().contains(QStringLiteral("LLLL")));
+}
+
 TEST_F(Form1BarTest, ALowWindowHasNeitherBarNorHeadings) {
     Show();
     List(kThree);

@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QPushButton>
+#include <QTextDocument>
 #include <algorithm>
 
 #include "desktop/form1_window_fixture.h"
@@ -89,6 +90,32 @@ TEST_F(Form1WindowTest, PastingBeyondTheLimitIsUndone) {
     text.undo();
     EXPECT_EQ(module1.WorkText.size(), 31999U);
     EXPECT_FALSE(text.document()->isUndoAvailable());
+}
+
+TEST_F(Form1WindowTest, APasteOfManyMegabytesNeverGetsIntoTheBox) {
+    Show();
+    SetAscii("abc");
+    SwitchEditMode();
+    auto& text = Find<TextBoxView>("Text1");
+    QTest::keyClick(&text, Qt::Key_X);
+    int changes = 0;
+    QObject::connect(
+        text.document(), &QTextDocument::contentsChange, &text, [&changes] { ++changes; });
+    EXPECT_CALL(platform, ClipboardText()).WillOnce(Return(std::string(8U << 20U, 'b')));
+    EXPECT_CALL(platform, ShowBox(_)).WillOnce([&](const MessageBox& box) {
+        EXPECT_EQ(box.About, Matter::TextTooLong);
+        desktop.syncAll();
+        return Answer::OK;
+    });
+    Find<QAction>("mnuPaste").trigger();
+    EXPECT_EQ(changes, 0);
+    EXPECT_EQ(module1.WorkText, "xabc");
+    EXPECT_EQ(text.toPlainText(), QStringLiteral("xabc"));
+    EXPECT_EQ(text.textCursor().position(), 1);
+    QTest::keyClick(&text, Qt::Key_Y);
+    EXPECT_EQ(module1.WorkText, "xyabc");
+    text.undo();
+    EXPECT_EQ(module1.WorkText, "abc");
 }
 
 TEST_F(Form1WindowTest, PasteAndDeleteCanBeUndone) {

@@ -11,6 +11,8 @@
 
 #include <gmock/gmock.h>
 
+#include "desktop/text/short_text.h"
+
 namespace orvik {
 namespace {
 
@@ -179,7 +181,7 @@ TEST_F(ListBoxViewTest, NewItemsHaveNoSelection) {
 }
 
 TEST_F(ListBoxViewTest, OnlyATextThatIsCutOffHasAToolTip) {
-    const std::string long_text(200, 'w');
+    const std::string long_text(70, 'w');
     box.AddItem(long_text);
     view.sync();
     const auto tip_of = [this](int row) {
@@ -196,6 +198,37 @@ TEST_F(ListBoxViewTest, OnlyATextThatIsCutOffHasAToolTip) {
     view.sync();
     EXPECT_EQ(tip_of(0), long_text + " & \"Al\"");
     EXPECT_EQ(tip_of(1), "<p>&lt;b&gt;" + long_text + "</p>");
+}
+
+TEST_F(ListBoxViewTest, OfARowOfManyMegabytesTheBeginningIsShown) {
+    constexpr std::size_t kLong = std::size_t{8} << 20U;
+    box.AddItem(std::string(kLong, 'a'));
+    // One byte at the end decides.
+    box.AddItem("\xC3\xBC" + std::string(kLong, 'a') + "\xFF");
+    view.sync();
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(Shown(5), QString(kMostShown, u'a') + u'\u2026');
+        EXPECT_TRUE(Shown(6).startsWith(QStringLiteral("\u00C3\u00BCa")));
+        EXPECT_EQ(Shown(6).size(), kMostShown + 1);
+    }
+    view.repaint();
+    EXPECT_EQ(view.box().Items()[5].size(), kLong);
+    box.Clear();
+    for (int i = 0; i < 6; ++i) {
+        box.AddItem(std::string(kLong, 'b'));
+    }
+    view.sync();
+    EXPECT_EQ(Shown(5), QString(kMostShown, u'b') + u'\u2026');
+}
+
+TEST_F(ListBoxViewTest, ATipOfAHugeRowStaysOnTheScreen) {
+    box.AddItem(std::string(3'000'000, 'w'));
+    view.sync();
+    const QPoint at = view.visualRect(view.model()->index(5, 0)).center();
+    QHelpEvent help(QEvent::ToolTip, at, view.viewport()->mapToGlobal(at));
+    QApplication::sendEvent(view.viewport(), &help);
+    EXPECT_TRUE(QToolTip::text().startsWith(QStringLiteral("www")));
+    EXPECT_LT(QToolTip::text().size(), 2000);
 }
 
 TEST_F(ListBoxViewTest, EmptyRowsAreAsHighAsTheOthers) {

@@ -2,11 +2,14 @@
 
 #include <QDialogButtonBox>
 #include <QLineEdit>
+#include <QProxyStyle>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScrollBar>
 
 #include "desktop/form1_window_fixture.h"
 #include "desktop/modal_user.h"
+#include "desktop/text/short_text.h"
 #include "desktop/windows/changed_entry.h"
 #include "desktop/windows/entry_dialog.h"
 
@@ -20,6 +23,19 @@ using testing::_;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Return;
+
+// The style of a desktop whose dialogs have pictures on their buttons.
+class PicturesOnButtons : public QProxyStyle {
+ public:
+    int styleHint(StyleHint hint,
+                  const QStyleOption* option,
+                  const QWidget* widget,
+                  QStyleHintReturn* more) const override {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 1
+                   : QProxyStyle::styleHint(hint, option, widget, more);
+    }
+};
 
 class ListMenuTest : public test::Form1WindowTest {
  protected:
@@ -51,6 +67,23 @@ class ListMenuTest : public test::Form1WindowTest {
     QListView& list1_ = Find<QListView>("List1");
     QListView& list2_ = Find<QListView>("List2");
 };
+
+TEST_F(ListMenuTest, TheFormsButtonsHaveWordsOnly) {
+    const QString usual = QApplication::style()->name();
+    const auto back = qScopeGuard([&] { QApplication::setStyle(usual); });
+    QApplication::setStyle(new PicturesOnButtons);
+    Open();
+    ClickRow(list1_, 0);
+    const ModalUser user({[] {
+        for (const QAbstractButton* const button :
+             Dialog().findChild<QDialogButtonBox*>()->buttons()) {
+            EXPECT_TRUE(button->icon().isNull()) << button->text().toStdString();
+        }
+        Press(QDialogButtonBox::Cancel);
+    }});
+    QTest::keyClick(&list1_, Qt::Key_Return);
+    EXPECT_EQ(user.done(), 1U);
+}
 
 TEST_F(ListMenuTest, EnterEditsTheEntryThatHasTheFocus) {
     Open();
@@ -171,6 +204,23 @@ TEST_F(ListMenuTest, ABookOfAnySizeCanBeChanged) {
     QTest::keyClick(&list1_, Qt::Key_Delete);
     EXPECT_EQ(form1.List2.Items().size(), 19999U);
     EXPECT_EQ(list1_.currentIndex().row(), 19998);
+}
+
+TEST_F(ListMenuTest, AHalfOfManyMegabytesStaysAsItIs) {
+    const std::string nickname(std::size_t{8} << 20U, 'n');
+    Open("A1\r\n-nick-\r\n" + nickname + "\r\n");
+    ClickRow(list1_, 0);
+    const ModalUser user({[] {
+        EXPECT_TRUE(Field("entryNickname").isReadOnly());
+        EXPECT_EQ(Field("entryNickname").text().size(), kMostTyped + 1);
+        EXPECT_FALSE(Field("entryNickname").toolTip().isEmpty());
+        EXPECT_FALSE(Field("entryAddress").isReadOnly());
+        Field("entryAddress").setText(QStringLiteral("z"));
+        Press(QDialogButtonBox::Ok);
+    }});
+    QTest::keyClick(&list1_, Qt::Key_Enter);
+    EXPECT_EQ(form1.List1.Items()[0], "z");
+    EXPECT_EQ(form1.List2.Items()[0], nickname);
 }
 
 TEST_F(ListMenuTest, KeysCopy) {

@@ -280,7 +280,7 @@ TEST_F(ListsTest, AnotherBookBeginsAtTheTop) {
 }
 
 TEST_F(ListsTest, ACutOffRowHasItsTipAtOnce) {
-    const QString address = QStringLiteral("w").repeated(200);
+    const QString address = QStringLiteral("w").repeated(70);
     Show();
     window.activateWindow();
     List(address.toStdString() + "\r\nb\r\n-nick-\r\nAl\r\nBo\r\n");

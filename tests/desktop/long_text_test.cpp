@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include "desktop/text/short_text.h"
+
 namespace orvik {
 namespace {
 
@@ -60,6 +62,14 @@ TEST_F(LongTextTest, OneLongLineStaysOnTheScreenToo) {
     Show(QString(100000, u'w'));
     ASSERT_NE(scrolled(), nullptr);
     EXPECT_LE(box.frameGeometry().width(), box.screen()->availableGeometry().width());
+}
+
+TEST_F(LongTextTest, OfALineOfManyMegabytesTheBeginningIsShown) {
+    const QString line(8 << 20, u'w');
+    Show(line + u'\n' + QStringLiteral("end"));
+    ASSERT_NE(scrolled(), nullptr);
+    EXPECT_EQ(scrolled()->toPlainText(), QString(kMostTyped, u'w') + QStringLiteral("\u2026\nend"));
+    EXPECT_EQ(box.text().size(), kMostShown + 1);
 }
 
 }  // namespace

@@ -35,6 +35,26 @@ TEST(PlainTipTest, NothingIsTakenForHtml) {
     EXPECT_EQ(PlainTip(QStringLiteral("&lt;b")), QStringLiteral("<p>&amp;lt;b</p>"));
 }
 
+TEST(PlainTipTest, ALongTextIsBrokenIntoLinesAndAVeryLongOneShortened) {
+    const QString longest(kTipColumns, u'w');
+    EXPECT_EQ(PlainTip(longest), longest);
+    EXPECT_EQ(PlainTip(longest + u'x'), longest + QStringLiteral("\nx"));
+    EXPECT_EQ(PlainTip(longest + u'\n' + longest), longest + u'\n' + longest);
+    const QString words = QStringLiteral("word and ").repeated(20);
+    EXPECT_EQ(PlainTip(words).remove(u'\n'), words);
+    EXPECT_TRUE(PlainTip(words).contains(QStringLiteral(" \n")));
+    // A letter of two halves stays whole.
+    const QString halves = QStringLiteral("\U0001F600").repeated(kTipColumns);
+    for (const QString& line : PlainTip(halves).split(u'\n')) {
+        EXPECT_EQ(line.size() % 2, 0);
+        EXPECT_LE(line.size(), 2 * kTipColumns);
+    }
+    const QString huge = PlainTip(QString(3'000'000, u'w'));
+    EXPECT_EQ(huge.count(u'w'), kTipLetters);
+    EXPECT_TRUE(huge.endsWith(QChar(0x2026)));
+    EXPECT_TRUE(PlainTip(QStringLiteral("<b>") + huge).contains(QStringLiteral("&lt;b&gt;")));
+}
+
 // A label that finds out by itself would take a name for HTML.
 TEST_F(PlainLabelsTest, NoLabelOfAnyWindowShowsHtml) {
     const auto small_windows = MakeSmallWindows(program, desktop, &window);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <deque>
 #include <functional>
 #include <map>
@@ -35,6 +36,8 @@ class Person : public Platform {
     // What is done in a modal showing of a form, by the form's name; others are closed.
     std::map<std::string, std::function<void()>, std::less<>> modal;
     std::vector<Told> told;
+    // How often the program showed its windows anew, with and without taking events.
+    std::size_t shown = 0;
     // The program has ended.
     bool ended = false;
 
@@ -58,8 +61,8 @@ class Person : public Platform {
     void ShowForm(Form& form, Showing showing) override;
     void HideForm(Form& /*form*/) override {}
     void CloseForm(Form& /*form*/) override {}
-    void Repaint() override {}
-    void Yield() override {}
+    void Repaint() override { ++shown; }
+    void Yield() override { ++shown; }
     void ReportFailure(const RunTimeError& failure) override;
     std::string ProgramFolder() override { return "/opt/orvik"; }
     std::string ProgramName() override { return "orvik"; }

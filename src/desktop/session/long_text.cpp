@@ -8,6 +8,8 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "desktop/text/short_text.h"
+
 namespace orvik {
 namespace {
 
@@ -17,6 +19,16 @@ constexpr qsizetype kShortText = 1500;
 
 bool IsLong(const QString& text) {
     return text.size() > kShortText || text.count(u'\n') >= kShortLines;
+}
+
+// The lines of a text, each as far as a field takes it: a longer one would not be read, but
+// measured.
+QString WithShortLines(const QString& text) {
+    QStringList lines = text.split(u'\n');
+    for (QString& line : lines) {
+        line = Shortened(line, kMostTyped);
+    }
+    return lines.join(u'\n');
 }
 
 // As wide as the line with the most letters and as high as the lines that a box may have, on a
@@ -39,8 +51,13 @@ QSize SizeFor(const QPlainTextEdit& edit, const QSize& screen) {
 }  // namespace
 
 void LetTextBeRead(QMessageBox& box) {
+    const QString text = box.text();
+    if (text.size() > kMostTyped) {
+        // The label measures what it has, also where it is hidden.
+        box.setText(Shortened(text));
+    }
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    if (!IsLong(box.text())) {
+    if (!IsLong(text)) {
         return;
     }
     auto* const label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
@@ -48,7 +65,7 @@ void LetTextBeRead(QMessageBox& box) {
     if (label == nullptr || grid == nullptr) {
         return;
     }
-    auto* const edit = new QPlainTextEdit(box.text(), &box);
+    auto* const edit = new QPlainTextEdit(WithShortLines(text), &box);
     edit->setObjectName(QStringLiteral("longText"));
     edit->setAccessibleName(QObject::tr("Text of the message"));
     edit->setReadOnly(true);

@@ -74,7 +74,18 @@ QMessageBox::Icon SignOf(const MessageBox& box) {
 }
 
 QString ShownText(std::string_view text) {
-    return ToLetters(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    // By hand: QString::replace moves the rest of the text for each thousand of its line ends.
+    const QString letters = ToLetters(text);
+    QString shown;
+    shown.reserve(letters.size());
+    for (const QChar letter : letters) {
+        if (letter == u'\n' && shown.endsWith(u'\r')) {
+            shown.back() = letter;
+        } else {
+            shown.append(letter);
+        }
+    }
+    return shown;
 }
 
 // A text with the name of a file in it, if that is not empty.

@@ -14,8 +14,12 @@ namespace orvik {
 [[nodiscard]] QString ShownName(std::string_view name);
 [[nodiscard]] QString ShownName(const QString& name);
 
-// PlainTip: a tool tip that shows a text, also where Qt would take it for HTML.
+// PlainTip: a tool tip that shows a text, also where Qt would take it for HTML. A long text is
+// broken into lines of at most kTipColumns letters; of a very long one its first kTipLetters are
+// shown, so that the tip stays on the screen.
 //   "a <b>" -> "<p>a &lt;b&gt;</p>";  "a & b" -> "a & b"
+inline constexpr int kTipColumns = 80;
+inline constexpr int kTipLetters = 1000;
 [[nodiscard]] QString PlainTip(const QString& text);
 
 }  // namespace orvik

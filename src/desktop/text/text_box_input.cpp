@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QContextMenuEvent>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
@@ -118,9 +119,25 @@ void TextBoxView::insertFromMimeData(const QMimeData* source) {
         }
         text.replace(QChar::ParagraphSeparator, u' ').replace(QChar::LineSeparator, u' ');
     }
+    if (isTooLongWith(text)) {
+        refuse(text);
+        return;
+    }
     cursor.insertText(text);
     setTextCursor(cursor);
     ensureCursorVisible();
+}
+
+void TextBoxView::inputMethodEvent(QInputMethodEvent* event) {
+    if (!isReadOnly() && isTooLongWith(event->commitString())) {
+        refuse(FromLineBreaks(event->commitString()));
+        event->accept();
+    } else if (isTooLongWith(event->preeditString())) {
+        // What is not yet typed is not yet refused either, but it is laid out.
+        event->ignore();
+    } else {
+        QPlainTextEdit::inputMethodEvent(event);
+    }
 }
 
 }  // namespace orvik

@@ -3,8 +3,18 @@
 #include <QScopedValueRollback>
 #include <QTextDocument>
 #include <algorithm>
+#include <utility>
+
+#include "app/working_text.h"
+#include "desktop/text/short_text.h"
 
 namespace orvik {
+namespace {
+
+// More than any text that a form keeps in a box.
+constexpr std::size_t kMostShownBytes = 2 * kTextLimit;
+
+}  // namespace
 
 TextBoxView::TextBoxView(TextBox& box,
                          RunEvent run,
@@ -47,8 +57,18 @@ void TextBoxView::syncText() {
     if (text_shown_ == box_.TextRevision()) {
         return;
     }
+    if (refusing_ || box_.Text().size() > kMostShownBytes) {
+        refused_ = true;
+        return;
+    }
     text_shown_ = box_.TextRevision();
+    const bool refused = std::exchange(refused_, false);
     if (box_.Text() == now_.Bytes) {
+        if (refused) {
+            // Cursor and selection stay, as after any other edit that is refused.
+            start_shown_ = box_.SelStart;
+            length_shown_ = box_.SelLength;
+        }
         return;
     }
     if (box_.Text() == before_.Bytes && document()->isUndoAvailable()) {
@@ -61,7 +81,8 @@ void TextBoxView::syncText() {
 }
 
 void TextBoxView::syncSelection() {
-    if (start_shown_ == box_.SelStart && length_shown_ == box_.SelLength) {
+    if (refusing_ || refused_ ||
+        (start_shown_ == box_.SelStart && length_shown_ == box_.SelLength)) {
         return;
     }
     start_shown_ = box_.SelStart;
@@ -132,6 +153,32 @@ void TextBoxView::setCursor(int anchor, int position) {
     cursor.setPosition(anchor);
     cursor.setPosition(position, QTextCursor::KeepAnchor);
     setTextCursor(cursor);
+}
+
+bool TextBoxView::isTooLongWith(const QString& text) const {
+    const QTextCursor cursor = textCursor();
+    const auto selected = cursor.selectionEnd() - cursor.selectionStart();
+    // A letter takes a byte at least.
+    const auto most = static_cast<qsizetype>(kTextLimit);
+    return text.size() > selected + most - std::min(now_.Letters.size(), most);
+}
+
+void TextBoxView::refuse(const QString& text) {
+    if (single_line_) {
+        TellTooLong(*this, kMostTyped);
+        return;
+    }
+    const auto [start, end] = std::minmax(now_.Anchor, now_.Position);
+    const QString whole = now_.Letters.left(start) + text + now_.Letters.mid(end);
+    Encoding encoding = now_.Shown;
+    const std::string bytes = FromBoxText(whole, encoding);
+    const std::size_t cursor = ByteOffset(whole, start + text.size(), encoding);
+    refused_ = true;
+    text_shown_ = ~Revision{0};
+    run_([&] {
+        const QScopedValueRollback refusing(refusing_, true);
+        box_.EditByUser(bytes, cursor);
+    });
 }
 
 void TextBoxView::takeEdit() {

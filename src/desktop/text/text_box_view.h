@@ -2,7 +2,8 @@
 //
 // The widget is filled only while it can be seen. Text goes back to the form after a real edit, in
 // the encoding in which it was shown. An edit that the form refuses is undone in the document, so
-// cursor and undo history survive it.
+// cursor and undo history survive it. What is far longer than a text may be never gets into the
+// document, which would take minutes: the form refuses it by itself.
 //
 // The box with the focus has a frame of its own colour, which styles draw around single lines only.
 
@@ -62,6 +63,7 @@ class TextBoxView : public QPlainTextEdit {
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
     [[nodiscard]] bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
@@ -79,6 +81,10 @@ class TextBoxView : public QPlainTextEdit {
     void paintFocus();
     // Runs the command that a key stands for. Returns false for any other key.
     bool runCommand(const QKeyEvent& key);
+    // Whether the text is too long for the document with this one in place of the selection.
+    [[nodiscard]] bool isTooLongWith(const QString& text) const;
+    // Inserts such a text into the form's text only, or tells that it is too long for a line.
+    void refuse(const QString& text);
     void takeEdit();
     void takeCursor();
     void syncText();
@@ -104,6 +110,9 @@ class TextBoxView : public QPlainTextEdit {
     bool covered_ = true;
     bool keep_history_ = false;
     bool syncing_ = false;
+    // The form is refusing a text that is not shown, and has refused one.
+    bool refusing_ = false;
+    bool refused_ = false;
     bool single_line_ = false;
 };
 

@@ -11,10 +11,14 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "desktop/text/short_text.h"
+
 namespace orvik {
 namespace {
 
 constexpr int kFewestLetters = 8;
+// Nobody looks for more, and each row is compared with all of them.
+constexpr qsizetype kMostLetters = 1000;
 constexpr int kMargin = 2;
 
 QAction* AddAction(QWidget& window,
@@ -91,6 +95,7 @@ FindBar::FindBar(QWidget& window, QWidget* parent)
     label_->setBuddy(wanted_);
     wanted_->setObjectName(QStringLiteral("findText"));
     wanted_->setAccessibleName(tr("Find text"));
+    LimitLength(*wanted_, kMostLetters);
     wanted_->setMinimumWidth(fontMetrics().averageCharWidth() * kFewestLetters);
     notice_->setObjectName(QStringLiteral("findNotice"));
     notice_->setTextFormat(Qt::PlainText);

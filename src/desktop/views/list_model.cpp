@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "desktop/text/short_text.h"
 #include "desktop/text/text_codec.h"
 
 namespace orvik {
@@ -25,7 +26,22 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
         return {};
     }
     const auto row = static_cast<std::size_t>(index.row());
-    return row < box_.Items().size() ? ToLetters(box_.Items()[row]) : QString();
+    if (row >= box_.Items().size()) {
+        return QString();
+    }
+    const std::string_view item = box_.Items()[row];
+    if (item.size() <= static_cast<std::size_t>(kMostShown)) {
+        return ToLetters(item);
+    }
+    if (items_begun_ != box_.ItemsRevision()) {
+        items_begun_ = box_.ItemsRevision();
+        beginnings_.clear();
+    }
+    QString& beginning = beginnings_[index.row()];
+    if (beginning.isEmpty()) {
+        beginning = ToShownLetters(item);
+    }
+    return beginning;
 }
 
 }  // namespace orvik

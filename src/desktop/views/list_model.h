@@ -1,10 +1,12 @@
 // Shows the items of a list box in place: no copy is made, and no row costs anything until it is
-// painted.
+// painted. Of a row that is longer than any screen is wide the beginning is shown.
 
 #pragma once
 
 #include <QAbstractListModel>
+#include <QHash>
 #include <QObject>
+#include <QString>
 
 #include "app/controls.h"
 
@@ -26,6 +28,10 @@ class ListModel : public QAbstractListModel {
  private:
     const ListBox& box_;
     int rows_ = 0;
+    // The beginnings of the rows that are longer than any screen is wide, as far as they were asked
+    // for: to find the encoding of such a row takes a look at all of it.
+    mutable QHash<int, QString> beginnings_;
+    mutable Revision items_begun_ = 0;
 };
 
 }  // namespace orvik

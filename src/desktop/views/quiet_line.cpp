@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <utility>
 
+#include "desktop/text/short_text.h"
 #include "desktop/views/link_button.h"
 
 namespace orvik {
@@ -51,7 +52,8 @@ void QuietLine::clear() {
 }
 
 // Also a screen reader that looks at what is hidden finds names.
-void QuietLine::say(const QString& text, const QString& link) {
+void QuietLine::say(const QString& whole, const QString& link) {
+    const QString text = Shortened(whole);
     label_->setText(text);
     label_->setAccessibleName(text.isEmpty() ? tr("Notice") : text);
     link_->setText(link);

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "desktop/text/plain_text.h"
+#include "desktop/text/short_text.h"
 #include "desktop/text/text_codec.h"
 #include "desktop/views/measures.h"
 
@@ -60,7 +61,7 @@ void StatusBarView::sync(Running running) {
         changed = true;
     }
     for (std::size_t i = 0; i < panels_.size(); ++i) {
-        const QString text = ToLetters(bar_.Panels(i + 1).Text);
+        const QString text = ToShownLetters(bar_.Panels(i + 1).Text);
         if (panels_.at(i)->text() != text) {
             panels_.at(i)->setText(text);
             changed = true;
@@ -83,7 +84,7 @@ void StatusBarView::sync(Running running) {
 }
 
 void StatusBarView::showForNow(const QString& text) {
-    panels_.front()->setText(text);
+    panels_.front()->setText(Shortened(text));
     place();
 }
 

@@ -4,9 +4,10 @@
 #include <QFormLayout>
 #include <QLineEdit>
 #include <algorithm>
-#include <limits>
 
 #include "desktop/help/help_key.h"
+#include "desktop/text/short_text.h"
+#include "desktop/views/control_views.h"
 
 namespace orvik {
 namespace {
@@ -18,13 +19,23 @@ constexpr qsizetype kWidestField = 60;
 QLineEdit* MakeField(const char* name, const QString& text, QWidget* parent) {
     auto* const field = new QLineEdit(parent);
     field->setObjectName(QString::fromLatin1(name));
-    // Qt would cut a longer one off.
-    field->setMaxLength(std::numeric_limits<int>::max());
-    field->setText(text);
+    LimitLength(*field, kMostTyped);
+    if (text.size() > kMostTyped) {
+        // It stays as it is.
+        const QString why = EntryDialog::tr("This is too long to be changed here.");
+        field->setReadOnly(true);
+        field->setToolTip(why);
+        field->setAccessibleDescription(why);
+    }
+    field->setText(Shortened(text, kMostTyped));
     field->setMinimumWidth(
         field->fontMetrics().averageCharWidth() *
         static_cast<int>(std::clamp(text.size() + 2, kNarrowestField, kWidestField)));
     return field;
+}
+
+QString TextOf(const QLineEdit& field, const QString& too_long) {
+    return too_long.isEmpty() ? field.text() : too_long;
 }
 
 }  // namespace
@@ -35,6 +46,8 @@ EntryDialog::EntryDialog(const QString& address,
                          QWidget* parent)
     : QDialog(parent),
       may_be_(std::move(may_be)),
+      long_address_(address.size() > kMostTyped ? address : QString()),
+      long_nickname_(nickname.size() > kMostTyped ? nickname : QString()),
       address_(MakeField("entryAddress", address, this)),
       nickname_(MakeField("entryNickname", nickname, this)) {
     setObjectName(QStringLiteral("entryDialog"));
@@ -46,6 +59,7 @@ EntryDialog::EntryDialog(const QString& address,
     auto* const buttons =
         new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     rows->addRow(buttons);
+    ShowWordsOnly(*this);
     address_->setAccessibleName(tr("Address"));
     nickname_->setAccessibleName(tr("Nickname"));
     connect(buttons, &QDialogButtonBox::accepted, this, &EntryDialog::accept);
@@ -56,11 +70,11 @@ EntryDialog::EntryDialog(const QString& address,
 }
 
 QString EntryDialog::address() const {
-    return address_->text();
+    return TextOf(*address_, long_address_);
 }
 
 QString EntryDialog::nickname() const {
-    return nickname_->text();
+    return TextOf(*nickname_, long_nickname_);
 }
 
 void EntryDialog::accept() {

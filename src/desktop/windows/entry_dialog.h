@@ -13,7 +13,8 @@ namespace orvik {
 class EntryDialog : public QDialog {
     Q_OBJECT
  public:
-    // OK is asked first whether the entry may be so; if not, the form stays open.
+    // OK is asked first whether the entry may be so; if not, the form stays open. A half that is
+    // longer than a field is shown shortened and stays as it is.
     EntryDialog(const QString& address,
                 const QString& nickname,
                 std::function<bool(const EntryDialog&)> may_be,
@@ -26,6 +27,9 @@ class EntryDialog : public QDialog {
 
  private:
     std::function<bool(const EntryDialog&)> may_be_;
+    // The whole of a half that stays as it is, empty for any other.
+    QString long_address_;
+    QString long_nickname_;
     QLineEdit* address_;
     QLineEdit* nickname_;
 };

@@ -1,5 +1,4 @@
 #include "desktop/windows/tool_bar.h"
-#include "desktop/text/plain_text.h"
 
 #include <QAction>
 #include <QDir>
@@ -8,14 +7,17 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QToolButton>
+#include <utility>
 
+#include "desktop/text/plain_text.h"
 #include "desktop/text/text_box_view.h"
 #include "desktop/views/line_icon.h"
 
 namespace orvik {
 namespace {
 
-// Of a folder's name so many letters are shown.
+// So many letters are shown of the name of a book and of that of its folder.
+constexpr int kNameLetters = 60;
 constexpr int kFolderLetters = 40;
 
 QString WithoutKey(QString text) {
@@ -42,9 +44,9 @@ ToolBar::ToolBar(
       open_(add("barOpen", tr("Open"), LineIcon(Drawing::Open), *actions.Open)),
       save_(add("barSave", tr("Save"), LineIcon(Drawing::Save), *actions.Save)),
       undo_(addStep(
-          "barUndo", tr("Undo"), LineIcon(Drawing::Undo), *actions.Undo, &TextBoxView::undo)),
+          "barUndo", tr("Undo"), LineIcon(Drawing::Undo), *actions.Undo, [this] { text_.undo(); })),
       redo_(addStep(
-          "barRedo", tr("Redo"), LineIcon(Drawing::Redo), *actions.Redo, &TextBoxView::redo)),
+          "barRedo", tr("Redo"), LineIcon(Drawing::Redo), *actions.Redo, [this] { text_.redo(); })),
       find_(add("barFind", tr("Find"), LineIcon(Drawing::Find), *actions.Find)),
       wanted_(new QAction(tr("Show the &tool bar"), this)),
       books_menu_(new QMenu(this)) {
@@ -73,6 +75,7 @@ QAction* ToolBar::add(const char* name,
     QAction* const button = addAction(icon, text);
     button->setObjectName(QString::fromLatin1(name));
     connect(button, &QAction::triggered, &runs, &QAction::trigger);
+    widgetForAction(button)->installEventFilter(this);
     return button;
 }
 
@@ -80,16 +83,17 @@ QAction* ToolBar::addStep(const char* name,
                           const QString& text,
                           const QIcon& icon,
                           QAction& in_lists,
-                          void (TextBoxView::*in_text)()) {
+                          std::function<void()> in_text) {
     QAction* const button = addAction(icon, text);
     button->setObjectName(QString::fromLatin1(name));
-    connect(button, &QAction::triggered, this, [this, &in_lists, in_text] {
+    connect(button, &QAction::triggered, this, [this, &in_lists, in_text = std::move(in_text)] {
         if (text_.isCovered()) {
             in_lists.trigger();
         } else {
-            (text_.*in_text)();
+            in_text();
         }
     });
+    widgetForAction(button)->installEventFilter(this);
     return button;
 }
 
@@ -111,14 +115,15 @@ void ToolBar::addBooks(QWidget& window) {
 void ToolBar::fillBooks() {
     books_menu_->clear();
     int number = 0;
+    const auto shortened = [this](const QString& name, int letters) {
+        return fontMetrics().elidedText(
+            ShownName(name), Qt::ElideMiddle, fontMetrics().averageCharWidth() * letters);
+    };
     for (const std::string& book : books_.Books()) {
         const QString name = QFile::decodeName(book.c_str());
         const QFileInfo file(name);
-        const QString folder =
-            fontMetrics().elidedText(ShownName(ShownFolder(file)),
-                                     Qt::ElideMiddle,
-                                     fontMetrics().averageCharWidth() * kFolderLetters);
-        QString text = ShownName(file.fileName()) + QStringLiteral("  (") + folder + u')';
+        QString text = shortened(file.fileName(), kNameLetters) + QStringLiteral("  (") +
+                       shortened(ShownFolder(file), kFolderLetters) + u')';
         text.replace(u'&', QStringLiteral("&&"));
         // The tenth has the key 0.
         ++number;
@@ -203,6 +208,15 @@ void ToolBar::fit(bool low, int width) {
 
 int ToolBar::takenHeight() const {
     return isHidden() ? 0 : sizeHint().height();
+}
+
+// A button that is disabled would keep the wish for the bar's menu to itself.
+bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ContextMenu) {
+        event->ignore();
+        return true;
+    }
+    return QToolBar::eventFilter(watched, event);
 }
 
 void ToolBar::changeEvent(QEvent* event) {

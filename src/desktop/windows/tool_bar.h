@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QToolBar>
+#include <functional>
 
 #include "app/module1.h"
 #include "store/recent_books.h"
@@ -51,6 +52,7 @@ class ToolBar : public QToolBar {
 
  protected:
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
     QAction* add(const char* name, const QString& text, const QIcon& icon, const QAction& runs);
@@ -58,7 +60,7 @@ class ToolBar : public QToolBar {
                      const QString& text,
                      const QIcon& icon,
                      QAction& in_lists,
-                     void (TextBoxView::*in_text)());
+                     std::function<void()> in_text);
     void addBooks(QWidget& window);
     void fillBooks();
     void showBooks(const QWidget& window);

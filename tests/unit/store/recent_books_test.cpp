@@ -2,9 +2,14 @@
 
 #include <sys/stat.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
+#include <memory>
 #include <string>
+#include <system_error>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -21,6 +26,21 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
+
+// Files where something happens before a change gets its turn.
+class BusyFiles : public SystemFiles {
+ public:
+    BusyFiles() : SystemFiles(false) {}
+    std::error_code Lock(const Path& path,
+                         std::chrono::milliseconds longest,
+                         std::unique_ptr<FolderLock>& lock) override {
+        if (const auto meanwhile = std::exchange(Meanwhile, {})) {
+            meanwhile();
+        }
+        return SystemFiles::Lock(path, longest, lock);
+    }
+    std::function<void()> Meanwhile;
+};
 
 class RecentBooksTest : public testing::Test {
  protected:
@@ -143,6 +163,20 @@ TEST_F(RecentBooksTest, SwitchedOffNothingIsRemembered) {
     next.SetRemembers(true);
     next.Add("/b/2.ldif");
     EXPECT_THAT(Other().Books(), ElementsAre("/b/2.ldif"));
+}
+
+TEST_F(RecentBooksTest, TwoProgramsAtOnceLoseNothing) {
+    BusyFiles busy;
+    RecentBooks slow(busy, own, shared);
+    books.Add("/b/1.ldif");
+    busy.Meanwhile = [&] { books.Add("/b/2.ldif"); };
+    slow.Add("/b/3.ldif");
+    EXPECT_THAT(Other().Books(), ElementsAre("/b/3.ldif", "/b/2.ldif", "/b/1.ldif"));
+    busy.Meanwhile = [&] { books.SetRemembers(false); };
+    slow.Add("/b/4.ldif");
+    EXPECT_FALSE(Other().Remembers());
+    EXPECT_THAT(Other().Books(), IsEmpty());
+    EXPECT_THAT(test::ReadFile(shared), Not(HasSubstr("4.ldif")));
 }
 
 TEST_F(RecentBooksTest, ASharedListThatIsNotUnderstoodStays) {
