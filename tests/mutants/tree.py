@@ -5,6 +5,7 @@ import os
 import pathlib
 import shlex
 import subprocess
+import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 
@@ -14,7 +15,9 @@ class Tree:
         """folder: a build of the preset "mutants"."""
         self.folder = pathlib.Path(folder).resolve()
         commands = json.loads((self.folder / "compile_commands.json").read_text())
-        self.compile = {pathlib.Path(c["file"]): shlex.split(c["command"]) for c in commands}
+        # The first of a source: tests/work compiles those of the program once more.
+        self.compile = {
+            pathlib.Path(c["file"]): shlex.split(c["command"]) for c in reversed(commands)}
         self.links = {}
 
     def object_of(self, source, text, target, options=()):
@@ -41,7 +44,10 @@ class Tree:
         output = command.index("-o")
         command[output + 1] = str(target)
         command[output:output] = [str(one) for one in first]
-        subprocess.run(command, cwd=self.folder, capture_output=True, check=True)
+        done = subprocess.run(
+            command, cwd=self.folder, capture_output=True, text=True, check=False)
+        if done.returncode != 0:
+            sys.exit(f"{program} does not link:\n{done.stderr}")
 
     @staticmethod
     def environment(program, folder):
