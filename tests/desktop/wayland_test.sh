@@ -51,7 +51,8 @@ kill -TERM "$orvik"
 eventually ended "$orvik"
 kept | cmp - "$work/copy" || fail "a book that was offered is another one"
 
-# Without keys and without a limit of file sizes, which the compositor's memory is subject to.
-"$tests" --gtest_filter="*Drop*:Form1Recovery*:RecoveryKeeper*-$(
+# Without keys and without a limit of file sizes, which the compositor's memory is subject to. What the
+# Wayland libraries leak is theirs; a sanitized build looks for our leaks where there is no compositor.
+ASAN_OPTIONS=${ASAN_OPTIONS:+$ASAN_OPTIONS:}detect_leaks=0 "$tests" --gtest_filter="*Drop*:Form1Recovery*:Form1Restore*:RecoveryKeeper*-$(
     printf '*%s*:' AChangeIsKeptSoon IsOnTheDiskAllTheTime CannotBeKept WhileAPersonTypes
 )" >>"$log" 2>&1 || fail "the tests failed"
