@@ -90,6 +90,8 @@ def runs(source, units, scenarios):
     own = suites_of(source)
     if own:
         yield units, ["--gtest_fail_fast", f"--gtest_filter={own}"]
+    if list((ROOT / "tests/unit/icu").glob(f"{source.stem}*_test.cpp")):
+        yield "orvik-icu-tests", ALL
     yield "orvik-scenario", ["--check", *scenarios]
     yield "orvik-depth", ["--steps", "4000"]
     yield "orvik-unit", ALL
