@@ -3,11 +3,11 @@
 #include <QDateTime>
 #include <QLocale>
 #include <QMessageBox>
-#include <QPushButton>
+#include <array>
+#include <vector>
 
-#include "app/messages.h"
+#include "desktop/session/choice_box.h"
 #include "desktop/text/plain_text.h"
-#include "desktop/text/text_codec.h"
 
 namespace orvik {
 
@@ -18,32 +18,20 @@ LeftAnswer AskAboutLeft(Desktop& desktop, const RecoveryCopy& copy) {
     const QString entries =
         copy.Entries == 1 ? QObject::tr("1 entry") : QObject::tr("%1 entries").arg(copy.Entries);
     const QString book = copy.File.empty() ? QObject::tr("a new book") : ShownName(copy.File);
-    return desktop.nested([&] {
-        QMessageBox box(QMessageBox::Question,
-                        ToLetters(kTitle),
-                        QObject::tr("The program ended before %1 was saved. It was kept on %2, "
-                                    "with %3.\nDo you want to restore it, to save it under a "
-                                    "name, or to discard it?")
-                            .arg(book, time, entries),
-                        QMessageBox::NoButton,
-                        desktop.frontWindow());
-        box.setTextFormat(Qt::PlainText);
-        box.setWindowModality(Qt::WindowModal);
-        const QPushButton* const save =
-            box.addButton(QObject::tr("&Save as..."), QMessageBox::ActionRole);
-        const QPushButton* const discard =
-            box.addButton(QObject::tr("&Discard"), QMessageBox::DestructiveRole);
-        QPushButton* const later = box.addButton(QObject::tr("&Not now"), QMessageBox::RejectRole);
-        QPushButton* const restore =
-            box.addButton(QObject::tr("&Restore"), QMessageBox::AcceptRole);
-        box.setDefaultButton(restore);
-        box.setEscapeButton(later);
-        box.exec();
-        return box.clickedButton() == restore   ? LeftAnswer::Restore
-               : box.clickedButton() == save    ? LeftAnswer::SaveAs
-               : box.clickedButton() == discard ? LeftAnswer::Discard
-                                                : LeftAnswer::NotNow;
-    });
+    constexpr std::array kAnswers{
+        LeftAnswer::Restore, LeftAnswer::SaveAs, LeftAnswer::Discard, LeftAnswer::NotNow};
+    const std::vector<Choice> choices = {
+        {QObject::tr("&Restore"), QMessageBox::AcceptRole},
+        {QObject::tr("&Save as..."), QMessageBox::ActionRole},
+        {QObject::tr("&Discard"), QMessageBox::DestructiveRole},
+        {QObject::tr("&Not now"), QMessageBox::RejectRole},
+    };
+    const QString text = QObject::tr(
+                             "The program ended before %1 was saved. It was kept on %2, "
+                             "with %3.\nDo you want to restore it, to save it under a "
+                             "name, or to discard it?")
+                             .arg(book, time, entries);
+    return kAnswers.at(AskForChoice(desktop, text, choices, 0));
 }
 
 }  // namespace orvik
