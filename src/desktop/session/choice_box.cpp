@@ -21,6 +21,7 @@ std::size_t AskForChoice(Desktop& desktop,
         box.setTextFormat(Qt::PlainText);
         box.setWindowModality(Qt::WindowModal);
         std::vector<QPushButton*> buttons;
+        buttons.reserve(choices.size());
         for (const Choice& choice : choices) {
             buttons.push_back(box.addButton(choice.Text, choice.Role));
         }
