@@ -105,8 +105,9 @@ void Checks::CheckOpened(const Step& step) {
         program_.Root().form3.Visible()) {
         return;
     }
-    // It may have been written anew in between.
-    if (!name.empty() && seen.Content.Text.empty() &&
+    // It may have been written anew in between, or another file was refused and left its title.
+    const bool same_file = seen.Opened.empty() || seen.Opened == name;
+    if (!name.empty() && same_file && seen.Content.Text.empty() &&
         step.After.Caption == Form1::CaptionOf(name)) {
         Check(step.After.Shown() == saved_, "a saved book is opened as it was");
     }
