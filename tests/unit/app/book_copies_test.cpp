@@ -179,6 +179,18 @@ TEST_F(BookCopiesTest, WhatCannotBeRestored_StaysInTheCopyAndIsOffered) {
     EXPECT_EQ(folder_.Files(), (Files{"book", "other"}));
 }
 
+// Nobody locks the folder of the copies, so that a new one may be another program's.
+TEST_F(BookCopiesTest, ACopyElsewhere_LeavesWhatIsYoungThere) {
+    files_.state_folder = state_.Path();
+    const fs::path copies = fs::path(state_.Path()) / "orvik/copies";
+    fs::create_directories(copies);
+    WriteFile(copies / ".orvik-0123456789abcdea.tmp", "left");
+    fs::path copy;
+    EXPECT_FALSE(WriteCopyElsewhere(files_, folder_.Name("book"), "old", copy));
+    EXPECT_TRUE(fs::exists(copies / ".orvik-0123456789abcdea.tmp"));
+    EXPECT_EQ(ReadFile(copy.string()), "old");
+}
+
 TEST_F(BookCopiesTest, AFullDisk_KeepsTheCopyElsewhere) {
     MakeLinkedBook();
     files_.state_folder = state_.Path();

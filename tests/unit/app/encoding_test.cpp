@@ -35,6 +35,7 @@ TEST(EncodingOf, DecidesForTheWholeText) {
         {"\xE2\x80\xA9", Encoding::Windows1252},      // U+2029
         {"\xE2\x90\x8A", Encoding::Windows1252},      // U+240A
         {"\xEF\xB7\x90", Encoding::Windows1252},      // U+FDD0
+        {"\xEF\xB7\xAF", Encoding::Windows1252},      // U+FDEF
         {"\xEF\xBF\xBE", Encoding::Windows1252},      // U+FFFE
         {"\xEF\xBF\xBF", Encoding::Windows1252},      // U+FFFF
         {"\xF0\x9F\xBF\xBE", Encoding::Windows1252},  // U+1FFFE

@@ -212,6 +212,15 @@ TEST_F(FileSlotReplaceTest, UserAttributes_AreKept) {
     EXPECT_EQ(value, "red");
 }
 
+TEST_F(FileSlotReplaceTest, UserAttributeWithoutAValue_IsKept) {
+    WriteFile(folder_.Name("a.txt"), "old");
+    if (setxattr(folder_.Name("a.txt").c_str(), "user.marked", "", 0, 0) != 0) {
+        GTEST_SKIP() << "the file system has no user attributes";
+    }
+    slot_.Replace(folder_.Name("a.txt"), "new");
+    EXPECT_EQ(getxattr(folder_.Name("a.txt").c_str(), "user.marked", nullptr, 0), 0);
+}
+
 // The list of the folder, which new files get, names a user whom the book does not let in.
 TEST_F(FileSlotReplaceTest, BookWithoutAccessList_GetsNoneFromItsFolder) {
     constexpr std::string_view kList(
