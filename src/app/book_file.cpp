@@ -1,6 +1,7 @@
 #include "app/book_file.h"
 
 #include <memory>
+#include <utility>
 
 #include "app/book_copies.h"
 #include "app/run_time_error.h"
@@ -17,7 +18,7 @@ Saved SaveFile(FileSystem& files,
     BookWriter saving(files, talk, name, manner);
     if (kind == FileKind::CharacterDevice) {
         // A device such as a terminal takes the bytes as they come.
-        const std::optional<std::string> contents = rewrite(std::nullopt);
+        const std::optional<SharedText> contents = rewrite(std::nullopt);
         if (contents) {
             saving.WriteToDevice(*contents);
         }
@@ -27,7 +28,7 @@ Saved SaveFile(FileSystem& files,
         throw RunTimeError(Failure::PathFileAccess);
     }
     saving.Lock();
-    const std::optional<std::string> contents =
+    const std::optional<SharedText> contents =
         rewrite(saving.Read(kind == FileKind::Regular, wants_old));
     if (contents) {
         saving.Write(*contents);
@@ -35,13 +36,13 @@ Saved SaveFile(FileSystem& files,
     return {contents.has_value(), saving.Identity()};
 }
 
-Rewrite Replacing(std::string_view contents) {
-    return [contents](const auto& /*old*/) { return std::string(contents); };
+Rewrite Replacing(SharedText contents) {
+    return [contents = std::move(contents)](const auto& /*old*/) { return contents; };
 }
 
 Rewrite Adding(std::string_view contents) {
-    return [contents](const std::optional<std::string>& old) {
-        return old.value_or("").append(contents);
+    return [contents](std::optional<std::string> old) {
+        return std::move(old).value_or("").append(contents);
     };
 }
 
@@ -53,9 +54,9 @@ bool RewriteFile(FileSystem& files,
     return SaveFile(files, nobody, name, true, rewrite, manner).Written;
 }
 
-void ReplaceFile(FileSystem& files, const std::string& name, std::string_view contents) {
+void ReplaceFile(FileSystem& files, const std::string& name, SharedText contents) {
     FileTalk nobody;
-    SaveFile(files, nobody, name, false, Replacing(contents));
+    SaveFile(files, nobody, name, false, Replacing(std::move(contents)));
 }
 
 void AppendToFile(FileSystem& files, const std::string& name, std::string_view contents) {

@@ -12,6 +12,7 @@
 
 #include "app/book_writer.h"
 #include "app/file_calls.h"
+#include "app/shared_text.h"
 #include "platform/file_system.h"
 #include "platform/file_talk.h"
 
@@ -19,8 +20,7 @@ namespace orvik {
 
 // Makes the new contents of a file from the old ones, which are none where there is no file;
 // without new contents nothing is written.
-using Rewrite =
-    std::function<std::optional<std::string>(const std::optional<std::string>& old_contents)>;
+using Rewrite = std::function<std::optional<SharedText>(std::optional<std::string> old_contents)>;
 
 // What became of a saving.
 struct Saved {
@@ -47,13 +47,13 @@ bool RewriteFile(FileSystem& files,
                  const SaveManner& manner = {});
 
 // Replaces the contents of a file, or creates it.
-void ReplaceFile(FileSystem& files, const std::string& name, std::string_view contents);
+void ReplaceFile(FileSystem& files, const std::string& name, SharedText contents);
 
 // Adds to the end of a file, or creates it.
 void AppendToFile(FileSystem& files, const std::string& name, std::string_view contents);
 
 // What SaveFile is given to replace the contents, and to add to them.
-[[nodiscard]] Rewrite Replacing(std::string_view contents);
+[[nodiscard]] Rewrite Replacing(SharedText contents);
 [[nodiscard]] Rewrite Adding(std::string_view contents);
 
 // Fails as writing to a file would, before the text is made. No file is left that was not there.

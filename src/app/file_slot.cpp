@@ -1,5 +1,7 @@
 #include "app/file_slot.h"
 
+#include <utility>
+
 #include "app/book_copies.h"
 #include "app/run_time_error.h"
 
@@ -59,8 +61,8 @@ bool FileSlot::Rewrite(const std::string& name, const orvik::Rewrite& rewrite) {
     return Save(name, true, rewrite);
 }
 
-void FileSlot::Replace(const std::string& name, std::string_view contents) {
-    Save(name, false, Replacing(contents));
+void FileSlot::Replace(const std::string& name, SharedText contents) {
+    Save(name, false, Replacing(std::move(contents)));
 }
 
 void FileSlot::TryWriting(const std::string& name) {
@@ -74,11 +76,11 @@ bool FileSlot::Save(const std::string& name, bool wants_old, const orvik::Rewrit
         OfferCopies(name);
     }
     // Asked under the lock: the program that was waited for may have changed the file.
-    const auto noting = [&](const std::optional<std::string>& old) {
+    const auto noting = [&](std::optional<std::string> old) {
         if (HasChanged(name)) {
             talk_.Note("Another program changed the file since it was opened or saved");
         }
-        return rewrite(old);
+        return rewrite(std::move(old));
     };
     const Saved saved = SaveFile(files_, talk_, name, wants_old, noting);
     if (saved.Identity) {

@@ -53,18 +53,29 @@ Answer Module1::Ask(const MessageBox& question) {
     return answer;
 }
 
-std::string Module1::SplitEntries(std::string_view text, std::string_view kind) {
-    EmailBlock.clear();
-    NickBlock.clear();
+SharedText Module1::SplitEntries(const SharedText& text, std::string_view kind) {
+    if (kind == "txt" && IsSplit(text)) {
+        return last_split_.Native;
+    }
+    last_split_ = {};
+    EmailBlock = {};
+    NickBlock = {};
     if (kind != "txt") {
         TellFailed("Error!");
-        text = {};
     }
-    NativeBlocks blocks = SplitBlocks(text, textSep);
-    std::string native = JoinBlocks(blocks);
-    EmailBlock = std::move(blocks.Emails);
-    NickBlock = std::move(blocks.Nicks);
+    NativeBlocks blocks = SplitBlocks(kind == "txt" ? text.View() : std::string_view{}, textSep);
+    const std::size_t emails = blocks.EmailsLength;
+    const std::size_t nicks_start = blocks.NicksStart();
+    const std::size_t nicks = blocks.NicksLength();
+    const SharedText native(std::move(blocks.Native));
+    EmailBlock = {native, 0, emails};
+    NickBlock = {native, nicks_start, nicks};
+    last_split_ = {text.Revision(), textSep, native};
     return native;
+}
+
+bool Module1::IsSplit(const SharedText& list) const {
+    return !list.empty() && list.Revision() == last_split_.List && textSep == last_split_.Separator;
 }
 
 bool Module1::IsList(std::string_view text) const {
@@ -76,7 +87,10 @@ bool Module1::IsListed(std::string_view text) const {
 }
 
 SharedText Module1::InNativeForm() const {
-    return IsList(WorkText) ? JoinBlocks(SplitBlocks(WorkText, textSep)) : WorkText;
+    if (!IsList(WorkText)) {
+        return WorkText;
+    }
+    return IsSplit(WorkText) ? last_split_.Native : SplitBlocks(WorkText, textSep).Native;
 }
 
 EntrySum Module1::Entries(std::string_view text, std::string_view mode) const {

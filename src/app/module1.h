@@ -102,8 +102,8 @@ class Module1 : public Windows {
     // The working text (src/app/working_text.h) and what it is split by.
     SharedText WorkText;
     std::string TextMode;
-    std::string EmailBlock;
-    std::string NickBlock;
+    TextPart EmailBlock;
+    TextPart NickBlock;
     std::string textSep;
     std::size_t ItemCount = 0;
 
@@ -141,7 +141,7 @@ class Module1 : public Windows {
 
     // SplitEntries: a list in the ASCII form in the Native form; EmailBlock and NickBlock keep the
     // two blocks. kind is "txt". Errors: RunTimeError 5 if the list holds no entry.
-    std::string SplitEntries(std::string_view text, std::string_view kind);
+    SharedText SplitEntries(const SharedText& text, std::string_view kind);
 
     // IsList: whether a text is a list to be split: the mode says so, and it is not in the Native
     // form all the same. Copying, converting and pasting leave such texts.
@@ -260,6 +260,20 @@ class Module1 : public Windows {
     void ShowHelpTopic(int number, std::string_view window, std::string_view topic);
     void ShowHelpContents(int number, std::string_view window);
     void ShowHelpIndex(int number, std::string_view window);
+
+ private:
+    // The list that was split last, by its revision, and what came of it: a book that was opened is
+    // split again when it is saved. The two blocks keep that text anyway.
+    struct Split {
+        std::uint64_t List = 0;
+        std::string Separator;
+        SharedText Native;
+    };
+
+    // Whether a list is the one that was split last.
+    [[nodiscard]] bool IsSplit(const SharedText& list) const;
+
+    Split last_split_;
 };
 
 }  // namespace orvik

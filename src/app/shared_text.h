@@ -61,4 +61,24 @@ class SharedText {
     std::shared_ptr<const Held> held_;
 };
 
+// A part of a text, which it keeps.
+class TextPart {
+ public:
+    TextPart() = default;
+    // length bytes of whole, from start, counted from 0.
+    TextPart(SharedText whole, std::size_t start, std::size_t length)
+        : whole_(std::move(whole)), part_(whole_.View().substr(start, length)) {}
+
+    // NOLINTNEXTLINE(google-explicit-constructor,hicpp-explicit-conversions): a part is a text
+    operator std::string_view() const { return part_; }
+
+    friend bool operator==(const TextPart& one, std::string_view other) {
+        return one.part_ == other;
+    }
+
+ private:
+    SharedText whole_;
+    std::string_view part_;
+};
+
 }  // namespace orvik

@@ -19,12 +19,28 @@ inline constexpr std::string_view kCrLf = "\r\n";
     return position > text.size() ? std::string_view{} : text.substr(position - 1, length);
 }
 
+// FindText: where the next wanted text, which is not empty, begins at or behind start, counted from
+// 0; npos where there is none. Where wanted is known to the compiler a candidate costs no call.
+[[nodiscard]] inline std::size_t FindText(std::string_view text,
+                                          std::string_view wanted,
+                                          std::size_t start = 0) {
+    const std::string_view behind_first = wanted.substr(1);
+    for (;;) {
+        const std::size_t found = text.find(wanted.front(), start);
+        if (found == std::string_view::npos ||
+            text.substr(found + 1, behind_first.size()) == behind_first) {
+            return found;
+        }
+        start = found + 1;
+    }
+}
+
 // FindFrom: the position of the next wanted text at or behind position, or one past the last
 // character where there is none.
 [[nodiscard]] inline std::size_t FindFrom(std::string_view text,
                                           std::string_view wanted,
                                           std::size_t position) {
-    const std::size_t found = text.find(wanted, position - 1);
+    const std::size_t found = FindText(text, wanted, position - 1);
     return found == std::string_view::npos ? text.size() + 1 : found + 1;
 }
 

@@ -1,6 +1,8 @@
 #include "app/working_text.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 #include "app/run_time_error.h"
 #include "app/text.h"
@@ -23,9 +25,13 @@ class Splitter {
     }
 
     void Run() {
-        for (std::size_t i = 1; i <= text_.size(); ++i) {
-            i = TakeOrdinary(i);
-            Take(i);
+        for (std::size_t i = 1; i <= text_.size();) {
+            if (!at_start_ || !TakePlainEntry(i)) {
+                at_start_ = false;
+                i = TakeOrdinary(i);
+                Take(i);
+                ++i;
+            }
         }
     }
 
@@ -34,6 +40,41 @@ class Splitter {
 
     [[nodiscard]] bool IsSpecial(char c) const {
         return special_[static_cast<unsigned char>(c)];  // NOLINT: 256 entries, one per char
+    }
+
+    // Whether a text holds nothing that parts an entry.
+    [[nodiscard]] bool IsOrdinary(std::string_view text) const {
+        return std::none_of(text.begin(), text.end(), [this](char c) { return IsSpecial(c); });
+    }
+
+    // Takes the entry that begins at i if it is one of the two that books are made of, an address
+    // alone or "NICK" <ADDR>, and its separator. Else false, and nothing was taken.
+    bool TakePlainEntry(std::size_t& i) {
+        const std::size_t start = text_.find_first_not_of('\n', i - 1);
+        const std::size_t end = separated_ ? text_.find(separator_, start) : std::string_view::npos;
+        if (start == std::string_view::npos || end == std::string_view::npos) {
+            return false;
+        }
+        std::string_view address = text_.substr(start, end - start);
+        std::string_view nickname;
+        if (address.starts_with('"')) {
+            const std::size_t quote = address.find('"', 1);
+            const std::size_t bracket = address.find_first_not_of(' ', quote + 1);
+            if (quote == std::string_view::npos || bracket == std::string_view::npos ||
+                address[bracket] != '<' || !address.ends_with('>')) {
+                return false;
+            }
+            nickname = address.substr(1, quote - 1);
+            address = address.substr(bracket + 1, address.size() - bracket - 2);
+        }
+        if (!IsOrdinary(address) || nickname.find('\n') != std::string_view::npos) {
+            return false;
+        }
+        if (!address.empty() || !nickname.empty()) {
+            take_(address, nickname);
+        }
+        i = end + 2;
+        return true;
     }
 
     // Appends the ordinary characters from i; returns the position behind them, at most the last.
@@ -90,6 +131,7 @@ class Splitter {
         address_.clear();
         nickname_.clear();
         in_nickname_ = false;
+        at_start_ = true;
     }
 
     std::string_view text_;
@@ -97,6 +139,7 @@ class Splitter {
     bool separated_ = false;
     std::array<bool, 256> special_{};
     bool in_nickname_ = false;
+    bool at_start_ = true;  // of an entry
     std::string token_;
     std::string address_;
     std::string nickname_;
@@ -129,51 +172,63 @@ std::string_view AddLines(std::string_view text, const std::function<void(std::s
     }
 }
 
+// Where the next line "-nick-" begins at or behind start, from 0; npos where there is none.
+std::size_t FindNickLine(std::string_view text, std::size_t start) {
+    std::size_t found = FindText(text, kNick, start);
+    while (found != std::string_view::npos) {
+        const std::string_view behind = text.substr(found + kNick.size());
+        if ((found == 0 || text.substr(0, found).ends_with(kCrLf)) &&
+            (behind.empty() || behind.starts_with(kCrLf))) {
+            break;
+        }
+        found = FindText(text, kNick, found + 1);
+    }
+    return found;
+}
+
+// How many lines CR LF ends.
+std::size_t CountLines(std::string_view text) {
+    std::size_t lines = 0;
+    for (std::size_t p = 1; p < text.size(); ++p) {
+        lines += static_cast<std::size_t>(text.data()[p - 1] == '\r' && text.data()[p] == '\n');
+    }
+    return lines;
+}
+
 }  // namespace
 
 bool HasNickLine(std::string_view text) {
-    for (std::size_t p = text.find(kNick); p != std::string_view::npos;
-         p = text.find(kNick, p + 1)) {
-        const std::string_view behind = text.substr(p + kNick.size());
-        if ((p == 0 || text.substr(0, p).ends_with(kCrLf)) &&
-            (behind.empty() || behind.starts_with(kCrLf))) {
-            return true;
-        }
-    }
-    return false;
+    return FindNickLine(text, 0) != std::string_view::npos;
 }
 
 bool IsNative(std::string_view text) {
     if (!text.ends_with(kCrLf)) {
         return false;
     }
-    std::ptrdiff_t lines_left = 0;  // before the middle line, less those behind it
-    bool found = false;
-    while (!text.empty()) {
-        const std::size_t end = text.find(kCrLf);
-        if (text.substr(0, end) == kNick) {
-            if (found) {
-                return false;
-            }
-            found = true;
-        } else {
-            lines_left += found ? -1 : 1;
-        }
-        text.remove_prefix(end + kCrLf.size());
-    }
-    return found && lines_left == 0;
+    const std::size_t middle = FindNickLine(text, 0);
+    return middle != std::string_view::npos &&
+           FindNickLine(text, middle + 1) == std::string_view::npos &&
+           CountLines(text.substr(0, middle)) == CountLines(text.substr(middle)) - 1;
 }
 
 NativeBlocks SplitBlocks(std::string_view text, std::string_view separator) {
-    NativeBlocks blocks;
-    blocks.Emails.reserve(text.size() + kCrLf.size());
+    const auto ends =
+        separator.empty() ? 0 : std::count(text.begin(), text.end(), separator.front());
+    const std::size_t most_entries = static_cast<std::size_t>(ends) + 1;
+    std::string native;
+    native.reserve(text.size() + 2 * most_entries * kCrLf.size() + kNick.size() + kCrLf.size());
+    std::string nicks;
+    nicks.reserve(text.size() / 2);
     ForEachOfList(text, separator, [&](std::string_view address, std::string_view nickname) {
-        blocks.Emails.append(address).append(kCrLf);
-        blocks.Nicks.append(nickname).append(kCrLf);
+        native.append(address).append(kCrLf);
+        nicks.append(nickname).append(kCrLf);
     });
-    CutEnd(blocks.Nicks, kCrLf.size());
-    CutEnd(blocks.Emails, kCrLf.size());
-    return blocks;
+    if (native.empty()) {
+        throw RunTimeError(Failure::InvalidProcedureCall);
+    }
+    const std::size_t emails_length = native.size() - kCrLf.size();
+    native.append(kNick).append(kCrLf).append(nicks);
+    return {std::move(native), emails_length};
 }
 
 void ForEachOfList(std::string_view text, std::string_view separator, const TakeEntry& take) {
@@ -187,14 +242,6 @@ void ForEachOfNative(std::string_view text, const TakeEntry& take) {
         AddWithoutLf(reader.RawAddress(),
                      [&](std::string_view address) { take(address, nickname); });
     }
-}
-
-std::string JoinBlocks(const NativeBlocks& blocks) {
-    std::string text;
-    text.reserve(blocks.Emails.size() + blocks.Nicks.size() + kNick.size() + 3 * kCrLf.size());
-    text.append(blocks.Emails).append(kCrLf).append(kNick).append(kCrLf);
-    text.append(blocks.Nicks).append(kCrLf);
-    return text;
 }
 
 std::size_t ListNative(std::string_view text,
@@ -242,7 +289,7 @@ std::string EntryEnd(std::string_view separator) {
 }
 
 NativeText::NativeText(std::string_view text) : text_(text) {
-    if (text_.find(kNick) == std::string_view::npos) {
+    if (FindText(text_, kNick) == std::string_view::npos) {
         completed_.reserve(text.size() + kNick.size() + 2 * kCrLf.size());
         completed_.append(text);
         if (!text.empty()) {
@@ -251,7 +298,7 @@ NativeText::NativeText(std::string_view text) : text_(text) {
         completed_.append(kNick).append(kCrLf);
         text_ = completed_;
     }
-    separator_ = text_.find(kNick) + 1;
+    separator_ = FindText(text_, kNick) + 1;
 }
 
 NativeReader::NativeReader(std::string_view text, char line_end)

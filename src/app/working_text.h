@@ -27,14 +27,24 @@ inline constexpr std::string_view kNick = "-nick-";
 // The most characters (bytes) that the text box takes.
 inline constexpr std::size_t kTextLimit = 32000;
 
-// The two blocks of a Native text: lines joined by CR LF, none behind the last.
+// A Native text and its two blocks: lines joined by CR LF, none behind the last.
 struct NativeBlocks {
-    std::string Emails;
-    std::string Nicks;
+    std::string Native;
+    std::size_t EmailsLength = 0;
+
+    [[nodiscard]] std::string_view Emails() const {
+        return std::string_view(Native).substr(0, EmailsLength);
+    }
+    // Where the block of nicknames stands in the text, from 0.
+    [[nodiscard]] std::size_t NicksStart() const { return EmailsLength + kNick.size() + 4; }
+    [[nodiscard]] std::size_t NicksLength() const { return Native.size() - NicksStart() - 2; }
+    [[nodiscard]] std::string_view Nicks() const {
+        return std::string_view(Native).substr(NicksStart(), NicksLength());
+    }
 };
 
 // SplitBlocks: takes a list in the ASCII form apart, with separator CR or ",".
-//   "\"Al\" <A1>\rA2\r"  ->  Emails "A1\r\nA2", Nicks "Al\r\n"
+//   "\"Al\" <A1>\rA2\r"  ->  "A1\r\nA2\r\n-nick-\r\nAl\r\n\r\n": Emails "A1\r\nA2", Nicks "Al\r\n"
 // The character at the text's last position ends the last entry and is dropped, whatever it is.
 // Errors: RunTimeError 5 if the list holds no entry.
 [[nodiscard]] NativeBlocks SplitBlocks(std::string_view text, std::string_view separator);
@@ -46,10 +56,6 @@ using TakeEntry = std::function<void(std::string_view address, std::string_view 
 // Native text. A list of a text without entries gives none.
 void ForEachOfList(std::string_view text, std::string_view separator, const TakeEntry& take);
 void ForEachOfNative(std::string_view text, const TakeEntry& take);
-
-// JoinBlocks: the Native form of two blocks.
-//   Emails "A1\r\nA2", Nicks "Al\r\n"  ->  "A1\r\nA2\r\n-nick-\r\nAl\r\n\r\n"
-[[nodiscard]] std::string JoinBlocks(const NativeBlocks& blocks);
 
 // ListNative: gives each address line and each nickname line of a Native text, less LF, to its
 // list. Returns the number of address lines. A text without CR LF "-nick-" is one address block

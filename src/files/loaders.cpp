@@ -115,10 +115,12 @@ void Module1::OpenNetscape4() {
     TextMode = mode::kMoz4;
     LdifText = WorkText;
     form1.unconvert();
+    const SharedText list = WorkText;
     RefreshLists();
-    // The second pass puts the ASCII form, which the text box shows, back in place of the Native
-    // form that the lists needed.
-    form1.unconvert();
+    // The ASCII form, which the text box shows, comes back in place of the Native form that the
+    // lists needed. To read the book again would give the same.
+    WorkText = list;
+    TextMode = mode::kAscii;
     form1.ShowTextIfShort();
 }
 

@@ -43,43 +43,64 @@ const LineFormat& Juno() {
     return kJuno;
 }
 
+bool IsOwnKey(std::string_view key, const LineFormat& format) {
+    return std::any_of(
+        format.OwnKeys.begin(), format.OwnKeys.end(), [key](std::string_view own) {
+            return own.size() == key.size() && (own == key || own == ToLower(key));
+        });
+}
+
 void TakeUnreadLine(UnreadEntries& entries, std::string_view line, const LineFormat& format) {
+    if (line.empty()) {
+        entries.EndEntry();
+        return;
+    }
     const std::size_t colon = line.find(':');
     // A line that begins with a blank goes on with the one before it.
     if (colon == std::string_view::npos || line.starts_with(' ') || line.starts_with('#')) {
         return;
     }
-    const std::string key = ToLower(line.substr(0, std::min(colon, line.find(';'))));
-    if (std::find(format.OwnKeys.begin(), format.OwnKeys.end(), key) == format.OwnKeys.end()) {
+    const std::string_view key = line.substr(0, colon);
+    if (!IsOwnKey(key.substr(0, key.find(';')), format)) {
         entries.Other(line.substr(colon + 1));
     }
 }
 
-// In a line that is not read LF ends an attribute too: a file without CR LF is one such line.
-void TakeUnreadLines(UnreadEntries& entries, std::string_view lines, const LineFormat& format) {
-    do {
-        const std::string_view line = TakePart(lines, "\n");
-        if (line.empty()) {
-            entries.EndEntry();
+// Takes a line that is not read. LF ends an attribute in it too: a file without CR LF is one such
+// line.
+void TakeUnreadLines(UnreadEntries& entries, std::string_view& file, const LineFormat& format) {
+    for (bool at_start = true;; at_start = false) {
+        std::string_view line = TakePart(file, "\n");
+        const bool ended = line.ends_with('\r') && line.end() != file.end();
+        if (ended) {
+            line.remove_suffix(1);
         }
-        TakeUnreadLine(entries, line, format);
-    } while (!lines.empty());
+        if (at_start || !ended || !line.empty()) {
+            TakeUnreadLine(entries, line, format);
+        }
+        if (ended || file.empty()) {
+            return;
+        }
+    }
 }
 
 // The readers know a key only behind CR LF, and so not on the first line.
 Unread CountLines(std::string_view file, const LineFormat& format) {
     UnreadEntries entries;
     bool knows_keys = false;
+    // Most lines begin with another letter than a key.
+    const auto begins_with = [&](std::string_view key) {
+        return knows_keys && file.front() == key.front() && file.starts_with(key);
+    };
     while (!file.empty()) {
-        const std::string_view line = TakePart(file, kCrLf);
-        if (knows_keys && line.starts_with(format.NicknameKey)) {
-            entries.Nickname(line.substr(format.NicknameKey.size()));
-        } else if (knows_keys && line.starts_with(format.AddressKey)) {
-            entries.Address(line.substr(format.AddressKey.size()));
+        if (begins_with(format.NicknameKey)) {
+            entries.Nickname(TakePart(file, kCrLf).substr(format.NicknameKey.size()));
+        } else if (begins_with(format.AddressKey)) {
+            entries.Address(TakePart(file, kCrLf).substr(format.AddressKey.size()));
             knows_keys = !format.PassesOver;
             continue;
         } else {
-            TakeUnreadLines(entries, line, format);
+            TakeUnreadLines(entries, file, format);
         }
         knows_keys = true;
     }

@@ -29,13 +29,6 @@ bool Says(std::string_view text, std::string_view value) {
 
 }  // namespace
 
-std::string_view TakePart(std::string_view& rest, std::string_view end) {
-    const std::size_t found = rest.find(end);
-    const std::string_view part = rest.substr(0, found);
-    rest.remove_prefix(found == std::string_view::npos ? rest.size() : found + end.size());
-    return part;
-}
-
 void UnreadEntries::Other(std::string_view value) {
     value = Trimmed(value);
     if (!value.empty()) {

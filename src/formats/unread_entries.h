@@ -2,17 +2,24 @@
 
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 #include <vector>
 
 #include "app/reading_note.h"
+#include "app/text.h"
 
 namespace orvik {
 
 // TakePart: takes what stands before the next end, and the end with it.
 //   "a,b", "," -> "a", and "b" is left
-std::string_view TakePart(std::string_view& rest, std::string_view end);
+inline std::string_view TakePart(std::string_view& rest, std::string_view end) {
+    const std::size_t found = FindText(rest, end);
+    const std::string_view part = rest.substr(0, found);
+    rest.remove_prefix(found == std::string_view::npos ? rest.size() : found + end.size());
+    return part;
+}
 
 class UnreadEntries {
  public:

@@ -102,10 +102,17 @@ std::error_code SystemInput::Status(FileStatus& status) {
 }
 
 std::error_code SystemInput::Read(std::size_t count, std::string& bytes) {
-    bytes.resize(count);
-    const ssize_t got = read(file_.Number(), bytes.data(), count);
-    bytes.resize(got < 0 ? 0 : static_cast<std::size_t>(got));
-    return got < 0 ? LastError() : std::error_code();
+    std::error_code error;
+    // Memory that is filled is not cleared first.
+    bytes.resize_and_overwrite(count, [&](char* to, std::size_t length) -> std::size_t {
+        const ssize_t got = read(file_.Number(), to, length);
+        if (got < 0) {
+            error = LastError();
+            return 0;
+        }
+        return static_cast<std::size_t>(got);
+    });
+    return error;
 }
 
 void SystemOutput::Discard() {

@@ -75,7 +75,7 @@ const Book& BookOf(std::size_t entries) {
     if (book.ascii.empty()) {
         NoProgress progress;
         book.ascii = AsciiOf(entries);
-        book.native = JoinBlocks(SplitBlocks(book.ascii, "\r"));
+        book.native = SplitBlocks(book.ascii, "\r").Native;
         book.ldif = WriteLdif(book.native, progress);
         book.html = WriteNetscape3(book.native);
         book.juno = WriteJuno(book.native, "\r", progress);

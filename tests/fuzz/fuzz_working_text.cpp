@@ -69,18 +69,19 @@ void CheckSplit(std::string_view text, std::string_view separator) {
         Check(failure == 5, "a list without entry is failure 5");
         return;
     }
-    Check(CountOf(blocks.Emails, '\n') == CountOf(blocks.Nicks, '\n'), "the blocks are paired");
-    Check(!Contains(blocks.Emails, "\"") && !Contains(blocks.Nicks, "\""), "no quote is left");
-    Check(!Contains(blocks.Emails, "<") && !Contains(blocks.Emails, ">"), "no bracket is left");
+    Check(CountOf(blocks.Emails(), '\n') == CountOf(blocks.Nicks(), '\n'), "the blocks are paired");
+    Check(!Contains(blocks.Emails(), "\"") && !Contains(blocks.Nicks(), "\""), "no quote is left");
+    Check(!Contains(blocks.Emails(), "<") && !Contains(blocks.Emails(), ">"), "no bracket is left");
 
-    const std::string native = JoinBlocks(blocks);
+    const std::string& native = blocks.Native;
     const Lists listed = ListAndCheck(native);
-    if (!Contains(blocks.Emails, "\r\n-nick-")) {
-        Check(listed.emails.size() == CountOf(blocks.Emails, '\r') + 1, "every address is listed");
-        Check(listed.nicks.size() == CountOf(blocks.Nicks, '\r') + 1, "every nickname is listed");
+    if (!Contains(blocks.Emails(), "\r\n-nick-")) {
+        Check(listed.emails.size() == CountOf(blocks.Emails(), '\r') + 1,
+              "every address is listed");
+        Check(listed.nicks.size() == CountOf(blocks.Nicks(), '\r') + 1, "every nickname is listed");
     }
     const Lists read = ReadAndCheck(native);
-    if (!Contains(blocks.Emails, kNick)) {
+    if (!Contains(blocks.Emails(), kNick)) {
         Check(read.emails == listed.emails, "the reader and the list agree on addresses");
         if (separator == "\r") {
             Check(read.nicks == listed.nicks, "the reader and the list agree on nicknames");

@@ -3,6 +3,7 @@
 #include <new>
 #include <string>
 
+#include "app/working_text.h"
 #include "unit/failure.h"
 #include "unit/mock_platform.h"
 
@@ -30,7 +31,7 @@ TEST_F(Module1Test, SplitEntries_SplitsByTheSeparatorOfTheSettings) {
 }
 
 TEST_F(Module1Test, SplitEntriesWithoutEntry_FailsWith5AndEmptiesTheBlocks) {
-    module1.EmailBlock = module1.NickBlock = "old";
+    module1.SplitEntries("A1\r", "txt");
     EXPECT_EQ(FailureOf([&] { module1.SplitEntries("", "txt"); }), 5);
     EXPECT_EQ(module1.EmailBlock, "");
     EXPECT_EQ(module1.NickBlock, "");
@@ -39,6 +40,18 @@ TEST_F(Module1Test, SplitEntriesWithoutEntry_FailsWith5AndEmptiesTheBlocks) {
 TEST_F(Module1Test, SplitEntriesOfOtherKind_TellsAndFailsWith5) {
     ExpectTold("Error!");
     EXPECT_EQ(FailureOf([&] { module1.SplitEntries("A1\r", "csv"); }), 5);
+}
+
+TEST_F(Module1Test, SplitEntriesOfTheSameText_GivesTheSameText) {
+    const SharedText list("\"Al\" <A1>\rA2,\r");
+    const SharedText once = module1.SplitEntries(list, "txt");
+    EXPECT_EQ(module1.SplitEntries(list, "txt").Revision(), once.Revision());
+    EXPECT_EQ(module1.EmailBlock, "A1\r\nA2,");
+    module1.textSep = ",";
+    EXPECT_EQ(module1.SplitEntries(list, "txt"), SplitBlocks(list, ",").Native);
+    EXPECT_EQ(module1.EmailBlock, "A1");
+    EXPECT_EQ(FailureOf([&] { module1.SplitEntries("", "txt"); }), 5);
+    EXPECT_EQ(module1.EmailBlock, "");
 }
 
 TEST_F(Module1Test, RefreshOfAsciiText_SplitsAndLists) {

@@ -20,8 +20,8 @@ struct Seen {
     explicit Seen(const Module1& m)
         : Texts{std::string(m.WorkText),
                 m.TextMode,
-                m.EmailBlock,
-                m.NickBlock,
+                std::string(m.EmailBlock),
+                std::string(m.NickBlock),
                 m.textSep,
                 std::string(m.LdifText),
                 m.MsgAnswer,
