@@ -16,6 +16,8 @@ namespace orvik {
 
 struct RecoveryCopy;
 
+class UnreadEntries;
+
 class Form1 : public Form {
  public:
     explicit Form1(Module1& module);
@@ -66,8 +68,9 @@ class Form1 : public Form {
     void Convert(SharedText& text);
     void mnuConvert_Click();
     void mnuCopyConvert_Click();
-    // unconvert: reads LdifText into the working text, in the ASCII form.
-    void unconvert();
+    // unconvert: reads LdifText into the working text, in the ASCII form; what is not read goes to
+    // left_out, if it is not null.
+    void unconvert(UnreadEntries* left_out = nullptr);
     void mnuUn_Click();
     void mnuClearPasteNet4_Click();
 

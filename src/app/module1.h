@@ -165,7 +165,7 @@ class Module1 : public Windows {
     // JunoText: the text as a Juno address book. A working text in the ASCII form is parsed into
     // the Native form first, and text with it where it is the working text.
     std::string JunoText(SharedText& text);
-    // ReadJuno: the entries of a Juno address book; the mode becomes ASCII.
+    // ReadJuno: the entries of a Juno address book; the mode becomes ASCII, and the note is of it.
     std::string ReadJuno(std::string_view text);
     // The readers of comma-separated books: the file contents in WorkText become its entries, in
     // the ASCII form, by way of LDIF. Errors: RunTimeError 5, with a message, if the text ends too

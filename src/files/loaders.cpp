@@ -9,6 +9,7 @@
 #include "files/list_filters.h"
 #include "files/something_else.h"
 #include "formats/unread.h"
+#include "formats/unread_entries.h"
 
 namespace orvik {
 namespace {
@@ -107,14 +108,16 @@ void Module1::OpenNetscape3() {
 }
 
 void Module1::OpenNetscape4() {
-    NoteReading(WorkText, CountUnread(Format::Netscape4, WorkText));
+    NoteReading(WorkText, {});
     if (WorkText.empty()) {
         RefuseFormat(*this, WorkText);
         return;
     }
     TextMode = mode::kMoz4;
     LdifText = WorkText;
-    form1.unconvert();
+    UnreadEntries left_out;
+    form1.unconvert(&left_out);
+    NoteReading(LdifText, left_out.Total());
     const SharedText list = WorkText;
     RefreshLists();
     // The ASCII form, which the text box shows, comes back in place of the Native form that the
@@ -163,7 +166,7 @@ void Module1::OpenWordPerfect() {
 }
 
 void Module1::OpenJuno() {
-    NoteReading(WorkText, CountUnread(Format::Juno, WorkText));
+    NoteReading(WorkText, {});
     if (WorkText.empty()) {
         RefuseFormat(*this, WorkText);
         return;

@@ -7,12 +7,14 @@
 #include "formats/conversion_progress.h"
 #include "formats/juno_reader.h"
 #include "formats/juno_writer.h"
-#include "formats/unread.h"
+#include "formats/unread_entries.h"
 
 namespace orvik {
 
 std::string Module1::ReadJuno(std::string_view text) {
-    std::string list = orvik::ReadJuno(text);
+    UnreadEntries left_out;
+    std::string list = orvik::ReadJuno(text, &left_out);
+    NoteReading(text, left_out.Total());
     TextMode = mode::kAscii;
     return list;
 }
@@ -42,7 +44,6 @@ void Form1::mnuPasteJuno_Click() {
     if (!BeginPaste(pasted)) {
         return;
     }
-    module_.NoteReading(pasted, CountUnread(Format::Juno, pasted));
     module_.WorkText = module_.ReadJuno(pasted);
     ShowTextIfShort();
     module_.RefreshLists();

@@ -1,30 +1,29 @@
 #include "formats/juno_reader.h"
 
+#include <utility>
+
 #include "app/text.h"
+#include "formats/keyed_lines.h"
 
 namespace orvik {
 namespace {
 
-constexpr std::string_view kNameKey = "\r\nName:";
-constexpr std::string_view kEmailKey = "\r\nEmail:";
+struct JunoList {
+    std::string List;
+
+    void Nickname(std::string_view name) { List.append("\"").append(name).append("\" "); }
+    void Address(std::string_view email) {
+        List.append("<").append(email).append(">").append(kCrLf);
+    }
+    void EmptyLine() {}
+};
 
 }  // namespace
 
-std::string ReadJuno(std::string_view juno) {
-    std::string list;
-    for (std::size_t i = FindFrom(juno, kCrLf, 1); i <= juno.size(); i = FindFrom(juno, kCrLf, i)) {
-        const std::string_view rest = juno.substr(i - 1);
-        if (rest.starts_with(kNameKey)) {
-            i += kNameKey.size();
-            list.append("\"").append(TakeUntil(juno, i, kCrLf)).append("\" ");
-        } else if (rest.starts_with(kEmailKey)) {
-            i += kEmailKey.size();
-            list.append("<").append(TakeUntil(juno, i, kCrLf)).append(">").append(kCrLf);
-        } else {
-            ++i;
-        }
-    }
-    return list;
+std::string ReadJuno(std::string_view juno, UnreadEntries* left_out) {
+    JunoList maker;
+    ReadKeyedLines(juno, JunoLines(), maker, left_out);
+    return std::move(maker.List);
 }
 
 }  // namespace orvik

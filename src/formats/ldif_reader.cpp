@@ -1,50 +1,36 @@
 #include "formats/ldif_reader.h"
 
-#include "app/text.h"
 #include "app/working_text.h"
+#include "formats/keyed_lines.h"
 
 namespace orvik {
 namespace {
 
-constexpr std::string_view kNicknameKey = "\r\nxmozillanickname: ";
-constexpr std::string_view kMailKey = "\r\nmail: ";
-constexpr std::string_view kRecordEnd = "\r\n\r\n";
+class LdifList {
+ public:
+    LdifList(std::string& list, std::string_view separator)
+        : list_(list), entry_end_(EntryEnd(separator)) {}
 
-// Most lines begin with another letter than those that matter.
-bool StartsWithKey(std::string_view rest, std::string_view key) {
-    const std::size_t letter = kCrLf.size();
-    return rest.size() > letter && rest[letter] == key[letter] && rest.starts_with(key);
-}
+    void Nickname(std::string_view nickname) { list_.append("\"").append(nickname).append("\" "); }
+    void Address(std::string_view address) { list_.append("<").append(address).append(">"); }
+    void EmptyLine() { list_ += entry_end_; }
+
+ private:
+    std::string& list_;
+    std::string entry_end_;
+};
 
 }  // namespace
 
-std::string ReadLdif(std::string_view ldif, std::string_view separator) {
-    const std::string entry_end = EntryEnd(separator);
+// The line behind an address is passed over: in Netscape's books it is never one that matters.
+std::string ReadLdif(std::string_view ldif, std::string_view separator, UnreadEntries* left_out) {
     std::string list;
     list.reserve(ldif.size() / 4);
-    std::size_t i = FindFrom(ldif, kCrLf, 1);
-    while (i <= ldif.size()) {
-        const std::string_view rest = ldif.substr(i - 1);
-        if (StartsWithKey(rest, kNicknameKey)) {
-            i += kNicknameKey.size();
-            list.append("\"").append(TakeUntil(ldif, i, kCrLf)).append("\" ");
-        } else if (StartsWithKey(rest, kMailKey)) {
-            i += kMailKey.size();
-            list.append("<").append(TakeUntil(ldif, i, kCrLf)).append(">");
-            // The line break behind an address is passed over, so the line that follows is never
-            // recognised. In Netscape's books it is never a line that matters.
-            ++i;
-        } else {
-            if (StartsWithKey(rest, kRecordEnd)) {
-                list += entry_end;
-            }
-            ++i;
-        }
-        i = FindFrom(ldif, kCrLf, i);
-    }
+    LdifList maker(list, separator);
+    ReadKeyedLines(ldif, LdifLines(), maker, left_out);
     if (list.empty() ||
         (!separator.empty() && list.back() != separator.back() && list.back() != '\n')) {
-        list += entry_end;
+        maker.EmptyLine();
     }
     return list;
 }

@@ -5,12 +5,17 @@
 #include <string>
 #include <string_view>
 
+#include "formats/unread_entries.h"
+
 namespace orvik {
 
 // ReadLdif: the nicknames and addresses of an LDIF text as a list in the ASCII form, each record
 // ended by the separator (CR LF for CR).
 //   "dn: x\r\nxmozillanickname: Al\r\nmail: A1\r\nsn: y\r\n\r\n"  ->  "\"Al\" <A1>\r\n"
 // A text without a known line gives one separator.
-[[nodiscard]] std::string ReadLdif(std::string_view ldif, std::string_view separator);
+// left_out, if it is not null, gets what is not read.
+[[nodiscard]] std::string ReadLdif(std::string_view ldif,
+                                   std::string_view separator,
+                                   UnreadEntries* left_out = nullptr);
 
 }  // namespace orvik

@@ -9,7 +9,7 @@
 #include "formats/conversion_progress.h"
 #include "formats/ldif_reader.h"
 #include "formats/ldif_writer.h"
-#include "formats/unread.h"
+#include "formats/unread_entries.h"
 
 namespace orvik {
 
@@ -44,8 +44,8 @@ void Form1::mnuCopyConvert_Click() {
     module_.platform.SetClipboardText(module_.LdifText);
 }
 
-void Form1::unconvert() {
-    module_.WorkText = ReadLdif(module_.LdifText, module_.textSep);
+void Form1::unconvert(UnreadEntries* left_out) {
+    module_.WorkText = ReadLdif(module_.LdifText, module_.textSep, left_out);
     module_.TextMode = mode::kAscii;
 }
 
@@ -58,9 +58,10 @@ void Form1::mnuClearPasteNet4_Click() {
     if (!BeginPaste(pasted)) {
         return;
     }
-    module_.NoteReading(pasted, CountUnread(Format::Netscape4, pasted));
     module_.LdifText = std::move(pasted);
-    unconvert();
+    UnreadEntries left_out;
+    unconvert(&left_out);
+    module_.NoteReading(module_.LdifText, left_out.Total());
     SplitIntoLists();
     ShowTextIfShort();
     EndPaste();

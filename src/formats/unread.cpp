@@ -2,110 +2,15 @@
 
 #include <algorithm>
 #include <string>
-#include <vector>
 
 #include "app/text.h"
 #include "formats/columns.h"
+#include "formats/juno_reader.h"
+#include "formats/ldif_reader.h"
 #include "formats/unread_entries.h"
 
 namespace orvik {
 namespace {
-
-// How a book of lines, each a key and a value, is read.
-struct LineFormat {
-    std::string_view NicknameKey;
-    std::string_view AddressKey;
-    // The reader passes over the line behind an address.
-    bool PassesOver;
-    // The keys, in lower case, of what a program keeps for itself.
-    std::vector<std::string_view> OwnKeys;
-};
-
-const LineFormat& Ldif() {
-    static const LineFormat kLdif{"xmozillanickname: ",
-                                  "mail: ",
-                                  true,
-                                  {"dn",
-                                   "version",
-                                   "changetype",
-                                   "objectclass",
-                                   "modifytimestamp",
-                                   "xnavusehtmlmail",
-                                   "xnavusecallpointserver",
-                                   "xmozillausehtmlmail",
-                                   "xmozillauseconferenceserver",
-                                   "mozillausehtmlmail"}};
-    return kLdif;
-}
-
-const LineFormat& Juno() {
-    static const LineFormat kJuno{"Name:", "Email:", false, {"type", "version", "deleted", "time"}};
-    return kJuno;
-}
-
-bool IsOwnKey(std::string_view key, const LineFormat& format) {
-    return std::any_of(
-        format.OwnKeys.begin(), format.OwnKeys.end(), [key](std::string_view own) {
-            return own.size() == key.size() && (own == key || own == ToLower(key));
-        });
-}
-
-void TakeUnreadLine(UnreadEntries& entries, std::string_view line, const LineFormat& format) {
-    if (line.empty()) {
-        entries.EndEntry();
-        return;
-    }
-    const std::size_t colon = line.find(':');
-    // A line that begins with a blank goes on with the one before it.
-    if (colon == std::string_view::npos || line.starts_with(' ') || line.starts_with('#')) {
-        return;
-    }
-    const std::string_view key = line.substr(0, colon);
-    if (!IsOwnKey(key.substr(0, key.find(';')), format)) {
-        entries.Other(line.substr(colon + 1));
-    }
-}
-
-// Takes a line that is not read. LF ends an attribute in it too: a file without CR LF is one such
-// line.
-void TakeUnreadLines(UnreadEntries& entries, std::string_view& file, const LineFormat& format) {
-    for (bool at_start = true;; at_start = false) {
-        std::string_view line = TakePart(file, "\n");
-        const bool ended = line.ends_with('\r') && line.end() != file.end();
-        if (ended) {
-            line.remove_suffix(1);
-        }
-        if (at_start || !ended || !line.empty()) {
-            TakeUnreadLine(entries, line, format);
-        }
-        if (ended || file.empty()) {
-            return;
-        }
-    }
-}
-
-// The readers know a key only behind CR LF, and so not on the first line.
-Unread CountLines(std::string_view file, const LineFormat& format) {
-    UnreadEntries entries;
-    bool knows_keys = false;
-    // Most lines begin with another letter than a key.
-    const auto begins_with = [&](std::string_view key) {
-        return knows_keys && file.front() == key.front() && file.starts_with(key);
-    };
-    while (!file.empty()) {
-        if (begins_with(format.NicknameKey)) {
-            entries.Nickname(TakePart(file, kCrLf).substr(format.NicknameKey.size()));
-        } else if (begins_with(format.AddressKey)) {
-            entries.Address(TakePart(file, kCrLf).substr(format.AddressKey.size()));
-            knows_keys = !format.PassesOver;
-            continue;
-        } else {
-            TakeUnreadLines(entries, file, format);
-        }
-        knows_keys = true;
-    }
-    return entries.Total();
-}
 
 // The rest of a line, column by column.
 void TakeUnreadColumns(UnreadEntries& entries, std::string_view rest) {
@@ -232,14 +137,20 @@ Unread CountUnread(Format format, std::string_view file) {
     switch (format) {
         case Format::Netscape3:
             return CountNetscape3(file);
-        case Format::Netscape4:
-            return CountLines(file, Ldif());
+        case Format::Netscape4: {
+            UnreadEntries entries;
+            static_cast<void>(ReadLdif(file, {}, &entries));
+            return entries.Total();
+        }
+        case Format::Juno: {
+            UnreadEntries entries;
+            static_cast<void>(ReadJuno(file, &entries));
+            return entries.Total();
+        }
         case Format::Csv:
             return CountColumns(file, &TakeCsvLine);
         case Format::WordPerfect:
             return CountColumns(file, &TakeWordPerfectLine);
-        case Format::Juno:
-            return CountLines(file, Juno());
         case Format::Pegasus:
             return CountPegasus(file);
         case Format::TextList:
