@@ -35,6 +35,20 @@ inline constexpr std::string_view kCrLf = "\r\n";
     }
 }
 
+// FindNear: where the next c stands at or behind start, counted from 0; npos where there is none.
+// The first bytes are looked at without a call, which costs more than a short column is long.
+[[nodiscard]] inline std::size_t FindNear(std::string_view text, char c, std::size_t start) {
+    constexpr std::size_t kNear = 16;
+    const char* const bytes = text.data();
+    const std::size_t near_end = std::min(text.size(), start + kNear);
+    for (; start < near_end; ++start) {
+        if (bytes[start] == c) {
+            return start;
+        }
+    }
+    return text.find(c, start);
+}
+
 // FindFrom: the position of the next wanted text at or behind position, or one past the last
 // character where there is none.
 [[nodiscard]] inline std::size_t FindFrom(std::string_view text,

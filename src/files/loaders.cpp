@@ -63,9 +63,9 @@ bool BeginList(Module1& module, Format format) {
 }
 
 // Runs a reader of columns. Returns whether there is a book now.
-bool OpenColumns(Module1& module, Format format, void (Module1::*reader)()) {
+bool OpenColumns(Module1& module, void (Module1::*reader)()) {
     const SharedText raw = module.WorkText;
-    module.NoteReading(raw, CountUnread(format, raw));
+    module.NoteReading(raw, {});
     if (!raw.empty()) {
         (module.*reader)();
     }
@@ -156,11 +156,11 @@ void Module1::OpenPegasus() {
 }
 
 void Module1::OpenCsv() {
-    OpenColumns(*this, Format::Csv, &Module1::ReadCsv);
+    OpenColumns(*this, &Module1::ReadCsv);
 }
 
 void Module1::OpenWordPerfect() {
-    if (OpenColumns(*this, Format::WordPerfect, &Module1::ReadWordPerfect) && !EditMode) {
+    if (OpenColumns(*this, &Module1::ReadWordPerfect) && !EditMode) {
         RefreshLists();
     }
 }

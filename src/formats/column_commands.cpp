@@ -2,19 +2,26 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "app/form1.h"
 #include "app/module1.h"
 #include "app/run_time_error.h"
 #include "formats/csv_reader.h"
+#include "formats/unread_entries.h"
 
 namespace orvik {
 
 namespace {
 
-// Takes what a reader found, by way of LDIF.
-void LoadNative(Module1& module, std::optional<std::string> native) {
+using Reader = std::optional<std::string> (*)(std::string_view csv, UnreadEntries* left_out);
+
+// Takes what a reader finds, by way of LDIF.
+void Load(Module1& module, Reader reader) {
+    UnreadEntries left_out;
+    std::optional<std::string> native = reader(module.WorkText, &left_out);
+    module.NoteReading(module.WorkText, native ? left_out.Total() : Unread{});
     if (!native) {
         module.TellFailed("Error!");
         throw RunTimeError(Failure::InvalidProcedureCall);
@@ -33,11 +40,11 @@ void LoadNative(Module1& module, std::optional<std::string> native) {
 }  // namespace
 
 void Module1::ReadCsv() {
-    LoadNative(*this, CsvToNative(WorkText));
+    Load(*this, &CsvToNative);
 }
 
 void Module1::ReadWordPerfect() {
-    LoadNative(*this, WordPerfectToNative(WorkText));
+    Load(*this, &WordPerfectToNative);
 }
 
 }  // namespace orvik

@@ -18,34 +18,22 @@ class Columns {
 
     [[nodiscard]] bool AtEnd() const { return p_ > text_.size(); }
 
-    // Goes to the next comma.
-    void GoToComma() { p_ = FindFrom(text_, ",", p_); }
-    // Goes behind the comma it stands on.
-    void PassComma() { ++p_; }
-
     // Takes what stands before the next comma, and goes to that comma.
     bool Take(std::string_view& column) {
-        column = TakeUntil(text_, p_, ",");
+        const std::size_t start = p_;
+        const std::size_t found = FindNear(text_, ',', start - 1);
+        p_ = found == std::string_view::npos ? text_.size() + 1 : found + 1;
+        column = start < p_ ? Mid(text_, start, p_ - start) : std::string_view{};
         return p_ <= text_.size();
     }
 
     // Takes what stands before the next comma, and goes behind that comma.
     bool TakeAndPass(std::string_view& column) {
-        column = TakeUntil(text_, p_, ",");
-        if (p_ >= text_.size()) {
+        if (!Take(column) || p_ == text_.size()) {
             return false;
         }
-        PassComma();
+        ++p_;
         return true;
-    }
-
-    // Goes behind the count-th comma from here.
-    bool PassCommas(int count) {
-        std::string_view column;
-        while (count > 0 && TakeAndPass(column)) {
-            --count;
-        }
-        return count == 0;
     }
 
     // Takes the rest of the line, and goes to the next one.

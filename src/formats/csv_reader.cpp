@@ -1,5 +1,7 @@
 #include "formats/csv_reader.h"
 
+#include <utility>
+
 #include "app/text.h"
 #include "app/working_text.h"
 #include "formats/columns.h"
@@ -19,8 +21,9 @@ class Collector {
         AppendWithout(nicks_, nick, '"');
         Add("", "");
     }
-    [[nodiscard]] std::string Native() const {
-        return std::string(emails_).append(kNick).append(kCrLf).append(nicks_);
+    [[nodiscard]] std::string Native() && {
+        emails_.append(kNick).append(kCrLf).append(nicks_);
+        return std::move(emails_);
     }
 
  private:
@@ -28,44 +31,69 @@ class Collector {
     std::string nicks_;
 };
 
+bool PassColumns(Columns& columns, int count, UnreadEntries* left_out) {
+    std::string_view column;
+    for (; count > 0; --count) {
+        if (!columns.TakeAndPass(column)) {
+            return false;
+        }
+        if (left_out != nullptr) {
+            left_out->Other(column);
+        }
+    }
+    return true;
+}
+
+void EndLine(Columns& columns,
+             std::string_view email,
+             std::string_view nick,
+             UnreadEntries* left_out) {
+    std::string_view rest = columns.EndLine();
+    if (left_out == nullptr) {
+        return;
+    }
+    left_out->Nickname(nick);
+    left_out->Address(email);
+    while (!rest.empty()) {
+        left_out->Other(TakePart(rest, ","));
+    }
+    left_out->EndEntry();
+}
+
 }  // namespace
 
-std::optional<std::string> CsvToNative(std::string_view csv) {
+std::optional<std::string> CsvToNative(std::string_view csv, UnreadEntries* left_out) {
     Collector entries;
     std::string_view email;
     std::string_view nick;
-    for (Columns columns(csv); !columns.AtEnd(); columns.EndLine()) {
-        if (!columns.Take(nick)) {
-            return std::nullopt;
-        }
-        columns.PassComma();
-        // The commas that end columns 2 to 15.
-        if (!columns.Take(email) || !columns.PassCommas(14)) {
+    for (Columns columns(csv); !columns.AtEnd();) {
+        // Columns 3 to 15 are passed over.
+        if (!columns.TakeAndPass(nick) || !columns.TakeAndPass(email) ||
+            !PassColumns(columns, 13, left_out)) {
             return std::nullopt;
         }
         entries.Add(email, nick);
+        EndLine(columns, email, nick, left_out);
     }
-    return entries.Native();
+    return std::move(entries).Native();
 }
 
-std::optional<std::string> WordPerfectToNative(std::string_view csv) {
+// Column 1 says what kind of entry it is.
+std::optional<std::string> WordPerfectToNative(std::string_view csv, UnreadEntries* left_out) {
     Collector entries;
+    std::string_view kind;
     std::string_view email;
     std::string_view nick;
-    for (Columns columns(csv); !columns.AtEnd(); columns.EndLine()) {
-        columns.GoToComma();
-        columns.PassComma();
-        if (!columns.Take(nick)) {
-            return std::nullopt;
-        }
-        columns.PassComma();
-        // The commas that end columns 3 to 5.
-        if (!columns.PassCommas(3) || !columns.Take(email)) {
+    for (Columns columns(csv); !columns.AtEnd();) {
+        // Columns 3 to 5 are passed over.
+        if (!columns.TakeAndPass(kind) || !columns.TakeAndPass(nick) ||
+            !PassColumns(columns, 3, left_out) || !columns.Take(email)) {
             return std::nullopt;
         }
         entries.AddUnquoted(email, nick);
+        EndLine(columns, email, nick, left_out);
     }
-    return entries.Native();
+    return std::move(entries).Native();
 }
 
 }  // namespace orvik

@@ -7,8 +7,11 @@ namespace orvik {
 namespace {
 
 bool IsOwnKey(std::string_view key, const KeyedFormat& format) {
-    return std::any_of(format.OwnKeys.begin(), format.OwnKeys.end(), [key](std::string_view own) {
-        return own.size() == key.size() && (own == key || own == ToLower(key));
+    const auto same = [](char own, char c) {
+        return own == c || (c >= 'A' && c <= 'Z' && own == c - 'A' + 'a');
+    };
+    return std::any_of(format.OwnKeys.begin(), format.OwnKeys.end(), [&](std::string_view own) {
+        return own.size() == key.size() && std::equal(own.begin(), own.end(), key.begin(), same);
     });
 }
 
@@ -17,13 +20,16 @@ void TakeUnreadLine(UnreadEntries& left_out, std::string_view line, const KeyedF
         left_out.EndEntry();
         return;
     }
-    const std::size_t colon = line.find(':');
     // A line that begins with a blank goes on with the one before it.
-    if (colon == std::string_view::npos || line.starts_with(' ') || line.starts_with('#')) {
+    if (line.front() == ' ' || line.front() == '#') {
+        return;
+    }
+    const std::size_t colon = FindNear(line, ':', 0);
+    if (colon == std::string_view::npos) {
         return;
     }
     const std::string_view key = line.substr(0, colon);
-    if (!IsOwnKey(key.substr(0, key.find(';')), format)) {
+    if (!IsOwnKey(key.substr(0, FindNear(key, ';', 0)), format)) {
         left_out.Other(line.substr(colon + 1));
     }
 }

@@ -4,68 +4,13 @@
 #include <string>
 
 #include "app/text.h"
-#include "formats/columns.h"
+#include "formats/csv_reader.h"
 #include "formats/juno_reader.h"
 #include "formats/ldif_reader.h"
 #include "formats/unread_entries.h"
 
 namespace orvik {
 namespace {
-
-// The rest of a line, column by column.
-void TakeUnreadColumns(UnreadEntries& entries, std::string_view rest) {
-    while (!rest.empty()) {
-        entries.Other(TakePart(rest, ","));
-    }
-}
-
-bool TakeUnreadColumns(UnreadEntries& entries, Columns& columns, int count) {
-    std::string_view column;
-    for (; count > 0; --count) {
-        if (!columns.TakeAndPass(column)) {
-            return false;
-        }
-        entries.Other(column);
-    }
-    return true;
-}
-
-bool TakeCsvLine(UnreadEntries& entries, Columns& columns) {
-    std::string_view nick;
-    std::string_view email;
-    if (!columns.TakeAndPass(nick) || !columns.TakeAndPass(email) ||
-        !TakeUnreadColumns(entries, columns, 13)) {
-        return false;
-    }
-    entries.Nickname(nick);
-    entries.Address(email);
-    return true;
-}
-
-// Column 1 says what kind of entry it is.
-bool TakeWordPerfectLine(UnreadEntries& entries, Columns& columns) {
-    std::string_view kind;
-    std::string_view nick;
-    std::string_view email;
-    if (!columns.TakeAndPass(kind) || !columns.TakeAndPass(nick) ||
-        !TakeUnreadColumns(entries, columns, 3) || !columns.Take(email)) {
-        return false;
-    }
-    entries.Nickname(nick);
-    entries.Address(email);
-    return true;
-}
-
-Unread CountColumns(std::string_view file, bool (*take_line)(UnreadEntries&, Columns&)) {
-    UnreadEntries entries;
-    for (Columns columns(file); !columns.AtEnd(); entries.EndEntry()) {
-        if (!take_line(entries, columns)) {
-            return {};
-        }
-        TakeUnreadColumns(entries, columns.EndLine());
-    }
-    return entries.Total();
-}
 
 // A link with its attributes and its text, from behind its address key.
 void TakeLink(UnreadEntries& entries, std::string_view& rest) {
@@ -134,30 +79,27 @@ Unread CountPegasus(std::string_view file) {
 }  // namespace
 
 Unread CountUnread(Format format, std::string_view file) {
+    UnreadEntries entries;
     switch (format) {
         case Format::Netscape3:
             return CountNetscape3(file);
-        case Format::Netscape4: {
-            UnreadEntries entries;
+        case Format::Netscape4:
             static_cast<void>(ReadLdif(file, {}, &entries));
-            return entries.Total();
-        }
-        case Format::Juno: {
-            UnreadEntries entries;
+            break;
+        case Format::Juno:
             static_cast<void>(ReadJuno(file, &entries));
-            return entries.Total();
-        }
+            break;
         case Format::Csv:
-            return CountColumns(file, &TakeCsvLine);
+            return CsvToNative(file, &entries) ? entries.Total() : Unread{};
         case Format::WordPerfect:
-            return CountColumns(file, &TakeWordPerfectLine);
+            return WordPerfectToNative(file, &entries) ? entries.Total() : Unread{};
         case Format::Pegasus:
             return CountPegasus(file);
         case Format::TextList:
         case Format::AnyFile:
             break;
     }
-    return {};
+    return entries.Total();
 }
 
 Unread CountUnreadOfAliases(std::string_view file) {

@@ -7,14 +7,18 @@ namespace orvik {
 namespace {
 
 // What may stand around a value: blanks, line breaks, and the quotes of a column.
-constexpr std::string_view kAround = " \t\r\n\"";
+bool IsAround(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '"';
+}
 
 std::string_view Trimmed(std::string_view value) {
-    const std::size_t start = value.find_first_not_of(kAround);
-    if (start == std::string_view::npos) {
-        return {};
+    while (!value.empty() && IsAround(value.front())) {
+        value.remove_prefix(1);
     }
-    return value.substr(start, value.find_last_not_of(kAround) - start + 1);
+    while (!value.empty() && IsAround(value.back())) {
+        value.remove_suffix(1);
+    }
+    return value;
 }
 
 // Only the two ends are looked at, which costs no more than the value is long.
