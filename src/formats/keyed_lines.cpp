@@ -6,12 +6,18 @@
 namespace orvik {
 namespace {
 
-bool IsOwnKey(std::string_view key, const KeyedFormat& format) {
-    const auto same = [](char own, char c) {
-        return own == c || (c >= 'A' && c <= 'Z' && own == c - 'A' + 'a');
-    };
+// Whether a line begins with an own key, written as programs write it, and a colon: most lines that
+// are not read do.
+bool BeginsWithOwnKey(std::string_view line, const KeyedFormat& format) {
     return std::any_of(format.OwnKeys.begin(), format.OwnKeys.end(), [&](std::string_view own) {
-        return own.size() == key.size() && std::equal(own.begin(), own.end(), key.begin(), same);
+        return line.front() == own.front() && line.size() > own.size() && line[own.size()] == ':' &&
+               line.starts_with(own);
+    });
+}
+
+bool IsOwnKey(std::string_view key, const KeyedFormat& format) {
+    return std::any_of(format.OwnKeys.begin(), format.OwnKeys.end(), [key](std::string_view own) {
+        return own.size() == key.size() && own == ToLower(key);
     });
 }
 
@@ -21,7 +27,7 @@ void TakeUnreadLine(UnreadEntries& left_out, std::string_view line, const KeyedF
         return;
     }
     // A line that begins with a blank goes on with the one before it.
-    if (line.front() == ' ' || line.front() == '#') {
+    if (line.front() == ' ' || line.front() == '#' || BeginsWithOwnKey(line, format)) {
         return;
     }
     const std::size_t colon = FindNear(line, ':', 0);
@@ -40,12 +46,12 @@ const KeyedFormat& LdifLines() {
     static const KeyedFormat kLdif{"xmozillanickname: ",
                                    "mail: ",
                                    true,
-                                   {"dn",
+                                   {"objectclass",
+                                    "dn",
+                                    "xnavusehtmlmail",
                                     "version",
                                     "changetype",
-                                    "objectclass",
                                     "modifytimestamp",
-                                    "xnavusehtmlmail",
                                     "xnavusecallpointserver",
                                     "xmozillausehtmlmail",
                                     "xmozillauseconferenceserver",

@@ -16,7 +16,7 @@ struct KeyedFormat {
     std::string_view AddressKey;
     // The line behind an address is passed over: it is never recognised.
     bool PassesOver;
-    // The keys, in lower case, of what a program keeps for itself.
+    // The keys, in lower case, of what a program keeps for itself, the frequent ones first.
     std::vector<std::string_view> OwnKeys;
 };
 
