@@ -68,8 +68,8 @@ def shown(numbers, unit):
 class Report:
     def __init__(self, options):
         self.old, self.new = os.path.abspath(options.old), os.path.abspath(options.new)
-        self.books = os.path.join(os.path.abspath(options.work), "books")
-        self.track = Track(os.path.join(os.path.abspath(options.work), "runs"), options.pairs)
+        self.books = os.path.abspath(options.books)
+        self.track = Track(os.path.abspath(options.runs), options.pairs)
         self.rows = []
         os.makedirs(self.books, exist_ok=True)
 
@@ -261,6 +261,11 @@ def machine():
     )
 
 
+def file_system(folder):
+    command = ["stat", "--file-system", "--format=%T", folder]
+    return subprocess.run(command, check=True, capture_output=True, text=True).stdout.strip()
+
+
 def load():
     return "load " + " ".join(f"{number:.2f}" for number in os.getloadavg())
 
@@ -288,7 +293,8 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--old", required=True, help="folder with the old programs")
     parser.add_argument("--new", required=True, help="folder with the new programs")
-    parser.add_argument("--work", required=True, help="folder for books and runs")
+    parser.add_argument("--books", required=True, help="folder for the books that are read")
+    parser.add_argument("--runs", required=True, help="folder where programs run and save")
     parser.add_argument("--page", required=True, help="page with the table")
     parser.add_argument("--commit", required=True, help="what the old programs are built from")
     parser.add_argument("--pairs", type=int, default=FEWEST_PAIRS)
@@ -301,9 +307,9 @@ def main():
     before = [flags(os.path.dirname(folder)) for folder in (options.old, options.new)]
     if before[0] != before[1]:
         sys.exit(f"report: not the same flags:\n{before[0]}\n{before[1]}")
-    about = f"{machine()}; {load()} before"
-    print(f"flags: {before[1]}\n{about}", flush=True)
     report = Report(options)
+    about = f"{machine()}, saved on {file_system(options.runs)}; {load()} before"
+    print(f"flags: {before[1]}\n{about}", flush=True)
     try:
         for part in options.rows or parts:
             getattr(report, part)()

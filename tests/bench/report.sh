@@ -1,19 +1,22 @@
 #!/usr/bin/env bash
 # Measures Orvik beside other programs and beside itself as it was, and writes the table of
 # docs/performance.md. Takes 20 minutes of a machine that has nothing else to do.
-#   tests/bench/report.sh [--old COMMIT] [--pairs N] [ROWS...]
-# COMMIT is what "old" is built from. ROWS: ldif csv scanner window growth. With ROWS, or with fewer
-# than 7 pairs, it is a try: the table is shown and not written.
+#   tests/bench/report.sh [--old COMMIT] [--pairs N] [--runs FOLDER] [ROWS...]
+# COMMIT is what "old" is built from. FOLDER is where the programs save, build/report/runs unless
+# given. ROWS: ldif csv scanner window growth. With ROWS, or with fewer than 7 pairs, it is a try: the
+# table is shown and not written.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 commit=26d8e5a
+runs=build/report/runs
 arguments=()
 while [ $# -gt 0 ]; do
     case "$1" in
         --old) commit=${2:?"--old needs a commit"}; shift 2 ;;
         --pairs) arguments+=(--pairs "${2:?"--pairs needs a number"}"); shift 2 ;;
-        -*) sed -n '2,6s/^# \{0,1\}//p' "${BASH_SOURCE[0]}" >&2; exit 2 ;;
+        --runs) runs=${2:?"--runs needs a folder"}; shift 2 ;;
+        -*) sed -n '2,7s/^# \{0,1\}//p' "${BASH_SOURCE[0]}" >&2; exit 2 ;;
         *) arguments+=("$1"); shift ;;
     esac
 done
@@ -64,4 +67,5 @@ for tree in "$old" .; do
 done
 
 exec python3 tests/bench/report.py --old "$old/build/bench/bin" --new build/bench/bin \
-    --work "$work" --page docs/performance.md --commit "$commit" "${arguments[@]}"
+    --books "$work/books" --runs "$runs" --page docs/performance.md --commit "$commit" \
+    "${arguments[@]}"
