@@ -262,8 +262,8 @@ def machine():
 
 
 def file_system(folder):
-    command = ["stat", "--file-system", "--format=%T", folder]
-    return subprocess.run(command, check=True, capture_output=True, text=True).stdout.strip()
+    command = ["df", "--output=fstype", folder]
+    return subprocess.run(command, check=True, capture_output=True, text=True).stdout.split()[-1]
 
 
 def load():
