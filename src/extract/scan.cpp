@@ -43,7 +43,7 @@ class Meter {
     // The scan examines every position from first to last, and goes on behind them.
     void Walk(std::size_t first, std::size_t last) {
         for (first = std::max(first, next_); first <= last; first = next_) {
-            Report(first);
+            ShowPercent(first);
         }
     }
 
@@ -51,7 +51,7 @@ class Meter {
     static constexpr std::size_t kMost = 100;
     static constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
 
-    void Report(std::size_t position) {
+    void ShowPercent(std::size_t position) {
         const std::size_t percent = std::min(position * kMost / total_, kMost);
         progress_.Percent(static_cast<int>(percent));
         next_ = percent == kMost ? kNever : ((percent + 1) * total_ + kMost - 1) / kMost;

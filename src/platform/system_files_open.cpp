@@ -103,9 +103,10 @@ std::error_code SystemInput::Status(FileStatus& status) {
 
 std::error_code SystemInput::Read(std::size_t count, std::string& bytes) {
     std::error_code error;
-    // Memory that is filled is not cleared first.
-    bytes.resize_and_overwrite(count, [&](char* to, std::size_t length) -> std::size_t {
-        const ssize_t got = read(file_.Number(), to, length);
+    // Memory that is filled is not cleared first. The library may offer more of it than was asked
+    // for.
+    bytes.resize_and_overwrite(count, [&](char* to, std::size_t /*room*/) -> std::size_t {
+        const ssize_t got = read(file_.Number(), to, count);
         if (got < 0) {
             error = LastError();
             return 0;

@@ -77,6 +77,21 @@ TEST_F(SystemFilesTest, ResolveLinks_FollowsLinksToOpenFiles) {
     close(file);
 }
 
+TEST_F(SystemFilesTest, Read_GivesTheNextBytesAndNoMore) {
+    WriteFile(folder_.Name("book"), std::string(20, 'a') + std::string(50, 'b'));
+    std::unique_ptr<InputFile> file;
+    ASSERT_FALSE(files_.OpenToRead(folder_.Name("book"), file));
+    std::string bytes = "old";
+    EXPECT_FALSE(file->Read(17, bytes));
+    EXPECT_EQ(bytes, std::string(17, 'a'));
+    EXPECT_FALSE(file->Read(4, bytes));
+    EXPECT_EQ(bytes, "aaab");
+    EXPECT_FALSE(file->Read(100, bytes));
+    EXPECT_EQ(bytes, std::string(49, 'b'));
+    EXPECT_FALSE(file->Read(100, bytes));
+    EXPECT_EQ(bytes, "");
+}
+
 TEST_F(SystemFilesTest, List_TellsWhatEachNameIsItself) {
     WriteFile(folder_.Name("a-file"), "123");
     WriteFile(folder_.Name("b-file"), "");
