@@ -79,8 +79,10 @@ SharedText Module1::InNativeForm() const {
     return IsList(WorkText) ? JoinBlocks(SplitBlocks(WorkText, textSep)) : WorkText;
 }
 
-EntrySum Module1::Entries(std::string_view text, std::string_view mode) const {
-    return SumEntries(text, mode == mode::kNative || HasNickLine(text), textSep);
+EntrySum Module1::Entries(std::string_view text,
+                          std::string_view mode,
+                          std::string_view separator) {
+    return SumEntries(text, mode == mode::kNative || HasNickLine(text), separator);
 }
 
 void Module1::RefreshLists() {
