@@ -1,5 +1,9 @@
 #include "app/encoding.h"
 
+#include <array>
+#include <cstdint>
+#include <cstring>
+
 namespace orvik {
 namespace {
 
@@ -11,14 +15,34 @@ bool IsReserved(char32_t letter) {
 }  // namespace
 
 Encoding EncodingOf(std::string_view bytes) {
-    while (!bytes.empty()) {
+    for (;;) {
+        bytes.remove_prefix(AsciiLength(bytes));
+        if (bytes.empty()) {
+            return Encoding::Utf8;
+        }
         const Utf8Letter next = FirstLetter(bytes);
         if (next.Length == 0 || IsReserved(next.Code)) {
             return Encoding::Windows1252;
         }
         bytes.remove_prefix(next.Length);
     }
-    return Encoding::Utf8;
+}
+
+std::size_t AsciiLength(std::string_view bytes) {
+    using Block = std::array<std::uint64_t, 4>;
+    constexpr std::uint64_t kForeign = 0x8080808080808080;
+    std::size_t length = 0;
+    for (; bytes.size() - length >= sizeof(Block); length += sizeof(Block)) {
+        Block block;
+        std::memcpy(block.data(), bytes.data() + length, sizeof(Block));
+        if (((block[0] | block[1] | block[2] | block[3]) & kForeign) != 0) {
+            break;
+        }
+    }
+    while (length < bytes.size() && static_cast<unsigned char>(bytes[length]) < 0x80) {
+        ++length;
+    }
+    return length;
 }
 
 Utf8Letter FirstLetter(std::string_view bytes) {

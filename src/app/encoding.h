@@ -22,6 +22,11 @@ inline constexpr char16_t kLineFeedSign = 0x240A;
 //   "J\xC3\xBCrgen" -> Utf8,  "J\xFCrgen" -> Windows1252,  "" -> Utf8
 [[nodiscard]] Encoding EncodingOf(std::string_view bytes);
 
+// AsciiLength: how many bytes at the start of a text are ASCII. They are the same letters in both
+// encodings.
+//   "J\xC3\xBCrgen" -> 1
+[[nodiscard]] std::size_t AsciiLength(std::string_view bytes);
+
 struct Utf8Letter {
     char32_t Code = 0;
     std::size_t Length = 0;  // 0 for bytes that are no UTF-8

@@ -93,8 +93,10 @@ SharedText Module1::InNativeForm() const {
     return IsSplit(WorkText) ? last_split_.Native : SplitBlocks(WorkText, textSep).Native;
 }
 
-EntrySum Module1::Entries(std::string_view text, std::string_view mode) const {
-    return SumEntries(text, mode == mode::kNative || HasNickLine(text), textSep);
+EntrySum Module1::Entries(std::string_view text,
+                          std::string_view mode,
+                          std::string_view separator) {
+    return SumEntries(text, mode == mode::kNative || HasNickLine(text), separator);
 }
 
 void Module1::RefreshLists() {

@@ -153,7 +153,12 @@ class Module1 : public Windows {
     // RunTimeError 5 if the list holds no entry.
     [[nodiscard]] SharedText InNativeForm() const;
     // The entries of a text in this mode, or of the working text, counted and hashed.
-    [[nodiscard]] EntrySum Entries(std::string_view text, std::string_view mode) const;
+    [[nodiscard]] static EntrySum Entries(std::string_view text,
+                                          std::string_view mode,
+                                          std::string_view separator);
+    [[nodiscard]] EntrySum Entries(std::string_view text, std::string_view mode) const {
+        return Entries(text, mode, textSep);
+    }
     [[nodiscard]] EntrySum Entries() const { return Entries(WorkText, TextMode); }
 
     // RefreshLists: brings the working text into the Native form and fills both lists and the item

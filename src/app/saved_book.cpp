@@ -13,9 +13,9 @@ void SavedBook::Follow(Told told) {
 void SavedBook::Mark(const std::string& file) {
     ++marks_;
     if (told_) {
-        const EntrySum sum = module_.Entries();
-        marked_ = sum.Hash;
-        count_ = sum.Count;
+        marked_ = AsItStands();
+        unhashed_ = module_.WorkText;
+        hash_ = EntrySum().Hash;
         differs_ = false;
         seen_ = Now();
         told_(file);
@@ -23,18 +23,42 @@ void SavedBook::Mark(const std::string& file) {
 }
 
 bool SavedBook::Differs() {
-    if (told_ && seen_ != Now()) {
-        seen_ = Now();
-        const EntrySum sum = module_.Entries();
-        differs_ = sum.Hash != marked_;
-        count_ = sum.Count;
+    if (!told_ || seen_ == Now()) {
+        return differs_;
     }
+    seen_ = Now();
+    if (marked_ == AsItStands()) {
+        differs_ = false;
+        return false;
+    }
+    HashMarked();
+    const EntrySum sum = module_.Entries();
+    differs_ = sum.Hash != hash_;
+    count_ = sum.Count;
     return differs_;
 }
 
+SavedBook::Hash SavedBook::Compared() {
+    HashMarked();
+    return hash_;
+}
+
 void SavedBook::CompareWith(Hash hash) {
-    marked_ = hash;
+    hash_ = hash;
+    marked_.reset();
+    unhashed_.clear();
     seen_ = {};
+}
+
+void SavedBook::HashMarked() {
+    if (!unhashed_.empty()) {
+        hash_ = Module1::Entries(unhashed_, marked_->Mode, marked_->Separator).Hash;
+        unhashed_.clear();
+    }
+}
+
+SavedBook::Marked SavedBook::AsItStands() const {
+    return {module_.WorkText.Revision(), module_.TextMode, module_.textSep};
 }
 
 // Text is changed by commands, which the history counts, by the user in the text box, and by what

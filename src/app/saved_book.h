@@ -5,10 +5,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 
 #include "app/controls.h"
+#include "app/shared_text.h"
 
 namespace orvik {
 
@@ -29,16 +31,16 @@ class SavedBook {
     // How often that was said.
     [[nodiscard]] std::uint64_t Marks() const { return marks_; }
 
-    // Whether the entries are others than at the last mark, or than none. Reads the text only if
-    // something has changed since it was asked last.
+    // Whether the entries are others than at the last mark, or than none. Reads the texts only if
+    // the text is not the marked one, and something has changed since it was asked last.
     [[nodiscard]] bool Differs();
-    // How many entries there were when Differs was asked last.
+    // How many entries there were when Differs found others last.
     [[nodiscard]] std::size_t Count() const { return count_; }
 
     // What the entries are compared with, for a book that takes another's place and goes again.
     using Hash = std::uint64_t;
     static constexpr Hash kNoFile = 0;
-    [[nodiscard]] Hash Compared() const { return marked_; }
+    [[nodiscard]] Hash Compared();
     void CompareWith(Hash hash);
 
     // What became of the question whether to save: the user did not want to, or wanted to and the
@@ -51,11 +53,24 @@ class SavedBook {
     // What moves with every change of the text.
     using Moment = std::pair<Revision, std::size_t>;
     [[nodiscard]] Moment Now() const;
+    // What was marked, with all that its entries depend on.
+    struct Marked {
+        std::uint64_t Revision = 0;  // of the text
+        std::string Mode;
+        std::string Separator;
+
+        bool operator==(const Marked&) const = default;
+    };
+    [[nodiscard]] Marked AsItStands() const;
+    // Hashes what was marked, if that was not needed before.
+    void HashMarked();
 
     const Module1& module_;
     Told told_;
     std::uint64_t marks_ = 0;
-    Hash marked_ = kNoFile;
+    Hash hash_ = kNoFile;  // of what was marked, once unhashed_ is empty
+    std::optional<Marked> marked_;
+    SharedText unhashed_;
     Moment seen_;
     bool differs_ = false;
     std::size_t count_ = 0;

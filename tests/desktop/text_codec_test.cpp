@@ -1,6 +1,7 @@
 #include "desktop/text/text_codec.h"
 
 #include <QTextDocument>
+#include <algorithm>
 #include <random>
 #include <string>
 #include <vector>
@@ -111,6 +112,63 @@ TEST(BoxText, RandomTextsComeBackFromADocument) {
             text += pieces[random() % pieces.size()];
         }
         ASSERT_EQ(ThroughDocument(text), text) << testing::PrintToString(text);
+    }
+}
+
+// The slow ways, letter by letter.
+QString LiteralLetters(std::string_view bytes) {
+    QString letters;
+    while (!bytes.empty()) {
+        const Utf8Letter next = FirstLetter(bytes);
+        letters += next.Length == 0 ? QString(QChar(QChar::ReplacementCharacter))
+                                    : QString::fromUcs4(&next.Code, 1);
+        bytes.remove_prefix(std::max<std::size_t>(next.Length, 1));
+    }
+    return letters;
+}
+
+QString LiteralBoxText(const QString& letters) {
+    QString box_text;
+    for (qsizetype i = 0; i < letters.size(); ++i) {
+        const bool paragraph = letters[i] == u'\r' && letters.mid(i + 1, 1) == u"\n";
+        box_text += paragraph             ? QChar(kParagraphSeparator)
+                    : letters[i] == u'\r' ? QChar(kLineSeparator)
+                    : letters[i] == u'\n' ? QChar(kLineFeedSign)
+                                          : letters[i];
+        i += paragraph ? 1 : 0;
+    }
+    return box_text;
+}
+
+TEST(ToLetters, MakesOfLongTextsWhatALiteralCodecMakes) {
+    const std::vector<std::string> pieces = {"\r",
+                                             "\n",
+                                             "\r\n",
+                                             "a",
+                                             "\xC3\xBC",
+                                             "\xFC",
+                                             "\xF0\x9F\x98\x80",
+                                             "\xE2\x80\xA9",
+                                             "\xC3",
+                                             std::string(31, 'x'),
+                                             std::string(32, 'y'),
+                                             std::string(33, '\0')};
+    std::mt19937 random(3);
+    for (int i = 0; i < 2000; ++i) {
+        std::string text;
+        for (auto left = random() % 10; left > 0; --left) {
+            text += pieces[random() % pieces.size()];
+        }
+        SCOPED_TRACE(testing::PrintToString(text));
+        const QString letters = LiteralLetters(text);
+        ASSERT_EQ(ToLetters(text, Encoding::Utf8), letters);
+        const QString box_text = LiteralBoxText(letters);
+        ASSERT_EQ(ToBoxText(text, Encoding::Utf8), box_text);
+        QString back = box_text;
+        back.replace(QChar(kParagraphSeparator), QStringLiteral("\r\n"));
+        back.replace(QChar(kLineSeparator), QChar(u'\r'))
+            .replace(QChar(kLineFeedSign), QChar(u'\n'));
+        ASSERT_EQ(WithLineBreaks(box_text), back);
     }
 }
 

@@ -176,7 +176,7 @@ std::string QtPlatform::ClipboardText() {
 }
 
 void QtPlatform::SetClipboardText(std::string_view text) {
-    SetClipboardBytes(text, desktop_.selectionEncoding().value_or(EncodingOf(text)));
+    SetClipboardBytes(text, desktop_.selectionEncoding());
 }
 
 std::optional<std::string> QtPlatform::GetSetting(std::string_view section, std::string_view key) {

@@ -23,7 +23,8 @@ struct FoundEntry {
 // goes once round the book. Nothing is found where nothing is wanted.
 //   {"a@x", "b@x"}, {"Al", "Bo"}, "bO", 0, Forward   ->  row 1
 //   the same, "al", 1, Forward                       ->  row 0, wrapped
-// Time: linear; a row is made letters of only if it has others than ASCII.
+// Time: linear; a row is made letters of only if it has others than ASCII, and the others are
+// looked through as one text.
 [[nodiscard]] std::optional<FoundEntry> FindEntry(const ItemList& addresses,
                                                   const ItemList& nicknames,
                                                   QStringView wanted,

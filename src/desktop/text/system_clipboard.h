@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QStringView>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -25,7 +26,9 @@ namespace orvik {
 // The system clipboard. The bytes are those of a text in this encoding; letters that it lacks make
 // them UTF-8.
 [[nodiscard]] std::string ClipboardBytes(Encoding encoding);
-void SetClipboardBytes(std::string_view bytes, Encoding encoding);
+// Without an encoding it is the one that EncodingOf finds. The letters are made when they are asked
+// for.
+void SetClipboardBytes(std::string_view bytes, std::optional<Encoding> encoding);
 [[nodiscard]] QString ClipboardBoxText();
 
 }  // namespace orvik

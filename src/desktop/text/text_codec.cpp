@@ -59,7 +59,15 @@ QString ToLetters(std::string_view bytes, Encoding encoding) {
         });
         return letters;
     }
-    while (!bytes.empty()) {
+    for (;;) {
+        const std::string_view ascii = bytes.substr(0, AsciiLength(bytes));
+        to = std::transform(ascii.begin(), ascii.end(), to, [](char byte) {
+            return QChar(char16_t{static_cast<unsigned char>(byte)});
+        });
+        bytes.remove_prefix(ascii.size());
+        if (bytes.empty()) {
+            break;
+        }
         const Utf8Letter next = FirstLetter(bytes);
         if (next.Length == 0) {
             *to++ = QChar(QChar::ReplacementCharacter);
@@ -105,41 +113,45 @@ std::string FromBoxText(QStringView box_text, Encoding& encoding) {
 }
 
 QString WithLineBreaks(QStringView box_text) {
-    QString letters;
-    letters.reserve(box_text.size());
+    const auto breaks = std::count(box_text.begin(), box_text.end(), QChar(kParagraphSeparator));
+    QString letters(box_text.size() + breaks, Qt::Uninitialized);
+    QChar* to = letters.data();
     for (const QChar letter : box_text) {
         switch (letter.unicode()) {
             case kParagraphSeparator:
-                letters.append(u"\r\n");
+                *to++ = u'\r';
+                *to++ = u'\n';
                 break;
             case kLineSeparator:
-                letters.append(u'\r');
+                *to++ = u'\r';
                 break;
             case kLineFeedSign:
-                letters.append(u'\n');
+                *to++ = u'\n';
                 break;
             default:
-                letters.append(letter);
+                *to++ = letter;
         }
     }
     return letters;
 }
 
 QString FromLineBreaks(QStringView letters) {
-    QString box_text;
-    box_text.reserve(letters.size());
+    QString box_text(letters.size(), Qt::Uninitialized);
+    QChar* to = box_text.data();
     for (qsizetype i = 0; i < letters.size(); ++i) {
-        if (letters[i] == u'\n') {
-            box_text.append(QChar(kLineFeedSign));
-        } else if (letters[i] != u'\r') {
-            box_text.append(letters[i]);
+        const QChar letter = letters[i];
+        if (letter == u'\n') {
+            *to++ = QChar(kLineFeedSign);
+        } else if (letter != u'\r') {
+            *to++ = letter;
         } else if (i + 1 < letters.size() && letters[i + 1] == u'\n') {
-            box_text.append(QChar(kParagraphSeparator));
+            *to++ = QChar(kParagraphSeparator);
             ++i;
         } else {
-            box_text.append(QChar(kLineSeparator));
+            *to++ = QChar(kLineSeparator);
         }
     }
+    box_text.truncate(to - box_text.constData());
     return box_text;
 }
 

@@ -112,7 +112,7 @@ void Form1Window::askAboutLeftBooks() {
 
 bool Form1Window::restore(const RecoveryCopy& copy) {
     bool restored = false;
-    const SavedBook& saved = module_.saved;
+    SavedBook& saved = module_.saved;
     const std::pair before(saved.Compared(), saved.Marks());
     module_.history.Run(kRestore, [&] {
         form_.RestoreBook(copy);

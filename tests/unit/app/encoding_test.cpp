@@ -50,6 +50,20 @@ TEST(EncodingOf, DecidesForTheWholeText) {
     }
 }
 
+TEST(AsciiLength, EndsAtTheFirstOtherByte) {
+    EXPECT_EQ(AsciiLength(""), 0U);
+    EXPECT_EQ(AsciiLength("J\xC3\xBCrgen"), 1U);
+    for (std::size_t length = 0; length < 100; ++length) {
+        std::string text(length, '\x7F');
+        EXPECT_EQ(AsciiLength(text), length);
+        text.append("\x80").append(50, 'a');
+        EXPECT_EQ(AsciiLength(text), length);
+        EXPECT_EQ(EncodingOf(text), Encoding::Windows1252);
+        text.back() = '\xFF';
+        EXPECT_EQ(AsciiLength(text), length);
+    }
+}
+
 TEST(FirstLetter, TellsItsNumberAndItsBytes) {
     const struct {
         std::string Bytes;

@@ -168,6 +168,45 @@ TEST_F(SavedBookTest, ABookThatComesBackIsComparedAsBefore) {
     EXPECT_FALSE(saved.Differs());
 }
 
+// What is marked is hashed late, which must not be noticed.
+TEST_F(SavedBookTest, WhatWasMarkedIsComparedAsItWasThen) {
+    SetAscii("\"Al\" <A1>\r\n\"Bo\" <A2>\r\n");
+    saved.Mark("/b/al.txt");
+    const EntrySum marked = module1.Entries();
+    EXPECT_FALSE(saved.Differs());
+    // The separator belongs to the preferences, which may have changed since.
+    module1.textSep = ",";
+    ASSERT_NE(module1.Entries().Hash, marked.Hash);
+    EXPECT_FALSE(saved.Differs());  // nothing has moved
+    form1.Text1.Restore(form1.Text1.Text());
+    EXPECT_TRUE(saved.Differs());
+    EXPECT_EQ(saved.Compared(), marked.Hash);
+    module1.textSep = "\r";
+    form1.Text1.Restore(form1.Text1.Text());
+    EXPECT_FALSE(saved.Differs());
+    module1.TextMode = mode::kNative;
+    form1.Text1.Restore(form1.Text1.Text());
+    EXPECT_EQ(saved.Differs(), module1.Entries().Hash != marked.Hash);
+}
+
+TEST_F(SavedBookTest, AnEqualTextOfItsOwnIsNoOtherBook) {
+    const std::string text = "\"Al\" <A1>\r\n\"Bo\" <A2>\r\n";
+    SetAscii(text);
+    saved.Mark("/b/al.txt");
+    module1.WorkText = "\"Al\" <A1>\r\n";
+    EXPECT_TRUE(saved.Differs());
+    EXPECT_EQ(saved.Count(), 1U);
+    module1.WorkText = text;
+    EXPECT_FALSE(saved.Differs());
+    module1.WorkText.clear();
+    EXPECT_TRUE(saved.Differs());
+    saved.Mark("/b/none.txt");
+    EXPECT_FALSE(saved.Differs());
+    EXPECT_EQ(saved.Compared(), SavedBook::kNoFile);
+    SetAscii(text);
+    EXPECT_TRUE(saved.Differs());
+}
+
 TEST_F(SavedBookTest, TheQuestionWhetherToSaveHasAFate) {
     using Fate = SavedBook::Fate;
     Open();
