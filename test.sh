@@ -37,7 +37,7 @@ configure() {
 run_tests() {
     ctest --preset "$1"
     awk '/^[0-9]+\/[0-9]+ Testing: / { test = $3 }
-        test ~ /^(engine|icu|store|unit)$/ && /^\[  PASSED  \]/ { units += $4 }
+        test ~ /^(book|engine|icu|store|unit)$/ && /^\[  PASSED  \]/ { units += $4 }
         test == "scenarios" && /^[0-9]+ passed, / { scenarios += $1 }
         END { print units + 0 " unit tests, " scenarios + 0 " scenarios"
               exit !(units && scenarios) }' "$2/Testing/Temporary/LastTest.log"

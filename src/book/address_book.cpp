@@ -1,0 +1,44 @@
+#include "book/address_book.h"
+
+#include <iterator>
+#include <utility>
+
+namespace orvik::book {
+
+std::uint32_t Book::AddSource(std::unique_ptr<Source> source) {
+    sources_.push_back(std::move(source));
+    return static_cast<std::uint32_t>(sources_.size() - 1);
+}
+
+std::uint32_t Book::KeepDetails(std::string_view group, std::span<const Param> params) {
+    if (group.empty() && params.empty()) {
+        return 0;
+    }
+    details_.push_back({group, texts_.KeepAll(params)});
+    return static_cast<std::uint32_t>(details_.size() - 1);
+}
+
+void Book::SetValue(Contact& contact, std::size_t property, std::string_view value) {
+    contact.Properties[property].Value = Keep(value);
+    contact.Changed = true;
+}
+
+void Book::Add(Contact& contact, NameId name, std::string_view value) {
+    contact.Properties.push_back({Keep(value), name, contact.From.File, 0, 0});
+    contact.Changed = true;
+}
+
+void Book::Remove(Contact& contact, std::size_t property) {
+    contact.Properties.erase(
+        std::next(contact.Properties.begin(), static_cast<std::ptrdiff_t>(property)));
+    contact.Changed = true;
+}
+
+std::string_view Book::BytesOf(const Contact& contact) const {
+    if (contact.From.Lines == 0) {
+        return {};
+    }
+    return SourceAt(contact.From.File).Text().substr(contact.From.Offset, contact.From.Bytes);
+}
+
+}  // namespace orvik::book

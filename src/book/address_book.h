@@ -1,0 +1,63 @@
+// The records of one or more files, with what was said about reading them.
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "book/arena.h"
+#include "book/record.h"
+#include "book/report.h"
+#include "book/source.h"
+
+namespace orvik::book {
+
+class Book {
+ public:
+    Book() : details_(1) {}
+
+    std::deque<Contact> Contacts;
+    FieldNames Names;
+    Report Told;
+
+    // Takes a source; it stays as long as the book. Returns its number, which origins name.
+    std::uint32_t AddSource(std::unique_ptr<Source> source);
+    [[nodiscard]] const Source& SourceAt(std::uint32_t file) const { return *sources_[file]; }
+    [[nodiscard]] std::size_t SourceCount() const { return sources_.size(); }
+
+    // Text that lives as long as the book.
+    std::string_view Keep(std::string_view text) { return texts_.Keep(text); }
+
+    [[nodiscard]] Arena& Texts() { return texts_; }
+
+    // What a property has besides its value.
+    [[nodiscard]] const Details& DetailsOf(const Property& property) const {
+        return details_[property.Details];
+    }
+    // Puts a group and parameters aside; both are 0 and empty for most properties. The group must
+    // live as long as the book; the parameters are copied.
+    std::uint32_t KeepDetails(std::string_view group, std::span<const Param> params);
+
+    // Changes of a user: the contact is written anew from then on.
+    void SetValue(Contact& contact, std::size_t property, std::string_view value);
+    void Add(Contact& contact, NameId name, std::string_view value);
+    void Remove(Contact& contact, std::size_t property);
+
+    // The bytes of a contact in its source; empty for one that came from none.
+    [[nodiscard]] std::string_view BytesOf(const Contact& contact) const;
+
+    // How much memory texts and details take, in bytes, sources aside.
+    [[nodiscard]] std::size_t TextHeld() const { return texts_.Held(); }
+
+ private:
+    std::deque<std::unique_ptr<Source>> sources_;
+    Arena texts_;
+    std::deque<Details> details_;
+};
+
+}  // namespace orvik::book

@@ -1,0 +1,68 @@
+#include "book/lines.h"
+
+#include <algorithm>
+
+namespace orvik::book {
+
+LineEnds CountLineEnds(std::string_view text) {
+    LineEnds ends;
+    // Nearly every text has no CR, or one before each LF, and then it is looked at once.
+    ends.Lf = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+    for (std::size_t at = text.find('\r'); at != std::string_view::npos;
+         at = text.find('\r', at + 1)) {
+        if (at + 1 < text.size() && text[at + 1] == '\n') {
+            ++ends.CrLf;
+            --ends.Lf;
+        } else {
+            ++ends.Cr;
+        }
+    }
+    return ends;
+}
+
+std::string_view NameOf(const LineEnds& ends) {
+    if (ends.Lf + ends.CrLf + ends.Cr == 0) {
+        return "no line end";
+    }
+    if (ends.Lf >= ends.CrLf && ends.Lf >= ends.Cr) {
+        return "LF";
+    }
+    return ends.CrLf >= ends.Cr ? "CR LF" : "CR";
+}
+
+Lines::Lines(std::string_view text)
+    : rest_(text), has_cr_(text.find('\r') != std::string_view::npos) {}
+
+std::size_t Lines::EndOfLine() const {
+    if (!has_cr_) {
+        return std::min(rest_.find('\n'), rest_.size());
+    }
+    // Each part is looked at for both, so that a text of many CR and no LF stays linear.
+    constexpr std::size_t kPart = 256;
+    for (std::size_t from = 0; from < rest_.size(); from += kPart) {
+        const std::string_view part = rest_.substr(from, kPart);
+        const std::size_t lf = std::min(part.find('\n'), part.size());
+        const std::size_t end = std::min(part.substr(0, lf).find('\r'), lf);
+        if (end < part.size()) {
+            return from + end;
+        }
+    }
+    return rest_.size();
+}
+
+bool Lines::Next(Line& line) {
+    if (rest_.empty()) {
+        return false;
+    }
+    const std::size_t length = EndOfLine();
+    std::size_t whole = length;
+    if (whole < rest_.size()) {
+        const std::string_view end = rest_.substr(whole, 3);
+        whole += end == "\r\r\n" ? 3 : end.starts_with("\r\n") ? 2 : 1;
+    }
+    line = {rest_.substr(0, length), ++number_, rest_.substr(0, whole)};
+    rest_.remove_prefix(whole);
+    return true;
+}
+
+}  // namespace orvik::book
