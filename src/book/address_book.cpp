@@ -3,6 +3,8 @@
 #include <iterator>
 #include <utility>
 
+#include "book/utf8.h"
+
 namespace orvik::book {
 
 std::uint32_t Book::AddSource(std::unique_ptr<Source> source) {
@@ -38,7 +40,15 @@ std::string_view Book::BytesOf(const Contact& contact) const {
     if (contact.From.Lines == 0) {
         return {};
     }
-    return SourceAt(contact.From.File).Text().substr(contact.From.Offset, contact.From.Bytes);
+    return TextOf(contact.From);
+}
+
+bool Book::IsUtf8(const Origin& from) const {
+    return SourceAt(from.File).Wide() == WideForm::None && CountUtf8(TextOf(from)).Bad == 0;
+}
+
+std::string_view Book::TextOf(const Origin& from) const {
+    return SourceAt(from.File).Text().substr(from.Offset, from.Bytes);
 }
 
 }  // namespace orvik::book

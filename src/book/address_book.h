@@ -51,10 +51,15 @@ class Book {
     // The bytes of a contact in its source; empty for one that came from none.
     [[nodiscard]] std::string_view BytesOf(const Contact& contact) const;
 
+    // Whether the bytes of a record are UTF-8 in its file, too.
+    [[nodiscard]] bool IsUtf8(const Origin& from) const;
+
     // How much memory texts and details take, in bytes, sources aside.
     [[nodiscard]] std::size_t TextHeld() const { return texts_.Held(); }
 
  private:
+    [[nodiscard]] std::string_view TextOf(const Origin& from) const;
+
     std::deque<std::unique_ptr<Source>> sources_;
     Arena texts_;
     std::deque<Details> details_;

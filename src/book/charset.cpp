@@ -100,9 +100,10 @@ Charset::Charset(const Source& source, std::string_view asked)
 }
 
 PieceCharset Charset::Judge(std::span<const std::string_view> values, std::uint32_t line) {
-    if (utf8_) {
-        return PieceCharset::Utf8;
-    }
+    return utf8_ ? PieceCharset::Utf8 : JudgeApart(values, line);
+}
+
+PieceCharset Charset::JudgeApart(std::span<const std::string_view> values, std::uint32_t line) {
     Utf8Count sum;
     bool escapes = false;
     for (const std::string_view value : values) {

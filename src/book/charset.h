@@ -35,12 +35,14 @@ class Charset {
 
     // Decides about one piece by all of its values; line is its first one.
     PieceCharset Judge(std::span<const std::string_view> values, std::uint32_t line);
+    // The same for values that were written in ASCII, and are UTF-8 unless their bytes are not.
+    PieceCharset JudgeApart(std::span<const std::string_view> values, std::uint32_t line);
     // A value of a piece as UTF-8, copied only if it changes. bad counts what was no letter.
     std::string_view Decode(std::string_view value,
                             PieceCharset piece,
                             Arena& texts,
                             std::size_t& bad);
-    // A value that was written apart from its piece, and is UTF-8 unless its bytes are not.
+    // One value that was written in ASCII.
     std::string_view DecodeAlone(std::string_view value,
                                  std::uint32_t line,
                                  Arena& texts,

@@ -59,20 +59,20 @@ void LdifContacts::Clear() {
     of_kcontacts_ = false;
 }
 
-void LdifContacts::Add(const std::deque<LdifRow>& rows, std::size_t first, const Origin& from) {
+void LdifContacts::Add(const std::deque<TextRow>& rows, std::size_t first, const Origin& from) {
     Clear();
     contact_.From = from;
+    contact_.IsUtf8 = book_.IsUtf8(from);
     contact_.Form = Dialect::Ldif;
     contact_.Properties.reserve(rows.size());
     piece_ = PieceCharset::Utf8;
     if (!charset_.IsUtf8()) {
         std::vector<std::string_view> values;
         values.reserve(rows.size());
-        for (const LdifRow& row : rows) {
+        for (const TextRow& row : rows) {
             values.push_back(row.Text);
         }
         piece_ = charset_.Judge(values, from.Line);
-        contact_.IsUtf8 = piece_ == PieceCharset::Utf8;
     }
     for (std::size_t i = first; i < rows.size(); ++i) {
         TakeRow(rows[i]);
@@ -82,7 +82,7 @@ void LdifContacts::Add(const std::deque<LdifRow>& rows, std::size_t first, const
     book_.Contacts.push_back(std::move(contact_));
 }
 
-void LdifContacts::TakeRow(const LdifRow& row) {
+void LdifContacts::TakeRow(const TextRow& row) {
     row_ = row.Number;
     const auto parts = SplitLdifLine(row.Text);
     if (!parts) {

@@ -15,14 +15,9 @@
 #include "book/charset.h"
 #include "book/ldif_fields.h"
 #include "book/ldif_lines.h"
+#include "book/lines.h"
 
 namespace orvik::book {
-
-// A line of a record, as little of it as is needed: a record may have millions.
-struct LdifRow {
-    std::string_view Text;
-    std::uint32_t Number = 0;
-};
 
 class LdifContacts {
  public:
@@ -30,7 +25,7 @@ class LdifContacts {
     LdifContacts(Book& book, Charset& charset, std::uint32_t file);
 
     // The contact of a record that begins in from.Line.
-    void Add(const std::deque<LdifRow>& rows, std::size_t first, const Origin& from);
+    void Add(const std::deque<TextRow>& rows, std::size_t first, const Origin& from);
 
  private:
     // A value as it is kept.
@@ -46,7 +41,7 @@ class LdifContacts {
     };
 
     void Clear();
-    void TakeRow(const LdifRow& row);
+    void TakeRow(const TextRow& row);
     void TakeText(const LdifField& field, const LdifParts& parts, std::string_view text);
     void TakeMerged(const LdifField& field, const LdifParts& parts, std::string_view text);
     void TakePart(Parts& whole, std::size_t part, const LdifParts& parts, std::string_view text);

@@ -15,6 +15,12 @@ struct Line {
     std::string_view WithEnd;  // the last line of a text may have no end
 };
 
+// A line of a record, as little of it as is needed: a record may have millions.
+struct TextRow {
+    std::string_view Text;
+    std::uint32_t Number = 0;
+};
+
 struct LineEnds {
     std::size_t Lf = 0;
     std::size_t CrLf = 0;

@@ -97,14 +97,14 @@ class Reader {
     }
 
     [[nodiscard]] bool Has(std::string_view name) const {
-        return std::any_of(rows_.begin(), rows_.end(), [name](const LdifRow& row) {
+        return std::any_of(rows_.begin(), rows_.end(), [name](const TextRow& row) {
             const auto parts = SplitLdifLine(row.Text);
             return parts && SameName(parts->Name, name);
         });
     }
 
     void SkipAll() {
-        for (const LdifRow& row : rows_) {
+        for (const TextRow& row : rows_) {
             const auto parts = SplitLdifLine(row.Text);
             const bool version = parts && SameName(parts->Name, "version");
             if (version && parts->Value == "1") {
@@ -122,7 +122,7 @@ class Reader {
     Book& book_;
     std::uint32_t file_;
     LdifContacts contacts_;
-    std::deque<LdifRow> rows_;
+    std::deque<TextRow> rows_;
     Origin from_;
     Reason doubt_ = Reason::None;
 };

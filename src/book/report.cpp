@@ -31,6 +31,9 @@ std::string_view WordsFor(Reason reason) {
         "is not in these files",
         "is no quoted-printable",
         "has a character set that is not known",
+        "has blanks around it",
+        "has fewer parts than it should",
+        "holds nothing",
         "has no place in the target"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];

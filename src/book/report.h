@@ -36,6 +36,9 @@ enum class Reason : std::uint8_t {
     NotFound,      // a member that is no record here
     NoQuotedPrintable,
     UnknownCharset,  // a character set that nobody knows
+    Blanks,          // blanks around a line that should have none
+    FewParts,        // a value with fewer components than it should have
+    Empty,           // a record without a field
     NotInTarget,     // the target has no such field
     kCount
 };

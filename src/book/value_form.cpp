@@ -62,6 +62,14 @@ TakenPart TakePart(std::string_view& rest, char separator) {
     return taken;
 }
 
+std::size_t PartCount(std::string_view value) {
+    std::size_t count = 1;
+    while (TakePart(value, ';').More) {
+        ++count;
+    }
+    return count;
+}
+
 std::string_view PartAt(std::string_view value, std::size_t number) {
     for (;; --number) {
         const TakenPart taken = TakePart(value, ';');

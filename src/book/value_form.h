@@ -27,6 +27,9 @@ struct TakenPart {
 };
 [[nodiscard]] TakenPart TakePart(std::string_view& rest, char separator);
 
+// How many components a value has; an empty one has one.
+[[nodiscard]] std::size_t PartCount(std::string_view value);
+
 // PartAt: a component by its number from 0, escapes kept; empty for one that is not there.
 [[nodiscard]] std::string_view PartAt(std::string_view value, std::size_t number);
 

@@ -10,6 +10,7 @@
 #include "book/address_book.h"
 #include "book/charset.h"
 #include "book/read_ldif.h"
+#include "book/read_vcard.h"
 
 namespace orvik::book::test {
 

@@ -43,6 +43,8 @@ TEST(TakePart, StopsAtSeparatorsThatAreNotEscaped) {
     EXPECT_EQ(PartAt("a;b\\;x;c", 1), "b\\;x");
     EXPECT_EQ(PartAt("a;b", 2), "");
     EXPECT_EQ(PartAt("a;b;", 2), "");
+    EXPECT_EQ(PartCount("a\\;b;;"), 3U);
+    EXPECT_EQ(PartCount(""), 1U);
 }
 
 std::string FromBase64(std::string_view text) {
