@@ -9,7 +9,13 @@ namespace orvik::book {
 
 std::uint32_t Book::AddSource(std::unique_ptr<Source> source) {
     sources_.push_back(std::move(source));
+    read_.push_back(0);
     return static_cast<std::uint32_t>(sources_.size() - 1);
+}
+
+void Book::CountRead(std::uint32_t file) {
+    ++read_[file];
+    Told.CountMore(What::Read);
 }
 
 std::uint32_t Book::KeepDetails(std::string_view group, std::span<const Param> params) {

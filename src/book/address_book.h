@@ -30,6 +30,10 @@ class Book {
     [[nodiscard]] const Source& SourceAt(std::uint32_t file) const { return *sources_[file]; }
     [[nodiscard]] std::size_t SourceCount() const { return sources_.size(); }
 
+    // Counts a record that was read from a source.
+    void CountRead(std::uint32_t file);
+    [[nodiscard]] std::size_t ReadFrom(std::uint32_t file) const { return read_[file]; }
+
     // Text that lives as long as the book.
     std::string_view Keep(std::string_view text) { return texts_.Keep(text); }
 
@@ -61,6 +65,7 @@ class Book {
     [[nodiscard]] std::string_view TextOf(const Origin& from) const;
 
     std::deque<std::unique_ptr<Source>> sources_;
+    std::deque<std::size_t> read_;
     Arena texts_;
     std::deque<Details> details_;
 };

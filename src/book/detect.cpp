@@ -72,10 +72,6 @@ std::string_view WithoutBlanks(std::string_view text) {
     return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
-bool StartsAs(std::string_view text, std::string_view start) {
-    return SameName(text.substr(0, start.size()), start);
-}
-
 // Letters that no text has; a few may be in a book that was damaged.
 bool IsBinary(std::string_view text) {
     const std::string_view sample = text.substr(0, 4096);
@@ -131,7 +127,7 @@ Detected Something(std::string_view text) {
     const std::string_view begin =
         text.substr(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
     for (const Kind& kind : kPages) {
-        if (StartsAs(begin, kind.Start)) {
+        if (StartsAsName(begin, kind.Start)) {
             return {Format::None, std::string(kind.Name)};
         }
     }
@@ -150,7 +146,7 @@ bool BeginsCard(std::string_view line) {
 }
 
 bool BeginsLdifRecord(std::string_view line) {
-    return StartsAs(line, "dn:");
+    return StartsAsName(line, "dn:");
 }
 
 Detected Detect(const Source& source) {
@@ -166,7 +162,7 @@ Detected Detect(const Source& source) {
             return Begun(Format::VCard, line, "begins a card");
         }
         const bool version =
-            StartsAs(line.Text, "version:") && WithoutBlanks(line.Text.substr(8)) == "1";
+            StartsAsName(line.Text, "version:") && WithoutBlanks(line.Text.substr(8)) == "1";
         if (version || (BeginsLdifRecord(line.Text) && IsLdifRecord(lines))) {
             return Begun(
                 Format::Ldif, line, version ? "has the version of LDIF" : "begins a record");

@@ -102,7 +102,10 @@ class FieldNames {
     std::vector<NameId> table_;  // open addressing; a power of two, at most half full
 };
 
-// Whether two names are the same in any case of ASCII letters.
+// Whether two names are the same in any case of ASCII letters, and whether one begins so.
 [[nodiscard]] bool SameName(std::string_view one, std::string_view other);
+[[nodiscard]] inline bool StartsAsName(std::string_view name, std::string_view start) {
+    return SameName(name.substr(0, start.size()), start);
+}
 
 }  // namespace orvik::book

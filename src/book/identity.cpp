@@ -82,6 +82,15 @@ std::string PlainUid(std::string_view uid) {
     return plain.starts_with(kUrn) ? plain.substr(kUrn.size()) : plain;
 }
 
+std::string AsUrn(std::string_view uid) {
+    constexpr std::string_view kShape = "99999999-9999-9999-9999-999999999999";
+    const bool uuid = uid.size() == kShape.size() &&
+                      std::equal(uid.begin(), uid.end(), kShape.begin(), [](char c, char wanted) {
+                          return wanted == '9' ? g_ascii_isxdigit(c) : c == wanted;
+                      });
+    return (uuid ? "urn:uuid:" : "") + std::string(uid);
+}
+
 Identities::Identities(const Book& book) {
     std::unordered_map<std::string, std::size_t> given;
     uids_.reserve(book.Contacts.size());

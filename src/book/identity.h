@@ -34,4 +34,7 @@ class Identities {
 // PlainUid: a UID without "urn:uuid:", in lower case, as records are compared.
 [[nodiscard]] std::string PlainUid(std::string_view uid);
 
+// AsUrn: a UID as an address of RFC 9562, if it is a UUID; any other one stays.
+[[nodiscard]] std::string AsUrn(std::string_view uid);
+
 }  // namespace orvik::book

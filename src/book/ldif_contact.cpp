@@ -78,7 +78,7 @@ void LdifContacts::Add(const std::deque<TextRow>& rows, std::size_t first, const
         TakeRow(rows[i]);
     }
     Finish();
-    book_.Told.CountMore(What::Read);
+    book_.CountRead(file_);
     book_.Contacts.push_back(std::move(contact_));
 }
 

@@ -14,15 +14,11 @@ namespace {
 constexpr std::string_view kCn = "cn=";
 constexpr std::string_view kMail = "mail=";
 
-bool StartsWith(std::string_view text, std::string_view start) {
-    return SameName(text.substr(0, start.size()), start);
-}
-
 // Where the last ",mail=" begins, in any case; npos for none.
 std::size_t LastMail(std::string_view dn) {
     for (std::size_t comma = dn.rfind(','); comma != std::string_view::npos && comma > 0;
          comma = dn.rfind(',', comma - 1)) {
-        if (StartsWith(dn.substr(comma + 1), kMail)) {
+        if (StartsAsName(dn.substr(comma + 1), kMail)) {
             return comma;
         }
     }
@@ -35,7 +31,7 @@ bool BeginsAttribute(std::string_view text) {
         "ou=", "o=", "dc=", "c=", "l=", "st=", "uid=", "cn="};
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     return std::any_of(kNames.begin(), kNames.end(), [text](std::string_view name) {
-        return StartsWith(text, name);
+        return StartsAsName(text, name);
     });
 }
 
@@ -90,13 +86,13 @@ std::string DnOf(std::string_view name, std::string_view address) {
 DnParts PartsOfDn(std::string_view dn) {
     DnParts parts;
     const std::size_t mail = LastMail(dn);
-    if (StartsWith(dn, kMail) || mail != std::string_view::npos) {
-        std::string_view address = dn.substr(StartsWith(dn, kMail) ? 0 : mail + 1);
+    if (StartsAsName(dn, kMail) || mail != std::string_view::npos) {
+        std::string_view address = dn.substr(StartsAsName(dn, kMail) ? 0 : mail + 1);
         address.remove_prefix(kMail.size());
         parts.Address = WithoutEscapes(address.substr(0, EndOfValue(address)));
-        dn = StartsWith(dn, kMail) ? std::string_view{} : dn.substr(0, mail);
+        dn = StartsAsName(dn, kMail) ? std::string_view{} : dn.substr(0, mail);
     }
-    if (StartsWith(dn, kCn)) {
+    if (StartsAsName(dn, kCn)) {
         dn.remove_prefix(kCn.size());
         parts.Name = WithoutEscapes(dn.substr(0, EndOfValue(dn)));
     }

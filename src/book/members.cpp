@@ -11,17 +11,13 @@ namespace {
 
 constexpr std::string_view kMailto = "mailto:";
 
-bool StartsIn(std::string_view text, std::string_view start) {
-    return SameName(text.substr(0, start.size()), start);
-}
+}  // namespace
 
 // Names of records in LDIF begin with an attribute.
 bool IsDn(std::string_view reference) {
     const std::size_t equal = reference.find('=');
     return equal != std::string_view::npos && equal > 0 && reference.find_first_of(" ,@:") > equal;
 }
-
-}  // namespace
 
 std::string DnOfContact(const Book& book, const Contact& contact) {
     const NameId dn = book.Names.Find("X-ORVIK-LDIF-dn");
@@ -66,10 +62,9 @@ void Directory::Fill(ListMember& member) const {
     }
 }
 
-ListMember Directory::Named(std::string_view reference) const {
+ListMember Directory::Referred(std::string_view reference) const {
     ListMember member;
-    member.Reference = reference;
-    if (StartsIn(reference, kMailto)) {
+    if (StartsAsName(reference, kMailto)) {
         member.Address = reference.substr(kMailto.size());
     } else if (IsDn(reference)) {
         DnParts parts = PartsOfDn(reference);
@@ -92,7 +87,6 @@ ListMember Directory::OfEvolution(const Property& property) const {
         return id == FieldNames::kNone ? std::string_view{} : ParamOf(book_, property, id);
     };
     ListMember member;
-    member.Reference = property.Value;
     member.Name = param("X-EVOLUTION-DEST-NAME");
     const std::string_view address = param("X-EVOLUTION-DEST-EMAIL");
     member.Address = address.empty() ? property.Value : address;
@@ -100,6 +94,12 @@ ListMember Directory::OfEvolution(const Property& property) const {
     Find(member, by_address_, ToLower(member.Address));
     Fill(member);
     return member;
+}
+
+ListMember Directory::MemberOf(const Property& property) const {
+    const NameId id = book_.Names.Find(kDnParam);
+    const auto dn = id == FieldNames::kNone ? "" : ParamOf(book_, property, id);
+    return Referred(dn.empty() ? property.Value : dn);
 }
 
 std::vector<ListMember> Directory::MembersOf(const Contact& list) const {
@@ -110,7 +110,7 @@ std::vector<ListMember> Directory::MembersOf(const Contact& list) const {
     const bool evolution = !FirstOf(book_, list, field::kEvolutionList).empty();
     for (const Property& one : list.Properties) {
         if (one.Name == field::kMember || one.Name == field::kServerMember) {
-            members.push_back(Named(one.Value));
+            members.push_back(MemberOf(one));
         } else if (evolution && one.Name == field::kEmail) {
             members.push_back(OfEvolution(one));
         }

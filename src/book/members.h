@@ -19,7 +19,6 @@ struct ListMember {
     std::string Address;
     std::string Uid;               // empty for one that is no record of the book
     std::size_t Record = kNobody;  // its number
-    std::string Reference;         // as the list names it
 
     static constexpr std::size_t kNobody = ~std::size_t{0};
 };
@@ -31,12 +30,14 @@ class Directory {
 
     // The members of a list in its order; none for a person.
     [[nodiscard]] std::vector<ListMember> MembersOf(const Contact& list) const;
+    // The member that a property of a list names.
+    [[nodiscard]] ListMember MemberOf(const Property& property) const;
 
  private:
     using Index = std::unordered_map<std::string, std::size_t>;
 
     void Find(ListMember& member, const Index& index, std::string_view key) const;
-    [[nodiscard]] ListMember Named(std::string_view reference) const;
+    [[nodiscard]] ListMember Referred(std::string_view reference) const;
     [[nodiscard]] ListMember OfEvolution(const Property& property) const;
     void Fill(ListMember& member) const;
 
@@ -46,6 +47,10 @@ class Directory {
     Index by_dn_;
     Index by_address_;
 };
+
+// Whether a list names a member as LDIF does; a card that cannot keeps it in this parameter.
+[[nodiscard]] bool IsDn(std::string_view reference);
+inline constexpr std::string_view kDnParam = "X-ORVIK-DN";
 
 // The name by which LDIF knows a record: the one it came with, else that of its name and address.
 [[nodiscard]] std::string DnOfContact(const Book& book, const Contact& contact);

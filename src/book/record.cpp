@@ -1,7 +1,5 @@
 #include "book/record.h"
 
-#include "app/text.h"
-
 namespace orvik::book {
 
 ValueForm ValueFormOf(const FieldNames& names, NameId name) {
@@ -34,9 +32,12 @@ ValueForm ValueFormOf(const FieldNames& names, NameId name) {
         default:
             break;
     }
-    constexpr std::string_view kOwn = "X-ORVIK-";
-    const bool own = SameName(Mid(names.Text(name), 1, kOwn.size()), kOwn);
-    return own ? ValueForm::Text : ValueForm::Verbatim;
+    const std::string_view text = names.Text(name);
+    if (StartsAsName(text, kCarriedFromVCard)) {
+        const NameId own = names.Find(text.substr(kCarriedFromVCard.size()));
+        return own < field::kKnown ? ValueFormOf(names, own) : ValueForm::Verbatim;
+    }
+    return StartsAsName(text, "X-ORVIK-") ? ValueForm::Text : ValueForm::Verbatim;
 }
 
 }  // namespace orvik::book

@@ -74,5 +74,6 @@ enum class ValueForm : std::uint8_t {
 
 // What a field of another format is called.
 inline constexpr std::string_view kCarriedFromLdif = "X-ORVIK-LDIF-";
+inline constexpr std::string_view kCarriedFromVCard = "X-ORVIK-VCARD-";
 
 }  // namespace orvik::book

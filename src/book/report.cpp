@@ -34,6 +34,7 @@ std::string_view WordsFor(Reason reason) {
         "has blanks around it",
         "has fewer parts than it should",
         "holds nothing",
+        "has signs that the target cannot hold",
         "has no place in the target"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];

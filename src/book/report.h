@@ -39,6 +39,7 @@ enum class Reason : std::uint8_t {
     Blanks,          // blanks around a line that should have none
     FewParts,        // a value with fewer components than it should have
     Empty,           // a record without a field
+    ChangedSigns,    // signs that the target cannot hold became others
     NotInTarget,     // the target has no such field
     kCount
 };

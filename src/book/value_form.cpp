@@ -29,6 +29,15 @@ void AppendEscaped(std::string_view text, std::string& to) {
     }
 }
 
+void AppendOneLine(std::string_view text, std::string& to) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool pair = text.substr(i, 2) == "\r\n";
+        const bool end = text[i] == '\r' || text[i] == '\n';
+        to += end ? std::string_view("\\n") : text.substr(i, 1);
+        i += pair ? 1 : 0;
+    }
+}
+
 std::string Unescaped(std::string_view value) {
     std::string text;
     text.reserve(value.size());

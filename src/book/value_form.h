@@ -12,6 +12,8 @@ namespace orvik::book {
 // AppendEscaped: appends one value; each line break becomes \n.
 //   "Abbott, Ada" -> "Abbott\, Ada"
 void AppendEscaped(std::string_view text, std::string& to);
+// The same for line breaks alone.
+void AppendOneLine(std::string_view text, std::string& to);
 [[nodiscard]] bool NeedsEscapes(std::string_view text);
 
 // Unescaped: the text that a value stands for. Another letter behind a backslash keeps it.

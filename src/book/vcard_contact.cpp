@@ -49,15 +49,6 @@ std::string WithoutCarets(std::string_view value) {
     return text;
 }
 
-void AppendOneLine(std::string_view text, std::string& to) {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool pair = text.substr(i, 2) == "\r\n";
-        const bool end = text[i] == '\r' || text[i] == '\n';
-        to += end ? std::string_view("\\n") : text.substr(i, 1);
-        i += pair ? 1 : 0;
-    }
-}
-
 // Line breaks become LF, as those are that escapes stand for.
 void AppendLines(std::string_view text, std::string& to) {
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -83,7 +74,7 @@ void VCardContacts::Add(const std::deque<TextRow>& rows, Dialect form, const Ori
     for (const TextRow& row : rows) {
         TakeRow(row);
     }
-    book_.Told.CountMore(What::Read);
+    book_.CountRead(file_);
     book_.Contacts.push_back(std::move(contact_));
 }
 
@@ -187,7 +178,7 @@ void VCardContacts::TakeTypes(NameId name, std::string_view value) {
 std::string_view VCardContacts::ParamText(std::string_view value) {
     std::size_t bad = 0;
     const std::string_view text = charset_.Decode(value, piece_, book_.Texts(), bad);
-    const bool escapes = form_ != Dialect::VCard21 && text.find('^') != std::string_view::npos;
+    const bool escapes = form_ == Dialect::VCard40 && text.find('^') != std::string_view::npos;
     return escapes ? book_.Keep(WithoutCarets(text)) : text;
 }
 
