@@ -219,7 +219,14 @@ void VCardLines::Join(VCardLine& line) {
         }
         const bool keeps_blank = form_ == Dialect::VCard21 && joint == Joint::Folded &&
                                  encoding != VCardEncoding::Base64;
-        whole += next_.Text.substr(IsFolded(next_.Text) && !keeps_blank ? 1 : 0);
+        std::string_view more = next_.Text;
+        if (joint == Joint::Soft) {
+            // Some writers indent what goes on.
+            more.remove_prefix(std::min(more.find_first_not_of(kSpaces), more.size()));
+        } else if (joint == Joint::Folded && !keeps_blank) {
+            more.remove_prefix(1);
+        }
+        whole += more;
         line.Span = {line.Span.data(), line.Span.size() + next_.WithEnd.size()};
         line.Last = next_.Number;
         if (!encoding && next_.Text.find(':') != std::string_view::npos && tries-- > 0) {

@@ -66,7 +66,7 @@ TEST(ReadVCard, UnfoldsAsTheVersionDoes) {
 
 TEST(ReadVCard, JoinsSoftLineEndsOfQuotedPrintableOnly) {
     EXPECT_EQ(Read("2.1",
-                   "NOTE;ENCODING=QUOTED-PRINTABLE:one=0D=0A=\ntwo=0D=\n=0Athree=\n four\n"
+                   "NOTE;ENCODING=QUOTED-PRINTABLE:one=0D=0A=\ntwo=0D=\n=0Athree=\n  four\n"
                    "URL:http://a?b=\nFN;QUOTED-PRINTABLE:A=6C=\n"),
               "NOTE:one\\x0Atwo\\x0Athreefour\nURL:http://a?b=\nFN:Al\n");
 }
