@@ -57,6 +57,8 @@ void LdifContacts::Clear() {
     name_ = work_ = home_ = org_ = {};
     birth_ = {};
     of_kcontacts_ = false;
+    carried_.clear();
+    last_was_carried_ = false;
 }
 
 void LdifContacts::Add(const std::deque<TextRow>& rows, std::size_t first, const Origin& from) {
@@ -103,11 +105,16 @@ void LdifContacts::TakeRow(const TextRow& row) {
         const std::array params = {Param{field::kEncoding, "b"},
                                    Param{book_.Names.Intern("X-ORVIK-OPTIONS"), parts->Options}};
         Carry(parts->Name, value.Text, {params.data(), parts->Options.empty() ? 1U : 2U});
+    } else if (TakeCarried(*parts, value.Text)) {
+        return;
     } else if (!parts->Options.empty()) {
         TakeOptions(field, *parts, value.Text);
-    } else if (!value.Text.empty() || field.Meaning == LdifMeaning::Unknown) {
+    } else if (field.Meaning == LdifMeaning::Unknown) {
+        Carry(parts->Name, value.Text);
+    } else if (!value.Text.empty()) {
         TakeText(field, *parts, value.Text);
     }
+    last_was_carried_ = false;
 }
 
 LdifContacts::Value LdifContacts::ValueOf(const LdifField& field, const LdifParts& parts) {

@@ -28,6 +28,10 @@ class LdifContacts {
     void Add(const std::deque<TextRow>& rows, std::size_t first, const Origin& from);
 
  private:
+    // Only so many fields are looked through for an equal one: nobody has more, and time stays
+    // linear.
+    static constexpr std::size_t kMostCompared = 64;
+
     // A value as it is kept.
     struct Value {
         std::string_view Text;
@@ -58,7 +62,9 @@ class LdifContacts {
     void Push(NameId name, std::string_view value, std::uint32_t details = 0);
     void PushOnce(NameId name, std::string_view value, std::uint32_t details = 0);
     void PushParts(NameId name, const Parts& whole, std::size_t count, std::string_view type);
+    bool TakeCarried(const LdifParts& parts, std::string_view text);
     void Finish();
+    void FinishCarried(std::size_t merged);
     void FinishUnit();
     void FinishBirthday();
     void FinishDn();
@@ -88,6 +94,8 @@ class LdifContacts {
     std::string_view post_box_;
     std::string_view unit_;
     bool of_kcontacts_ = false;
+    std::vector<Property> carried_;  // whole properties of which programs were given parts
+    bool last_was_carried_ = false;
 };
 
 }  // namespace orvik::book

@@ -11,9 +11,6 @@
 namespace orvik::book {
 namespace {
 
-// Only so many fields are looked through for an equal one: nobody has more, and time stays linear.
-constexpr std::size_t kMostCompared = 64;
-
 constexpr std::array<std::string_view, 7> kClasses = {"top",
                                                       "person",
                                                       "organizationalPerson",
@@ -127,6 +124,7 @@ void LdifContacts::PushParts(NameId name,
 
 void LdifContacts::Finish() {
     FinishUnit();
+    const std::size_t merged = contact_.Properties.size();
     // Netscape 4 wrote the street into the post-office box.
     constexpr std::size_t kBox = 0;
     constexpr std::size_t kStreet = 2;
@@ -148,6 +146,7 @@ void LdifContacts::Finish() {
         Push(field::kFn, book_.Keep("List " + std::to_string(++nameless_)));
         Doubt(Reason::NoName, {});
     }
+    FinishCarried(merged);
     FinishDn();
 }
 

@@ -73,14 +73,16 @@ ListMember Directory::Referred(std::string_view reference) const {
         Find(member, by_dn_, reference);
     } else {
         Find(member, by_uid_, PlainUid(reference));
-        member.Address = reference.find('@') == std::string_view::npos ? "" : reference;
+        // Other schemes than mailto have an at, too.
+        const bool address = reference.find('@') != std::string_view::npos &&
+                             reference.find(':') == std::string_view::npos;
+        member.Address = address ? reference : std::string_view{};
     }
     Find(member, by_address_, ToLower(member.Address));
     Fill(member);
     return member;
 }
 
-// Evolution keeps the members of a list as its addresses.
 ListMember Directory::OfEvolution(const Property& property) const {
     const auto param = [&](std::string_view name) {
         const NameId id = book_.Names.Find(name);
@@ -107,9 +109,11 @@ std::vector<ListMember> Directory::MembersOf(const Contact& list) const {
     if (list.Kind != ContactKind::List) {
         return members;
     }
-    const bool evolution = !FirstOf(book_, list, field::kEvolutionList).empty();
+    // Evolution keeps the members of a list as its addresses.
+    const bool evolution = !FirstOf(book_, list, field::kEvolutionList).empty() &&
+                           !FirstOf(book_, list, field::kEmail).empty();
     for (const Property& one : list.Properties) {
-        if (one.Name == field::kMember || one.Name == field::kServerMember) {
+        if (!evolution && (one.Name == field::kMember || one.Name == field::kServerMember)) {
             members.push_back(MemberOf(one));
         } else if (evolution && one.Name == field::kEmail) {
             members.push_back(OfEvolution(one));

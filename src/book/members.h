@@ -32,13 +32,14 @@ class Directory {
     [[nodiscard]] std::vector<ListMember> MembersOf(const Contact& list) const;
     // The member that a property of a list names.
     [[nodiscard]] ListMember MemberOf(const Property& property) const;
+    // The member that an address of a list of Evolution is.
+    [[nodiscard]] ListMember OfEvolution(const Property& property) const;
 
  private:
     using Index = std::unordered_map<std::string, std::size_t>;
 
     void Find(ListMember& member, const Index& index, std::string_view key) const;
     [[nodiscard]] ListMember Referred(std::string_view reference) const;
-    [[nodiscard]] ListMember OfEvolution(const Property& property) const;
     void Fill(ListMember& member) const;
 
     const Book& book_;

@@ -75,5 +75,8 @@ enum class ValueForm : std::uint8_t {
 // What a field of another format is called.
 inline constexpr std::string_view kCarriedFromLdif = "X-ORVIK-LDIF-";
 inline constexpr std::string_view kCarriedFromVCard = "X-ORVIK-VCARD-";
+// The option of such an attribute of LDIF that stands beside what programs know, not for a part of
+// it.
+inline constexpr std::string_view kBesides = "x-more";
 
 }  // namespace orvik::book

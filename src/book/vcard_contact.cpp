@@ -37,18 +37,6 @@ std::string WithoutOldEscapes(std::string_view text) {
     return plain;
 }
 
-// RFC 6868: ^n is a line break, ^' a quote and ^^ the sign itself.
-std::string WithoutCarets(std::string_view value) {
-    std::string text;
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        const char next = value[i] == '^' && i + 1 < value.size() ? value[i + 1] : '\0';
-        const bool escape = next == 'n' || next == '^' || next == '\'';
-        text += !escape ? value[i] : next == 'n' ? '\n' : next == '\'' ? '"' : '^';
-        i += escape ? 1 : 0;
-    }
-    return text;
-}
-
 // Line breaks become LF, as those are that escapes stand for.
 void AppendLines(std::string_view text, std::string& to) {
     for (std::size_t i = 0; i < text.size(); ++i) {

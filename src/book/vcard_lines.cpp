@@ -100,6 +100,17 @@ std::optional<VCardParam> TakeParam(std::string_view& rest) {
     return std::nullopt;
 }
 
+std::string WithoutCarets(std::string_view value) {
+    std::string text;
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        const char next = value[i] == '^' && i + 1 < value.size() ? value[i + 1] : '\0';
+        const bool escape = next == 'n' || next == '^' || next == '\'';
+        text += !escape ? value[i] : next == 'n' ? '\n' : next == '\'' ? '"' : '^';
+        i += escape ? 1 : 0;
+    }
+    return text;
+}
+
 std::optional<VCardEncoding> EncodingNamed(const VCardParam& param) {
     if (!param.Name.empty() && !SameName(param.Name, "ENCODING")) {
         return std::nullopt;

@@ -36,6 +36,10 @@ struct VCardParam {
 //   rest "TYPE=\"a;b\";PREF" -> TYPE, a;b
 [[nodiscard]] std::optional<VCardParam> TakeParam(std::string_view& rest);
 
+// WithoutCarets: the value of a parameter of 4.0 (RFC 6868): ^n is a line break, ^' a quote and ^^
+// the sign itself.
+[[nodiscard]] std::string WithoutCarets(std::string_view value);
+
 // The encoding that a parameter names, with or without ENCODING before it.
 [[nodiscard]] std::optional<VCardEncoding> EncodingNamed(const VCardParam& param);
 [[nodiscard]] VCardEncoding EncodingOf(std::string_view params);
