@@ -83,11 +83,13 @@ std::size_t Hash(std::string_view name) {
 
 }  // namespace
 
-bool SameName(std::string_view one, std::string_view other) {
-    return one.size() == other.size() &&
-           std::equal(one.begin(), one.end(), other.begin(), [](char a, char b) {
-               return Upper(a) == Upper(b);
-           });
+bool SameLetters(const char* one, const char* other, std::size_t length) {
+    for (std::size_t i = 0; i < length; ++i) {
+        if (one[i] != other[i] && Upper(one[i]) != Upper(other[i])) {
+            return false;
+        }
+    }
+    return true;
 }
 
 FieldNames::FieldNames() : table_(kFirstTable, kNone) {

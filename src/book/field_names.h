@@ -103,7 +103,10 @@ class FieldNames {
 };
 
 // Whether two names are the same in any case of ASCII letters, and whether one begins so.
-[[nodiscard]] bool SameName(std::string_view one, std::string_view other);
+[[nodiscard]] bool SameLetters(const char* one, const char* other, std::size_t length);
+[[nodiscard]] inline bool SameName(std::string_view one, std::string_view other) {
+    return one.size() == other.size() && SameLetters(one.data(), other.data(), one.size());
+}
 [[nodiscard]] inline bool StartsAsName(std::string_view name, std::string_view start) {
     return SameName(name.substr(0, start.size()), start);
 }

@@ -1,6 +1,8 @@
 #include "book/ldif_lines.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <string>
 
 #include "book/detect.h"
@@ -18,9 +20,22 @@ bool IsBlank(std::string_view line) {
     return !line.empty() && line.find_first_not_of(kBlanks) == std::string_view::npos;
 }
 
-bool IsNameLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' ||
-           c == '.' || c == '_';
+// Which bytes names are made of. A table, as each byte of a name is looked at.
+constexpr std::array<bool, 256> kNameLetters = [] {
+    std::array<bool, 256> letters{};
+    for (const char c :
+         std::string_view("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-._")) {
+        letters[static_cast<unsigned char>(c)] = true;
+    }
+    return letters;
+}();
+
+std::size_t NameLength(std::string_view line) {
+    std::size_t length = 0;
+    while (length < line.size() && kNameLetters[static_cast<unsigned char>(line[length])]) {
+        ++length;
+    }
+    return length;
 }
 
 void Extend(LdifLine& line, const Line& by) {
@@ -91,14 +106,15 @@ bool LdifLines::TakeBlanks(LdifLine& line, std::string& whole) {
 }
 
 std::optional<LdifParts> SplitLdifLine(std::string_view line) {
-    const std::size_t colon = line.find(':');
-    const std::string_view description = line.substr(0, colon);
-    const std::size_t semicolon = std::min(description.find(';'), description.size());
     LdifParts parts;
-    parts.Name = description.substr(0, semicolon);
-    parts.Options = description.substr(std::min(semicolon + 1, description.size()));
-    if (colon == std::string_view::npos || parts.Name.empty() ||
-        !std::all_of(parts.Name.begin(), parts.Name.end(), IsNameLetter)) {
+    std::size_t colon = NameLength(line);
+    parts.Name = line.substr(0, colon);
+    if (colon < line.size() && line[colon] == ';') {
+        const std::size_t begin = colon + 1;
+        colon = std::min(line.find(':', begin), line.size());
+        parts.Options = line.substr(begin, colon - begin);
+    }
+    if (parts.Name.empty() || colon == line.size() || line[colon] != ':') {
         return std::nullopt;
     }
     parts.Value = line.substr(colon + 1);

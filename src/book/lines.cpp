@@ -33,10 +33,7 @@ std::string_view NameOf(const LineEnds& ends) {
 Lines::Lines(std::string_view text)
     : rest_(text), has_cr_(text.find('\r') != std::string_view::npos) {}
 
-std::size_t Lines::EndOfLine() const {
-    if (!has_cr_) {
-        return std::min(rest_.find('\n'), rest_.size());
-    }
+std::size_t Lines::EndBesideCr() const {
     // Each part is looked at for both, so that a text of many CR and no LF stays linear.
     constexpr std::size_t kPart = 256;
     for (std::size_t from = 0; from < rest_.size(); from += kPart) {
@@ -48,21 +45,6 @@ std::size_t Lines::EndOfLine() const {
         }
     }
     return rest_.size();
-}
-
-bool Lines::Next(Line& line) {
-    if (rest_.empty()) {
-        return false;
-    }
-    const std::size_t length = EndOfLine();
-    std::size_t whole = length;
-    if (whole < rest_.size()) {
-        const std::string_view end = rest_.substr(whole, 3);
-        whole += end == "\r\r\n" ? 3 : end.starts_with("\r\n") ? 2 : 1;
-    }
-    line = {rest_.substr(0, length), ++number_, rest_.substr(0, whole)};
-    rest_.remove_prefix(whole);
-    return true;
 }
 
 }  // namespace orvik::book

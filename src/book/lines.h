@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -39,21 +40,32 @@ class Lines {
 
     // The next line; false at the end of the text.
     bool Next(Line& line);
-    // Gives the line that came last once more.
-    void Back(const Line& line) {
-        rest_ = {line.Text.data(), static_cast<std::size_t>(End() - line.Text.data())};
-        number_ = line.Number - 1;
-    }
-    // What has not been given yet.
-    [[nodiscard]] std::string_view Rest() const { return rest_; }
 
  private:
-    [[nodiscard]] const char* End() const { return rest_.data() + rest_.size(); }
-    [[nodiscard]] std::size_t EndOfLine() const;
+    [[nodiscard]] std::size_t EndOfLine() const {
+        return has_cr_ ? EndBesideCr() : std::min(rest_.find('\n'), rest_.size());
+    }
+    [[nodiscard]] std::size_t EndBesideCr() const;
 
     std::string_view rest_;
     std::uint32_t number_ = 0;
     bool has_cr_;
 };
+
+// Here, as each line of a book comes by.
+inline bool Lines::Next(Line& line) {
+    if (rest_.empty()) {
+        return false;
+    }
+    const std::size_t length = EndOfLine();
+    std::size_t whole = length;
+    if (whole < rest_.size()) {
+        const std::string_view end = rest_.substr(whole, 3);
+        whole += end == "\r\r\n" ? 3 : end.starts_with("\r\n") ? 2 : 1;
+    }
+    line = {rest_.substr(0, length), ++number_, rest_.substr(0, whole)};
+    rest_.remove_prefix(whole);
+    return true;
+}
 
 }  // namespace orvik::book

@@ -1,5 +1,6 @@
 #include "book/members.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "app/text.h"
@@ -30,6 +31,12 @@ std::string DnOfContact(const Book& book, const Contact& contact) {
 
 Directory::Directory(const Book& book, const Identities& identities)
     : book_(book), identities_(identities) {
+    // Nobody is looked for where there is no list.
+    if (std::none_of(book.Contacts.begin(), book.Contacts.end(), [](const Contact& contact) {
+            return contact.Kind == ContactKind::List;
+        })) {
+        return;
+    }
     // Of several the first is meant.
     for (std::size_t i = 0; i < book.Contacts.size(); ++i) {
         const Contact& contact = book.Contacts[i];
