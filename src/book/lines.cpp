@@ -47,4 +47,20 @@ std::size_t Lines::EndBesideCr() const {
     return rest_.size();
 }
 
+void TextRows::Add(std::string_view text, std::uint32_t number, bool folded) {
+    const bool is_text = !folded && text.find(':') == std::string_view::npos;
+    if (is_text && ends_with_text_) {
+        std::string_view& whole = rows_.back().Text;
+        whole = {whole.data(), static_cast<std::size_t>(text.data() + text.size() - whole.data())};
+    } else {
+        rows_.push_back({text, number});
+    }
+    ends_with_text_ = is_text;
+}
+
+void TextRows::Clear() {
+    rows_.clear();
+    ends_with_text_ = false;
+}
+
 }  // namespace orvik::book

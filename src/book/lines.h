@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <string_view>
 
 namespace orvik::book {
@@ -20,6 +21,21 @@ struct Line {
 struct TextRow {
     std::string_view Text;
     std::uint32_t Number = 0;
+};
+
+// The rows of a record. Lines that are no fields, one behind the other, are one row: a text that
+// went on without being folded.
+class TextRows {
+ public:
+    // folded says that the text is not the line as it stands in its file.
+    void Add(std::string_view text, std::uint32_t number, bool folded);
+    void Clear();
+    [[nodiscard]] const std::deque<TextRow>& All() const { return rows_; }
+    [[nodiscard]] std::deque<TextRow>& All() { return rows_; }
+
+ private:
+    std::deque<TextRow> rows_;
+    bool ends_with_text_ = false;
 };
 
 struct LineEnds {

@@ -37,7 +37,7 @@ class Reader {
  private:
     void Take(const LdifLine& line) {
         const Source& source = book_.SourceAt(file_);
-        if (rows_.empty()) {
+        if (rows_.All().empty()) {
             from_ = {file_, line.Number, 0, source.OffsetOf(line.Span.data()), 0};
         }
         from_.Lines = line.Last - from_.Line + 1;
@@ -46,30 +46,30 @@ class Reader {
         if (doubt_ != Reason::None) {
             Tell(What::Doubtful, doubt_, line.Text);
         }
-        rows_.push_back({line.Text, line.Number});
+        rows_.Add(line.Text, line.Number, line.Text.data() != line.Span.data());
     }
 
     void End(bool by_next) {
-        if (rows_.empty()) {
+        if (rows_.All().empty()) {
             return;
         }
-        const bool named = BeginsLdifRecord(rows_.front().Text);
+        const bool named = BeginsLdifRecord(rows_.All().front().Text);
         if (by_next && named && doubt_ != Reason::LineOfBlanks) {
-            Tell(What::Doubtful, Reason::NotEnded, rows_.front().Text);
+            Tell(What::Doubtful, Reason::NotEnded, rows_.All().front().Text);
         }
         if (!named && !Has("objectclass")) {
             SkipAll();
         } else if (const auto first = FirstOfContent()) {
-            contacts_.Add(rows_, *first, from_);
+            contacts_.Add(rows_.All(), *first, from_);
         }
-        rows_.clear();
+        rows_.Clear();
         doubt_ = Reason::None;
     }
 
     // Where the attributes of the record begin; nothing for one that only changes another.
     std::optional<std::size_t> FirstOfContent() {
-        for (std::size_t i = 1; i < rows_.size(); ++i) {
-            const auto parts = SplitLdifLine(rows_[i].Text);
+        for (std::size_t i = 1; i < rows_.All().size(); ++i) {
+            const auto parts = SplitLdifLine(rows_.All()[i].Text);
             if (parts && SameName(parts->Name, "control")) {
                 continue;
             }
@@ -83,7 +83,7 @@ class Reader {
             }
             Tell(What::Doubtful, Reason::Added, parts->Value);
             // The name stays the first row, right before the attributes.
-            rows_[i] = rows_.front();
+            rows_.All()[i] = rows_.All().front();
             return i;
         }
         return 0;
@@ -92,19 +92,19 @@ class Reader {
     // Controls tell a server how to make the change.
     void TakeControls(std::size_t end) {
         for (std::size_t i = 1; i < end; ++i) {
-            Tell(What::Doubtful, Reason::Control, rows_[i].Text);
+            Tell(What::Doubtful, Reason::Control, rows_.All()[i].Text);
         }
     }
 
     [[nodiscard]] bool Has(std::string_view name) const {
-        return std::any_of(rows_.begin(), rows_.end(), [name](const TextRow& row) {
+        return std::any_of(rows_.All().begin(), rows_.All().end(), [name](const TextRow& row) {
             const auto parts = SplitLdifLine(row.Text);
             return parts && SameName(parts->Name, name);
         });
     }
 
     void SkipAll() {
-        for (const TextRow& row : rows_) {
+        for (const TextRow& row : rows_.All()) {
             const auto parts = SplitLdifLine(row.Text);
             const bool version = parts && SameName(parts->Name, "version");
             if (version && parts->Value == "1") {
@@ -122,7 +122,7 @@ class Reader {
     Book& book_;
     std::uint32_t file_;
     LdifContacts contacts_;
-    std::deque<TextRow> rows_;
+    TextRows rows_;
     Origin from_;
     Reason doubt_ = Reason::None;
 };

@@ -74,8 +74,9 @@ class Cards {
         }
         const bool agent = parts && SameName(parts->Name, "AGENT") &&
                            parts->Value.find_first_not_of(' ') == std::string_view::npos;
-        rows_.push_back(
-            {agent && lines_.NextBeginsCard() ? WithCard(line.Text) : line.Text, line.Number});
+        const bool nested = agent && lines_.NextBeginsCard();
+        const std::string_view text = nested ? WithCard(line.Text) : line.Text;
+        rows_.Add(text, line.Number, text.data() != line.Span.data());
     }
 
     // A card inside of a value becomes one line, as vCard 3.0 writes it.
@@ -101,8 +102,9 @@ class Cards {
             return;
         }
         open_ = false;
-        const std::string_view last = rows_.empty() ? std::string_view{} : rows_.back().Text;
-        if (rows_.empty()) {
+        const std::string_view last =
+            rows_.All().empty() ? std::string_view{} : rows_.All().back().Text;
+        if (rows_.All().empty()) {
             Tell(What::Skipped, Reason::Empty, last);
         } else {
             if (reason != Reason::None) {
@@ -111,9 +113,9 @@ class Cards {
             if (form_ == Dialect::None) {
                 Tell(What::Doubtful, Reason::NoVersion, {});
             }
-            contacts_.Add(rows_, form_, from_);
+            contacts_.Add(rows_.All(), form_, from_);
         }
-        rows_.clear();
+        rows_.Clear();
     }
 
     void SkipOutside(const VCardLine& line) {
@@ -136,7 +138,7 @@ class Cards {
     std::uint32_t file_;
     VCardLines lines_;
     VCardContacts contacts_;
-    std::deque<TextRow> rows_;
+    TextRows rows_;
     Origin from_;
     Dialect form_ = Dialect::None;
     bool open_ = false;

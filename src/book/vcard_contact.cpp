@@ -53,6 +53,7 @@ VCardContacts::VCardContacts(Book& book, Charset& charset, std::uint32_t file)
 
 void VCardContacts::Add(const std::deque<TextRow>& rows, Dialect form, const Origin& from) {
     contact_ = {};
+    details_ = 0;
     contact_.From = from;
     contact_.IsUtf8 = book_.IsUtf8(from);
     contact_.Properties.reserve(rows.size());
@@ -70,15 +71,20 @@ void VCardContacts::Add(const std::deque<TextRow>& rows, Dialect form, const Ori
 // the set of the program that wrote it.
 void VCardContacts::Judge(const std::deque<TextRow>& rows) {
     std::vector<std::string_view> raw;
+    const auto add_raw = [&](std::string_view text) {
+        if (!charset_.IsUtf8()) {
+            raw.push_back(text);
+        }
+    };
     std::deque<std::string> quoted;
     std::vector<std::string_view> quoted_values;
     for (const TextRow& row : rows) {
         const auto parts = SplitVCardLine(row.Text);
         if (!parts) {
-            raw.push_back(row.Text);
+            add_raw(row.Text);
         } else if (CharsetNamed(parts->Params).empty()) {
             if (!IsQuotedPrintable(*parts)) {
-                raw.push_back(row.Text);
+                add_raw(row.Text);
             } else {
                 AppendQuotedPrintable(parts->Value, quoted.emplace_back());
                 quoted_values.push_back(quoted.back());
@@ -112,8 +118,18 @@ void VCardContacts::TakeRow(const TextRow& row) {
     if (name == field::kN && PartCount(value) < kNameParts) {
         Doubt(Reason::FewParts, *parts);
     }
-    contact_.Properties.push_back(
-        {value, name, file_, row.Number, book_.KeepDetails(parts->Group, params_)});
+    contact_.Properties.push_back({value, name, file_, row.Number, DetailsOf(*parts)});
+}
+
+// Fields with the same parameters follow each other, and share them.
+std::uint32_t VCardContacts::DetailsOf(const VCardParts& parts) {
+    if (details_ == 0 || !parts.Group.empty() || parts.Params != details_of_) {
+        const std::uint32_t details = book_.KeepDetails(parts.Group, params_);
+        details_ = parts.Group.empty() ? details : 0;
+        details_of_ = parts.Params;
+        return details;
+    }
+    return details_;
 }
 
 void VCardContacts::TakeVersion(const VCardParts& parts) {

@@ -36,6 +36,7 @@ class VCardContacts {
     void TakeRow(const TextRow& row);
     void TakeVersion(const VCardParts& parts);
     Manner TakeParams(const VCardParts& parts);
+    std::uint32_t DetailsOf(const VCardParts& parts);
     void TakeTypes(NameId name, std::string_view value);
     std::string_view ParamText(std::string_view value);
     std::string_view ValueOf(NameId name, const VCardParts& parts, const Manner& manner);
@@ -60,6 +61,8 @@ class VCardContacts {
     PieceCharset piece_ = PieceCharset::Utf8;
     PieceCharset quoted_ = PieceCharset::Utf8;
     std::vector<Param> params_;
+    std::uint32_t details_ = 0;  // of the last field without a group that has any
+    std::string_view details_of_;
 };
 
 }  // namespace orvik::book

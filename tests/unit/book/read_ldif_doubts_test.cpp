@@ -32,7 +32,7 @@ TEST(ReadLdifDoubts, LinesOutsideOfRecordsAreSkippedTogether) {
            "skipped 1 : From: me: belongs to no record\n"
            "skipped 4 : hello: belongs to no record\n"
            "skipped 10 : search: 2: belongs to no record\n"});
-    const ReadBook read(ReadLdif, "a\nb\nc\n");
+    const ReadBook read(ReadLdif, "a: 1\nb: 2\nc: 3\n");
     EXPECT_EQ(read.book.Told.Count(What::Skipped), 3U);
     EXPECT_EQ(read.book.Told.Remarks().size(), 1U);
 }
@@ -75,9 +75,10 @@ TEST(ReadLdifDoubts, WhatShouldBeBase64StaysText) {
 }
 
 TEST(ReadLdifDoubts, LinesWithoutAnAttributeAreKept) {
-    Check({"dn: cn=Al\ncn: Al\nlonely words\n:x\n",
-           "person\nFN:Al\nX-ORVIK-LDIF-no-field:lonely words\nX-ORVIK-LDIF-no-field::x\n",
-           "doubtful 1 : lonely words: is no field\ndoubtful 1 : :x: is no field\n"});
+    Check({"dn: cn=Al\ncn: Al\nlonely words\nand more\n:x\n",
+           "person\nFN:Al\nX-ORVIK-LDIF-no-field:lonely words\\x0Aand "
+           "more\nX-ORVIK-LDIF-no-field::x\n",
+           "doubtful 1 : lonely words\\x0Aand more: is no field\ndoubtful 1 : :x: is no field\n"});
 }
 
 TEST(ReadLdifDoubts, ANameBeginsTheNextRecordInAnyCase) {

@@ -176,9 +176,10 @@ TEST(ReadVCard, TellsWhatIsOdd) {
            "skipped 1 : one: belongs to no record\n"
            "skipped 3 : END:VCARD: ends what was not begun\n"
            "skipped 4 : : holds nothing\nskipped 6 : three: belongs to no record\n"});
-    Check({"BEGIN:VCARD\nFN:Al\nlonely, words\nEND:VCARD\n",
-           "person\nFN:Al\nX-ORVIK-VCARD-no-field:lonely, words\n",
-           "doubtful 1 : : has no version\ndoubtful 1 : lonely, words: is no field\n"});
+    Check({"BEGIN:VCARD\nFN:Al\nlonely, words\r\nand more\nEND:VCARD\n",
+           "person\nFN:Al\nX-ORVIK-VCARD-no-field:lonely, words\\nand more\n",
+           "doubtful 1 : : has no version\ndoubtful 1 : lonely, words\\x0D\\x0Aand more: is no "
+           "field\n"});
     Check({"BEGIN:VCARD \nVERSION:3.0\nN:Al;Bo\nX-Own Name;a.b.c=1:x\na.b.c:y\nEND:VCARD\n",
            "person\nN:Al;Bo\nX-Own Name;a.b.c=1:x\na.b.c:y\n",
            "doubtful 1 : BEGIN:VCARD : has blanks around it\n"
