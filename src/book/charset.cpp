@@ -144,7 +144,11 @@ std::string_view Charset::Decode(std::string_view value,
                                  Arena& texts,
                                  std::size_t& bad) {
     if (piece == PieceCharset::Utf8) {
-        return value;
+        // A value that was not judged with its piece, as it named a set that nobody knows.
+        if (utf8_ || CountUtf8(value).Bad == 0) {
+            return value;
+        }
+        piece = PieceCharset::Other;
     }
     const bool escapes = value.find('\x1B') != std::string_view::npos;
     if (!escapes && AsciiLength(value) == value.size()) {

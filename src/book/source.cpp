@@ -66,6 +66,18 @@ std::size_t Separators(std::string_view sample, std::size_t low) {
     return count;
 }
 
+// How many units hold a blank or a line end beside another sign, as text of one byte a letter does
+// all the time.
+std::size_t PlainBlanks(std::string_view sample) {
+    const auto is_blank = [](char c) { return c == ' ' || c == '\n' || c == '\r'; };
+    std::size_t count = 0;
+    for (std::size_t i = 0; i + 1 < sample.size(); i += 2) {
+        const bool nul = sample[i] == '\0' || sample[i + 1] == '\0';
+        count += !nul && (is_blank(sample[i]) || is_blank(sample[i + 1])) ? 1U : 0U;
+    }
+    return count;
+}
+
 // Text without Latin letters has few NULs, and its separators tell.
 WideForm BySeparators(std::string_view sample) {
     if (sample.find('\0') == std::string_view::npos) {
@@ -73,10 +85,11 @@ WideForm BySeparators(std::string_view sample) {
     }
     const std::size_t little = Separators(sample, 0);
     const std::size_t big = Separators(sample, 1);
-    if (little >= 3 && big == 0) {
+    const std::size_t plain = PlainBlanks(sample);
+    if (little >= 3 && big == 0 && plain < little) {
         return WideForm::Utf16Le;
     }
-    return big >= 3 && little == 0 ? WideForm::Utf16Be : WideForm::None;
+    return big >= 3 && little == 0 && plain < big ? WideForm::Utf16Be : WideForm::None;
 }
 
 }  // namespace

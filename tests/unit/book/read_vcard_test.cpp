@@ -146,6 +146,8 @@ TEST(ReadVCard, ReadsLettersByValueCardAndFile) {
     EXPECT_NE(read.sentence.find("(assumed; e.g. \"J\xC3\xB6rg\", \"Fran\xC3\xA7ois\""),
               std::string::npos)
         << read.sentence;
+    const ReadBook unknown(ReadVCard, Card("2.1", "FN;CHARSET=none:J\xF6rg\n"));
+    EXPECT_EQ(Shown(unknown.book), "person\nFN:J\xC3\xB6rg\n");
     // Bytes that look like separators are letters where the set says so.
     const ReadBook japanese(ReadVCard, Card("2.1", "N;CHARSET=SHIFT_JIS:\x83\x5C;\x95\x5C\n"));
     EXPECT_EQ(Shown(japanese.book), "person\nN:\xE3\x82\xBD;\xE8\xA1\xA8\n");

@@ -78,6 +78,7 @@ TEST(WideFormOf, TellsByTheSeparatorsWhereLettersAreNotLatin) {
     EXPECT_EQ(WideFormOf(big), WideForm::Utf16Be);
     EXPECT_EQ(WideFormOf(std::string(100, '\0')), WideForm::None);
     EXPECT_EQ(WideFormOf("plain\ntext\n"), WideForm::None);
+    EXPECT_EQ(WideFormOf("plain text:\0 with some:\0 NULs:\0 in between\n"s), WideForm::None);
     EXPECT_EQ(WideFormOf(""), WideForm::None);
 }
 
