@@ -20,7 +20,7 @@ test_packages=(
     ccache git libgtest-dev libgmock-dev libbenchmark-dev
     clang clang-format clang-tidy libclang-rt-14-dev python3
     # windows, and their pictures
-    xvfb xdotool imagemagick openbox qt6ct at-spi2-core dbus python3-pyatspi
+    xvfb xdotool imagemagick openbox qt6ct at-spi2-core dbus python3-pyatspi weston qt6-wayland
     # what is installed, and the package
     appstream desktop-file-utils libglib2.0-bin libxml2-utils lintian locales man-db
     mmdebstrap shared-mime-info

@@ -2,8 +2,9 @@
 # Sets up, builds and runs all tests, and prints the time of each stage.
 #   ./test.sh          what must hold for every commit
 #   ./test.sh --full   also benchmarks up to a million entries, the package in a fresh Debian,
-#                      whether each build makes the same package, and saves that fail and are killed
-#                      inside of each system call
+#                      whether each build makes the same package, saves that fail and are killed
+#                      inside of each system call, ten million steps at depth, planted faults, the
+#                      lines that the tests run, and kills while a person works
 #   ./test.sh --quick  only the unit tests and the scenarios on the forms, without sanitizers
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -54,6 +55,13 @@ build_tests() {
     cmake --build --preset sanitize --target all_verify_interface_header_sets
 }
 
+# What works on a thread of its own.
+workers() {
+    configure thread
+    cmake --build --preset thread
+    ctest --preset thread
+}
+
 format() {
     git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run --Werror
 }
@@ -100,6 +108,33 @@ reproducible() { tests/packaging/reproducible.sh "$release"/orvik_*.deb; }
 
 real_calls() { tests/reliability/real_calls.py "$release/bin/orvik-batch"; }
 
+# Ten million steps, in as many processes as there are cores, each with a seed of its own.
+depth() {
+    local cores seed pids=() failed=0
+    cores=$(nproc)
+    for seed in $(seq "$cores"); do
+        TMPDIR=/dev/shm ASAN_OPTIONS=malloc_context_size=1:quarantine_size_mb=8 \
+            build/sanitize/bin/orvik-depth --steps $((10000000 / cores + 1)) --seed "$seed" \
+            >"build/depth-$seed.log" 2>&1 &
+        pids+=($!)
+    done
+    for seed in $(seq "$cores"); do
+        wait "${pids[seed - 1]}" || failed=1
+        tail -n 3 "build/depth-$seed.log"
+    done
+    return $failed
+}
+
+build_mutants() {
+    configure mutants
+    cmake --build --preset mutants
+}
+
+faults() { tests/depth/faults.py build/mutants; }
+
+coverage() { tests/mutants/coverage.py build/mutants; }
+kills() { tests/desktop/recovery_test.sh "$release/bin/orvik" 10; }
+
 bench() {
     configure bench
     cmake --build --preset bench
@@ -113,6 +148,7 @@ if [ $mode = quick ]; then
     stage "tests" run_tests quick build/debug
 else
     stage "build under the sanitizers" build_tests
+    stage "workers under the thread sanitizer" workers
     stage "clang-format" format
     stage "clang-tidy" tidy
     stage "fuzzing" fuzz
@@ -121,7 +157,12 @@ else
     [ $mode = every ] || stage "package in a fresh Debian" install_package
     [ $mode = every ] || stage "the same package from every build" reproducible
     [ $mode = every ] || stage "failing and killed saves" real_calls
+    [ $mode = every ] || stage "kills" kills
     [ $mode = every ] || stage "benchmarks" bench
+    [ $mode = every ] || stage "ten million steps at depth" depth
+    [ $mode = every ] || stage "build for faulty sources" build_mutants
+    [ $mode = every ] || stage "planted faults" faults
+    [ $mode = every ] || stage "lines that the tests run" coverage
     stage "tests" run_tests sanitize build/sanitize
 fi
 

@@ -18,14 +18,6 @@ namespace {
 using Path = FileSystem::Path;
 
 constexpr std::string_view kCopyEnding = ".orvik-copy";
-// No saving takes so long.
-constexpr std::chrono::hours kClearlyOld{1};
-
-bool IsClearlyOld(const FileStatus& status) {
-    const std::chrono::seconds written(status.Identity.Seconds);
-    return std::chrono::system_clock::now().time_since_epoch() - written > kClearlyOld;
-}
-
 // The folder of the copies that cannot stand beside their books; empty if the user has none.
 Path CopiesFolder(FileSystem& files) {
     const Path state = files.StateFolder();
@@ -120,6 +112,12 @@ std::error_code WriteCopyElsewhere(FileSystem& files,
     // Its lock is not taken, as nothing that is there is ever replaced.
     RemoveLeftovers(files, folder, false);
     return WriteCopy(files, folder / CopyNameElsewhere(book), contents, taken);
+}
+
+bool IsClearlyOld(const FileStatus& status) {
+    constexpr std::chrono::hours kClearlyOld{1};
+    const std::chrono::seconds written(status.Identity.Seconds);
+    return std::chrono::system_clock::now().time_since_epoch() - written > kClearlyOld;
 }
 
 void RemoveLeftovers(FileSystem& files, const Path& folder, bool locked) {

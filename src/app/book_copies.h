@@ -31,6 +31,10 @@ namespace orvik {
                                                  std::string_view contents,
                                                  FileSystem::Path& taken);
 
+// IsClearlyOld: whether a file was written an hour ago, and so, where no lock tells, by a program
+// that has ended: no saving takes so long.
+[[nodiscard]] bool IsClearlyOld(const FileStatus& status);
+
 // RemoveLeftovers: removes the files of this user that bear a passing name in a folder. Unless its
 // lock is held another program may be about to rename them, and only old ones go.
 void RemoveLeftovers(FileSystem& files, const FileSystem::Path& folder, bool locked);

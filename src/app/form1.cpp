@@ -1,6 +1,7 @@
 #include "app/form1.h"
 
 #include "app/module1.h"
+#include "app/scope.h"
 #include "app/working_text.h"
 
 namespace orvik {
@@ -97,9 +98,22 @@ std::string Form1::CaptionOf(std::string_view file) {
     return std::string(kTitle).append(" - ").append(file);
 }
 
+std::string Form1::FileOf(std::string_view caption) {
+    const std::string beginning = CaptionOf({});
+    return std::string(caption.starts_with(beginning) ? caption.substr(beginning.size())
+                                                      : std::string_view{});
+}
+
 bool Form1::OfferSave(std::string_view question) {
     const Answer answer = module_.Ask(question, "Save?", Buttons::YesNoCancel, Icon::Question);
-    if (answer == Answer::Yes) {
+    if (answer == Answer::No) {
+        module_.saved.SetFate(SavedBook::Fate::GivenUp);
+    } else if (answer == Answer::Yes) {
+        const OnExit tell([this, before = module_.saved.Marks()] {
+            if (module_.saved.Marks() == before) {
+                module_.saved.SetFate(SavedBook::Fate::NotSaved);
+            }
+        });
         mnuSave_Click();
     }
     return answer != Answer::Cancel;

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -12,6 +13,8 @@
 #include "app/form.h"
 
 namespace orvik {
+
+struct RecoveryCopy;
 
 class Form1 : public Form {
  public:
@@ -130,6 +133,14 @@ class Form1 : public Form {
     void mnuAbout_Click();
     void mnuFuture_Click();
 
+    // Recovery: src/files/recovery.cpp.
+    // The book as it stands, under the title that the user sees, and the time. Nothing is copied.
+    [[nodiscard]] RecoveryCopy CopyOfBook(std::string_view title, std::int64_t seconds) const;
+    // Makes what was kept the open book, in the lists; ResumeEditing then goes back into edit mode,
+    // where the text is as it was.
+    void RestoreBook(const RecoveryCopy& copy);
+    void ResumeEditing(const RecoveryCopy& copy);
+
     // Shows the main window's file dialog and keeps the chosen name, empty when
     // cancelled, in CommonDialog1.
     const std::string& ShowFileDialog(FileDialog dialog);
@@ -138,9 +149,11 @@ class Form1 : public Form {
     // Errors: RunTimeError 52 for an unknown ending, and those of the file.
     bool WriteInFormatOf(const std::string& name, bool ldif_outdated);
 
-    // What the caption is while a file's book is open.
+    // What the caption is while a file's book is open, and the file of a caption, which is empty
+    // without one.
     //   "/a/book.ldif" -> "Orvik - /a/book.ldif"
     [[nodiscard]] static std::string CaptionOf(std::string_view file);
+    [[nodiscard]] static std::string FileOf(std::string_view caption);
 
     // Asks whether to save first, and saves on Yes. Returns false on Cancel.
     bool OfferSave(std::string_view question);

@@ -93,10 +93,14 @@ void Module1::RefreshLists() {
         TellFailed(TextNonexistant("An Error type"));
         return;
     }
-    form1.List1.Clear(WorkText);
-    form1.List2.Clear(WorkText);
+    ListEntries(WorkText);
+}
+
+void Module1::ListEntries(const SharedText& native) {
+    form1.List1.Clear(native);
+    form1.List2.Clear(native);
     ItemCount = ListNative(
-        WorkText,
+        native,
         [this](std::string_view item) { form1.List1.AddItem(item); },
         [this](std::string_view item) { form1.List2.AddItem(item); });
     form1.StatusBar1.SetPanelText(2, std::to_string(ItemCount) + " items");

@@ -159,6 +159,8 @@ class Module1 : public Windows {
     // RefreshLists: brings the working text into the Native form and fills both lists and the item
     // count from it.
     void RefreshLists();
+    // ListEntries: fills both lists and the item count from a text in the Native form.
+    void ListEntries(const SharedText& native);
 
     // JunoText: the text as a Juno address book. A working text in the ASCII form is parsed into
     // the Native form first, and text with it where it is the working text.

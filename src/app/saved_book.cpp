@@ -11,8 +11,11 @@ void SavedBook::Follow(Told told) {
 }
 
 void SavedBook::Mark(const std::string& file) {
+    ++marks_;
     if (told_) {
-        marked_ = module_.Entries().Hash;
+        const EntrySum sum = module_.Entries();
+        marked_ = sum.Hash;
+        count_ = sum.Count;
         differs_ = false;
         seen_ = Now();
         told_(file);
@@ -22,9 +25,16 @@ void SavedBook::Mark(const std::string& file) {
 bool SavedBook::Differs() {
     if (told_ && seen_ != Now()) {
         seen_ = Now();
-        differs_ = module_.Entries().Hash != marked_;
+        const EntrySum sum = module_.Entries();
+        differs_ = sum.Hash != marked_;
+        count_ = sum.Count;
     }
     return differs_;
+}
+
+void SavedBook::CompareWith(Hash hash) {
+    marked_ = hash;
+    seen_ = {};
 }
 
 // Text is changed by commands, which the history counts, by the user in the text box, and by what

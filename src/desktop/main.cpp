@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -20,8 +21,10 @@
 #include "desktop/help/help_key.h"
 #include "desktop/session/application.h"
 #include "desktop/session/desktop.h"
+#include "desktop/session/end_signals.h"
 #include "desktop/session/log_out.h"
 #include "desktop/session/qt_platform.h"
+#include "desktop/session/recovery_keeper.h"
 #include "desktop/session/window_place.h"
 #include "desktop/views/program_icon.h"
 #include "desktop/windows/form1_window.h"
@@ -102,6 +105,15 @@ QStringList ParseArguments(const QCoreApplication& app) {
     return books;
 }
 
+// Tests need not wait as long as a person may lose.
+std::chrono::milliseconds RecoveryInterval() {
+    bool is_number = false;
+    const int wanted = qEnvironmentVariableIntValue("ORVIK_KEEP_WITHIN", &is_number);
+    const std::chrono::milliseconds interval(wanted);
+    return is_number && interval.count() > 0 ? std::min(interval, orvik::RecoveryKeeper::kInterval)
+                                             : orvik::RecoveryKeeper::kInterval;
+}
+
 int RunWindows(orvik::Application& app, const QStringList& books) {
     orvik::Desktop desktop;
     orvik::SystemFiles files;
@@ -119,13 +131,20 @@ int RunWindows(orvik::Application& app, const QStringList& books) {
         [&](std::string_view topic) { program.module.ShowHelpTopic(1, "Stripped", topic); });
     orvik::RestorePlace(window, orvik::WindowPlaceFile());
     window.rememberIn(orvik::WindowPlaceFile());
+    orvik::RecoveryKeeper keeper(files, RecoveryInterval());
+    window.keepWith(keeper);
+    platform.deleteWithSettings([&keeper] { keeper.removeAll(); });
+    const orvik::EndSignals end_signals([&keeper] { keeper.keepNow(); });
     // Directly, since the answer must be there when the signal has been sent.
     QObject::connect(
         qApp,
         &QGuiApplication::commitDataRequest,
         &window,
-        [&window](QSessionManager& manager) {
-            orvik::AnswerLogOut(manager, [&window] { return window.endForLogOut(); });
+        [&window, &keeper](QSessionManager& manager) {
+            orvik::AnswerLogOut(
+                manager,
+                [&window] { return window.endForLogOut(); },
+                [&keeper] { keeper.keepNow(); });
         },
         Qt::DirectConnection);
     const auto start = [&] {
@@ -136,6 +155,9 @@ int RunWindows(orvik::Application& app, const QStringList& books) {
             platform.rememberFolderOf(books.front());
         }
         window.openBooks(books);
+        if (!desktop.hasEnded()) {
+            window.offerLeftBooks();
+        }
     };
     // Inside the event loop, so that the program can end while it starts.
     QTimer starter;
@@ -143,6 +165,7 @@ int RunWindows(orvik::Application& app, const QStringList& books) {
     QObject::connect(&starter, &QTimer::timeout, start);
     starter.start(0);
     const int status = QApplication::exec();
+    keeper.end(program.module);
     if (window.isVisible()) {
         orvik::KeepPlace(window, orvik::WindowPlaceFile());
     }

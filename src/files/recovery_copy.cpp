@@ -6,7 +6,6 @@
 namespace orvik {
 namespace {
 
-constexpr std::string_view kFirstLine = "orvik-recovery 1\n";
 // The last field: without it the file is cut off.
 constexpr std::string_view kEnd = "end";
 
@@ -78,7 +77,7 @@ std::string WriteRecoveryCopy(const RecoveryCopy& copy) {
     std::string bytes;
     bytes.reserve(copy.Text.size() + (box_is_text ? 0 : copy.Box.size()) + copy.Caption.size() +
                   copy.File.size() + kNames);
-    bytes.append(kFirstLine);
+    bytes.append(kRecoveryBeginning);
     AppendField(bytes, "seconds", std::to_string(copy.Seconds));
     AppendField(bytes, "entries", std::to_string(copy.Entries));
     AppendField(bytes, "file", copy.File);
@@ -98,10 +97,10 @@ std::string WriteRecoveryCopy(const RecoveryCopy& copy) {
 }
 
 std::optional<RecoveryCopy> ReadRecoveryCopy(std::string_view bytes) {
-    if (!bytes.starts_with(kFirstLine)) {
+    if (!bytes.starts_with(kRecoveryBeginning)) {
         return std::nullopt;
     }
-    bytes.remove_prefix(kFirstLine.size());
+    bytes.remove_prefix(kRecoveryBeginning.size());
     RecoveryCopy copy;
     while (const std::optional<Field> field = TakeField(bytes)) {
         if (field->Name == kEnd) {

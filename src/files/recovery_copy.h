@@ -18,15 +18,18 @@
 namespace orvik {
 
 struct RecoveryCopy {
-    SharedText Text;      // the working text
-    std::string Mode;     // TextMode
-    std::string Caption;  // of the main window
-    SharedText Box;       // what the text box holds
+    SharedText Text = {};      // the working text
+    std::string Mode = {};     // TextMode
+    std::string Caption = {};  // of the main window
+    SharedText Box = {};       // what the text box holds
     bool EditMode = false;
-    std::string File;          // the book's name, empty for a new one
+    std::string File = {};     // the book's name, empty for a new one
     std::size_t Entries = 0;   // in the lists
     std::int64_t Seconds = 0;  // when it was kept, since 1970
 };
+
+// What each such file of this version begins with.
+inline constexpr std::string_view kRecoveryBeginning = "orvik-recovery 1\n";
 
 // WriteRecoveryCopy: the file's bytes.
 [[nodiscard]] std::string WriteRecoveryCopy(const RecoveryCopy& copy);

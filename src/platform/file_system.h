@@ -137,6 +137,8 @@ class FileSystem {
     // Creates a folder, for nobody but the user, and those that it is in; one that is there already
     // is no error.
     virtual std::error_code CreateFolders(const Path& folder) = 0;
+    // Removes a folder that holds nothing.
+    virtual std::error_code RemoveFolder(const Path& folder) = 0;
     // Waits, at most so long, for the right to write into a folder, or into a file that has names
     // in several folders. Errors:
     // errc::device_or_resource_busy if another program keeps it; errc::not_supported where there

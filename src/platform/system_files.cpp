@@ -154,6 +154,10 @@ std::error_code SystemFiles::CreateFolders(const Path& folder) {
     return {};
 }
 
+std::error_code SystemFiles::RemoveFolder(const Path& folder) {
+    return Result(rmdir(folder.c_str()));
+}
+
 bool SystemFiles::IsSame(const Path& one, const Path& other) {
     std::error_code error;
     return fs::equivalent(one, other, error) && !error;

@@ -24,6 +24,7 @@ class SystemFiles : public FileSystem {
     std::error_code Remove(const Path& path) override;
     std::error_code SyncFolder(const Path& folder) override;
     std::error_code CreateFolders(const Path& folder) override;
+    std::error_code RemoveFolder(const Path& folder) override;
     std::error_code Lock(const Path& path,
                          std::chrono::milliseconds longest,
                          std::unique_ptr<FolderLock>& lock) override;
@@ -45,5 +46,13 @@ class SystemFiles : public FileSystem {
 // does not end the program. TERM, INT and HUP end it, unless they were ignored, but not while
 // FileSystem::HoldEnd holds the end.
 void HandleSignals();
+
+// TellOfSignals: from now on the first signal that asks for the end is only told of; the next one
+// ends the program. Returns the number of a file that can be read from once one was told of, or -1
+// where there is none; then nothing changes. Called once.
+[[nodiscard]] int TellOfSignals();
+
+// EndBySignal: ends the program as the signal would have that was told of.
+void EndBySignal();
 
 }  // namespace orvik

@@ -1,9 +1,11 @@
 // The signals that end the program, and how a saving keeps them for later.
 
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <array>
 #include <atomic>
+#include <cerrno>
 #include <csignal>
 
 #include "platform/system_files.h"
@@ -17,6 +19,9 @@ constexpr std::array kEnding = {SIGTERM, SIGINT, SIGHUP};
 constexpr int kEnds = -1;
 std::atomic<int> holds = 0;
 std::atomic<int> kept_signal = 0;
+// Where the first signal is told of, and which one it was.
+std::atomic<int> listener = -1;
+std::atomic<int> told_signal = 0;
 static_assert(std::atomic<int>::is_always_lock_free);
 
 void Die(int signal_number) {
@@ -24,7 +29,22 @@ void Die(int signal_number) {
     static_cast<void>(std::raise(signal_number));
 }
 
+// Returns false if nobody listens, or somebody was told already.
+bool Announce(int signal_number) {
+    int none = 0;
+    if (listener < 0 || !told_signal.compare_exchange_strong(none, signal_number)) {
+        return false;
+    }
+    const int error = errno;
+    const bool told = write(listener, "", 1) == 1;
+    errno = error;
+    return told;
+}
+
 extern "C" void EndOrKeep(int signal_number) {
+    if (Announce(signal_number)) {
+        return;
+    }
     int none = 0;
     if (holds.compare_exchange_strong(none, kEnds) || none == kEnds) {
         Die(signal_number);
@@ -81,6 +101,21 @@ void HandleSignals() {
             action.sa_flags = SA_RESTART;
             sigaction(signal_number, &action, nullptr);
         }
+    }
+}
+
+int TellOfSignals() {
+    std::array<int, 2> ends{};
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends.data()) < 0) {
+        return -1;
+    }
+    listener = ends[1];
+    return ends[0];
+}
+
+void EndBySignal() {
+    if (const int signal_number = told_signal; signal_number != 0) {
+        EndOrKeep(signal_number);
     }
 }
 

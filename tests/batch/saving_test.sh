@@ -27,8 +27,10 @@ run() {
     { "$@" >out 2>err </dev/null; } 2>/dev/null || status=$?
     [ "$status" = "$wanted" ] || fail "exit status $status instead of $wanted: $(cat err)"
 }
-# disturbed STATUS INJECTION ARGUMENT...: runs the program while strace disturbs some of its calls.
+# disturbed STATUS INJECTION ARGUMENT...: runs the program while strace disturbs some of its calls. A
+# sanitized one cannot look for leaks then, as it would have to trace itself.
 disturbed() {
+    local -x ASAN_OPTIONS=${ASAN_OPTIONS:+$ASAN_OPTIONS:}detect_leaks=0
     local wanted=$1 injection=$2
     shift 2
     run "$wanted" strace -f -o trace -e trace=all -e "inject=$injection" "$program" "$@"

@@ -82,9 +82,15 @@ DesktopActor::~DesktopActor() {
     platform_.windows = nullptr;
 }
 
-void DesktopActor::Attach(Program& program) {
+// The windows go before the forms that they show.
+void DesktopActor::Detach() {
     small_windows_.clear();
     form1_.reset();
+    Actor::Detach();
+}
+
+void DesktopActor::Attach(Program& program) {
+    Detach();
     Actor::Attach(program);
     desktop_ = std::make_unique<Desktop>();
     form1_ = std::make_unique<Form1Window>(program.module, *desktop_, books_);

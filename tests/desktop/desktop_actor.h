@@ -48,6 +48,7 @@ class DesktopActor : public Actor, public ScenarioPlatform::Windows {
     ~DesktopActor() override;
 
     void Attach(Program& program) override;
+    void Detach() override;
     void RunHandler(Form& form, const NamedHandler& handler) override;
     void SetText(const Target& target, TextBox& box, const std::string& text) override;
     void TypeText(const Target& target, TextBox& box, const std::string& text) override;

@@ -39,7 +39,8 @@ eventually() {
 
 : >"$log"
 mkfifo "$work/display"
-Xvfb -displayfd 3 -screen 0 800x600x24 3<>"$work/display" >>"$log" 2>&1 &
+# Programs that come and go do not reset it.
+Xvfb -noreset -displayfd 3 -screen 0 800x600x24 3<>"$work/display" >>"$log" 2>&1 &
 started+=($!)
 read -r -t 10 number <"$work/display" || fail "no display"
 export DISPLAY=":$number"

@@ -277,11 +277,14 @@ TEST_F(Form1WindowTest, ALogOutAsksAsClosingDoes) {
     EXPECT_CALL(platform, GetSetting(_, _)).WillRepeatedly(Return("5"));
     EXPECT_CALL(platform, ShowBox(_)).WillRepeatedly(Return(Answer::OK));
     form1.Show(Showing::Modeless);
-    const auto log_out = [this](Session session) {
-        AnswerLogOut(session, [this] { return window.endForLogOut(); });
+    int kept = 0;
+    const auto log_out = [&](Session session) {
+        AnswerLogOut(
+            session, [this] { return window.endForLogOut(); }, [&kept] { ++kept; });
         return session;
     };
     EXPECT_FALSE(log_out({.may_ask = false}).released);
+    EXPECT_EQ(kept, 1);
     ExpectSaveQuestion("Save before exiting?", Answer::Cancel);
     EXPECT_TRUE(log_out({}).cancelled);
     EXPECT_FALSE(desktop.hasEnded());
@@ -291,6 +294,7 @@ TEST_F(Form1WindowTest, ALogOutAsksAsClosingDoes) {
     EXPECT_TRUE(ended.released);
     EXPECT_FALSE(ended.cancelled);
     EXPECT_TRUE(desktop.hasEnded());
+    EXPECT_EQ(kept, 1);
 }
 
 TEST_F(Form1WindowTest, AFailureIsReportedAndTheWindowGoesOn) {

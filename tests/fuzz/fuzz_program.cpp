@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <utility>
 
 #include "fuzz/fuzz_target.h"
 #include "testkit/statement.h"
@@ -98,7 +99,8 @@ void FuzzPlatform::ShowForm(Form& form, Showing showing) {
     ScenarioPlatform::ShowForm(form, showing);
 }
 
-FuzzedProgram::FuzzedProgram() {
+FuzzedProgram::FuzzedProgram(std::unique_ptr<FuzzPlatform> platform, FileSystem* files)
+    : platform_(std::move(platform)), scenario_(*platform_, actor_, files) {
     Scratch().Empty();
     Run("defaults");
     Run("start");
@@ -116,33 +118,47 @@ void FuzzedProgram::WriteFile(const std::string& name, std::string_view contents
 }
 
 bool FuzzedProgram::Run(const std::string& statement) {
+    return RunTraced(statement, [&] { scenario_.Run(statement); });
+}
+
+bool FuzzedProgram::RunHandler(Form& form, const NamedHandler& handler) {
+    return RunTraced(std::string(form.Name()).append(".").append(handler.Name), [&] {
+        try {
+            actor_.RunHandler(form, handler);
+        } catch (const ProgramEnded&) {
+            // The platform remembers it.
+        }
+    });
+}
+
+bool FuzzedProgram::RunTraced(const std::string& statement, const std::function<void()>& act) {
     Trace(statement);
     try {
-        scenario_.Run(statement);
+        act();
     } catch (const testkit::ScenarioError& error) {
         Trace(std::string("# ") + error.what());
         return false;
     }
-    return !platform_.Ended();
+    return !platform_->Ended();
 }
 
 void FuzzedProgram::Queue(std::uint8_t choices, const std::string& pick) {
-    platform_.answers.clear();
-    platform_.picks.clear();
-    platform_.clicks.clear();
-    platform_.at_yield.clear();
+    platform_->answers.clear();
+    platform_->picks.clear();
+    platform_->clicks.clear();
+    platform_->at_yield.clear();
     for (int i = 0; i < kMostAnswers; ++i) {
         constexpr std::array kAnswers = {Answer::Yes, Answer::No, Answer::Yes, Answer::Cancel};
-        platform_.answers.push_back(kAnswers.at((choices >> (i % 4 * 2)) & 3U));
+        platform_->answers.push_back(kAnswers.at((choices >> (i % 4 * 2)) & 3U));
     }
     for (int i = 0; i < kMostPicks; ++i) {
-        platform_.picks.push_back(pick);
+        platform_->picks.push_back(pick);
     }
     for (int i = 0; i < kMostClicks; ++i) {
-        platform_.clicks.push_back(static_cast<std::uint8_t>(choices + i));
+        platform_->clicks.push_back(static_cast<std::uint8_t>(choices + i));
     }
     if (choices >= 0x80) {
-        platform_.at_yield.emplace_back(choices & 0xFU, "Form1.cmdCancel_Click");
+        platform_->at_yield.emplace_back(choices & 0xFU, "Form1.cmdCancel_Click");
     }
 }
 

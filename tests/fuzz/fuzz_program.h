@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -38,7 +40,10 @@ class FuzzActor : public testkit::Actor {
 class FuzzedProgram {
  public:
     // Starts the program with an empty folder of its own; the folder is the same one each time.
-    FuzzedProgram();
+    // files, if given, must outlive this.
+    explicit FuzzedProgram(
+        std::unique_ptr<FuzzPlatform> platform = std::make_unique<FuzzPlatform>(),
+        FileSystem* files = nullptr);
     FuzzedProgram(const FuzzedProgram&) = delete;
     FuzzedProgram& operator=(const FuzzedProgram&) = delete;
     FuzzedProgram(FuzzedProgram&&) = delete;
@@ -52,13 +57,14 @@ class FuzzedProgram {
     // Runs a statement. Returns false if the run is over: the program has ended, or more was asked
     // than anybody queued.
     bool Run(const std::string& statement);
+    // The same for a handler of a form that is loaded, without looking for it.
+    bool RunHandler(Form& form, const NamedHandler& handler);
 
     // What the person does next, in place of what was left of the last time: answers by two bits
     // each, file names, and clicks.
     void Queue(std::uint8_t choices, const std::string& pick);
 
     [[nodiscard]] Program& Root() const { return actor_.Root(); }
-    FuzzPlatform& Platform() { return platform_; }
 
     // What holds between two events of the user.
     void CheckState() const;
@@ -66,9 +72,11 @@ class FuzzedProgram {
     void CheckHistory();
 
  private:
-    FuzzPlatform platform_;
+    bool RunTraced(const std::string& statement, const std::function<void()>& act);
+
+    std::unique_ptr<FuzzPlatform> platform_;
     FuzzActor actor_;
-    testkit::Scenario scenario_{platform_, actor_};
+    testkit::Scenario scenario_;
 };
 
 }  // namespace orvik::fuzz

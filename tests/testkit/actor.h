@@ -32,6 +32,8 @@ class Actor {
 
     // A new run of the program begins; the former one, if any, is gone after this call.
     virtual void Attach(Program& program) { program_ = &program; }
+    // The program is gone after this call, and none follows it.
+    virtual void Detach() { program_ = nullptr; }
 
     // The program's start: loads and shows the main window.
     virtual void Start();

@@ -9,10 +9,15 @@
 
 namespace orvik::testkit {
 
-Scenario::Scenario(ScenarioPlatform& platform, Actor& actor) : platform_(platform), actor_(actor) {
+Scenario::Scenario(ScenarioPlatform& platform, Actor& actor, FileSystem* files)
+    : platform_(platform), actor_(actor), files_(files != nullptr ? *files : own_files_) {
     platform_.run_modal = [this](const std::string& statements) { RunModal(statements); };
     platform_.run_statement = [this](const std::string& line) { RunWords(line); };
     MakeProgram();
+}
+
+Scenario::~Scenario() {
+    actor_.Detach();
 }
 
 const std::vector<Scenario::Statement>& Scenario::Statements() {

@@ -17,8 +17,14 @@ namespace orvik::testkit {
 
 class Scenario {
  public:
-    // The scenario's files are those of the current folder.
-    Scenario(ScenarioPlatform& platform, Actor& actor);
+    // The scenario's files are those of the current folder. The program reaches them through files,
+    // if given, which must outlive this.
+    Scenario(ScenarioPlatform& platform, Actor& actor, FileSystem* files = nullptr);
+    Scenario(const Scenario&) = delete;
+    Scenario& operator=(const Scenario&) = delete;
+    Scenario(Scenario&&) = delete;
+    Scenario& operator=(Scenario&&) = delete;
+    ~Scenario();
 
     // Runs one statement. Errors: ScenarioError.
     void Run(std::string_view line);
@@ -78,7 +84,8 @@ class Scenario {
 
     ScenarioPlatform& platform_;
     Actor& actor_;
-    SystemFiles files_{false};
+    SystemFiles own_files_{false};
+    FileSystem& files_;
     std::unique_ptr<Program> program_;
     bool trace_status_ = false;
 };

@@ -152,6 +152,9 @@ class FaultyFiles : public SystemFiles {
     std::error_code CreateFolders(const Path& folder) override {
         return fault.Pass("CreateFolders", [&] { return SystemFiles::CreateFolders(folder); });
     }
+    std::error_code RemoveFolder(const Path& folder) override {
+        return fault.Pass("RemoveFolder", [&] { return SystemFiles::RemoveFolder(folder); });
+    }
     std::error_code Lock(const Path& folder,
                          std::chrono::milliseconds longest,
                          std::unique_ptr<FolderLock>& lock) override {

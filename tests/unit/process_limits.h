@@ -37,6 +37,26 @@ class FileSizeLimit {
     rlimit old_limit_{};
 };
 
+// While it lives no more than so many files can be open.
+class OpenFilesLimit {
+ public:
+    explicit OpenFilesLimit(rlim_t files) {
+        getrlimit(RLIMIT_NOFILE, &old_limit_);
+        const rlimit limit = {files, old_limit_.rlim_max};
+        if (setrlimit(RLIMIT_NOFILE, &limit) != 0) {
+            throw std::runtime_error("no limit of open files");
+        }
+    }
+    OpenFilesLimit(const OpenFilesLimit&) = delete;
+    OpenFilesLimit& operator=(const OpenFilesLimit&) = delete;
+    OpenFilesLimit(OpenFilesLimit&&) = delete;
+    OpenFilesLimit& operator=(OpenFilesLimit&&) = delete;
+    ~OpenFilesLimit() { setrlimit(RLIMIT_NOFILE, &old_limit_); }
+
+ private:
+    rlimit old_limit_{};
+};
+
 // While it lives a variable of the environment has another value.
 class Environment {
  public:

@@ -67,13 +67,14 @@ void AddFileCommands(std::vector<MainCommand>& commands) {
 void AddOtherEvents(std::vector<MainCommand>& commands) {
     commands.push_back(Event("type", [](World& world) {
         TextBox& box = world.program.form1.Text1;
-        box.EditByUser(box.Text() + "x", box.Text().size() + 1);
+        box.EditByUser(std::string(box.Text()) + "x", box.Text().size() + 1);
     }));
-    commands.push_back({"undo and redo", {}, [](World& world) {
-                            world.Run([&] { world.module.WorkText += 'x'; });
-                            world.module.history.Undo();
-                            world.module.history.Redo();
-                        }});
+    commands.push_back(
+        {"undo and redo", {}, [](World& world) {
+             world.Run([&] { world.module.WorkText = std::string(world.module.WorkText) + 'x'; });
+             world.module.history.Undo();
+             world.module.history.Redo();
+         }});
     commands.push_back(Event("copy the addresses", [](World& world) {
         world.program.form1.CopyAddresses(world.program.form1.List1);
     }));

@@ -5,16 +5,18 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QProcess>
-#include <QPushButton>
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
+#include <array>
+#include <vector>
 
 #include "app/book_file.h"
 #include "app/form.h"
 #include "app/messages.h"
 #include "app/run_time_error.h"
 #include "desktop/session/autostart.h"
+#include "desktop/session/choice_box.h"
 #include "desktop/session/long_text.h"
 #include "desktop/text/plain_text.h"
 #include "desktop/text/system_clipboard.h"
@@ -109,32 +111,18 @@ QtPlatform::QtPlatform(Desktop& desktop, FileSystem& files, RecentBooks& books)
 }
 
 CopyAnswer QtPlatform::OfferCopy(const std::string& book, const std::string& copy) {
-    const QString name = ShownName(book);
-    const QString copy_name = ShownName(copy);
-    return desktop_.nested([&] {
-        QMessageBox box(
-            QMessageBox::Question,
-            ToLetters(kTitle),
-            QObject::tr("A saving of %1 was interrupted. Its old contents stand in "
-                        "%2.\nDo you want to restore them, or to keep the file as it is "
-                        "and remove the copy?")
-                .arg(name, copy_name),
-            QMessageBox::NoButton,
-            desktop_.frontWindow());
-        box.setTextFormat(Qt::PlainText);
-        box.setWindowModality(Qt::WindowModal);
-        const QPushButton* const restore =
-            box.addButton(QObject::tr("&Restore"), QMessageBox::AcceptRole);
-        const QPushButton* const keep =
-            box.addButton(QObject::tr("&Keep as it is"), QMessageBox::DestructiveRole);
-        QPushButton* const later = box.addButton(QObject::tr("&Not now"), QMessageBox::RejectRole);
-        box.setDefaultButton(later);
-        box.setEscapeButton(later);
-        box.exec();
-        return box.clickedButton() == restore ? CopyAnswer::Restore
-               : box.clickedButton() == keep  ? CopyAnswer::Keep
-                                              : CopyAnswer::NotNow;
-    });
+    constexpr std::array kAnswers{CopyAnswer::Restore, CopyAnswer::Keep, CopyAnswer::NotNow};
+    const std::vector<Choice> choices = {
+        {QObject::tr("&Restore"), QMessageBox::AcceptRole},
+        {QObject::tr("&Keep as it is"), QMessageBox::DestructiveRole},
+        {QObject::tr("&Not now"), QMessageBox::RejectRole},
+    };
+    const QString text = QObject::tr(
+                             "A saving of %1 was interrupted. Its old contents stand in "
+                             "%2.\nDo you want to restore them, or to keep the file as it is "
+                             "and remove the copy?")
+                             .arg(ShownName(book), ShownName(copy));
+    return kAnswers.at(AskForChoice(desktop_, text, choices, kAnswers.size() - 1));
 }
 
 Answer QtPlatform::ShowBox(const MessageBox& box) {
@@ -204,6 +192,9 @@ void QtPlatform::SaveSetting(std::string_view section,
 void QtPlatform::DeleteSettings() {
     settings_.Clear();
     books_.Clear();
+    if (deletes_) {
+        deletes_();
+    }
 }
 
 bool QtPlatform::CreateShellLink(const ShellLink& link) {

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "desktop/help/help_viewer.h"
 #include "desktop/session/desktop.h"
@@ -36,6 +38,8 @@ class QtPlatform : public Platform {
                      std::string_view key,
                      std::string_view value) override;
     void DeleteSettings() override;
+    // What else goes with the settings.
+    void deleteWithSettings(std::function<void()> deletes) { deletes_ = std::move(deletes); }
     // A link in the folder "StartUp" starts this program with the user's session; there are no
     // other folders.
     bool CreateShellLink(const ShellLink& link) override;
@@ -83,6 +87,7 @@ class QtPlatform : public Platform {
     Desktop& desktop_;
     RecentBooks& books_;
     FileSystem& files_;
+    std::function<void()> deletes_;
     std::optional<Target> target_;
     FileDialogs dialogs_{WindowPlaceFile()};
     SettingsStore settings_;

@@ -1,8 +1,6 @@
 #include "desktop/views/link_button.h"
 
-#include <QKeyEvent>
 #include <QPainter>
-#include <QStyleOptionFocusRect>
 #include <algorithm>
 #include <cmath>
 
@@ -26,7 +24,7 @@ double Brightness(const QColor& color) {
 }  // namespace
 
 LinkButton::LinkButton(const QString& name, const QString& text, QWidget* parent)
-    : QAbstractButton(parent) {
+    : DrawnButton(parent) {
     setObjectName(name);
     setText(text);
     setAccessibleName(text);
@@ -70,20 +68,7 @@ void LinkButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setFont(underlined);
     painter.setPen(linkColor(palette(), palette().color(parentWidget()->backgroundRole())));
     painter.drawText(rect(), Qt::AlignCenter, text());
-    if (hasFocus()) {
-        QStyleOptionFocusRect frame;
-        frame.initFrom(this);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
-    }
-}
-
-// A link is followed with Enter, a button pressed with the space bar.
-void LinkButton::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-    } else {
-        QAbstractButton::keyPressEvent(event);
-    }
+    drawFocus(painter, rect());
 }
 
 }  // namespace orvik

@@ -2,11 +2,11 @@
 
 #pragma once
 
-#include <QAbstractButton>
+#include "desktop/views/drawn_button.h"
 
 namespace orvik {
 
-class LinkButton : public QAbstractButton {
+class LinkButton : public DrawnButton {
     Q_OBJECT
  public:
     // The text is the button's name for a screen reader, too.
@@ -22,7 +22,6 @@ class LinkButton : public QAbstractButton {
 
  protected:
     void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 };
 
 }  // namespace orvik

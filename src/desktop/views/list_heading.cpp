@@ -1,8 +1,6 @@
 #include "desktop/views/list_heading.h"
 
-#include <QKeyEvent>
 #include <QPainter>
-#include <QStyleOptionFocusRect>
 #include <QStyleOptionHeader>
 
 namespace orvik {
@@ -28,7 +26,7 @@ ListHeading::ListHeading(const QString& name,
                          const QString& text,
                          const QString& does,
                          QWidget* parent)
-    : QAbstractButton(parent) {
+    : DrawnButton(parent) {
     setObjectName(name);
     setText(text);
     setToolTip(does);
@@ -52,20 +50,7 @@ void ListHeading::paintEvent(QPaintEvent* /*event*/) {
     const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
     option.rect.adjust(margin, 0, -margin, 0);
     style()->drawControl(QStyle::CE_HeaderLabel, &option, &painter, this);
-    if (hasFocus()) {
-        QStyleOptionFocusRect frame;
-        frame.initFrom(this);
-        frame.rect = rect().adjusted(1, 1, -1, -1);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
-    }
-}
-
-void ListHeading::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-    } else {
-        QAbstractButton::keyPressEvent(event);
-    }
+    drawFocus(painter, rect().adjusted(1, 1, -1, -1));
 }
 
 }  // namespace orvik

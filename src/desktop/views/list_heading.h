@@ -2,11 +2,11 @@
 
 #pragma once
 
-#include <QAbstractButton>
+#include "desktop/views/drawn_button.h"
 
 namespace orvik {
 
-class ListHeading : public QAbstractButton {
+class ListHeading : public DrawnButton {
     Q_OBJECT
  public:
     // does: what a click does, for the tool tip and a screen reader.
@@ -16,7 +16,6 @@ class ListHeading : public QAbstractButton {
 
  protected:
     void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 };
 
 }  // namespace orvik

@@ -30,7 +30,7 @@ class QuietLine : public QWidget {
     [[nodiscard]] int heightIn(int width) const;
 
  private:
-    void say(const QString& text, const QString& link);
+    void say(const QString& whole, const QString& link);
 
     QLabel* label_;
     LinkButton* link_;

@@ -6,6 +6,7 @@
 #include <array>
 #include <string_view>
 
+#include "desktop/text/plain_text.h"
 #include "desktop/text/text_box_view.h"
 #include "desktop/text/text_codec.h"
 #include "desktop/views/empty_note.h"
@@ -66,11 +67,18 @@ void Form1Window::syncNotes() {
     if (another || text_seen_ != form_.Text1.TextRevision()) {
         command_seen_ = history.Commands();
         text_seen_ = form_.Text1.TextRevision();
-        quiet_line_->clear();
+        if (another || !line_stays_) {
+            quiet_line_->clear();
+            line_stays_ = false;
+        }
+        old_book_ = module_.saved.GetFate() == SavedBook::Fate::NotSaved ? shown_book_ : QString();
         if (another && history.LastCanBeUndone()) {
             tellOfCommand();
         }
     }
+    module_.saved.SetFate(SavedBook::Fate::Unknown);
+    const std::string file = Form1::FileOf(title());
+    shown_book_ = file.empty() ? tr("The book") : ShownName(file);
 }
 
 void Form1Window::tellOfCommand() {
@@ -79,8 +87,8 @@ void Form1Window::tellOfCommand() {
         return Form::CommandOf(form_.ControlNamed(control)).Title == title;
     };
     // While the chooser waits, what was read is no book yet.
-    const bool told =
-        title == Form1::kDeleteEntries || std::any_of(kTold.begin(), kTold.end(), is_of);
+    const bool told = !old_book_.isEmpty() || title == Form1::kDeleteEntries ||
+                      std::any_of(kTold.begin(), kTold.end(), is_of);
     if (!told || module_.form3.Visible()) {
         return;
     }
@@ -91,10 +99,12 @@ void Form1Window::tellOfCommand() {
 }
 
 void Form1Window::tellOfChange(std::string_view title, std::size_t before) {
-    quiet_line_->tell(tr("%1: %2 entries before, %3 now.")
-                          .arg(ToLetters(title))
-                          .arg(before)
-                          .arg(module_.Entries().Count),
+    const bool lost = before > 0 && !old_book_.isEmpty();
+    quiet_line_->tell(lost ? tr("%1 was not saved. Undo brings it back.").arg(old_book_)
+                           : tr("%1: %2 entries before, %3 now.")
+                                 .arg(ToLetters(title))
+                                 .arg(before)
+                                 .arg(module_.Entries().Count),
                       tr("Undo"),
                       [this] { tool_bar_->undoAction().trigger(); });
     place();

@@ -57,6 +57,7 @@ void Form1Window::sync() {
     syncHeadings();
     tool_bar_->sync();
     syncNotes();
+    syncRecovery();
     status_bar_->setNote(note());
     place();
 }

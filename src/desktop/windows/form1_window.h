@@ -25,12 +25,14 @@ class QPushButton;
 
 namespace orvik {
 
+struct RecoveryCopy;
 class EmptyNote;
 class ListBoxView;
 class ListGroup;
 class ListHeading;
 class ListMenu;
 class QuietLine;
+class RecoveryKeeper;
 class StatusBarView;
 class TextBoxView;
 class ToolBar;
@@ -62,6 +64,12 @@ class Form1Window : public QMainWindow, public View {
     // user chooses.
     void rememberIn(const QString& file);
     [[nodiscard]] QMenu* createPopupMenu() override;
+
+    // From now on the keeper sees the book. It must outlive the window.
+    void keepWith(RecoveryKeeper& keeper);
+    // Offers the books that ended programs have left, as soon as no other window waits for an
+    // answer about a file.
+    void offerLeftBooks();
 
     // The session ends: asks as closing does. Returns whether the program has ended.
     bool endForLogOut();
@@ -107,6 +115,16 @@ class Form1Window : public QMainWindow, public View {
     // Runs a command of edit mode and tells of it.
     void runInEditMode(const NamedHandler& command, const FormEvents::Event& run);
     void placeEmptyNote();
+
+    // form1_recovery.cpp
+    void syncRecovery();
+    void askAboutLeftBooks();
+    void syncRestored();
+    // Return whether the book was restored, or saved.
+    bool restore(const RecoveryCopy& copy);
+    bool saveLeft(const RecoveryCopy& copy);
+    // Tells that a book could not be kept, once there is room.
+    void tellNotKept(const QString& why);
 
     // form1_controls.cpp
     void addText();
@@ -166,6 +184,15 @@ class Form1Window : public QMainWindow, public View {
     // What the quiet line is about.
     Revision command_seen_ = 0;
     Revision text_seen_ = 0;
+    QString old_book_;         // the last command took its place, and it was not saved
+    QString shown_book_;       // the file of the title, or "The book"
+    bool line_stays_ = false;  // until the next command
+    RecoveryKeeper* keeper_ = nullptr;
+    bool offers_left_ = false;
+    // What the entries were compared with before a left book was restored, and how often a book
+    // was opened or saved until then.
+    std::optional<std::pair<SavedBook::Hash, std::uint64_t>> before_restore_;
+    QTimer offer_;
     bool is_low_ = false;
     QString state_file_;
     QPointer<QWidget> before_find_;  // what had the focus

@@ -37,6 +37,23 @@ TEST_F(ClipboardTest, SelectionCopied_IsUnchanged) {
     form1.mnuSelCopy_Click();
 }
 
+TEST_F(ClipboardTest, SelectedRows_AreCopiedAsAddressesOrEntries) {
+    SetNative("A1\r\nA2\r\nA3\r\n-nick-\r\nAl\r\nBo\r\nCy\r\n");
+    module1.RefreshLists();
+    form1.List2.Select({0, 2});
+    EXPECT_CALL(platform, SetClipboardText(std::string_view("A1\r\nA3\r\n")));
+    form1.CopyAddresses(form1.List2);
+    EXPECT_CALL(platform, SetClipboardText(std::string_view("\"Al\" <A1>\r\n\"Cy\" <A3>\r\n")));
+    form1.CopyEntries(form1.List2);
+}
+
+TEST_F(ClipboardTest, SelectedRowsOfTheLongerList_AreCopiedWithNothingBeside) {
+    form1.List2.AddItem("Al");
+    form1.List2.Select({0});
+    EXPECT_CALL(platform, SetClipboardText(std::string_view("\"Al\" <>\r\n")));
+    form1.CopyEntries(form1.List2);
+}
+
 TEST_F(ClipboardTest, Paste_ReplacesTheSelection) {
     form1.Text1.SetText("abcd");
     form1.Text1.Select(1, 2);

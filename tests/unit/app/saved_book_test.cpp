@@ -149,5 +149,44 @@ TEST_F(SavedBookTest, TheAutomationMarksToo) {
     EXPECT_THAT(told, ElementsAre(path, folder.Name("saved.nv")));
 }
 
+TEST_F(SavedBookTest, EntriesAreCountedAsTheyAreCompared) {
+    SetNative("A1\r\nA2\r\n-nick-\r\nAl\r\nBo\r\n");
+    module1.RefreshLists();
+    EXPECT_TRUE(saved.Differs());
+    EXPECT_EQ(saved.Count(), 2U);
+    form1.DeleteEntries({0});
+    EXPECT_TRUE(saved.Differs());
+    EXPECT_EQ(saved.Count(), 1U);
+}
+
+TEST_F(SavedBookTest, ABookThatComesBackIsComparedAsBefore) {
+    Open();
+    const SavedBook::Hash compared = saved.Compared();
+    saved.CompareWith(SavedBook::kNoFile);
+    EXPECT_TRUE(saved.Differs());
+    saved.CompareWith(compared);
+    EXPECT_FALSE(saved.Differs());
+}
+
+TEST_F(SavedBookTest, TheQuestionWhetherToSaveHasAFate) {
+    using Fate = SavedBook::Fate;
+    Open();
+    const auto fate_of = [&](Answer answer, const std::string& file) {
+        saved.SetFate(Fate::Unknown);
+        ExpectSaveQuestion("Save before exiting?", answer);
+        if (answer == Answer::Yes) {
+            EXPECT_CALL(platform, ShowFileDialog(_)).WillOnce(Return(file));
+        }
+        static_cast<void>(form1.OfferSave("Save before exiting?"));
+        return saved.GetFate();
+    };
+    EXPECT_EQ(fate_of(Answer::No, ""), Fate::GivenUp);
+    EXPECT_EQ(fate_of(Answer::Cancel, ""), Fate::Unknown);
+    EXPECT_EQ(fate_of(Answer::Yes, ""), Fate::NotSaved);
+    EXPECT_EQ(fate_of(Answer::Yes, folder.Name("saved.ldif")), Fate::Unknown);
+    EXPECT_ANY_THROW(fate_of(Answer::Yes, folder.Name("none/saved.ldif")));
+    EXPECT_EQ(saved.GetFate(), Fate::NotSaved);
+}
+
 }  // namespace
 }  // namespace orvik

@@ -41,6 +41,14 @@ class UndoTest : public test::CommandTest {
     UndoHistory& history_ = module1.history;
 };
 
+TEST_F(UndoTest, EntriesBefore_AreThoseThatTheLastCommandFound) {
+    EXPECT_EQ(history_.EntriesBefore(), 0U);
+    SetNative("A1\r\nA2\r\n-nick-\r\n\r\n\r\n");
+    SetText("Clear", "");
+    EXPECT_TRUE(history_.LastCanBeUndone());
+    EXPECT_EQ(history_.EntriesBefore(), 2U);
+}
+
 TEST_F(UndoTest, NoStep_DoesNothing) {
     SetNative("A1\r\n-nick-\r\n\r\n");
     history_.Undo();

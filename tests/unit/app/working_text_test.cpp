@@ -363,5 +363,25 @@ INSTANTIATE_TEST_SUITE_P(
                     NativeRow{"MiddleLineOfLineFeeds", "A1\n-nick-\nAl\r\n", false}),
     [](const auto& row) { return row.param.name; });
 
+TEST(HasNickLineTest, TheWordIsALineOfItsOwn) {
+    const std::vector<std::pair<std::string_view, bool>> rows = {
+        {"-nick-", true},
+        {"-nick-\r\nAl\r\n", true},
+        {"A1\r\n-nick-", true},
+        {"A1\r\n-nick-\r\nAl\r\n", true},
+        {"x-nick-\r\n-nick-\r\n", true},
+        {"", false},
+        {"A1\r\n", false},
+        {"x-nick-", false},
+        {"x-nick-\r\n", false},
+        {"-nick-x", false},
+        {"A1\n-nick-\r\n", false},
+        {"A1\r\n-nick-\n", false},
+    };
+    for (const auto& [text, has] : rows) {
+        EXPECT_EQ(HasNickLine(text), has) << text;
+    }
+}
+
 }  // namespace
 }  // namespace orvik

@@ -201,6 +201,49 @@ TEST_P(HoldEndTest, ASignalUnderAHold_EndsTheProgramBehindTheLastOne) {
     EXPECT_EQ(folder.Files(), (Files{"1", "2"}));
 }
 
+TEST_P(HoldEndTest, ASignalThatIsToldOf_EndsTheProgramWhenItIsAskedTo) {
+    const test::TempFolder folder;
+    const int status = StatusOfChild([&] {
+        HandleSignals();
+        const int told = TellOfSignals();
+        static_cast<void>(std::raise(GetParam()));
+        char byte = 0;
+        if (read(told, &byte, 1) == 1) {
+            fs::create_directory(folder.Name("told"));
+        }
+        auto hold = SystemFiles().HoldEnd();
+        EndBySignal();
+        fs::create_directory(folder.Name("under a hold"));
+        hold.reset();
+        fs::create_directory(folder.Name("too late"));
+    });
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == GetParam()) << status;
+    EXPECT_EQ(folder.Files(), (Files{"told", "under a hold"}));
+}
+
+TEST_P(HoldEndTest, TheSecondSignal_EndsTheProgramAtOnce) {
+    const test::TempFolder folder;
+    const int status = StatusOfChild([&] {
+        HandleSignals();
+        static_cast<void>(TellOfSignals());
+        static_cast<void>(std::raise(GetParam()));
+        fs::create_directory(folder.Name("1"));
+        static_cast<void>(std::raise(SIGTERM));
+        fs::create_directory(folder.Name("2"));
+    });
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGTERM) << status;
+    EXPECT_EQ(folder.Files(), (Files{"1"}));
+}
+
+TEST_P(HoldEndTest, WithoutASignal_NothingEnds) {
+    EXPECT_EQ(StatusOfChild([] {
+                  HandleSignals();
+                  static_cast<void>(TellOfSignals());
+                  EndBySignal();
+              }),
+              0);
+}
+
 // As nohup does.
 TEST_P(HoldEndTest, ASignalThatWasIgnored_StaysSo) {
     const int status = StatusOfChild([] {

@@ -1,0 +1,74 @@
+// The copies of books that nobody has saved, in the user's folder for states:
+//
+//   orvik/recovery/0123456789abcdef/running    whose lock the running program keeps
+//   orvik/recovery/0123456789abcdef/book       the copy (files/recovery_copy.h)
+//
+// Each running program has a folder of its own. One whose lock is free is of a program that has
+// ended. A copy that is damaged, or of a later version, stays where it is and is offered to nobody.
+
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "files/recovery_copy.h"
+#include "platform/file_system.h"
+
+namespace orvik {
+
+class RecoveryStore {
+ public:
+    using Path = FileSystem::Path;
+
+    // Where files has no folder for states nothing is kept. files must outlive the store.
+    explicit RecoveryStore(FileSystem& files);
+    RecoveryStore(const RecoveryStore&) = delete;
+    RecoveryStore& operator=(const RecoveryStore&) = delete;
+    RecoveryStore(RecoveryStore&&) = delete;
+    RecoveryStore& operator=(RecoveryStore&&) = delete;
+    // What was kept stays; without anything no folder does.
+    ~RecoveryStore();
+
+    // Puts a copy in the place of this program's last one, and waits until it is on the disk.
+    // Errors: those of file_calls.h; then the last one stays.
+    void Keep(const RecoveryCopy& copy);
+    // Removes this program's copy, if there is one.
+    void Forget();
+
+    // A copy that an ended program has left. As long as this lives no other program takes it.
+    struct Left {
+        RecoveryCopy Copy;
+        Path Folder;
+        std::shared_ptr<FolderLock> Lock;
+    };
+    // From now on another program may take this program's copy; the next one is put elsewhere.
+    void LeaveCopy();
+
+    // The newest first, and no more than a hundred: each keeps a file open. These may be called
+    // while another thread keeps and forgets.
+    [[nodiscard]] std::vector<Left> LeftBooks() const;
+    void Remove(const Left& left) const;
+    // Removes what all ended programs have left, whatever it is. That of running ones stays.
+    void RemoveLeft() const;
+
+ private:
+    // A folder of an ended program.
+    struct Ended {
+        Path Folder;
+        std::shared_ptr<FolderLock> Lock;
+    };
+    // One after the other, so that thousands of them do not take all files that may be open; act
+    // returns whether it wants another one.
+    void ForEachEnded(const std::function<bool(Ended&)>& act) const;
+    void TakeFolder();
+    void RemoveFolder(const Path& folder) const;
+
+    FileSystem& files_;
+    Path root_;
+    Path own_;
+    std::unique_ptr<FolderLock> lock_;
+    bool keeps_ = false;
+};
+
+}  // namespace orvik
