@@ -12,28 +12,9 @@
 namespace orvik::batch {
 namespace {
 
-Status StatusOf(Failure failure, bool writing) {
-    switch (failure) {
-        case Failure::DeviceError:
-        case Failure::DiskFull:
-        case Failure::InputPastEnd:
-            return Status::InputOutput;
-        case Failure::BadFileNumber:
-        case Failure::FileNotFound:
-        case Failure::PermissionDenied:
-        case Failure::PathFileAccess:
-        case Failure::PathNotFound:
-            return writing ? Status::CannotCreate : Status::NoInput;
-        case Failure::OutOfMemory:
-            return Status::OutOfMemory;
-        default:
-            return Status::Problem;
-    }
-}
-
 // A command that tells of a failure and goes on was reading.
 Status StatusOf(const MessageBox& box) {
-    return box.Cause ? StatusOf(*box.Cause, false) : Status::Problem;
+    return box.Cause ? cli::StatusOf(*box.Cause, false) : Status::Problem;
 }
 
 std::string WithDetail(const std::string& text, const std::string& detail) {
@@ -54,7 +35,9 @@ std::optional<std::string> DefaultSetting(std::string_view key) {
 
 }  // namespace
 
-BatchPlatform::BatchPlatform(const Arguments& arguments, Messenger& messenger, SettingsStore& store)
+BatchPlatform::BatchPlatform(const Arguments& arguments,
+                             cli::Messenger& messenger,
+                             SettingsStore& store)
     : arguments_(arguments), messenger_(messenger), store_(store) {
     // The automation is a step of its own, so the start-up must not run it.
     BatchPlatform::SaveSetting(key::kSettings, "Auto", "False");
@@ -86,7 +69,7 @@ void BatchPlatform::Fail(std::string_view text, Status status) {
 }
 
 void BatchPlatform::Fail(const RunTimeError& failure, bool writing) {
-    Fail(WithDetail(failure.what(), failure.Detail()), StatusOf(failure.Cause(), writing));
+    Fail(WithDetail(failure.what(), failure.Detail()), cli::StatusOf(failure.Cause(), writing));
 }
 
 void BatchPlatform::Note(std::string_view text) {
