@@ -13,9 +13,18 @@ std::uint32_t Book::AddSource(std::unique_ptr<Source> source) {
     return static_cast<std::uint32_t>(sources_.size() - 1);
 }
 
-void Book::CountRead(std::uint32_t file) {
-    ++read_[file];
+void Book::CountRead(const Origin& from) {
+    ++read_[from.File];
     Told.CountMore(What::Read);
+    if (HowFar) {
+        HowFar(from.Offset + std::size_t{from.Bytes}, SourceAt(from.File).Text().size());
+    }
+}
+
+void Book::CountWritten(std::size_t count) const {
+    if (HowFar) {
+        HowFar(count, Contacts.size());
+    }
 }
 
 std::uint32_t Book::KeepDetails(std::string_view group, std::span<const Param> params) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -30,8 +31,15 @@ class Book {
     [[nodiscard]] const Source& SourceAt(std::uint32_t file) const { return *sources_[file]; }
     [[nodiscard]] std::size_t SourceCount() const { return sources_.size(); }
 
+    // Whoever wants to say how far the work is: called for each record that was read, with bytes,
+    // or written, with records.
+    using Progress = std::function<void(std::size_t done, std::size_t all)>;
+    Progress HowFar;
+
     // Counts a record that was read from a source.
-    void CountRead(std::uint32_t file);
+    void CountRead(const Origin& from);
+    // Says that so many of the contacts are written.
+    void CountWritten(std::size_t count) const;
     [[nodiscard]] std::size_t ReadFrom(std::uint32_t file) const { return read_[file]; }
 
     // Text that lives as long as the book.

@@ -131,4 +131,12 @@ void FieldNames::Grow() {
     }
 }
 
+std::string UpperName(std::string_view name) {
+    std::string upper(name);
+    std::transform(upper.begin(), upper.end(), upper.begin(), [](char c) {
+        return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    });
+    return upper;
+}
+
 }  // namespace orvik::book

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -110,5 +111,8 @@ class FieldNames {
 [[nodiscard]] inline bool StartsAsName(std::string_view name, std::string_view start) {
     return SameName(name.substr(0, start.size()), start);
 }
+
+// UpperName: a name in upper case, as it is compared and sorted.
+[[nodiscard]] std::string UpperName(std::string_view name);
 
 }  // namespace orvik::book

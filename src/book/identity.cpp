@@ -9,6 +9,7 @@
 #include <glib.h>
 
 #include "app/text.h"
+#include "book/value_form.h"
 
 namespace orvik::book {
 namespace {
@@ -21,20 +22,8 @@ struct SumFreer {
     void operator()(GChecksum* sum) const { g_checksum_free(sum); }
 };
 
-std::string_view WithoutBlanksAround(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\r\n";
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
-
 bool IsOfTheRecord(NameId name) {
     return name != field::kUid && name != field::kRev && name != field::kProdId;
-}
-
-std::string UpperCase(std::string_view name) {
-    std::string upper(name);
-    std::transform(upper.begin(), upper.end(), upper.begin(), g_ascii_toupper);
-    return upper;
 }
 
 }  // namespace
@@ -65,7 +54,7 @@ std::string NormalisedRecord(const Book& book, const Contact& contact) {
     for (const Property& one : contact.Properties) {
         const std::string_view value = WithoutBlanksAround(one.Value);
         if (IsOfTheRecord(one.Name) && !value.empty()) {
-            lines.push_back(UpperCase(book.Names.Text(one.Name)).append(":").append(value));
+            lines.push_back(UpperName(book.Names.Text(one.Name)).append(":").append(value));
         }
     }
     std::sort(lines.begin(), lines.end());

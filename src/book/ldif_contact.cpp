@@ -80,7 +80,7 @@ void LdifContacts::Add(const std::deque<TextRow>& rows, std::size_t first, const
         TakeRow(rows[i]);
     }
     Finish();
-    book_.CountRead(file_);
+    book_.CountRead(contact_.From);
     book_.Contacts.push_back(std::move(contact_));
 }
 

@@ -38,6 +38,12 @@ void AppendOneLine(std::string_view text, std::string& to) {
     }
 }
 
+std::string_view WithoutBlanksAround(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t\r\n";
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
 std::string Unescaped(std::string_view value) {
     std::string text;
     text.reserve(value.size());

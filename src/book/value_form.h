@@ -16,6 +16,9 @@ void AppendEscaped(std::string_view text, std::string& to);
 void AppendOneLine(std::string_view text, std::string& to);
 [[nodiscard]] bool NeedsEscapes(std::string_view text);
 
+// A text without blanks and line ends around it.
+[[nodiscard]] std::string_view WithoutBlanksAround(std::string_view text);
+
 // Unescaped: the text that a value stands for. Another letter behind a backslash keeps it.
 //   "a\, b\nc\d" -> "a, b", line feed, "c\d"
 [[nodiscard]] std::string Unescaped(std::string_view value);

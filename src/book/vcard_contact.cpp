@@ -63,7 +63,7 @@ void VCardContacts::Add(const std::deque<TextRow>& rows, Dialect form, const Ori
     for (const TextRow& row : rows) {
         TakeRow(row);
     }
-    book_.CountRead(file_);
+    book_.CountRead(contact_.From);
     book_.Contacts.push_back(std::move(contact_));
 }
 

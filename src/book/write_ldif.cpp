@@ -25,6 +25,7 @@ std::string WriteLdif(Book& book, std::optional<LdifAttributes> set) {
         } else {
             writer.Write(contact, identities.UidAt(i));
         }
+        book.CountWritten(i + 1);
     }
     return text;
 }

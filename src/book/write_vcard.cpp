@@ -35,6 +35,7 @@ class CardWriter {
             } else {
                 Write(contact, identities_.UidAt(i));
             }
+            book_.CountWritten(i + 1);
         }
         return std::move(text_);
     }
@@ -100,7 +101,7 @@ class CardWriter {
         line += name.Text;
         const bool whole = AppendParams(one, details, line);
         line += ":";
-        AppendValue(one, line);
+        AppendValue(one, name.Text, line);
         AppendFolded(line, text_);
         Tell(contact, one, whole ? What::Kept : What::Doubtful, name);
     }
@@ -141,7 +142,7 @@ class CardWriter {
         return ParamOf(book_, one, field::kEncoding) == "b";
     }
 
-    void AppendValue(const Property& one, std::string& line) const {
+    void AppendValue(const Property& one, std::string_view name, std::string& line) const {
         const bool newer = version_ == Dialect::VCard40;
         const auto uri = newer || !MayBeData(one) ? std::nullopt : SplitDataUri(one.Value);
         const bool address =
@@ -151,14 +152,17 @@ class CardWriter {
             line.append("data:").append(MediaType(one)).append(";base64,").append(one.Value);
         } else if (uri) {
             line += uri->Base64;
-        } else if (one.Name == field::kBday || one.Name == field::kRev ||
-                   one.Name == field::kAnniversary) {
+        } else if (IsDate(name)) {
             line += DateIn(version_, one.Value);
         } else if (form == ValueForm::Text && !address && !IsBytes(one)) {
             AppendEscaped(one.Value, line);
         } else {
             AppendOneLine(one.Value, line);
         }
+    }
+
+    [[nodiscard]] static bool IsDate(std::string_view name) {
+        return SameName(name, "BDAY") || SameName(name, "REV") || SameName(name, "ANNIVERSARY");
     }
 
     [[nodiscard]] std::string MediaType(const Property& one) const {

@@ -104,7 +104,7 @@ TEST(WriteVCard, CarriesWhatAVersionDoesNotHaveAndBringsItBack) {
               Card("4.0",
                    "UID:1\r\nN:;;;;\r\nFN:a\r\n"
                    "X-ORVIK-VCARD-LABEL;TYPE=HOME:1 Road\\nTown\\, x\r\n"
-                   "X-ORVIK-VCARD-MAILER:m\r\nANNIVERSARY:2001-02-03\r\n"
+                   "X-ORVIK-VCARD-MAILER:m\r\nANNIVERSARY:20010203\r\n"
                    "BDAY:19800412\r\nREV:20010409T210816Z\r\n"
                    "PHOTO:data:image/jpeg;base64,/9j/\r\n"));
     EXPECT_EQ(Told(read.book),
@@ -114,7 +114,7 @@ TEST(WriteVCard, CarriesWhatAVersionDoesNotHaveAndBringsItBack) {
     EXPECT_EQ(back,
               Card("3.0",
                    "UID:1\r\nN:;;;;\r\nFN:a\r\nLABEL;TYPE=HOME:1 Road\\nTown\\, x\r\n"
-                   "MAILER:m\r\nX-ANNIVERSARY:2001-02-03\r\nBDAY:19800412\r\n"
+                   "MAILER:m\r\nX-ANNIVERSARY:20010203\r\nBDAY:19800412\r\n"
                    "REV:20010409T210816Z\r\nPHOTO;ENCODING=b;TYPE=jpeg:/9j/\r\n"));
     EXPECT_EQ(Written(Card("4.0",
                            "UID:1\r\nFN:a\r\nGENDER:M;x\\,y\r\nEMAIL;PREF=1:a\r\n"
