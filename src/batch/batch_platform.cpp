@@ -17,10 +17,6 @@ Status StatusOf(const MessageBox& box) {
     return box.Cause ? cli::StatusOf(*box.Cause, false) : Status::Problem;
 }
 
-std::string WithDetail(const std::string& text, const std::string& detail) {
-    return detail.empty() ? text : text + ": " + detail;
-}
-
 // The settings of a run that reads none of the user's.
 std::optional<std::string> DefaultSetting(std::string_view key) {
     static const std::map<std::string, std::string, std::less<>> kDefaults = {
@@ -69,7 +65,7 @@ void BatchPlatform::Fail(std::string_view text, Status status) {
 }
 
 void BatchPlatform::Fail(const RunTimeError& failure, bool writing) {
-    Fail(WithDetail(failure.what(), failure.Detail()), cli::StatusOf(failure.Cause(), writing));
+    Fail(cli::WithDetail(failure.what(), failure.Detail()), cli::StatusOf(failure.Cause(), writing));
 }
 
 void BatchPlatform::Note(std::string_view text) {
@@ -89,7 +85,7 @@ Answer BatchPlatform::ShowBox(const MessageBox& box) {
     }
     if (box.Choice == Buttons::OK) {
         if (box.About != Matter::TextTooLong) {
-            Fail(WithDetail(box.Text, box.Detail), StatusOf(box));
+            Fail(cli::WithDetail(box.Text, box.Detail), StatusOf(box));
         } else if (!told_too_much_) {
             // The windows leave such a text out of the text box; nothing is lost by it.
             told_too_much_ = true;

@@ -21,4 +21,8 @@ ExitStatus StatusOf(Failure failure, bool writing) {
     }
 }
 
+std::string WithDetail(const std::string& text, const std::string& detail) {
+    return detail.empty() ? text : text + ": " + detail;
+}
+
 }  // namespace orvik::cli

@@ -1,6 +1,8 @@
-// How a program of the command line ends.
+// How a program of the command line ends, and what it says of a failure.
 
 #pragma once
+
+#include <string>
 
 #include "app/run_time_error.h"
 #include "platform/system_process.h"
@@ -22,5 +24,9 @@ enum class ExitStatus {
 
 // The status of a program that failed while it was writing a file, or reading one.
 [[nodiscard]] ExitStatus StatusOf(Failure failure, bool writing);
+
+// WithDetail: what is told of a failure.
+//   "Permission denied", "orvik was still saving" -> "Permission denied: orvik was still saving"
+[[nodiscard]] std::string WithDetail(const std::string& text, const std::string& detail);
 
 }  // namespace orvik::cli

@@ -143,15 +143,15 @@ Unread CountColumns(std::string_view file, bool (*take_line)(UnreadEntries&, Col
 
 // A link with its attributes and its text, from behind its address key.
 void TakeLink(UnreadEntries& entries, std::string_view& rest) {
-    constexpr std::string_view kNicknameTag = "NICKNAME=\"";
+    constexpr std::string_view kNicknameOfLink = "NICKNAME=\"";
     entries.EndEntry();
     const std::string_view address = rest.substr(0, rest.find('"'));
     entries.Address(address);
     rest.remove_prefix(address.size());
     std::string_view tag = TakePart(rest, "\">");
     entries.Nickname(TakePart(rest, "</A>"));
-    if (const std::size_t found = tag.find(kNicknameTag); found != std::string_view::npos) {
-        tag.remove_prefix(found + kNicknameTag.size());
+    if (const std::size_t found = tag.find(kNicknameOfLink); found != std::string_view::npos) {
+        tag.remove_prefix(found + kNicknameOfLink.size());
         entries.Other(TakePart(tag, "\""));
     }
 }

@@ -13,6 +13,7 @@ BEYOND = (
     ("book/charset*.cpp", "unicode/*"),
     ("book/charset_guess.cpp", "uchardet/*"),
     ("book_cli/*", "CLI/*"),
+    ("book_cli/json_lines.cpp", "nlohmann/*"),
     ("cli/*", "CLI/*"),
     ("platform/system_*", "*"),
     ("store/*", "glib.h"),
