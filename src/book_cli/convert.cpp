@@ -123,6 +123,7 @@ cli::ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& o
         Print(ConvertedText(console, arguments, loaded.Book, unchanged), arguments, console);
     }
     status = Worse(status, outputs.FinishPrinting());
+    TellCharsets(console, loaded);
     TellRemarks(console, loaded);
     return arguments.Report.empty() ? status : Worse(status, outputs.WriteReport(ReportOf(loaded)));
 }

@@ -78,6 +78,7 @@ cli::ExitStatus Diff(const Arguments& arguments, Console& console, Outputs& outp
     status = Worse(status, outputs.FinishPrinting());
     std::string report;
     for (const Loaded& side : sides) {
+        TellCharsets(console, side);
         TellRemarks(console, side);
         status = Worse(status, StatusOf(side.Book));
         report += arguments.Report.empty() ? "" : ReportOf(side);

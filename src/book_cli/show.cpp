@@ -66,6 +66,7 @@ cli::ExitStatus Show(const Arguments& arguments, Console& console, Outputs& outp
         for (std::size_t i = 0; i < loaded.Book.Contacts.size() && console.Out(); ++i) {
             console.Out() << RecordLine(catalogue, i);
         }
+        TellCharsets(console, loaded);
     } else {
         ShowFacts(loaded, console);
     }

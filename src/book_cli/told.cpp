@@ -64,13 +64,17 @@ std::string RemarkText(const book::Book& book, const book::Remark& remark) {
     return Printable(text);
 }
 
-void TellRemarks(Console& console, const Loaded& loaded) {
+void TellCharsets(Console& console, const Loaded& loaded) {
     for (std::uint32_t i = 0; i < loaded.Origins.size(); ++i) {
         if (loaded.Origins[i].CharsetIsDoubtful) {
             console.Begin(loaded.Book.SourceAt(i).Name());
             console.Tell(Printable(loaded.Origins[i].Charset) + "; --charset names another set");
         }
     }
+    console.End();
+}
+
+void TellRemarks(Console& console, const Loaded& loaded) {
     for (const What kind : {What::Lost, What::Skipped, What::Doubtful}) {
         TellKind(console, loaded.Book, kind);
     }

@@ -21,8 +21,10 @@ namespace orvik::book_cli {
 // RemarkText: "line 3: lost: TEL "5": has no place in the target", with a long value cut.
 [[nodiscard]] std::string RemarkText(const book::Book& book, const book::Remark& remark);
 
-// TellRemarks: names what was lost, skipped and doubtful, each up to a number of them, and the
-// character sets that are only assumed.
+// Names the character sets that are only assumed or guessed.
+void TellCharsets(Console& console, const Loaded& loaded);
+
+// TellRemarks: names what was lost, skipped and doubtful, each up to a number of them.
 void TellRemarks(Console& console, const Loaded& loaded);
 
 // SummaryTail: "   doubtful 2   skipped 1", empty for none.
