@@ -103,11 +103,9 @@ cli::ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& o
     const bool unchanged = IsUnchanged(arguments, loaded.Book);
     const std::string text = Written(arguments, loaded, console);
     cli::ExitStatus status = StatusOf(loaded.Book);
-    const std::size_t lost = loaded.Book.Told.Count(What::Lost);
-    if (lost > 0 && !arguments.AllowLoss) {
+    if (const std::string refusal = Refusal(loaded.Book, arguments.AllowLoss); !refusal.empty()) {
         TellRemarks(console, loaded);
-        console.Tell(Counted(lost, "value", "values") +
-                     " would be lost, so nothing is written; --allow-loss writes the rest");
+        console.Tell(refusal);
         return Worse(status, outputs.WriteReport(ReportOf(loaded)));
     }
     status = Worse(status, outputs.WriteBook(text));

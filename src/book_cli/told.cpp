@@ -147,6 +147,14 @@ std::string ReportOf(const Loaded& loaded) {
     return text;
 }
 
+std::string Refusal(const book::Book& book, bool allow_loss) {
+    const std::size_t lost = book.Told.Count(What::Lost);
+    return lost == 0 || allow_loss
+               ? std::string()
+               : Counted(lost, "value", "values") +
+                     " would be lost, so nothing is written; --allow-loss writes the rest";
+}
+
 cli::ExitStatus StatusOf(const book::Book& book) {
     const bool whole = book.Told.Count(What::Skipped) == 0 && book.Told.Count(What::Lost) == 0;
     return whole ? cli::ExitStatus::Done : cli::ExitStatus::Problem;

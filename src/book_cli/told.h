@@ -37,6 +37,9 @@ void AddMissingMembers(book::Book& book, const Catalogue& catalogue);
 // kept.
 [[nodiscard]] std::string ReportOf(const Loaded& loaded);
 
+// Refusal: why a book is not written, since values of it would be lost; empty if it may be.
+[[nodiscard]] std::string Refusal(const book::Book& book, bool allow_loss);
+
 // Problem if something was skipped or lost.
 [[nodiscard]] cli::ExitStatus StatusOf(const book::Book& book);
 

@@ -8,7 +8,6 @@ samples=$2
 
 prints() { [ "$(cat out)" = "$1" ] || fail "prints: $(cat out)"; }
 same() { cmp -s "$1" "$2" || fail "$1 and $2 differ"; }
-lacks() { ! grep -qF -- "$2" "$1" || fail "$1 has: $2"; }
 
 # An old book: letters of windows-1252, a list, a field that vCard has no name for.
 printf '%s\n' 'dn: cn=J'$'\xF6''rg M'$'\xFC''ller,mail=j@example.org' 'objectclass: top' 'objectclass: person' \
@@ -65,11 +64,9 @@ test="a pipe"
 # shellcheck disable=SC2002
 cat cy.vcf | "$program" show - >out || fail "exit status $?"
 has out "1 person"
-for sample in netscape4.ldif; do
-    run "sample $sample" 0 show "$samples/$sample"
-    has out "Netscape 4 LDIF, ASCII, CR LF, 40 people, 0 lists"
-    has out "addresses 40   phones 0   notes 0   nicknames 36 (xmozillanickname)"
-done
+run "the sample" 0 show "$samples/netscape4.ldif"
+has out "Netscape 4 LDIF, ASCII, CR LF, 40 people, 0 lists"
+has out "addresses 40   phones 0   notes 0   nicknames 36 (xmozillanickname)"
 { echo 'From me'; echo; cat bo.vcf; } >junk.vcf
 run "show what has junk before it" 1 show junk.vcf
 has out "vCard 3.0 (line 3 begins a card)"
