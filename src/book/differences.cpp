@@ -24,11 +24,10 @@ constexpr std::array kOfTheRecord = {field::kUid,
                                      field::kMember,
                                      field::kServerMember};
 // Fields whose types say which of several they are.
-constexpr std::array kTyped = {
-    field::kTel, field::kAdr, field::kEmail, field::kUrl, field::kLabel, field::kImpp};
+constexpr std::array<std::string_view, 6> kTyped = {"TEL", "ADR", "EMAIL", "URL", "LABEL", "IMPP"};
 
-template <class Names>
-bool IsIn(const Names& names, NameId name) {
+template <class Names, class Name>
+bool IsIn(const Names& names, const Name& name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
@@ -85,7 +84,7 @@ class FieldsOf {
             (name == "KIND" && SameName(one.Value, "group"))) {
             return;
         }
-        const std::string types = IsIn(kTyped, one.Name) ? TypesOf(book_, one) : "";
+        const std::string types = IsIn(kTyped, name) ? TypesOf(book_, one) : "";
         const ValueForm form = ValueFormOf(book_.Names, one.Name);
         if (form == ValueForm::List) {
             std::string_view rest = one.Value;
@@ -162,12 +161,12 @@ class Side {
     [[nodiscard]] std::string ContentKey(std::size_t contact) const {
         return Version5Uuid(Joined(Lines(contact)));
     }
-    // Empty for one without a name or without an address, who could be anybody.
+    // Empty for one without a name, who could be anybody.
     [[nodiscard]] std::string NameKey(std::size_t contact) const {
         const Contact& one = book_.Contacts[contact];
         const std::string name = NameOf(book_, one).Shown;
         const std::string_view address = FirstOf(book_, one, field::kEmail);
-        return name.empty() || address.empty() ? "" : ToLower(name + "\n" + std::string(address));
+        return name.empty() ? "" : ToLower(name + "\n" + std::string(address));
     }
     [[nodiscard]] bool IsTaken(std::size_t contact) const { return taken_[contact]; }
     void Take(std::size_t contact) { taken_[contact] = true; }

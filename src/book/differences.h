@@ -33,7 +33,7 @@ struct Compared {
 
 // Compare: the contacts of the left book in their order, then those that only the right one has.
 // Two are the same person if their UIDs are equal, or all that they hold, or name and first
-// address. Time is linear but for sorting.
+// address, if any. Time is linear but for sorting.
 [[nodiscard]] std::vector<Compared> Compare(const Book& left,
                                             const Identities& left_uids,
                                             const Book& right,

@@ -95,11 +95,6 @@ cli::ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& o
     if (loaded.Status != cli::ExitStatus::Done) {
         return loaded.Status;
     }
-    if (loaded.Book.Contacts.empty()) {
-        TellRemarks(console, loaded);
-        console.Tell("There is nobody in it, so nothing is written");
-        return cli::ExitStatus::NoBook;
-    }
     const bool unchanged = IsUnchanged(arguments, loaded.Book);
     const std::string text = Written(arguments, loaded, console);
     cli::ExitStatus status = StatusOf(loaded.Book);

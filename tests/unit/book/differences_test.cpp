@@ -62,6 +62,9 @@ TEST(CompareTest, SoAreNameAndFirstAddress) {
         Shown(OfCards(Card("UID:1\nFN:Al\nEMAIL:A@b\nNOTE:x"), Card("UID:2\nFN:al\nEMAIL:a@b"))),
         "changed 0=0 EMAIL FN NOTE");
     EXPECT_EQ(Shown(OfCards(Card("UID:1\nFN:Al\nNOTE:x"), Card("UID:2\nFN:Al"))),
+              "changed 0=0 NOTE");
+    EXPECT_EQ(Shown(OfCards(Card("UID:1\nNOTE:x"), Card("UID:2\nNOTE:y"))), "left 0; right=0");
+    EXPECT_EQ(Shown(OfCards(Card("UID:1\nFN:Al\nEMAIL:a@b"), Card("UID:2\nFN:Al\nEMAIL:c@d"))),
               "left 0; right=0");
 }
 
@@ -81,7 +84,7 @@ TEST(CompareTest, OrderParametersAndSavingTimesDoNotCountButTypesDo) {
 TEST(CompareTest, WhatWasConvertedIsTheSame) {
     const std::string cards =
         Card(
-            "FN:Al\nN:A;B\nBDAY:1980-04-12\nLABEL:x\nX-ANNIVERSARY:2001-02-03\n"
+            "FN:Al\nN:A;B\nBDAY:1980-04-12\nLABEL;TYPE=home:x\nX-ANNIVERSARY:2001-02-03\n"
             "PHOTO;ENCODING=b;TYPE=JPEG:/9j/4AAQ\nCATEGORIES:a,b\nADR;TYPE=home:;;1 Road;;;;") +
         Card("FN:Bo\nEMAIL:b@c\nEMAIL;TYPE=internet,work:d@e\nTEL;TYPE=x-odd:5") +
         Card(
