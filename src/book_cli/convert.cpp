@@ -86,7 +86,10 @@ std::string ConvertedText(const Console& console,
                        "\n";
     text += stream ? "standard output" : console.Strong(Printable(arguments.Output));
     text += ": " + (unchanged ? "the same bytes as they were read." : TargetName(arguments) + ".");
-    return text + " UIDs stay the same on the next run.\n";
+    // LDIF has those alone that were there.
+    return text + (arguments.Target == book::Dialect::Ldif
+                       ? "\n"
+                       : " UIDs stay the same on the next run.\n");
 }
 
 cli::ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& outputs) {

@@ -17,8 +17,6 @@ namespace {
 
 using cli::ExitStatus;
 
-constexpr const char* kTooLarge = "The file has 4 GiB or more";
-
 class Loader {
  public:
     Loader(Console& console, const std::string& charset, Loaded& loaded)
@@ -69,7 +67,7 @@ class Loader {
 
     bool IsShortEnough(std::size_t length) {
         if (length > book::kLongestSource) {
-            Fail(kTooLarge, ExitStatus::NoInput);
+            Fail("The file has 4 GiB or more", ExitStatus::NoInput);
             return false;
         }
         return true;

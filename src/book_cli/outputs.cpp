@@ -36,10 +36,10 @@ ExitStatus Outputs::Check() {
     book_.Name = converts && arguments_.Output != kStandardStream ? arguments_.Output : "";
     report_.Name = arguments_.Report;
     if (IsRead(kOutputPath)) {
-        return Refuse(kStandardStream, "Standard output is a file that is read");
+        return Refuse("Standard output is a file that is read", kStandardStream);
     }
     if (AreOneFile()) {
-        return Refuse(report_.Name, "The report and the book would be one file");
+        return Refuse("The report and the book would be one file", report_.Name);
     }
     const ExitStatus status = CheckFile(book_);
     return status == ExitStatus::Done ? CheckFile(report_) : status;
@@ -50,7 +50,7 @@ ExitStatus Outputs::CheckFile(Target& target) {
         return ExitStatus::Done;
     }
     if (IsRead(target.Name)) {
-        return Refuse(target.Name, "This file is read, and a book is never written over itself");
+        return Refuse("This file is read, and a book is never written over itself", target.Name);
     }
     console_.Begin(target.Name);
     FileKind kind = FileKind::Missing;
@@ -133,7 +133,7 @@ ExitStatus Outputs::FinishPrinting() {
     return ExitStatus::InputOutput;
 }
 
-ExitStatus Outputs::Refuse(const std::string& name, const std::string& text) {
+ExitStatus Outputs::Refuse(const std::string& text, const std::string& name) {
     console_.Begin(name);
     console_.Tell(text);
     console_.End();

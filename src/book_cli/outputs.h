@@ -40,7 +40,7 @@ class Outputs {
     [[nodiscard]] bool IsRead(const std::string& name) const;
     [[nodiscard]] bool AreOneFile() const;
     [[nodiscard]] cli::ExitStatus WriteFile(const Target& target, std::string_view contents);
-    cli::ExitStatus Refuse(const std::string& name, const std::string& text);
+    cli::ExitStatus Refuse(const std::string& text, const std::string& name);
 
     Console& console_;
     const Arguments& arguments_;
