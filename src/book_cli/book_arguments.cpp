@@ -75,6 +75,7 @@ class Parser {
     Arguments Parse(int argc, const char* const* argv) {
         std::vector<std::string> plain;
         std::vector<const char*> pointers;
+        plain.reserve(static_cast<std::size_t>(argc));
         for (int i = 0; i < argc; ++i) {
             plain.push_back(Unbracketed(argv[i]));
         }
