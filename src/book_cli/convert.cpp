@@ -31,16 +31,18 @@ std::string Carried(const book::Book& book) {
            Counted(values, "value", "values");
 }
 
-std::string TargetName(const Arguments& arguments) {
+std::string TargetName(const Arguments& arguments, bool unchanged) {
     using enum book::LdifAttributes;
-    if (arguments.Target != book::Dialect::Ldif) {
-        return arguments.Target == book::Dialect::VCard40 ? "vCard 4.0, UTF-8" : "vCard 3.0, UTF-8";
-    }
     const book::LdifAttributes set = arguments.Set.value_or(Mozilla);
-    return set == Netscape    ? "Netscape 4 LDIF, ASCII"
-           : set == KContacts ? "KContacts LDIF, ASCII"
-           : set == Evolution ? "Evolution LDIF, ASCII"
-                              : "Mozilla LDIF, ASCII";
+    const bool ldif = arguments.Target == book::Dialect::Ldif;
+    const std::string name = ldif && unchanged                            ? "LDIF"
+                             : arguments.Target == book::Dialect::VCard40 ? "vCard 4.0, UTF-8"
+                             : !ldif                                      ? "vCard 3.0, UTF-8"
+                             : set == Netscape                            ? "Netscape 4 LDIF, ASCII"
+                             : set == KContacts                           ? "KContacts LDIF, ASCII"
+                             : set == Evolution                           ? "Evolution LDIF, ASCII"
+                                                                          : "Mozilla LDIF, ASCII";
+    return name + (unchanged ? ", byte for byte as it was" : "");
 }
 
 std::string Written(const Arguments& arguments, Loaded& loaded, Console& console) {
@@ -85,7 +87,7 @@ std::string ConvertedText(const Console& console,
                        (lost > 0 ? console.Alarming(lost_text) : lost_text) + SummaryTail(book) +
                        "\n";
     text += stream ? "standard output" : console.Strong(Printable(arguments.Output));
-    text += ": " + (unchanged ? "the same bytes as they were read." : TargetName(arguments) + ".");
+    text += ": " + TargetName(arguments, unchanged) + ".";
     // LDIF has those alone that were there.
     return text + (arguments.Target == book::Dialect::Ldif
                        ? "\n"

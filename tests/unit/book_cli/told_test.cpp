@@ -97,8 +97,8 @@ TEST_F(ToldTest, TheSummaryCountsAndLossesStandOut) {
     arguments.Output = "b.vcf";
     EXPECT_EQ(ConvertedText(console, arguments, loaded.Book, true),
               "read 0   written 0   carried 0   lost 0\n"
-              "\x1B[1mb.vcf\x1B[0m: the same bytes as they were read. UIDs stay the same on the "
-              "next run.\n");
+              "\x1B[1mb.vcf\x1B[0m: vCard 3.0, UTF-8, byte for byte as it was. UIDs stay the same "
+              "on the next run.\n");
     Remark(What::Carried, "1");
     Remark(What::Carried, "2");
     Remark(What::Lost, "3");
