@@ -95,10 +95,10 @@ class Loader {
                                    book::What::Doubtful,
                                    book::Reason::NoLetter});
         }
-        loaded_.Origins.push_back({found.Form,
-                                   std::move(found.Evidence),
-                                   letters.Sentence(ldif ? "record" : "card"),
-                                   letters.IsDoubtful()});
+        loaded_.Inputs.push_back({found.Form,
+                                  std::move(found.Evidence),
+                                  letters.Sentence(ldif ? "record" : "card"),
+                                  letters.IsDoubtful()});
     }
 
     void Fail(const RunTimeError& failure) {
@@ -123,8 +123,8 @@ class Loader {
 
 std::vector<book::Format> Loaded::Formats() const {
     std::vector<book::Format> formats;
-    formats.reserve(Origins.size());
-    for (const Origin& one : Origins) {
+    formats.reserve(Inputs.size());
+    for (const Input& one : Inputs) {
         formats.push_back(one.Form);
     }
     return formats;

@@ -14,7 +14,7 @@
 namespace orvik::book_cli {
 
 // What was found out about a source besides its records.
-struct Origin {
+struct Input {
     book::Format Form = book::Format::None;
     std::string Evidence;  // "line 1 begins a card"
     std::string Charset;   // "windows-1252 (assumed; e.g. "Al")"
@@ -23,7 +23,7 @@ struct Origin {
 
 struct Loaded {
     book::Book Book;
-    std::vector<Origin> Origins;  // by the number of the source
+    std::vector<Input> Inputs;  // by the number of the source
     // Of the first file that is no address book or cannot be read; the others are read.
     cli::ExitStatus Status = cli::ExitStatus::Done;
 

@@ -23,7 +23,7 @@ void ShowFacts(const Loaded& loaded, Console& console) {
     std::size_t lists = 0;
     for (std::uint32_t i = 0; i < facts.size(); ++i) {
         console.Out() << FactsText(
-            console, loaded.Book.SourceAt(i).Name(), loaded.Origins[i], facts[i]);
+            console, loaded.Book.SourceAt(i).Name(), loaded.Inputs[i], facts[i]);
         people += facts[i].People;
         lists += facts[i].Lists;
     }
@@ -37,21 +37,21 @@ void ShowFacts(const Loaded& loaded, Console& console) {
 
 std::string FactsText(const Console& console,
                       const std::string& name,
-                      const Origin& origin,
+                      const Input& input,
                       const book::Facts& facts) {
     std::string text = console.Strong(Printable(name)) + ": " + facts.Form;
     // Where it begins is worth a word only if something stands before it.
-    if (!origin.Evidence.starts_with("line 1 ")) {
-        text += " (" + origin.Evidence + ")";
+    if (!input.Evidence.starts_with("line 1 ")) {
+        text += " (" + input.Evidence + ")";
     }
-    text += ", " + Printable(origin.Charset) + ", " + facts.LineEnds + ", " +
+    text += ", " + Printable(input.Charset) + ", " + facts.LineEnds + ", " +
             Counted(facts.People, "person", "people") + ", " +
             Counted(facts.Lists, "list", "lists") + "\n";
     text += "  addresses " + std::to_string(facts.Addresses) + "   phones " +
             std::to_string(facts.Phones) + "   notes " + std::to_string(facts.Notes) +
             "   nicknames " + std::to_string(facts.Nicknames);
     text += facts.NicknameNames.empty() ? "" : " (" + Listed(facts.NicknameNames) + ")";
-    if (origin.Form == book::Format::Ldif) {
+    if (input.Form == book::Format::Ldif) {
         text += "   fields unknown to vCard: " + std::to_string(facts.UnknownNames.size());
     }
     return text + "\n";
@@ -72,7 +72,7 @@ cli::ExitStatus Show(const Arguments& arguments, Console& console, Outputs& outp
     }
     cli::ExitStatus status = Worse(outputs.FinishPrinting(), loaded.Status);
     TellRemarks(console, loaded);
-    if (!arguments.Report.empty() && !loaded.Origins.empty()) {
+    if (!arguments.Report.empty() && !loaded.Inputs.empty()) {
         status = Worse(status, outputs.WriteReport(ReportOf(loaded)));
     }
     return Worse(status, StatusOf(loaded.Book));

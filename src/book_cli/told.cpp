@@ -65,10 +65,10 @@ std::string RemarkText(const book::Book& book, const book::Remark& remark) {
 }
 
 void TellCharsets(Console& console, const Loaded& loaded) {
-    for (std::uint32_t i = 0; i < loaded.Origins.size(); ++i) {
-        if (loaded.Origins[i].CharsetIsDoubtful) {
+    for (std::uint32_t i = 0; i < loaded.Inputs.size(); ++i) {
+        if (loaded.Inputs[i].CharsetIsDoubtful) {
             console.Begin(loaded.Book.SourceAt(i).Name());
-            console.Tell(Printable(loaded.Origins[i].Charset) + "; --charset names another set");
+            console.Tell(Printable(loaded.Inputs[i].Charset) + "; --charset names another set");
         }
     }
     console.End();
@@ -111,15 +111,15 @@ void AddMissingMembers(book::Book& book, const Catalogue& catalogue) {
 std::string ReportOf(const Loaded& loaded) {
     const book::Book& book = loaded.Book;
     std::string text;
-    for (std::uint32_t i = 0; i < loaded.Origins.size(); ++i) {
-        if (loaded.Origins[i].CharsetIsDoubtful) {
+    for (std::uint32_t i = 0; i < loaded.Inputs.size(); ++i) {
+        if (loaded.Inputs[i].CharsetIsDoubtful) {
             text += ReportLine({NameOf(What::Doubtful),
                                 book.SourceAt(i).Name(),
                                 1,
                                 {},
                                 {},
                                 {},
-                                loaded.Origins[i].Charset});
+                                loaded.Inputs[i].Charset});
         }
     }
     for (const book::Contact& one : book.Contacts) {

@@ -28,7 +28,7 @@ namespace orvik::book_cli {
 //   "a.ldif: LDIF, ASCII, LF, 1 person, 0 lists" and the counts
 [[nodiscard]] std::string FactsText(const Console& console,
                                     const std::string& name,
-                                    const Origin& origin,
+                                    const Input& input,
                                     const book::Facts& facts);
 
 // ConvertedText: what became of the values, and of the UIDs, in two lines. unchanged says whether

@@ -30,7 +30,7 @@ class ToldTest : public testing::Test {
     }
     ToldTest() {
         loaded.Book.AddSource(std::make_unique<book::Source>("a.vcf", ""));
-        loaded.Origins.push_back({book::Format::VCard, "line 1 begins a card", "ASCII", false});
+        loaded.Inputs.push_back({book::Format::VCard, "line 1 begins a card", "ASCII", false});
     }
 
     std::ostringstream out;
