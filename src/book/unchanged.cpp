@@ -51,4 +51,10 @@ std::optional<std::string_view> UnchangedFile(const Book& book, Dialect target) 
     return book.SourceAt(file).Bytes();
 }
 
+void CountAllKept(Book& book) {
+    for (const Contact& contact : book.Contacts) {
+        book.Told.CountMore(What::Kept, contact.Properties.size());
+    }
+}
+
 }  // namespace orvik::book

@@ -18,4 +18,7 @@ namespace orvik::book {
 // order, and each could stand in a file of this dialect as it is.
 [[nodiscard]] std::optional<std::string_view> UnchangedFile(const Book& book, Dialect target);
 
+// Counts all that a book holds as kept, for a file that stays as it is.
+void CountAllKept(Book& book);
+
 }  // namespace orvik::book

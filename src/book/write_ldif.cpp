@@ -9,6 +9,7 @@ namespace orvik::book {
 
 std::string WriteLdif(Book& book, std::optional<LdifAttributes> set) {
     if (const auto bytes = set ? std::nullopt : UnchangedFile(book, Dialect::Ldif)) {
+        CountAllKept(book);
         return std::string(*bytes);
     }
     const Identities identities(book);

@@ -24,6 +24,7 @@ class CardWriter {
 
     std::string WriteAll() {
         if (const auto bytes = UnchangedFile(book_, version_)) {
+            CountAllKept(book_);
             return std::string(*bytes);
         }
         for (std::size_t i = 0; i < book_.Contacts.size(); ++i) {

@@ -118,7 +118,8 @@ has four.vcf "VERSION:4.0"
 run "convert a card of 2.1" 0 convert cy.vcf -o three.vcf
 has three.vcf "VERSION:3.0"
 has three.vcf "LABEL:x"
-run "a copy" 0 convert bo.vcf -o copy.vcf
+run "a copy" 0 convert bo.vcf -o copy.vcf --report copy.json
+has copy.json '{"what":"kept","file":"","line":0,"field":"","value":"4",'
 has out "copy.vcf: vCard 3.0, UTF-8, byte for byte as it was. UIDs stay"
 same bo.vcf copy.vcf
 run "a name without an ending" 0 convert bo.vcf -o plain --vcard 4
