@@ -7,7 +7,8 @@ set -euo pipefail
 
 packages=(
     # building
-    g++ cmake ninja-build pkg-config libcli11-dev libglib2.0-dev
+    g++ cmake ninja-build pkg-config libcli11-dev libglib2.0-dev libicu-dev libuchardet-dev
+    nlohmann-json3-dev
     qt6-base-dev qt6-tools-dev qt6-documentation-tools
     # the icon in sizes
     librsvg2-bin
@@ -17,7 +18,7 @@ packages=(
 package_packages=(dpkg-dev file)
 test_packages=(
     # compiling and checking
-    ccache git libgtest-dev libgmock-dev libbenchmark-dev libicu-dev
+    ccache git libgtest-dev libgmock-dev libbenchmark-dev
     clang clang-format clang-tidy libclang-rt-14-dev python3
     # windows, and their pictures
     xvfb xdotool imagemagick openbox qt6ct at-spi2-core dbus python3-pyatspi weston qt6-wayland

@@ -34,12 +34,14 @@ configure() {
     cmake --preset "$1" >"$log" 2>&1 || { cat "$log"; return 1; }
 }
 
-# run_tests PRESET TREE: runs the tests of a preset, and counts the unit tests and the scenarios.
+# run_tests PRESET TREE: runs the tests of a preset, counts the unit tests and the scenarios, and says
+# whether public cards were there.
 run_tests() {
     ctest --preset "$1"
     awk '/^[0-9]+\/[0-9]+ Testing: / { test = $3 }
-        test ~ /^(engine|icu|store|unit)$/ && /^\[  PASSED  \]/ { units += $4 }
+        test ~ /^(book|engine|icu|store|unit)$/ && /^\[  PASSED  \]/ { units += $4 }
         test == "scenarios" && /^[0-9]+ passed, / { scenarios += $1 }
+        /^public cards: / { print }
         END { print units + 0 " unit tests, " scenarios + 0 " scenarios"
               exit !(units && scenarios) }' "$2/Testing/Temporary/LastTest.log"
 }

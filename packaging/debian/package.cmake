@@ -15,7 +15,9 @@ set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 addresses beside nicknames, and saves them in another program's format. It
 sorts, merges, removes duplicates, and finds the addresses in any file.
 
-orvik is the window program; orvik-batch does the same without a display.")
+orvik is the window program; orvik-batch does the same without a display.
+orvik-book converts LDIF and vCard with every field that they hold, and says
+what became of each.")
 # What the programs load while they run is no shared library that they are linked with.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
@@ -33,7 +35,7 @@ include(CPack)
 
 # Builds no more than the package holds.
 set(packaged)
-foreach(target orvik orvik-batch orvik_icons)
+foreach(target orvik orvik-batch orvik-book orvik_icons)
     if(TARGET ${target})
         list(APPEND packaged ${target})
     endif()

@@ -2,13 +2,11 @@
 
 #include <algorithm>
 #include <map>
-#include <new>
-#include <sstream>
 #include <string_view>
 
 #include <CLI/CLI.hpp>
 
-#include "app/printable.h"
+#include "cli/words.h"
 #include "formats/endings.h"
 
 namespace orvik::batch {
@@ -34,61 +32,6 @@ std::string CheckName(const std::string& name) {
                "the format, and it may be read twice. A file of this name is ./-";
     }
     return name.empty() ? "a file's name is empty" : "";
-}
-
-// The arguments, where an option with an empty value, "--open=", has it as an argument of its own:
-// the parser would take the next argument for it.
-class Words {
- public:
-    Words(int argc, const char* const* argv) {
-        for (int i = 0; i < argc; ++i) {
-            const std::string_view word = argv[i];
-            if (word.starts_with("--") && word.find('=') + 1 == word.size()) {
-                words_.emplace_back(word.substr(0, word.size() - 1));
-                words_.emplace_back();
-            } else {
-                words_.emplace_back(word);
-            }
-        }
-        for (const std::string& word : words_) {
-            pointers_.push_back(word.c_str());
-        }
-    }
-
-    [[nodiscard]] int Count() const { return static_cast<int>(pointers_.size()); }
-    [[nodiscard]] const char* const* Pointers() const { return pointers_.data(); }
-
- private:
-    std::vector<std::string> words_;
-    std::vector<const char*> pointers_;
-};
-
-// What was given wrongly is quoted.
-std::string UsageMessage(const CLI::App* app, const CLI::Error& error) {
-    return CLI::FailureMessage::simple(
-        app, CLI::Error(error.get_name(), Printable(error.what()), error.get_exit_code()));
-}
-
-// What to end with after an error of the parser, which help and version are too.
-Status Explain(const CLI::App& app,
-               const CLI::ParseError& error,
-               std::ostream& out,
-               std::ostream& err) {
-    const std::string help = app.help();
-    std::ostringstream text;
-    if (app.exit(error, text, err) != 0) {
-        return Status::Usage;
-    }
-    // A stream that lacks memory leaves out letters without a word, also inside the parser.
-    if (text.fail() || (error.get_name() == "CallForHelp" && text.view() != help)) {
-        throw std::bad_alloc();
-    }
-    out << text.view();
-    if (!out.flush()) {
-        err << "orvik-batch: Standard output cannot be written to\n";
-        return Status::InputOutput;
-    }
-    return Status::Done;
 }
 
 //   Saving::Replaces  ->  ".ldif, .txt"
@@ -161,7 +104,7 @@ std::variant<Arguments, Status> ParseArguments(int argc,
     app.set_version_flag("--version", "orvik-batch " ORVIK_VERSION, "Print the version and exit");
     app.set_help_flag("-h,--help", "Print this help and exit");
     app.footer(kExamples);
-    app.failure_message(&UsageMessage);
+    app.failure_message(&cli::UsageMessage);
 
     StepOptions steps;
     std::vector<std::string> ignored;
@@ -213,14 +156,14 @@ std::variant<Arguments, Status> ParseArguments(int argc,
     app.add_flag("-q,--quiet", arguments.Quiet, "Tell problems only");
 
     try {
-        const Words words(argc, argv);
+        const cli::Words words(argc, argv);
         app.parse(words.Count(), words.Pointers());
         arguments.Steps = steps.Steps(app);
         if (arguments.Steps.empty()) {
             throw CLI::RequiredError("A step");
         }
     } catch (const CLI::ParseError& error) {
-        return Explain(app, error, out, err);
+        return cli::Explain(app, error, out, err);
     }
     if (!separator.empty()) {
         arguments.EntriesBy = separator == "comma" ? Separator::Comma : Separator::Newline;

@@ -8,22 +8,12 @@
 #include <variant>
 #include <vector>
 
+#include "cli/exit_status.h"
 #include "platform/platform.h"
-#include "platform/system_process.h"
 
 namespace orvik::batch {
 
-// The exit status; the last four are those of sysexits.
-enum class Status {
-    Done = 0,
-    // A message reported a problem.
-    Problem = 1,
-    Usage = 2,
-    NoInput = 66,
-    OutOfMemory = kOutOfMemoryStatus,
-    CannotCreate = 73,
-    InputOutput = 74,
-};
+using Status = cli::ExitStatus;
 
 enum class Command { Open, Extract, Merge, SortByAddress, SortByNickname, Save, Pim, Automation };
 

@@ -12,32 +12,9 @@
 namespace orvik::batch {
 namespace {
 
-Status StatusOf(Failure failure, bool writing) {
-    switch (failure) {
-        case Failure::DeviceError:
-        case Failure::DiskFull:
-        case Failure::InputPastEnd:
-            return Status::InputOutput;
-        case Failure::BadFileNumber:
-        case Failure::FileNotFound:
-        case Failure::PermissionDenied:
-        case Failure::PathFileAccess:
-        case Failure::PathNotFound:
-            return writing ? Status::CannotCreate : Status::NoInput;
-        case Failure::OutOfMemory:
-            return Status::OutOfMemory;
-        default:
-            return Status::Problem;
-    }
-}
-
 // A command that tells of a failure and goes on was reading.
 Status StatusOf(const MessageBox& box) {
-    return box.Cause ? StatusOf(*box.Cause, false) : Status::Problem;
-}
-
-std::string WithDetail(const std::string& text, const std::string& detail) {
-    return detail.empty() ? text : text + ": " + detail;
+    return box.Cause ? cli::StatusOf(*box.Cause, false) : Status::Problem;
 }
 
 // The settings of a run that reads none of the user's.
@@ -54,7 +31,9 @@ std::optional<std::string> DefaultSetting(std::string_view key) {
 
 }  // namespace
 
-BatchPlatform::BatchPlatform(const Arguments& arguments, Messenger& messenger, SettingsStore& store)
+BatchPlatform::BatchPlatform(const Arguments& arguments,
+                             cli::Messenger& messenger,
+                             SettingsStore& store)
     : arguments_(arguments), messenger_(messenger), store_(store) {
     // The automation is a step of its own, so the start-up must not run it.
     BatchPlatform::SaveSetting(key::kSettings, "Auto", "False");
@@ -86,7 +65,7 @@ void BatchPlatform::Fail(std::string_view text, Status status) {
 }
 
 void BatchPlatform::Fail(const RunTimeError& failure, bool writing) {
-    Fail(WithDetail(failure.what(), failure.Detail()), StatusOf(failure.Cause(), writing));
+    Fail(cli::WithDetail(failure.what(), failure.Detail()), cli::StatusOf(failure.Cause(), writing));
 }
 
 void BatchPlatform::Note(std::string_view text) {
@@ -106,7 +85,7 @@ Answer BatchPlatform::ShowBox(const MessageBox& box) {
     }
     if (box.Choice == Buttons::OK) {
         if (box.About != Matter::TextTooLong) {
-            Fail(WithDetail(box.Text, box.Detail), StatusOf(box));
+            Fail(cli::WithDetail(box.Text, box.Detail), StatusOf(box));
         } else if (!told_too_much_) {
             // The windows leave such a text out of the text box; nothing is lost by it.
             told_too_much_ = true;

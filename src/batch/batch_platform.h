@@ -13,7 +13,7 @@
 
 #include "app/module1.h"
 #include "batch/arguments.h"
-#include "batch/messenger.h"
+#include "cli/messenger.h"
 #include "platform/platform.h"
 #include "store/settings_store.h"
 
@@ -22,7 +22,7 @@ namespace orvik::batch {
 class BatchPlatform : public Platform {
  public:
     // All three must outlive the platform.
-    BatchPlatform(const Arguments& arguments, Messenger& messenger, SettingsStore& store);
+    BatchPlatform(const Arguments& arguments, cli::Messenger& messenger, SettingsStore& store);
 
     // The windows that a command may show.
     void Attach(const Windows& windows) { windows_ = &windows; }
@@ -72,7 +72,7 @@ class BatchPlatform : public Platform {
 
  private:
     const Arguments& arguments_;
-    Messenger& messenger_;
+    cli::Messenger& messenger_;
     SettingsStore& store_;
     const Windows* windows_ = nullptr;
     std::function<std::string()> how_far_;

@@ -7,8 +7,8 @@
 #include <variant>
 
 #include "batch/arguments.h"
-#include "batch/messenger.h"
 #include "batch/run_steps.h"
+#include "cli/messenger.h"
 #include "platform/system_files.h"
 #include "platform/system_process.h"
 #include "store/settings_store.h"
@@ -32,7 +32,7 @@ Status Run(int argc, const char* const* argv) {
     if (const auto* const status = std::get_if<Status>(&parsed)) {
         return *status;
     }
-    Messenger messenger(std::cerr, orvik::ErrorsGoToTerminal(), kQuickStep);
+    orvik::cli::Messenger messenger(kProgram, std::cerr, orvik::ErrorsGoToTerminal(), kQuickStep);
     orvik::SystemFiles files;
     return RunSteps(
         std::get<Arguments>(parsed), messenger, files, orvik::SettingsStore::UserFile());

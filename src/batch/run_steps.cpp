@@ -17,7 +17,7 @@ namespace {
 class Runner {
  public:
     Runner(const Arguments& arguments,
-           Messenger& messenger,
+           cli::Messenger& messenger,
            FileSystem& files,
            const std::string& settings_file)
         : files_(files),
@@ -164,7 +164,7 @@ class Runner {
 }  // namespace
 
 Status RunSteps(const Arguments& arguments,
-                Messenger& messenger,
+                cli::Messenger& messenger,
                 FileSystem& files,
                 const std::string& settings_file) {
     Runner runner(arguments, messenger, files, settings_file);

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "batch/arguments.h"
-#include "batch/messenger.h"
+#include "cli/messenger.h"
 #include "platform/file_system.h"
 
 namespace orvik::batch {
@@ -13,7 +13,7 @@ namespace orvik::batch {
 // RunSteps: runs the steps in their order up to the first one that has a problem, so that nothing
 // is saved after a book that could not be read. Returns the exit status. Errors: std::bad_alloc.
 [[nodiscard]] Status RunSteps(const Arguments& arguments,
-                              Messenger& messenger,
+                              cli::Messenger& messenger,
                               FileSystem& files,
                               const std::string& settings_file);
 

@@ -14,15 +14,15 @@ namespace {
 
 // A link with its attributes and its text, from behind its address key.
 void TakeLink(UnreadEntries& entries, std::string_view& rest) {
-    constexpr std::string_view kNicknameKey = "NICKNAME=\"";
+    constexpr std::string_view kNicknameOfLink = "NICKNAME=\"";
     entries.EndEntry();
     const std::string_view address = rest.substr(0, rest.find('"'));
     entries.Address(address);
     rest.remove_prefix(address.size());
     std::string_view tag = TakePart(rest, "\">");
     entries.Nickname(TakePart(rest, "</A>"));
-    if (const std::size_t found = tag.find(kNicknameKey); found != std::string_view::npos) {
-        tag.remove_prefix(found + kNicknameKey.size());
+    if (const std::size_t found = tag.find(kNicknameOfLink); found != std::string_view::npos) {
+        tag.remove_prefix(found + kNicknameOfLink.size());
         entries.Other(TakePart(tag, "\""));
     }
 }

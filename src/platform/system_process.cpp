@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <array>
+#include <cerrno>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -46,6 +48,31 @@ void Print(std::string_view text) noexcept {
 
 bool ErrorsGoToTerminal() {
     return isatty(STDERR_FILENO) == 1;
+}
+
+bool OutputGoesToTerminal() {
+    return isatty(STDOUT_FILENO) == 1;
+}
+
+bool InputComesFromTerminal() {
+    return isatty(STDIN_FILENO) == 1;
+}
+
+std::error_code ReadStandardInput(std::size_t most, std::string& bytes) {
+    constexpr std::size_t kAtOnce = 1 << 16;
+    std::array<char, kAtOnce> part{};
+    while (bytes.size() <= most) {
+        const ssize_t got = read(STDIN_FILENO, part.data(), part.size());
+        if (got == 0) {
+            return {};
+        }
+        if (got > 0) {
+            bytes.append(part.data(), static_cast<std::size_t>(got));
+        } else if (errno != EINTR) {
+            return {errno, std::system_category()};
+        }
+    }
+    return {};
 }
 
 std::string ProgramFolder() {

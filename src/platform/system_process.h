@@ -2,7 +2,9 @@
 
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <system_error>
 
 namespace orvik {
 
@@ -11,6 +13,13 @@ inline constexpr int kOutOfMemoryStatus = 71;
 
 // ErrorsGoToTerminal: whether somebody watches standard error.
 [[nodiscard]] bool ErrorsGoToTerminal();
+// The same for the other standard streams.
+[[nodiscard]] bool OutputGoesToTerminal();
+[[nodiscard]] bool InputComesFromTerminal();
+
+// ReadStandardInput: appends standard input to its end; of more than most bytes it reads a little
+// more than that.
+[[nodiscard]] std::error_code ReadStandardInput(std::size_t most, std::string& bytes);
 
 // ProgramFolder: the folder of the running program, without a separator behind it; empty where the
 // system does not tell.

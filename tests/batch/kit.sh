@@ -1,6 +1,6 @@
 # shellcheck shell=bash disable=SC2034
-# How the tests of orvik-batch run it, in a folder of their own. The first argument of the test is the
-# program.
+# How the tests of the programs for the command line run one, in a folder of their own. The first
+# argument of the test is the program.
 program=$1
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -9,7 +9,7 @@ export XDG_CONFIG_HOME="$work/config"
 failed=0
 
 fail() {
-    echo "batch: $test: $1"
+    echo "$(basename "$program"): $test: $1"
     failed=1
 }
 

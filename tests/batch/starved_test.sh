@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# Lets each allocation of orvik-batch fail once, also those before main and while the arguments are
-# read: each run says so and nothing else, and leaves the old file or the new one.
-# Arguments: the program with starved_new.cpp in it.
+# Lets each allocation of a program for the command line fail once, also those before main and while
+# the arguments are read: each run says so and nothing else, and leaves the old file or the new one.
+# Arguments: the program with starved_new.cpp in it, and what it is called.
 set -euo pipefail
 program=$1
+name=$2
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
@@ -25,7 +26,7 @@ starve() {
         [ -s fired ] || break
         # What can do without the memory does all the same.
         if [ "$status" = 71 ]; then
-            [ "$(wc -l <err)" = 1 ] && grep -qE '^orvik-batch: .*Out of memory$' err ||
+            [ "$(wc -l <err)" = 1 ] && grep -qE "^$name: .*Out of memory\$" err ||
                 tell "tells: $(cat err)"
         elif ! cmp -s out wanted || ! cmp -s err wanted.err; then
             tell "exit status $status: $(cat err)"
@@ -43,6 +44,15 @@ tell() {
 starve 100 3 --bogus
 starve 100 11 --version
 starve 300 13 --help
-starve 500 13 --open two.txt --sort address --save book.ldif
+if [ "$name" = orvik-batch ]; then
+    starve 500 13 --open two.txt --sort address --save book.ldif
+else
+    printf 'dn: cn=Al\ncn: Al\nmail: a@example.org\nshoeSize: 42\n\ndn: cn=Crew\nobjectclass: groupOfNames\ncn: Crew\nmember: cn=Al\n' >two.ldif
+    starve 500 41 convert two.ldif --attributes kcontacts -o book.ldif
+    starve 500 41 convert two.ldif --vcard 4
+    starve 500 41 show two.ldif
+    starve 500 41 show --json two.ldif
+    starve 500 41 diff two.ldif two.ldif
+fi
 [ "$(find . -name '.orvik*')" = "" ] || { echo "starved: litter"; failed=1; }
 exit $failed

@@ -119,7 +119,7 @@ def check_project(root, pages):
 
 LITERAL = r'"(?:[^"\\]|\\.)*"'
 # What a message is made of besides fixed text: numbers, names, and texts found elsewhere in it.
-VARIABLE = {"Number", "Text", "Title", "answered", "box", "const", "copy", "count", "data", "Detail", "dialog",
+VARIABLE = {"Number", "Text", "Title", "answered", "box", "cli", "const", "copy", "count", "data", "Detail", "dialog",
             "failure", "file_", "keeper", "key", "kind", "list", "no_text", "problem", "std", "string", "text", "to_string", "what"}
 
 
@@ -167,7 +167,10 @@ def messages(root):
     everything = "\n".join(sources.values())
     found = []
     for path, code in sources.items():
-        if "desktop" in path.parts:
+        folder = path.relative_to(root / "src").parts[0]
+        if folder == "book":
+            continue  # It shows nothing: what it says of a record is a line of a report.
+        if folder == "desktop":
             for call in re.finditer(r"\btr\(", code):
                 for text in literals(arguments(code, call.end())):
                     if re.search(r"[.?!]$", text) and not text.endswith("..."):
@@ -177,11 +180,13 @@ def messages(root):
             found += [(path, text) for text in literals(code) if not text.startswith("app/")]
         for call in re.finditer(r"\bRunTimeError\([\w:]+(?:\(\w+\))?,", code):
             found += [(path, text) for text in literals(arguments(code, call.end()))]
-        for call in re.finditer(r"\b(?:Tell|TellFailed|Ask(?!\(\{)|OfferSave|Fail|Note|Waits|Report)\(|\{\.Text = ", code):
+        for call in re.finditer(r"\b(?:Tell|TellFailed|Ask(?!\(\{)|OfferSave|Fail|Refuse|Note|Waits|Report)\(|\{\.Text = ", code):
             argument = arguments(code, call.end())
             if re.match(r"\s*(?:const )?(?:std::string(?:_view)?[ &]|RunTimeError|MessageBox)", argument) or not argument:
                 continue  # a declaration
             found += [(path, text) for text in literals(argument)]
+            if folder == "book_cli":
+                continue  # What else it says is of the book.
             for name in re.findall(r"[A-Za-z_]\w*", re.sub(LITERAL, "", argument)):
                 constant = re.search(rf"\b{name} *=\s*((?:\s*{LITERAL})+);", everything)
                 if constant:

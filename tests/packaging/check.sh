@@ -77,7 +77,13 @@ done
 for program in "$usr"/bin/*; do
     name=$(basename "$program")
     man -E UTF-8 -l "$share/man/man1/$name.1" | col -b >"$work/manual"
-    for option in $("$program" --help | grep -oE -- '--[a-z-]+' | sort -u); do
+    # Of a program with verbs each of them has a help of its own.
+    verbs=$("$program" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p')
+    for verb in "" $verbs; do
+        # shellcheck disable=SC2086
+        "$program" $verb --help
+    done >"$work/help"
+    for option in $(grep -oE -- '--[a-z-]+' "$work/help" | sort -u); do
         grep -qE -- "$option([^a-z-]|\$)" "$work/manual" || fail "$name's manual lacks $option"
     done
 done

@@ -28,6 +28,8 @@ orvik-batch --version
 orvik-batch --open /usr/share/doc/orvik/examples/netscape4.ldif --save book.nv
 [ "$(grep -c '^dn: ' /usr/share/doc/orvik/examples/netscape4.ldif)" = \
     "$(grep -c 'Type:Entry' book.nv)" ]
+orvik-book convert /usr/share/doc/orvik/examples/netscape4.ldif -o contacts.vcf
+orvik-book diff /usr/share/doc/orvik/examples/netscape4.ldif contacts.vcf
 dpkg --remove orvik
 test ! -e /usr/share/orvik
 TRY

@@ -9,8 +9,8 @@
 #include <gtest/gtest.h>
 
 #include "batch/arguments.h"
-#include "batch/messenger.h"
 #include "batch/run_steps.h"
+#include "cli/messenger.h"
 #include "platform/system_files.h"
 #include "reliability/allocations.h"
 #include "unit/temp_folder.h"
@@ -95,7 +95,7 @@ TEST(StepsWithoutMemory, AnAllocationFails_NewBookIsWholeOrNotThere) {
     const std::string settings = folder.Name("none.conf");
     Status status = Status::Done;
     const auto run = [&] {
-        Messenger messenger(out, false, std::chrono::milliseconds(500));
+        cli::Messenger messenger("orvik-batch", out, false, std::chrono::milliseconds(500));
         status = batch::RunSteps(arguments, messenger, files, settings);
     };
     run();

@@ -9,6 +9,7 @@ LEVELS = (
     ("desktop",),
     ("batch",),
     ("book_cli",),
+    ("cli",),
     ("store",),
     ("program",),
     ("files", "formats", "extract", "listops", "settings", "aux"),

@@ -29,7 +29,7 @@ class RunStepsTest : public testing::Test {
         Arguments arguments;
         arguments.Steps = std::move(steps);
         std::ostringstream stream;
-        Messenger messenger(stream, false, std::chrono::hours(1));
+        cli::Messenger messenger("orvik-batch", stream, false, std::chrono::hours(1));
         const Status status = RunSteps(arguments, messenger, files, folder.Name("none.conf"));
         told = stream.str();
         return status;

@@ -1,10 +1,10 @@
-#include "batch/messenger.h"
+#include "cli/messenger.h"
 
 #include <algorithm>
 
 #include "app/printable.h"
 
-namespace orvik::batch {
+namespace orvik::cli {
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenShows{100};
@@ -18,7 +18,7 @@ void Messenger::BeginStep(std::string_view file) {
 
 void Messenger::Tell(std::string_view text) {
     ClearProgress();
-    std::string line = "orvik-batch: ";
+    std::string line = program_ + ": ";
     if (!file_.empty()) {
         line.append(Printable(file_)).append(": ");
     }
@@ -48,4 +48,4 @@ void Messenger::ClearProgress() {
     }
 }
 
-}  // namespace orvik::batch
+}  // namespace orvik::cli

@@ -1,10 +1,10 @@
-#include "batch/messenger.h"
+#include "cli/messenger.h"
 
 #include <sstream>
 
 #include <gtest/gtest.h>
 
-namespace orvik::batch {
+namespace orvik::cli {
 namespace {
 
 using namespace std::chrono_literals;
@@ -15,7 +15,7 @@ class MessengerTest : public testing::Test {
 };
 
 TEST_F(MessengerTest, AMessageIsOneLineAboutItsFile) {
-    Messenger messenger(stream, false, 0ms);
+    Messenger messenger("orvik-batch", stream, false, 0ms);
     messenger.Tell("No step yet");
     messenger.BeginStep("book.ldif");
     messenger.Tell("Two\r\n\r\nlines");
@@ -23,21 +23,21 @@ TEST_F(MessengerTest, AMessageIsOneLineAboutItsFile) {
 }
 
 TEST_F(MessengerTest, WhatWouldSteerATerminalIsNotSentToIt) {
-    Messenger messenger(stream, false, 0ms);
+    Messenger messenger("orvik-batch", stream, false, 0ms);
     messenger.BeginStep("a\x1B[2J\x7F\n");
     messenger.Tell("J\xC3\xBCrg\t\xE2\x80\xAE\xC2\x9B");
     EXPECT_EQ(stream.str(), "orvik-batch: a\\x1B[2J\\x7F\\x0A: J\xC3\xBCrg\\x09\\u202E\\u009B\n");
 }
 
 TEST_F(MessengerTest, NorIsItWithTheProgress) {
-    Messenger messenger(stream, true, 0ms);
+    Messenger messenger("orvik-batch", stream, true, 0ms);
     messenger.BeginStep("a\r\x1B");
     messenger.Progress("\xFC");
     EXPECT_EQ(stream.str(), "\ra\\x0D\\x1B: \\xFC");
 }
 
 TEST_F(MessengerTest, ProgressCoversTheProgressBeforeIt) {
-    Messenger messenger(stream, true, 0ms);
+    Messenger messenger("orvik-batch", stream, true, 0ms);
     messenger.BeginStep("b");
     messenger.Progress("100%");
     messenger.Progress("9%");
@@ -47,7 +47,7 @@ TEST_F(MessengerTest, ProgressCoversTheProgressBeforeIt) {
 }
 
 TEST_F(MessengerTest, AMessageTakesThePlaceOfTheProgress) {
-    Messenger messenger(stream, true, 0ms);
+    Messenger messenger("orvik-batch", stream, true, 0ms);
     messenger.BeginStep("b");
     messenger.Progress("9%");
     messenger.Tell("Done");
@@ -55,7 +55,7 @@ TEST_F(MessengerTest, AMessageTakesThePlaceOfTheProgress) {
 }
 
 TEST_F(MessengerTest, AQuickStepShowsNoProgress) {
-    Messenger messenger(stream, true, 1h);
+    Messenger messenger("orvik-batch", stream, true, 1h);
     messenger.BeginStep("b");
     messenger.Progress("9%");
     messenger.EndStep();
@@ -63,7 +63,7 @@ TEST_F(MessengerTest, AQuickStepShowsNoProgress) {
 }
 
 TEST_F(MessengerTest, AFileGetsNoProgress) {
-    Messenger messenger(stream, false, 0ms);
+    Messenger messenger("orvik-batch", stream, false, 0ms);
     messenger.BeginStep("b");
     messenger.Progress("9%");
     messenger.EndStep();
@@ -71,4 +71,4 @@ TEST_F(MessengerTest, AFileGetsNoProgress) {
 }
 
 }  // namespace
-}  // namespace orvik::batch
+}  // namespace orvik::cli

@@ -1,5 +1,5 @@
-// What orvik-batch tells its user: lines on standard error, and a line that shows how far a long
-// step has come.
+// What a program of the command line tells its user: lines on standard error, and a line that shows
+// how far a long step has come.
 
 #pragma once
 
@@ -9,14 +9,20 @@
 #include <string>
 #include <string_view>
 
-namespace orvik::batch {
+namespace orvik::cli {
 
 class Messenger {
  public:
-    // Writes to a stream that must outlive the messenger. Progress is for a terminal only, and of
-    // steps that take longer than quick_step.
-    Messenger(std::ostream& stream, bool shows_progress, std::chrono::milliseconds quick_step)
-        : stream_(stream), shows_progress_(shows_progress), quick_step_(quick_step) {}
+    // Writes to a stream that must outlive the messenger, as the program of this name. Progress is
+    // for a terminal only, and of steps that take longer than quick_step.
+    Messenger(std::string_view program,
+              std::ostream& stream,
+              bool shows_progress,
+              std::chrono::milliseconds quick_step)
+        : program_(program),
+          stream_(stream),
+          shows_progress_(shows_progress),
+          quick_step_(quick_step) {}
 
     // Starts the clock of a step and names the file that its messages are about, if any.
     void BeginStep(std::string_view file);
@@ -33,6 +39,7 @@ class Messenger {
 
     void ClearProgress();
 
+    std::string program_;
     std::ostream& stream_;
     bool shows_progress_;
     std::chrono::milliseconds quick_step_;
@@ -41,4 +48,4 @@ class Messenger {
     std::size_t shown_length_ = 0;
 };
 
-}  // namespace orvik::batch
+}  // namespace orvik::cli

@@ -1,0 +1,81 @@
+// The records of one or more files, with what was said about reading them.
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "book/arena.h"
+#include "book/record.h"
+#include "book/report.h"
+#include "book/source.h"
+
+namespace orvik::book {
+
+class Book {
+ public:
+    Book() : details_(1) {}
+
+    std::deque<Contact> Contacts;
+    FieldNames Names;
+    Report Told;
+
+    // Takes a source; it stays as long as the book. Returns its number, which origins name.
+    std::uint32_t AddSource(std::unique_ptr<Source> source);
+    [[nodiscard]] const Source& SourceAt(std::uint32_t file) const { return *sources_[file]; }
+    [[nodiscard]] std::size_t SourceCount() const { return sources_.size(); }
+
+    // Whoever wants to say how far the work is: called for each record that was read, with bytes,
+    // or written, with records.
+    using Progress = std::function<void(std::size_t done, std::size_t all)>;
+    Progress HowFar;
+
+    // Counts a record that was read from a source.
+    void CountRead(const Origin& from);
+    // Says that so many of the contacts are written.
+    void CountWritten(std::size_t count) const;
+    [[nodiscard]] std::size_t ReadFrom(std::uint32_t file) const { return read_[file]; }
+
+    // Text that lives as long as the book.
+    std::string_view Keep(std::string_view text) { return texts_.Keep(text); }
+
+    [[nodiscard]] Arena& Texts() { return texts_; }
+
+    // What a property has besides its value.
+    [[nodiscard]] const Details& DetailsOf(const Property& property) const {
+        return details_[property.Details];
+    }
+    // Puts a group and parameters aside; both are 0 and empty for most properties. The group must
+    // live as long as the book; the parameters are copied.
+    std::uint32_t KeepDetails(std::string_view group, std::span<const Param> params);
+
+    // Changes of a user: the contact is written anew from then on.
+    void SetValue(Contact& contact, std::size_t property, std::string_view value);
+    void Add(Contact& contact, NameId name, std::string_view value);
+    void Remove(Contact& contact, std::size_t property);
+
+    // The bytes of a contact in its source; empty for one that came from none.
+    [[nodiscard]] std::string_view BytesOf(const Contact& contact) const;
+
+    // Whether the bytes of a record are UTF-8 in its file, too.
+    [[nodiscard]] bool IsUtf8(const Origin& from) const;
+
+    // How much memory texts and details take, in bytes, sources aside.
+    [[nodiscard]] std::size_t TextHeld() const { return texts_.Held(); }
+
+ private:
+    [[nodiscard]] std::string_view TextOf(const Origin& from) const;
+
+    std::deque<std::unique_ptr<Source>> sources_;
+    std::deque<std::size_t> read_;
+    Arena texts_;
+    std::deque<Details> details_;
+};
+
+}  // namespace orvik::book

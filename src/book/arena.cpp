@@ -1,0 +1,44 @@
+#include "book/arena.h"
+
+#include <cstdint>
+#include <cstring>
+
+namespace orvik::book {
+namespace {
+
+constexpr std::size_t kBlock = 64UL * 1024;
+
+}  // namespace
+
+std::string_view Arena::Keep(std::string_view text) {
+    if (text.empty()) {
+        return {};
+    }
+    char* const place = Take(text.size(), 1);
+    std::memcpy(place, text.data(), text.size());
+    return {place, text.size()};
+}
+
+char* Arena::Take(std::size_t bytes, std::size_t alignment) {
+    const std::size_t past = reinterpret_cast<std::uintptr_t>(next_) % alignment;
+    const std::size_t gap = past == 0 ? 0 : alignment - past;
+    if (next_ != nullptr && bytes + gap <= left_) {
+        char* const place = next_ + gap;
+        next_ = place + bytes;
+        left_ -= bytes + gap;
+        return place;
+    }
+    // What is long gets a block of its own, so that little of the others is wasted.
+    const bool own = bytes > kBlock / 4;
+    const std::size_t length = own ? bytes : kBlock;
+    blocks_.push_back(std::make_unique_for_overwrite<char[]>(length));
+    held_ += length;
+    char* const place = blocks_.back().get();
+    if (!own) {
+        next_ = place + bytes;
+        left_ = length - bytes;
+    }
+    return place;
+}
+
+}  // namespace orvik::book

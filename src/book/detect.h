@@ -1,0 +1,29 @@
+// What a file is: its content decides, whatever it is called.
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "book/source.h"
+
+namespace orvik::book {
+
+enum class Format : std::uint8_t { None, Ldif, VCard };
+
+struct Detected {
+    Format Form = Format::None;
+    // Why it is an address book, "line 3 begins a card", or what it is instead, "a PNG image".
+    std::string Evidence;
+};
+
+// Detect: the format of a source. Text before the first record does not matter.
+//   "BEGIN:VCARD\r\n..." -> VCard;  "dn: cn=Al\ncn: Al\n" -> Ldif;  "\x89PNG..." -> None
+[[nodiscard]] Detected Detect(const Source& source);
+
+// Whether a line begins a card or a record; blanks at its end do not matter.
+[[nodiscard]] bool BeginsCard(std::string_view line);
+[[nodiscard]] bool BeginsLdifRecord(std::string_view line);
+
+}  // namespace orvik::book

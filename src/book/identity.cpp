@@ -1,0 +1,103 @@
+#include "book/identity.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <unordered_map>
+
+#include <glib.h>
+
+#include "app/text.h"
+#include "book/value_form.h"
+
+namespace orvik::book {
+namespace {
+
+// Where the UUIDs of records live; every UID that was ever given depends on it.
+constexpr std::array<std::uint8_t, 16> kNameSpace = {
+    0x3B, 0x5E, 0x0C, 0x8A, 0x6D, 0x41, 0x4F, 0x27, 0x9C, 0xE4, 0x15, 0x72, 0xA0, 0xBD, 0x38, 0x96};
+
+struct SumFreer {
+    void operator()(GChecksum* sum) const { g_checksum_free(sum); }
+};
+
+bool IsOfTheRecord(NameId name) {
+    return name != field::kUid && name != field::kRev && name != field::kProdId;
+}
+
+}  // namespace
+
+std::string Version5Uuid(std::string_view name) {
+    const std::unique_ptr<GChecksum, SumFreer> sum(g_checksum_new(G_CHECKSUM_SHA1));
+    g_checksum_update(sum.get(), kNameSpace.data(), kNameSpace.size());
+    g_checksum_update(
+        sum.get(), reinterpret_cast<const guchar*>(name.data()), static_cast<gssize>(name.size()));
+    std::array<guint8, 20> digest{};
+    gsize length = digest.size();
+    g_checksum_get_digest(sum.get(), digest.data(), &length);
+    digest[6] = static_cast<guint8>((digest[6] & 0x0FU) | 0x50U);
+    digest[8] = static_cast<guint8>((digest[8] & 0x3FU) | 0x80U);
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    std::string uuid;
+    for (std::size_t i = 0; i < kNameSpace.size(); ++i) {
+        uuid += i == 4 || i == 6 || i == 8 || i == 10 ? "-" : "";
+        uuid += kDigits[digest[i] >> 4U];
+        uuid += kDigits[digest[i] & 0x0FU];
+    }
+    return uuid;
+}
+
+std::string NormalisedRecord(const Book& book, const Contact& contact) {
+    std::vector<std::string> lines;
+    lines.reserve(contact.Properties.size());
+    for (const Property& one : contact.Properties) {
+        const std::string_view value = WithoutBlanksAround(one.Value);
+        if (IsOfTheRecord(one.Name) && !value.empty()) {
+            lines.push_back(UpperName(book.Names.Text(one.Name)).append(":").append(value));
+        }
+    }
+    std::sort(lines.begin(), lines.end());
+    std::string text = contact.Kind == ContactKind::List ? "list" : "person";
+    for (const std::string& line : lines) {
+        text.append("\n").append(line);
+    }
+    return text;
+}
+
+std::string PlainUid(std::string_view uid) {
+    constexpr std::string_view kUrn = "urn:uuid:";
+    std::string plain = ToLower(WithoutBlanksAround(uid));
+    return plain.starts_with(kUrn) ? plain.substr(kUrn.size()) : plain;
+}
+
+std::string AsUrn(std::string_view uid) {
+    constexpr std::string_view kShape = "99999999-9999-9999-9999-999999999999";
+    const bool uuid = uid.size() == kShape.size() &&
+                      std::equal(uid.begin(), uid.end(), kShape.begin(), [](char c, char wanted) {
+                          return wanted == '9' ? g_ascii_isxdigit(c) : c == wanted;
+                      });
+    return (uuid ? "urn:uuid:" : "") + std::string(uid);
+}
+
+Identities::Identities(const Book& book) {
+    std::unordered_map<std::string, std::size_t> given;
+    uids_.reserve(book.Contacts.size());
+    for (const Contact& contact : book.Contacts) {
+        const auto own = std::find_if(
+            contact.Properties.begin(), contact.Properties.end(), [](const Property& one) {
+                return one.Name == field::kUid && !WithoutBlanksAround(one.Value).empty();
+            });
+        if (own != contact.Properties.end()) {
+            uids_.emplace_back(WithoutBlanksAround(own->Value));
+            continue;
+        }
+        std::string record = NormalisedRecord(book, contact);
+        std::string uid = Version5Uuid(record);
+        const std::size_t count = ++given[uid];
+        uids_.push_back(count == 1 ? std::move(uid)
+                                   : Version5Uuid(record + "\n" + std::to_string(count)));
+    }
+}
+
+}  // namespace orvik::book

@@ -1,0 +1,40 @@
+// What tells one record from any other, also in the next run and in another format.
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "book/address_book.h"
+
+namespace orvik::book {
+
+// The UID of each contact of a book: its own, else a version 5 UUID of what it holds. Of several
+// equal records the second and the next have their number in the name.
+class Identities {
+ public:
+    explicit Identities(const Book& book);
+
+    // By the number of the contact.
+    [[nodiscard]] const std::string& UidAt(std::size_t contact) const { return uids_[contact]; }
+
+ private:
+    std::vector<std::string> uids_;
+};
+
+// Version5Uuid: the UUID that RFC 9562 makes of a name in Orvik's own name space.
+[[nodiscard]] std::string Version5Uuid(std::string_view name);
+
+// NormalisedRecord: kind, names and values of a contact, sorted, without blanks around them,
+// without UID and what changes with each saving.
+[[nodiscard]] std::string NormalisedRecord(const Book& book, const Contact& contact);
+
+// PlainUid: a UID without "urn:uuid:", in lower case, as records are compared.
+[[nodiscard]] std::string PlainUid(std::string_view uid);
+
+// AsUrn: a UID as an address of RFC 9562, if it is a UUID; any other one stays.
+[[nodiscard]] std::string AsUrn(std::string_view uid);
+
+}  // namespace orvik::book

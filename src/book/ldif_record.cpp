@@ -1,0 +1,305 @@
+#include "book/ldif_record.h"
+
+#include <algorithm>
+#include <array>
+
+#include "app/text.h"
+#include "book/carried_line.h"
+#include "book/ldif_line_writer.h"
+#include "book/transfer.h"
+#include "book/typed_views.h"
+#include "book/value_form.h"
+
+namespace orvik::book {
+namespace {
+
+constexpr std::string_view kList = "groupOfNames";
+
+// Whether no component has several values.
+bool HasSingleValues(std::string_view value) {
+    for (TakenPart part{{}, true}; part.More;) {
+        part = TakePart(value, ';');
+        std::string_view values = part.Text;
+        if (TakePart(values, ',').More) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+LdifRecordWriter::LdifRecordWriter(Book& book,
+                                   const Directory& directory,
+                                   LdifAttributes set,
+                                   std::string& text)
+    : book_(book), directory_(directory), set_(set), text_(text) {}
+
+void LdifRecordWriter::Write(const Contact& contact, std::string_view uid) {
+    contact_ = &contact;
+    named_ = parts_ = organised_ = work_ = home_ = identified_ = born_ = saved_ = false;
+    emails_ = 0;
+    WriteHead(uid);
+    for (const Property& one : contact.Properties) {
+        WriteProperty(one);
+    }
+}
+
+void LdifRecordWriter::WriteHead(std::string_view uid) {
+    dn_ = DnOfContact(book_, *contact_);
+    if (dn_.empty()) {
+        dn_ = std::string("cn=").append(uid);
+    }
+    AppendLdifLine("dn", dn_, text_);
+    AppendLdifLine("objectclass", "top", text_);
+    if (contact_->Kind == ContactKind::List) {
+        AppendLdifLine("objectclass", kList, text_);
+    } else {
+        AppendLdifLine("objectclass", "person", text_);
+        if (set_ != LdifAttributes::Netscape) {
+            AppendLdifLine("objectclass", "organizationalPerson", text_);
+            AppendLdifLine("objectclass", "inetOrgPerson", text_);
+        }
+        if (set_ == LdifAttributes::Mozilla) {
+            AppendLdifLine("objectclass", "mozillaAbPersonAlpha", text_);
+        }
+    }
+    const std::string shown = NameOf(book_, *contact_).Shown;
+    if (!shown.empty()) {
+        AppendLdifLine("cn", shown, text_);
+    }
+}
+
+void LdifRecordWriter::WriteProperty(const Property& one) {
+    const std::string_view name = book_.Names.Text(one.Name);
+    const Fit fit = StartsAsName(name, kCarriedFromLdif)
+                        ? WriteOwn(one, name.substr(kCarriedFromLdif.size()))
+                    : one.Value.empty() || IsRepeated(one) ? Fit::None
+                                                           : WriteNatural(one);
+    if (fit == Fit::All) {
+        book_.Told.CountMore(What::Kept);
+    } else {
+        WriteCarried(one, fit);
+    }
+}
+
+LdifRecordWriter::Fit LdifRecordWriter::WriteNatural(const Property& one) {
+    const Fit fit_of_params = IsBare(one) ? Fit::All : Fit::Part;
+    switch (one.Name) {
+        case field::kFn:
+            return WriteFirstName(one);
+        case field::kN:
+            return WriteName(one);
+        case field::kNickname:
+            return WriteNickname(one);
+        case field::kEmail:
+            if (!FirstOf(book_, *contact_, field::kEvolutionList).empty()) {
+                return WriteMember(one);
+            }
+            Line(EmailNames(emails_++), one.Value);
+            return HasTypeOnly(one, "internet") ? Fit::All : fit_of_params;
+        case field::kTel: {
+            const PhoneNames phone = PhoneNamesOf(book_, one);
+            return Line(phone.Names, one.Value) && phone.Exact ? Fit::All : Fit::Part;
+        }
+        case field::kOrg:
+            return WriteOrganisation(one);
+        case field::kAdr:
+            return WriteAddress(one);
+        case field::kUrl:
+            return WriteUrl(one);
+        case field::kBday:
+            return WriteBirthday(one);
+        case field::kRev:
+            return WriteTimeStamp(one);
+        case field::kPhoto:
+            return WritePhoto(one);
+        case field::kMember:
+        case field::kServerMember:
+            return WriteMember(one);
+        case field::kKind:
+        case field::kServerKind:
+            return SameName(one.Value, "group") ? fit_of_params : Fit::None;
+        case field::kUid:
+            // A name of a directory is one to log in with, and is read so.
+            if (identified_ || StartsAsName(dn_, "uid=")) {
+                return Fit::None;
+            }
+            identified_ = true;
+            break;
+        default:
+            break;
+    }
+    return Line(SimpleNames(one.Name), one.Value) ? fit_of_params : Fit::None;
+}
+
+LdifRecordWriter::Fit LdifRecordWriter::WriteFirstName(const Property& one) {
+    if (named_ || one.Value != NameOf(book_, *contact_).Shown) {
+        return Fit::None;
+    }
+    named_ = true;
+    return IsBare(one) ? Fit::All : Fit::Part;
+}
+
+LdifRecordWriter::Fit LdifRecordWriter::WriteName(const Property& one) {
+    if (parts_) {
+        return Fit::None;
+    }
+    parts_ = true;
+    constexpr std::array<std::string_view, 5> kNames = {"sn", "givenName", "", "vocation", ""};
+    bool all = IsBare(one) && HasSingleValues(one.Value) && PartCount(one.Value) <= kNames.size();
+    for (std::size_t i = 0; i < kNames.size(); ++i) {
+        const std::string_view part = PartAt(one.Value, i);
+        const bool known = !kNames[i].empty() && (i < 2 || set_ == LdifAttributes::KContacts);
+        if (!part.empty() && known) {
+            AppendLdifLine(kNames[i], Unescaped(part), text_);
+        }
+        all = all && (part.empty() || known);
+    }
+    return all ? Fit::All : Fit::Part;
+}
+
+LdifRecordWriter::Fit LdifRecordWriter::WriteNickname(const Property& one) {
+    std::string_view rest = one.Value;
+    for (TakenPart part{{}, true}; part.More;) {
+        part = TakePart(rest, ',');
+        const std::string text = Unescaped(part.Text);
+        if (text.empty()) {
+            continue;
+        }
+        Line(SimpleNames(field::kNickname), text);
+        if (set_ == LdifAttributes::Mozilla) {
+            // The only name that Evolution and others know.
+            AppendLdifLine("xmozillanickname", text, text_);
+        }
+    }
+    return IsBare(one) ? Fit::All : Fit::Part;
+}
+
+LdifRecordWriter::Fit LdifRecordWriter::WriteOrganisation(const Property& one) {
+    if (organised_) {
+        return Fit::None;
+    }
+    organised_ = true;
+    const bool of_kde = set_ == LdifAttributes::KContacts;
+    const std::string firm = Unescaped(PartAt(one.Value, 0));
+    const std::string unit = Unescaped(PartAt(one.Value, 1));
+    if (!firm.empty()) {
+        AppendLdifLine("o", firm, text_);
+    }
+    if (!unit.empty()) {
+        AppendLdifLine(of_kde ? "department" : "ou", unit, text_);
+    }
+    const bool all = IsBare(one) && PartCount(one.Value) <= 2 && HasSingleValues(one.Value);
+    return all ? Fit::All : Fit::Part;
+}
+
+LdifRecordWriter::Fit LdifRecordWriter::WriteAddress(const Property& one) {
+    constexpr std::size_t kParts = 7;
+    constexpr std::size_t kStreet = 2;
+    const bool home = std::any_of(book_.DetailsOf(one).Params.begin(),
+                                  book_.DetailsOf(one).Params.end(),
+                                  [](const Param& param) { return SameName(param.Value, "home"); });
+    bool& written = home ? home_ : work_;
+    if (written) {
+        return Fit::None;
+    }
+    written = true;
+    bool all = HasTypeOnly(one, home ? "home" : "work") && HasSingleValues(one.Value) &&
+               PartCount(one.Value) <= kParts;
+    for (std::size_t i = 0; i < kParts; ++i) {
+        const std::string text = Unescaped(PartAt(one.Value, i));
+        // A box without a street is read as one.
+        const bool as_street = i == 0 && PartAt(one.Value, kStreet).empty();
+        if (!text.empty() && (as_street || !Line(AddressNames(home, i), text))) {
+            all = false;
+        }
+    }
+    return all ? Fit::All : Fit::Part;
+}
+
+LdifRecordWriter::Fit LdifRecordWriter::WriteUrl(const Property& one) {
+    const NameId label = book_.Names.Find("X-ORVIK-LABEL");
+    const std::string_view text =
+        label == FieldNames::kNone ? std::string_view{} : ParamOf(book_, one, label);
+    const bool blank = one.Value.find(' ') != std::string_view::npos;
+    if (!text.empty() && !blank && book_.DetailsOf(one).Params.size() == 2 &&
+        SameName(ParamOf(book_, one, field::kType), "work")) {
+        AppendLdifLine("labeledURI", std::string(one.Value).append(" ").append(text), text_);
+        return Fit::All;
+    }
+    const bool home = SameName(ParamOf(book_, one, field::kType), "home");
+    Line(UrlNames(home), one.Value);
+    return HasTypeOnly(one, home ? "home" : "work") ? Fit::All : Fit::Part;
+}
+
+LdifRecordWriter::Fit LdifRecordWriter::WriteOwn(const Property& one, std::string_view name) {
+    if (SameName(name, "dn")) {
+        return Fit::All;
+    }
+    const NameId option = book_.Names.Find("X-ORVIK-OPTIONS");
+    const std::string_view options =
+        option == FieldNames::kNone ? std::string_view{} : ParamOf(book_, one, option);
+    std::string attribute(name);
+    attribute.append(options.empty() ? "" : ";").append(options);
+    std::string bytes;
+    if (ParamOf(book_, one, field::kEncoding) == "b" && AppendBase64(one.Value, bytes)) {
+        AppendLdifBase64(attribute, one.Value, text_);
+    } else if (ParamOf(book_, one, field::kValue) == "uri" && IsSafeString(one.Value)) {
+        AppendLdifUrl(attribute, one.Value, text_);
+    } else {
+        AppendLdifLine(attribute, one.Value, text_);
+    }
+    return Fit::All;
+}
+
+void LdifRecordWriter::WriteCarried(const Property& one, Fit fit) {
+    const std::string_view name = book_.Names.Text(one.Name);
+    std::string attribute = ToLower(kCarriedFromVCard);
+    for (const char c : ToLower(name)) {
+        const bool letter = (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
+        attribute += letter ? c : '-';
+    }
+    if (fit == Fit::None) {
+        attribute.append(";").append(kBesides);
+    }
+    AppendLdifLine(attribute, CarriedLine(book_, one), text_);
+    book_.Told.Add({name,
+                    one.Value,
+                    contact_->From.File,
+                    contact_->From.Line,
+                    book_.Names.Intern(attribute),
+                    What::Carried,
+                    Reason::NotInTarget});
+}
+
+// What is there twice is read once from the names of programs: many know two for one field.
+bool LdifRecordWriter::IsRepeated(const Property& one) const {
+    constexpr std::size_t kMostCompared = 64;
+    const Property* const first = contact_->Properties.data();
+    const auto before = std::min(static_cast<std::size_t>(&one - first), kMostCompared);
+    return std::any_of(first, first + before, [&](const Property& other) {
+        return other.Name == one.Name && other.Value == one.Value;
+    });
+}
+
+bool LdifRecordWriter::Line(const LdifNames& names, std::string_view value) {
+    const std::string_view name = names.In(set_);
+    if (name.empty()) {
+        return false;
+    }
+    AppendLdifLine(name, value, text_);
+    return true;
+}
+
+bool LdifRecordWriter::IsBare(const Property& one) const {
+    return one.Details == 0;
+}
+
+bool LdifRecordWriter::HasTypeOnly(const Property& one, std::string_view type) const {
+    const Details& details = book_.DetailsOf(one);
+    return details.Group.empty() && details.Params.size() == 1 &&
+           details.Params[0].Name == field::kType && SameName(details.Params[0].Value, type);
+}
+
+}  // namespace orvik::book

@@ -1,0 +1,132 @@
+#include "book/members.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "app/text.h"
+#include "book/ldif_dn.h"
+#include "book/typed_views.h"
+
+namespace orvik::book {
+namespace {
+
+constexpr std::string_view kMailto = "mailto:";
+
+}  // namespace
+
+// Names of records in LDIF begin with an attribute.
+bool IsDn(std::string_view reference) {
+    const std::size_t equal = reference.find('=');
+    return equal != std::string_view::npos && equal > 0 && reference.find_first_of(" ,@:") > equal;
+}
+
+std::string DnOfContact(const Book& book, const Contact& contact) {
+    const NameId dn = book.Names.Find("X-ORVIK-LDIF-dn");
+    const std::string_view own = dn == FieldNames::kNone ? "" : FirstOf(book, contact, dn);
+    if (!own.empty()) {
+        return std::string(own);
+    }
+    return DnOf(NameOf(book, contact).Shown, FirstOf(book, contact, field::kEmail));
+}
+
+Directory::Directory(const Book& book, const Identities& identities)
+    : book_(book), identities_(identities) {
+    // Nobody is looked for where there is no list.
+    if (std::none_of(book.Contacts.begin(), book.Contacts.end(), [](const Contact& contact) {
+            return contact.Kind == ContactKind::List;
+        })) {
+        return;
+    }
+    // Of several the first is meant.
+    for (std::size_t i = 0; i < book.Contacts.size(); ++i) {
+        const Contact& contact = book.Contacts[i];
+        by_uid_.emplace(PlainUid(identities.UidAt(i)), i);
+        by_dn_.emplace(DnOfContact(book, contact), i);
+        if (contact.Kind == ContactKind::Person) {
+            for (const std::string& address : AddressesOf(contact)) {
+                by_address_.emplace(ToLower(address), i);
+            }
+        }
+    }
+}
+
+void Directory::Find(ListMember& member, const Index& index, std::string_view key) const {
+    const auto found = index.find(std::string(key));
+    if (member.Record == ListMember::kNobody && !key.empty() && found != index.end()) {
+        member.Record = found->second;
+    }
+}
+
+void Directory::Fill(ListMember& member) const {
+    if (member.Record == ListMember::kNobody) {
+        return;
+    }
+    const Contact& contact = book_.Contacts[member.Record];
+    member.Uid = identities_.UidAt(member.Record);
+    member.Name = NameOf(book_, contact).Shown;
+    if (member.Address.empty()) {
+        member.Address = FirstOf(book_, contact, field::kEmail);
+    }
+}
+
+ListMember Directory::Referred(std::string_view reference) const {
+    ListMember member;
+    if (StartsAsName(reference, kMailto)) {
+        member.Address = reference.substr(kMailto.size());
+    } else if (IsDn(reference)) {
+        DnParts parts = PartsOfDn(reference);
+        member.Name = std::move(parts.Name);
+        member.Address = std::move(parts.Address);
+        Find(member, by_dn_, reference);
+    } else {
+        Find(member, by_uid_, PlainUid(reference));
+        // Other schemes than mailto have an at, too.
+        const bool address = reference.find('@') != std::string_view::npos &&
+                             reference.find(':') == std::string_view::npos;
+        member.Address = address ? reference : std::string_view{};
+    }
+    Find(member, by_address_, ToLower(member.Address));
+    Fill(member);
+    return member;
+}
+
+ListMember Directory::OfEvolution(const Property& property) const {
+    const auto param = [&](std::string_view name) {
+        const NameId id = book_.Names.Find(name);
+        return id == FieldNames::kNone ? std::string_view{} : ParamOf(book_, property, id);
+    };
+    ListMember member;
+    member.Name = param("X-EVOLUTION-DEST-NAME");
+    const std::string_view address = param("X-EVOLUTION-DEST-EMAIL");
+    member.Address = address.empty() ? property.Value : address;
+    Find(member, by_uid_, PlainUid(param("X-EVOLUTION-DEST-CONTACT-UID")));
+    Find(member, by_address_, ToLower(member.Address));
+    Fill(member);
+    return member;
+}
+
+ListMember Directory::MemberOf(const Property& property) const {
+    const NameId id = book_.Names.Find(kDnParam);
+    const auto dn = id == FieldNames::kNone ? "" : ParamOf(book_, property, id);
+    return Referred(dn.empty() ? property.Value : dn);
+}
+
+std::vector<ListMember> Directory::MembersOf(const Contact& list) const {
+    std::vector<ListMember> members;
+    if (list.Kind != ContactKind::List) {
+        return members;
+    }
+    // Evolution keeps the members of a list as its addresses.
+    const bool evolution = !FirstOf(book_, list, field::kEvolutionList).empty() &&
+                           !FirstOf(book_, list, field::kEmail).empty();
+    for (const Property& one : list.Properties) {
+        if (!evolution && (one.Name == field::kMember || one.Name == field::kServerMember)) {
+            members.push_back(MemberOf(one));
+        } else if (evolution && one.Name == field::kEmail) {
+            members.push_back(OfEvolution(one));
+        }
+    }
+    return members;
+}
+
+}  // namespace orvik::book

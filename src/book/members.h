@@ -1,0 +1,59 @@
+// Who is in a list. Lists name their members by address, by UID, or by the names of LDIF; each is
+// looked for among the records of the same book.
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "book/address_book.h"
+#include "book/identity.h"
+
+namespace orvik::book {
+
+struct ListMember {
+    std::string Name;
+    std::string Address;
+    std::string Uid;               // empty for one that is no record of the book
+    std::size_t Record = kNobody;  // its number
+
+    static constexpr std::size_t kNobody = ~std::size_t{0};
+};
+
+class Directory {
+ public:
+    // Both must outlive the directory.
+    Directory(const Book& book, const Identities& identities);
+
+    // The members of a list in its order; none for a person.
+    [[nodiscard]] std::vector<ListMember> MembersOf(const Contact& list) const;
+    // The member that a property of a list names.
+    [[nodiscard]] ListMember MemberOf(const Property& property) const;
+    // The member that an address of a list of Evolution is.
+    [[nodiscard]] ListMember OfEvolution(const Property& property) const;
+
+ private:
+    using Index = std::unordered_map<std::string, std::size_t>;
+
+    void Find(ListMember& member, const Index& index, std::string_view key) const;
+    [[nodiscard]] ListMember Referred(std::string_view reference) const;
+    void Fill(ListMember& member) const;
+
+    const Book& book_;
+    const Identities& identities_;
+    Index by_uid_;
+    Index by_dn_;
+    Index by_address_;
+};
+
+// Whether a list names a member as LDIF does; a card that cannot keeps it in this parameter.
+[[nodiscard]] bool IsDn(std::string_view reference);
+inline constexpr std::string_view kDnParam = "X-ORVIK-DN";
+
+// The name by which LDIF knows a record: the one it came with, else that of its name and address.
+[[nodiscard]] std::string DnOfContact(const Book& book, const Contact& contact);
+
+}  // namespace orvik::book

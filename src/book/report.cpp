@@ -1,0 +1,58 @@
+#include "book/report.h"
+
+namespace orvik::book {
+
+std::string_view NameOf(What what) {
+    constexpr std::array<std::string_view, 6> kNames = {
+        "read", "kept", "carried", "lost", "doubtful", "skipped"};
+    return kNames[static_cast<std::size_t>(what)];
+}
+
+std::string_view WordsFor(Reason reason) {
+    constexpr std::array<std::string_view, static_cast<std::size_t>(Reason::kCount)> kWords = {
+        "",
+        "belongs to no record",
+        "is no field",
+        "changes or deletes another record",
+        "is a control of a change",
+        "is a record that a change adds",
+        "names a file or an address that is never opened",
+        "is no base64",
+        "has bytes that are no text",
+        "a line of blanks was taken for an empty one",
+        "goes on after a tab",
+        "can be there only once",
+        "has no end",
+        "ends what was not begun",
+        "has no version",
+        "has a version that is not known",
+        "is cut off by the end of the file",
+        "has no name",
+        "is not in these files",
+        "is no quoted-printable",
+        "has a character set that is not known",
+        "has blanks around it",
+        "has fewer parts than it should",
+        "holds nothing",
+        "has signs that the target cannot hold",
+        "has no place in the target"};
+    static_assert(!kWords.back().empty());
+    return kWords[static_cast<std::size_t>(reason)];
+}
+
+void Report::Add(const Remark& remark) {
+    CountMore(remark.Kind);
+    if (remark.Kind == What::Skipped && !remarks_.empty()) {
+        const Remark& last = remarks_.back();
+        const bool goes_on = last.Kind == What::Skipped && last.Why == remark.Why &&
+                             last.File == remark.File && last_skipped_ + 1 == remark.Line;
+        if (goes_on) {
+            last_skipped_ = remark.Line;
+            return;
+        }
+    }
+    last_skipped_ = remark.Line;
+    remarks_.push_back(remark);
+}
+
+}  // namespace orvik::book

@@ -1,0 +1,128 @@
+#include "book/source.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "book/charset_converter.h"
+
+namespace orvik::book {
+namespace {
+
+struct Mark {
+    std::string_view Bytes;
+    WideForm Form;
+};
+
+// The longer ones first: UTF-16's mark begins UTF-32's.
+constexpr std::array kMarks = {
+    Mark{{"\xFF\xFE\0\0", 4}, WideForm::Utf32Le},
+    Mark{{"\0\0\xFE\xFF", 4}, WideForm::Utf32Be},
+    Mark{"\xFF\xFE", WideForm::Utf16Le},
+    Mark{"\xFE\xFF", WideForm::Utf16Be},
+    Mark{"\xEF\xBB\xBF", WideForm::None},
+};
+
+const Mark* MarkOf(std::string_view bytes) {
+    const auto* const found = std::find_if(kMarks.begin(), kMarks.end(), [&](const Mark& mark) {
+        return bytes.starts_with(mark.Bytes);
+    });
+    return found == kMarks.end() ? nullptr : found;
+}
+
+constexpr std::size_t kSample = 4096;
+
+// In Latin text nearly each other byte is NUL.
+WideForm ByNuls(std::string_view sample) {
+    std::array<std::size_t, 2> nuls{};
+    for (std::size_t i = 0; i < sample.size(); ++i) {
+        nuls[i % 2] += sample[i] == '\0' ? 1U : 0U;
+    }
+    const std::size_t units = sample.size() / 2;
+    const auto many = [units](std::size_t count) { return 10 * count > 3 * units; };
+    const auto few = [units](std::size_t count) { return 20 * count < units; };
+    if (many(nuls[1]) && few(nuls[0])) {
+        return WideForm::Utf16Le;
+    }
+    return many(nuls[0]) && few(nuls[1]) ? WideForm::Utf16Be : WideForm::None;
+}
+
+// How many line ends, blanks and separators a sample has in one byte order; none at all if halves
+// of letters stand alone in it.
+std::size_t Separators(std::string_view sample, std::size_t low) {
+    constexpr std::string_view kSeparators = "\n\r ,:\"";
+    std::size_t count = 0;
+    bool half = false;
+    for (std::size_t i = 0; i + 1 < sample.size(); i += 2) {
+        const auto high_byte = static_cast<unsigned char>(sample[i + 1 - low]);
+        const bool second = (high_byte & 0xFCU) == 0xDC;
+        if (half != second) {
+            return 0;
+        }
+        half = (high_byte & 0xFCU) == 0xD8;
+        const char letter = sample[i + low];
+        count += high_byte == 0 && kSeparators.find(letter) != std::string_view::npos ? 1U : 0U;
+    }
+    return count;
+}
+
+// How many units hold a blank or a line end beside another sign, as text of one byte a letter does
+// all the time.
+std::size_t PlainBlanks(std::string_view sample) {
+    const auto is_blank = [](char c) { return c == ' ' || c == '\n' || c == '\r'; };
+    std::size_t count = 0;
+    for (std::size_t i = 0; i + 1 < sample.size(); i += 2) {
+        const bool nul = sample[i] == '\0' || sample[i + 1] == '\0';
+        count += !nul && (is_blank(sample[i]) || is_blank(sample[i + 1])) ? 1U : 0U;
+    }
+    return count;
+}
+
+// Text without Latin letters has few NULs, and its separators tell.
+WideForm BySeparators(std::string_view sample) {
+    if (sample.find('\0') == std::string_view::npos) {
+        return WideForm::None;
+    }
+    const std::size_t little = Separators(sample, 0);
+    const std::size_t big = Separators(sample, 1);
+    const std::size_t plain = PlainBlanks(sample);
+    if (little >= 3 && big == 0 && plain < little) {
+        return WideForm::Utf16Le;
+    }
+    return big >= 3 && little == 0 && plain < big ? WideForm::Utf16Be : WideForm::None;
+}
+
+}  // namespace
+
+WideForm WideFormOf(std::string_view bytes) {
+    if (const Mark* const mark = MarkOf(bytes)) {
+        return mark->Form;
+    }
+    const std::string_view sample = bytes.substr(0, std::min(bytes.size(), kSample) & ~1UL);
+    const WideForm form = ByNuls(sample);
+    return form == WideForm::None ? BySeparators(sample) : form;
+}
+
+std::string_view NameOf(WideForm form) {
+    constexpr std::array<std::string_view, 5> kNames = {
+        "", "UTF-16LE", "UTF-16BE", "UTF-32LE", "UTF-32BE"};
+    return kNames[static_cast<std::size_t>(form)];
+}
+
+Source::Source(std::string name, std::string bytes)
+    : name_(std::move(name)), bytes_(std::move(bytes)), wide_(WideFormOf(bytes_)) {
+    const Mark* const mark = MarkOf(bytes_);
+    has_mark_ = mark != nullptr;
+    text_ = bytes_;
+    if (has_mark_) {
+        text_.remove_prefix(mark->Bytes.size());
+    }
+    if (wide_ != WideForm::None) {
+        if (auto converter = CharsetConverter::Named(NameOf(wide_))) {
+            bad_letters_ = converter->Append(text_, decoded_);
+        }
+        text_ = decoded_;
+    }
+}
+
+}  // namespace orvik::book

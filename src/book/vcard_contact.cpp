@@ -1,0 +1,315 @@
+#include "book/vcard_contact.h"
+
+#include <algorithm>
+#include <span>
+#include <utility>
+
+#include "book/transfer.h"
+#include "book/value_form.h"
+
+namespace orvik::book {
+namespace {
+
+constexpr std::string_view kCharset = "CHARSET";
+
+bool IsQuotedPrintable(const VCardParts& parts) {
+    return EncodingOf(parts.Params) == VCardEncoding::QuotedPrintable;
+}
+
+std::string_view CharsetNamed(std::string_view params) {
+    while (const auto param = TakeParam(params)) {
+        if (SameName(param->Name, kCharset)) {
+            return param->Value;
+        }
+    }
+    return {};
+}
+
+// Text of vCard 2.1: only separators are escaped, and what needs an escape elsewhere.
+std::string WithoutOldEscapes(std::string_view text) {
+    std::string plain;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool escape = text[i] == '\\' && i + 1 < text.size() &&
+                            (text[i + 1] == ';' || text[i + 1] == ',' || text[i + 1] == '\\');
+        i += escape ? 1 : 0;
+        plain += text[i];
+    }
+    return plain;
+}
+
+// Line breaks become LF, as those are that escapes stand for.
+void AppendLines(std::string_view text, std::string& to) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool pair = text.substr(i, 2) == "\r\n";
+        to += text[i] == '\r' ? '\n' : text[i];
+        i += pair ? 1 : 0;
+    }
+}
+
+}  // namespace
+
+VCardContacts::VCardContacts(Book& book, Charset& charset, std::uint32_t file)
+    : book_(book), charset_(charset), file_(file) {}
+
+void VCardContacts::Add(const std::deque<TextRow>& rows, Dialect form, const Origin& from) {
+    contact_ = {};
+    details_ = 0;
+    contact_.From = from;
+    contact_.IsUtf8 = book_.IsUtf8(from);
+    contact_.Properties.reserve(rows.size());
+    contact_.Form = form;
+    form_ = form == Dialect::None ? Dialect::VCard30 : form;
+    Judge(rows);
+    for (const TextRow& row : rows) {
+        TakeRow(row);
+    }
+    book_.CountRead(contact_.From);
+    book_.Contacts.push_back(std::move(contact_));
+}
+
+// A card is of one set but for the values that name theirs. Quoted-printable without a name is of
+// the set of the program that wrote it.
+void VCardContacts::Judge(const std::deque<TextRow>& rows) {
+    std::vector<std::string_view> raw;
+    const auto add_raw = [&](std::string_view text) {
+        if (!charset_.IsUtf8()) {
+            raw.push_back(text);
+        }
+    };
+    std::deque<std::string> quoted;
+    std::vector<std::string_view> quoted_values;
+    for (const TextRow& row : rows) {
+        const auto parts = SplitVCardLine(row.Text);
+        if (!parts) {
+            add_raw(row.Text);
+        } else if (CharsetNamed(parts->Params).empty()) {
+            if (!IsQuotedPrintable(*parts)) {
+                add_raw(row.Text);
+            } else {
+                AppendQuotedPrintable(parts->Value, quoted.emplace_back());
+                quoted_values.push_back(quoted.back());
+            }
+        }
+    }
+    piece_ = charset_.Judge(raw, contact_.From.Line);
+    quoted_ = charset_.JudgeApart(quoted_values, contact_.From.Line);
+}
+
+void VCardContacts::TakeRow(const TextRow& row) {
+    params_.clear();
+    const auto parts = SplitVCardLine(row.Text);
+    if (!parts) {
+        const VCardParts none{{}, {}, {}, row.Text};
+        Doubt(Reason::NoField, none);
+        std::string text;
+        AppendOneLine(Letters(row.Text, none, {}), text);
+        const NameId name = book_.Names.Intern("X-ORVIK-VCARD-no-field");
+        contact_.Properties.push_back({book_.Keep(text), name, file_, row.Number, 0});
+        return;
+    }
+    const NameId name = book_.Names.Intern(parts->Name);
+    if (name == field::kVersion) {
+        return TakeVersion(*parts);
+    }
+    const Manner manner = TakeParams(*parts);
+    const std::string_view value = ValueOf(name, *parts, manner);
+    FindKind(name, value);
+    constexpr std::size_t kNameParts = 5;
+    if (name == field::kN && PartCount(value) < kNameParts) {
+        Doubt(Reason::FewParts, *parts);
+    }
+    contact_.Properties.push_back({value, name, file_, row.Number, DetailsOf(*parts)});
+}
+
+// Fields with the same parameters follow each other, and share them.
+std::uint32_t VCardContacts::DetailsOf(const VCardParts& parts) {
+    if (details_ == 0 || !parts.Group.empty() || parts.Params != details_of_) {
+        const std::uint32_t details = book_.KeepDetails(parts.Group, params_);
+        details_ = parts.Group.empty() ? details : 0;
+        details_of_ = parts.Params;
+        return details;
+    }
+    return details_;
+}
+
+void VCardContacts::TakeVersion(const VCardParts& parts) {
+    const Dialect version = VersionOf(parts.Value);
+    if (version == Dialect::None) {
+        Doubt(Reason::OtherVersion, parts);
+    } else if (contact_.Form != Dialect::None && contact_.Form != version) {
+        Doubt(Reason::TwoLines, parts);
+    } else {
+        contact_.Form = version;
+    }
+}
+
+VCardContacts::Manner VCardContacts::TakeParams(const VCardParts& parts) {
+    Manner manner;
+    std::string_view rest = parts.Params;
+    while (const auto param = TakeParam(rest)) {
+        if (const auto encoding = EncodingNamed(*param)) {
+            manner.Encoding = *encoding;
+        } else if (SameName(param->Name, kCharset)) {
+            manner.Charset = param->Value;
+        } else if (param->Name.empty()) {
+            TakeTypes(field::kType, param->Value);
+        } else {
+            const NameId name = book_.Names.Intern(param->Name);
+            if (name == field::kType) {
+                TakeTypes(name, param->Value);
+            } else {
+                params_.push_back({name, ParamText(param->Value)});
+            }
+        }
+    }
+    if (manner.Encoding == VCardEncoding::Base64) {
+        params_.insert(params_.begin(), {field::kEncoding, "b"});
+    }
+    return manner;
+}
+
+// Each type by itself, however they were joined.
+void VCardContacts::TakeTypes(NameId name, std::string_view value) {
+    while (!value.empty()) {
+        const std::size_t comma = std::min(value.find(','), value.size());
+        if (comma > 0) {
+            params_.push_back({name, ParamText(value.substr(0, comma))});
+        }
+        value.remove_prefix(std::min(comma + 1, value.size()));
+    }
+}
+
+std::string_view VCardContacts::ParamText(std::string_view value) {
+    std::size_t bad = 0;
+    const std::string_view text = charset_.Decode(value, piece_, book_.Texts(), bad);
+    const bool escapes = form_ == Dialect::VCard40 && text.find('^') != std::string_view::npos;
+    return escapes ? book_.Keep(WithoutCarets(text)) : text;
+}
+
+std::string_view VCardContacts::ValueOf(NameId name,
+                                        const VCardParts& parts,
+                                        const Manner& manner) {
+    if (manner.Encoding == VCardEncoding::Base64) {
+        return Base64Of(parts);
+    }
+    const ValueForm form = ValueFormOf(book_.Names, name);
+    const bool quoted = manner.Encoding == VCardEncoding::QuotedPrintable;
+    if (quoted || form_ == Dialect::VCard21) {
+        return OldValue(form, parts, manner);
+    }
+    const std::string_view text = Letters(parts.Value, parts, manner);
+    const bool escapes = form == ValueForm::Text && text.find('\\') != std::string_view::npos;
+    return escapes ? book_.Keep(Unescaped(text)) : text;
+}
+
+std::string_view VCardContacts::Base64Of(const VCardParts& parts) {
+    const bool blanks = parts.Value.find_first_of(" \t") != std::string_view::npos;
+    std::string bytes;
+    if (!AppendBase64(parts.Value, bytes)) {
+        Doubt(Reason::NoBase64, parts);
+        return Letters(parts.Value, parts, {});
+    }
+    return blanks ? book_.Keep(ToBase64(bytes)) : parts.Value;
+}
+
+// Values of vCard 2.1, and quoted-printable in any version: separators count before the letters are
+// decoded, as a part may hold one in its encoded form.
+std::string_view VCardContacts::OldValue(ValueForm form,
+                                         const VCardParts& parts,
+                                         const Manner& manner) {
+    const bool quoted = manner.Encoding == VCardEncoding::QuotedPrintable;
+    // Letters first where a backslash or a comma may be a part of one.
+    std::string_view text = quoted ? parts.Value : Letters(parts.Value, parts, manner);
+    // A soft line end that nothing follows.
+    text.remove_suffix(quoted && text.ends_with('=') ? 1 : 0);
+    const bool as_it_is =
+        form == ValueForm::Parts
+            ? text.find_first_of("\\,") == std::string_view::npos
+            : form != ValueForm::List || text.find('\\') == std::string_view::npos;
+    if (!quoted && as_it_is) {
+        return text;
+    }
+    std::string value;
+    if (form != ValueForm::Parts && form != ValueForm::List) {
+        AppendOld(text, form, parts, manner, value);
+        return book_.Keep(value);
+    }
+    const char separator = form == ValueForm::Parts ? ';' : ',';
+    std::string_view rest = text;
+    for (TakenPart part{{}, true}; part.More;) {
+        part = TakePart(rest, separator);
+        AppendOld(part.Text, form, parts, manner, value);
+        value += part.More ? std::string_view(&separator, 1) : std::string_view{};
+    }
+    return book_.Keep(value);
+}
+
+void VCardContacts::AppendOld(std::string_view part,
+                              ValueForm form,
+                              const VCardParts& parts,
+                              const Manner& manner,
+                              std::string& to) {
+    const bool structured = form == ValueForm::Parts || form == ValueForm::List;
+    std::string text = structured ? WithoutOldEscapes(part) : std::string(part);
+    if (manner.Encoding == VCardEncoding::QuotedPrintable) {
+        std::string bytes;
+        if (AppendQuotedPrintable(text, bytes)) {
+            Doubt(Reason::NoQuotedPrintable, parts);
+        }
+        text = Letters(bytes, parts, manner);
+    }
+    if (structured) {
+        AppendEscaped(text, to);
+    } else if (form == ValueForm::Verbatim) {
+        AppendOneLine(text, to);
+    } else {
+        const bool escapes = form_ != Dialect::VCard21 && text.find('\\') != std::string::npos;
+        AppendLines(escapes ? Unescaped(text) : text, to);
+    }
+}
+
+std::string_view VCardContacts::Letters(std::string_view bytes,
+                                        const VCardParts& parts,
+                                        const Manner& manner) {
+    const bool quoted = manner.Encoding == VCardEncoding::QuotedPrintable;
+    const PieceCharset piece = quoted ? quoted_ : piece_;
+    std::size_t bad = 0;
+    std::optional<std::string_view> text;
+    if (!manner.Charset.empty()) {
+        text = charset_.DecodeAs(bytes, manner.Charset, book_.Texts(), bad);
+        if (!text) {
+            Doubt(Reason::UnknownCharset, parts);
+        }
+    }
+    if (!text) {
+        text = charset_.Decode(bytes, piece, book_.Texts(), bad);
+        if (piece == PieceCharset::Other &&
+            (SameName(parts.Name, "FN") || SameName(parts.Name, "N"))) {
+            charset_.Example(bytes);
+        }
+    }
+    if (bad > 0) {
+        Doubt(Reason::NoLetter, parts);
+    }
+    return *text;
+}
+
+void VCardContacts::FindKind(NameId name, std::string_view value) {
+    const bool group =
+        (name == field::kKind || name == field::kServerKind) && SameName(value, "group");
+    if (group || (name == field::kEvolutionList && SameName(value, "TRUE"))) {
+        contact_.Kind = ContactKind::List;
+    }
+}
+
+void VCardContacts::Doubt(Reason reason, const VCardParts& parts) {
+    book_.Told.Add({parts.Name,
+                    parts.Value,
+                    file_,
+                    contact_.From.Line,
+                    FieldNames::kNone,
+                    What::Doubtful,
+                    reason});
+}
+
+}  // namespace orvik::book

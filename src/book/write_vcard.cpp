@@ -1,0 +1,238 @@
+#include "book/write_vcard.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+
+#include "app/text.h"
+#include "book/members.h"
+#include "book/typed_views.h"
+#include "book/unchanged.h"
+#include "book/value_form.h"
+#include "book/vcard_fields.h"
+#include "book/vcard_line_writer.h"
+
+namespace orvik::book {
+namespace {
+
+class CardWriter {
+ public:
+    CardWriter(Book& book, Dialect version)
+        : book_(book), version_(version), identities_(book), directory_(book, identities_) {}
+
+    std::string WriteAll() {
+        if (const auto bytes = UnchangedFile(book_, version_)) {
+            CountAllKept(book_);
+            return std::string(*bytes);
+        }
+        for (std::size_t i = 0; i < book_.Contacts.size(); ++i) {
+            const Contact& contact = book_.Contacts[i];
+            if (const auto bytes = UnchangedRecord(book_, contact, version_)) {
+                text_.append(*bytes);
+                text_.append(text_.ends_with('\n') || text_.ends_with('\r') ? "" : "\r\n");
+                book_.Told.CountMore(What::Kept, contact.Properties.size());
+            } else {
+                Write(contact, identities_.UidAt(i));
+            }
+            book_.CountWritten(i + 1);
+        }
+        return std::move(text_);
+    }
+
+ private:
+    void Write(const Contact& contact, const std::string& uid) {
+        AppendFolded("BEGIN:VCARD", text_);
+        AppendFolded(version_ == Dialect::VCard40 ? "VERSION:4.0" : "VERSION:3.0", text_);
+        WriteFirst(contact, uid);
+        for (const Property& one : contact.Properties) {
+            if (one.Name != field::kUid && one.Name != field::kN && one.Name != field::kFn) {
+                WriteProperty(contact, one);
+            }
+        }
+        AppendFolded("END:VCARD", text_);
+    }
+
+    // What each card has, made up from the rest where it lacks.
+    void WriteFirst(const Contact& contact, const std::string& uid) {
+        if (WriteAll(contact, field::kUid) == 0) {
+            AppendFolded((version_ == Dialect::VCard40 ? "UID:urn:uuid:" : "UID:") + uid, text_);
+        }
+        if (WriteAll(contact, field::kN) == 0 && version_ == Dialect::VCard30) {
+            AppendFolded("N:;;;;", text_);
+        }
+        if (WriteAll(contact, field::kFn) == 0) {
+            std::string line = "FN:";
+            AppendEscaped(NameOf(book_, contact).Shown, line);
+            AppendFolded(line, text_);
+        }
+        const NameId kind = version_ == Dialect::VCard40 ? field::kKind : field::kServerKind;
+        const bool told = !FirstOf(book_, contact, field::kKind).empty() ||
+                          !FirstOf(book_, contact, field::kServerKind).empty() ||
+                          !FirstOf(book_, contact, field::kEvolutionList).empty();
+        if (contact.Kind == ContactKind::List && !told) {
+            AppendFolded(std::string(book_.Names.Text(kind)) + ":group", text_);
+        }
+    }
+
+    std::size_t WriteAll(const Contact& contact, NameId name) {
+        std::size_t count = 0;
+        for (const Property& one : contact.Properties) {
+            if (one.Name == name) {
+                WriteProperty(contact, one);
+                ++count;
+            }
+        }
+        return count;
+    }
+
+    void WriteProperty(const Contact& contact, const Property& one) {
+        if (one.Name == field::kMember || one.Name == field::kServerMember) {
+            return WriteMember(contact, one);
+        }
+        const Details& details = book_.DetailsOf(one);
+        VCardName name = NameIn(version_, book_.Names.Text(one.Name));
+        // Other kinds than groups have no name of old.
+        if (one.Name == field::kKind && version_ == Dialect::VCard30 &&
+            !SameName(one.Value, "group")) {
+            name = {std::string(kCarriedFromVCard) + "KIND", true};
+        }
+        std::string line = details.Group.empty() ? "" : std::string(details.Group) + ".";
+        line += name.Text;
+        const bool whole = AppendParams(one, details, line);
+        line += ":";
+        AppendValue(one, name.Text, line);
+        AppendFolded(line, text_);
+        Tell(contact, one, whole ? What::Kept : What::Doubtful, name);
+    }
+
+    bool AppendParams(const Property& one, const Details& details, std::string& line) {
+        const bool newer = version_ == Dialect::VCard40;
+        const bool bytes = newer && MayBeData(one) && IsBytes(one);
+        bool whole = true;
+        for (const Param& param : details.Params) {
+            const bool preferred = SameName(param.Value, "pref") && param.Name == field::kType;
+            if (bytes && (param.Name == field::kEncoding || param.Name == field::kType)) {
+                continue;
+            }
+            if (preferred && newer) {
+                line += ";PREF=1";
+            } else if (param.Name == field::kPref && param.Value == "1" && !newer) {
+                line += ";TYPE=PREF";
+            } else {
+                whole =
+                    AppendParam(version_, book_.Names.Text(param.Name), param.Value, line) && whole;
+            }
+        }
+        if (const auto uri = newer || !MayBeData(one) ? std::nullopt : SplitDataUri(one.Value)) {
+            line += ";ENCODING=b";
+            const std::string_view type = uri->Type.substr(uri->Type.find('/') + 1);
+            whole = (type.empty() || AppendParam(version_, "TYPE", type, line)) && whole;
+        }
+        return whole;
+    }
+
+    // Pictures, sounds and keys, whose bytes 4.0 writes as an address that holds them.
+    [[nodiscard]] static bool MayBeData(const Property& one) {
+        constexpr std::array kNames = {field::kPhoto, field::kLogo, field::kSound, field::kKey};
+        return std::find(kNames.begin(), kNames.end(), one.Name) != kNames.end();
+    }
+
+    [[nodiscard]] bool IsBytes(const Property& one) const {
+        return ParamOf(book_, one, field::kEncoding) == "b";
+    }
+
+    void AppendValue(const Property& one, std::string_view name, std::string& line) const {
+        const bool newer = version_ == Dialect::VCard40;
+        const auto uri = newer || !MayBeData(one) ? std::nullopt : SplitDataUri(one.Value);
+        const bool address =
+            SameName(ParamOf(book_, one, field::kValue), "uri") && one.Name < field::kKnown;
+        const ValueForm form = ValueFormOf(book_.Names, one.Name);
+        if (newer && MayBeData(one) && IsBytes(one)) {
+            line.append("data:").append(MediaType(one)).append(";base64,").append(one.Value);
+        } else if (uri) {
+            line += uri->Base64;
+        } else if (IsDate(name)) {
+            line += DateIn(version_, one.Value);
+        } else if (form == ValueForm::Text && !address && !IsBytes(one)) {
+            AppendEscaped(one.Value, line);
+        } else {
+            AppendOneLine(one.Value, line);
+        }
+    }
+
+    [[nodiscard]] static bool IsDate(std::string_view name) {
+        return SameName(name, "BDAY") || SameName(name, "REV") || SameName(name, "ANNIVERSARY");
+    }
+
+    [[nodiscard]] std::string MediaType(const Property& one) const {
+        std::string type(ParamOf(book_, one, field::kType));
+        const bool picture = one.Name == field::kPhoto || one.Name == field::kLogo;
+        if (type.find('/') == std::string::npos) {
+            const std::string kind = picture                     ? "image/"
+                                     : one.Name == field::kSound ? "audio/"
+                                                                 : "application/";
+            type = kind + (!type.empty() ? type : picture ? "jpeg" : "octet-stream");
+        }
+        return ToLower(type);
+    }
+
+    // A member is named by its UID, else by its address, else as the list named it.
+    void WriteMember(const Contact& contact, const Property& one) {
+        const ListMember member = directory_.MemberOf(one);
+        const VCardName name = NameIn(version_, "MEMBER");
+        const bool found = member.Record != ListMember::kNobody;
+        std::string line = name.Text;
+        bool whole = AppendParams(one, book_.DetailsOf(one), line);
+        std::string value(one.Value);
+        if (found) {
+            value = AsUrn(member.Uid);
+        } else if (IsDn(one.Value) && !member.Address.empty()) {
+            value = "mailto:" + member.Address;
+            whole = AppendParam(version_, kDnParam, one.Value, line) && whole;
+        }
+        line += ":";
+        AppendOneLine(value, line);
+        AppendFolded(line, text_);
+        Tell(contact, one, whole ? What::Kept : What::Doubtful, name);
+        if (!found) {
+            book_.Told.Add({book_.Names.Text(one.Name),
+                            one.Value,
+                            contact.From.File,
+                            contact.From.Line,
+                            FieldNames::kNone,
+                            What::Skipped,
+                            Reason::NotFound});
+        }
+    }
+
+    void Tell(const Contact& contact, const Property& one, What what, const VCardName& name) {
+        if (what == What::Kept && !name.Carried) {
+            book_.Told.CountMore(What::Kept);
+            return;
+        }
+        const bool carried = what == What::Kept;
+        book_.Told.Add({book_.Names.Text(one.Name),
+                        one.Value,
+                        contact.From.File,
+                        contact.From.Line,
+                        book_.Names.Intern(name.Text),
+                        carried ? What::Carried : What::Doubtful,
+                        carried ? Reason::NotInTarget : Reason::ChangedSigns});
+    }
+
+    Book& book_;
+    Dialect version_;
+    Identities identities_;
+    Directory directory_;
+    std::string text_;
+};
+
+}  // namespace
+
+std::string WriteVCard(Book& book, Dialect version) {
+    return CardWriter(book, version).WriteAll();
+}
+
+}  // namespace orvik::book

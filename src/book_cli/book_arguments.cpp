@@ -1,0 +1,209 @@
+#include "book_cli/book_arguments.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "app/text.h"
+#include "book/charset_converter.h"
+#include "cli/words.h"
+
+namespace orvik::book_cli {
+namespace {
+
+constexpr const char* kExamples =
+    "Examples:\n"
+    "  orvik-book show book.ldif\n"
+    "  orvik-book convert book.ldif -o contacts.vcf\n"
+    "  orvik-book convert old.vcf work.ldif --vcard 4 -o all.vcf\n"
+    "  orvik-book diff book.ldif contacts.vcf\n"
+    "\n"
+    "A file named - is standard input.\n"
+    "\n"
+    "Exit status: 0 all, 1 something skipped, lost or different, 2 usage,\n"
+    "65 no address book, 66 no input, 71 out of memory, 73 cannot create,\n"
+    "74 input/output error, 130 interrupted.";
+
+// The parser would take a name in brackets for a list of names.
+std::string Unbracketed(std::string_view word) {
+    const bool list = word.starts_with('[') && word.ends_with(']');
+    return (list ? "./" : "") + std::string(word);
+}
+
+std::string CheckName(const std::string& name) {
+    return name.empty() ? "a file's name is empty" : "";
+}
+
+std::string CheckNoStream(const std::string& name) {
+    return name == kStandardStream
+               ? "- would be standard output, which is not for reports; a file of this name is ./-"
+               : CheckName(name);
+}
+
+std::string CheckCharset(const std::string& name) {
+    return book::CharsetConverter::Named(name) ? "" : "nobody knows the character set " + name;
+}
+
+bool IsLdifName(std::string_view name) {
+    return HasEnding(name, ".ldif") || HasEnding(name, ".ldi");
+}
+
+bool IsVCardName(std::string_view name) {
+    return HasEnding(name, ".vcf") || HasEnding(name, ".vcard");
+}
+
+// The options of each verb, and what they were given.
+class Parser {
+ public:
+    Parser()
+        : app_("Reads address books, LDIF and vCard, with all that they hold, and writes them.",
+               "orvik-book") {
+        app_.set_version_flag(
+            "--version", "orvik-book " ORVIK_VERSION, "Print the version and exit");
+        app_.set_help_flag("-h,--help", "Print this help and exit");
+        app_.footer(kExamples);
+        app_.failure_message(&cli::UsageMessage);
+        app_.require_subcommand(1);
+        show_ = AddVerb("show", "Say what is in address books", "FILE");
+        convert_ = AddVerb("convert", "Write address books as one vCard or LDIF file", "FILE");
+        diff_ = AddVerb("diff", "Compare two address books", "LEFT RIGHT");
+        AddConvertOptions();
+    }
+
+    [[nodiscard]] CLI::App& App() { return app_; }
+
+    // Errors: CLI::ParseError.
+    Arguments Parse(int argc, const char* const* argv) {
+        std::vector<std::string> plain;
+        std::vector<const char*> pointers;
+        plain.reserve(static_cast<std::size_t>(argc));
+        for (int i = 0; i < argc; ++i) {
+            plain.push_back(Unbracketed(argv[i]));
+        }
+        pointers.reserve(plain.size());
+        for (const std::string& word : plain) {
+            pointers.push_back(word.c_str());
+        }
+        const cli::Words words(static_cast<int>(pointers.size()), pointers.data());
+        app_.parse(words.Count(), words.Pointers());
+        arguments_.What = convert_->parsed() ? Verb::Convert
+                          : diff_->parsed()  ? Verb::Diff
+                                             : Verb::Show;
+        CheckFiles();
+        if (arguments_.What == Verb::Convert) {
+            FindTarget();
+        }
+        return arguments_;
+    }
+
+ private:
+    CLI::App* AddVerb(const char* name, const char* what, const char* files) {
+        CLI::App* const verb = app_.add_subcommand(name, what);
+        verb->failure_message(&cli::UsageMessage);
+        verb->add_option("FILES", arguments_.Files, "The address books; - is standard input")
+            ->type_name(files)
+            ->required()
+            ->check(&CheckName);
+        Single(
+            verb->add_option("--charset", arguments_.Charset, "The letters of what is not UTF-8"))
+            ->type_name("NAME")
+            ->check(&CheckCharset);
+        verb->add_flag("--json", arguments_.Json, "Print an object a line instead of text");
+        Single(verb->add_option("--report", arguments_.Report, "Write what became of each value"))
+            ->type_name("FILE")
+            ->check(&CheckNoStream);
+        verb->add_flag("--force", arguments_.Force, "Replace files that are there without asking");
+        return verb;
+    }
+
+    void AddConvertOptions() {
+        output_ = Single(convert_->add_option("-o,--output",
+                                              arguments_.Output,
+                                              "Where to write, - for standard output; .vcf and "
+                                              ".ldif tell the format"));
+        output_->type_name("FILE")->check(&CheckName);
+        vcard_ = Single(convert_->add_option("--vcard", version_, "Write vCard 3.0 or 4.0"));
+        vcard_->type_name("3|4")->check(CLI::IsMember({"3", "4"}));
+        attributes_ = Single(convert_->add_option(
+            "--attributes", set_, "Write LDIF with the attributes of a program"));
+        attributes_->type_name("PROGRAM")
+            ->check(CLI::IsMember({"netscape", "mozilla", "kcontacts", "evolution"}))
+            ->excludes(vcard_);
+        convert_->add_flag(
+            "--allow-loss", arguments_.AllowLoss, "Write what can be, even if values are lost");
+    }
+
+    static CLI::Option* Single(CLI::Option* option) {
+        return option->expected(1)->allow_extra_args(false);
+    }
+
+    void CheckFiles() const {
+        const auto& files = arguments_.Files;
+        if (arguments_.What == Verb::Diff && files.size() != 2) {
+            throw CLI::ValidationError("diff", "compares two address books");
+        }
+        if (std::count(files.begin(), files.end(), kStandardStream) > 1) {
+            throw CLI::ValidationError(kStandardStream, "standard input can be read once only");
+        }
+    }
+
+    void FindTarget() {
+        const std::string& name = arguments_.Output;
+        const bool stream = name == kStandardStream;
+        if (stream && arguments_.Json) {
+            throw CLI::ValidationError("--json", "needs -o FILE: both would go to standard output");
+        }
+        if (vcard_->count() > 0 && IsLdifName(name)) {
+            throw CLI::ValidationError("--vcard", "the ending of " + name + " asks for LDIF");
+        }
+        if (attributes_->count() > 0 && IsVCardName(name)) {
+            throw CLI::ValidationError("--attributes", "the ending of " + name + " asks for vCard");
+        }
+        if (attributes_->count() > 0 || IsLdifName(name)) {
+            arguments_.Target = book::Dialect::Ldif;
+            arguments_.Set = AskedSet();
+        } else if (version_ == "4") {
+            arguments_.Target = book::Dialect::VCard40;
+        } else if (vcard_->count() == 0 && !stream && !IsVCardName(name)) {
+            throw CLI::ValidationError(
+                "-o", "the ending of " + name + " tells no format; --vcard and --attributes do");
+        }
+    }
+
+    [[nodiscard]] std::optional<book::LdifAttributes> AskedSet() const {
+        using enum book::LdifAttributes;
+        if (set_.empty()) {
+            return std::nullopt;
+        }
+        return set_ == "netscape"    ? Netscape
+               : set_ == "kcontacts" ? KContacts
+               : set_ == "evolution" ? Evolution
+                                     : Mozilla;
+    }
+
+    CLI::App app_;
+    Arguments arguments_;
+    std::string version_;
+    std::string set_;
+    CLI::App* show_ = nullptr;
+    CLI::App* convert_ = nullptr;
+    CLI::App* diff_ = nullptr;
+    CLI::Option* output_ = nullptr;
+    CLI::Option* vcard_ = nullptr;
+    CLI::Option* attributes_ = nullptr;
+};
+
+}  // namespace
+
+std::variant<Arguments, cli::ExitStatus> ParseArguments(int argc,
+                                                        const char* const* argv,
+                                                        std::ostream& out,
+                                                        std::ostream& err) {
+    Parser parser;
+    try {
+        return parser.Parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return cli::Explain(parser.App(), error, out, err);
+    }
+}
+
+}  // namespace orvik::book_cli

@@ -1,0 +1,46 @@
+// The arguments of orvik-book.
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "book/ldif_sets.h"
+#include "book/record.h"
+#include "cli/exit_status.h"
+
+namespace orvik::book_cli {
+
+enum class Verb : std::uint8_t { Show, Convert, Diff };
+
+// What stands for standard input, and for standard output.
+inline constexpr const char* kStandardStream = "-";
+
+struct Arguments {
+    Verb What = Verb::Show;
+    // At least one; for Diff two.
+    std::vector<std::string> Files;
+    std::string Output = kStandardStream;
+    // What Convert writes: vCard 3.0, 4.0 or LDIF, and the attributes that were asked for.
+    book::Dialect Target = book::Dialect::VCard30;
+    std::optional<book::LdifAttributes> Set;
+    // Empty for none.
+    std::string Report;
+    std::string Charset;
+    bool Json = false;
+    bool Force = false;
+    bool AllowLoss = false;
+};
+
+// ParseArguments: the arguments, or the exit status where there is nothing to run: after help and
+// version, which go to out, and after a mistake, which goes to err. Errors: std::bad_alloc.
+[[nodiscard]] std::variant<Arguments, cli::ExitStatus> ParseArguments(int argc,
+                                                                      const char* const* argv,
+                                                                      std::ostream& out,
+                                                                      std::ostream& err);
+
+}  // namespace orvik::book_cli

@@ -1,0 +1,143 @@
+#include "book_cli/inputs.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "app/run_time_error.h"
+#include "book/charset.h"
+#include "book/read_ldif.h"
+#include "book/read_vcard.h"
+#include "book/source.h"
+#include "book_cli/book_arguments.h"
+
+namespace orvik::book_cli {
+namespace {
+
+using cli::ExitStatus;
+
+class Loader {
+ public:
+    Loader(Console& console, const std::string& charset, Loaded& loaded)
+        : console_(console), charset_(charset), loaded_(loaded) {}
+
+    void Load(const std::string& name) {
+        console_.Begin(name);
+        std::optional<std::string> bytes;
+        TrapFailure([&] { bytes = name == kStandardStream ? ReadStream() : ReadFile(name); },
+                    [&](const RunTimeError& failure) { Fail(failure); });
+        if (bytes) {
+            Take(std::make_unique<book::Source>(name, std::move(*bytes)));
+        }
+        console_.End();
+    }
+
+ private:
+    std::optional<std::string> ReadStream() {
+        std::string bytes;
+        CheckFile(console_.Files(), console_.ReadInput(book::kLongestSource, bytes), ".");
+        return IsShortEnough(bytes.size()) ? std::optional(std::move(bytes)) : std::nullopt;
+    }
+
+    std::optional<std::string> ReadFile(const std::string& name) {
+        switch (StatusOf(console_.Files(), name).Kind) {
+            case FileKind::Folder:
+                Fail("This is a folder, no address book", ExitStatus::NoInput);
+                return std::nullopt;
+            case FileKind::CharacterDevice:
+                Fail("This is a device, no address book", ExitStatus::NoInput);
+                return std::nullopt;
+            case FileKind::Other:
+                Fail("This is a pipe or another thing without an end; - reads standard input",
+                     ExitStatus::NoInput);
+                return std::nullopt;
+            default:
+                break;
+        }
+        FileSlot& slot = console_.Slot();
+        slot.OpenForInput(name);
+        if (!IsShortEnough(slot.Length())) {
+            return std::nullopt;
+        }
+        std::string bytes = slot.Read(slot.Length());
+        slot.Close();
+        return bytes;
+    }
+
+    bool IsShortEnough(std::size_t length) {
+        if (length > book::kLongestSource) {
+            Fail("The file has 4 GiB or more", ExitStatus::NoInput);
+            return false;
+        }
+        return true;
+    }
+
+    void Take(std::unique_ptr<book::Source> source) {
+        book::Detected found = book::Detect(*source);
+        if (found.Form == book::Format::None) {
+            Fail("this is " + found.Evidence + ", no address book", ExitStatus::NoBook);
+            return;
+        }
+        const std::size_t bad = source->BadLetters();
+        const std::uint32_t file = loaded_.Book.AddSource(std::move(source));
+        book::Charset letters(loaded_.Book.SourceAt(file), charset_);
+        const bool ldif = found.Form == book::Format::Ldif;
+        loaded_.Book.HowFar = console_.ProgressOf("reading");
+        (ldif ? book::ReadLdif : book::ReadVCard)(loaded_.Book, file, letters);
+        loaded_.Book.HowFar = nullptr;
+        if (bad > 0) {
+            loaded_.Book.Told.Add({{},
+                                   loaded_.Book.Keep(std::to_string(bad)),
+                                   file,
+                                   1,
+                                   book::FieldNames::kNone,
+                                   book::What::Doubtful,
+                                   book::Reason::NoLetter});
+        }
+        loaded_.Inputs.push_back({found.Form,
+                                  std::move(found.Evidence),
+                                  letters.Sentence(ldif ? "record" : "card"),
+                                  letters.IsDoubtful()});
+    }
+
+    void Fail(const RunTimeError& failure) {
+        PassLackOfMemory(failure);
+        Fail(cli::WithDetail(failure.what(), failure.Detail()),
+             cli::StatusOf(failure.Cause(), false));
+    }
+
+    void Fail(const std::string& text, ExitStatus status) {
+        console_.Tell(text);
+        if (loaded_.Status == ExitStatus::Done) {
+            loaded_.Status = status;
+        }
+    }
+
+    Console& console_;
+    const std::string& charset_;
+    Loaded& loaded_;
+};
+
+}  // namespace
+
+std::vector<book::Format> Loaded::Formats() const {
+    std::vector<book::Format> formats;
+    formats.reserve(Inputs.size());
+    for (const Input& one : Inputs) {
+        formats.push_back(one.Form);
+    }
+    return formats;
+}
+
+void Load(Console& console,
+          std::span<const std::string> names,
+          const std::string& charset,
+          Loaded& loaded) {
+    Loader loader(console, charset, loaded);
+    for (const std::string& name : names) {
+        loader.Load(name);
+    }
+}
+
+}  // namespace orvik::book_cli

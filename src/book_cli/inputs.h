@@ -1,0 +1,40 @@
+// The files that orvik-book reads, as one book.
+
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "book/address_book.h"
+#include "book/detect.h"
+#include "book_cli/console.h"
+#include "cli/exit_status.h"
+
+namespace orvik::book_cli {
+
+// What was found out about a source besides its records.
+struct Input {
+    book::Format Form = book::Format::None;
+    std::string Evidence;  // "line 1 begins a card"
+    std::string Charset;   // "windows-1252 (assumed; e.g. "Al")"
+    bool CharsetIsDoubtful = false;
+};
+
+struct Loaded {
+    book::Book Book;
+    std::vector<Input> Inputs;  // by the number of the source
+    // Of the first file that is no address book or cannot be read; the others are read.
+    cli::ExitStatus Status = cli::ExitStatus::Done;
+
+    [[nodiscard]] std::vector<book::Format> Formats() const;
+};
+
+// Load: reads files, "-" for standard input, and tells what is wrong with them. Nothing that they
+// name is opened. charset is empty, or the one that the user named. Errors: std::bad_alloc.
+void Load(Console& console,
+          std::span<const std::string> names,
+          const std::string& charset,
+          Loaded& loaded);
+
+}  // namespace orvik::book_cli

@@ -1,0 +1,56 @@
+// Records, and what became of them, as JSON: one object a line.
+
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "book/address_book.h"
+#include "book/differences.h"
+#include "book/identity.h"
+#include "book/members.h"
+
+namespace orvik::book_cli {
+
+// A book with the UIDs of its contacts, and its members.
+class Catalogue {
+ public:
+    // The book must outlive it.
+    explicit Catalogue(const book::Book& book) : book_(book) {}
+
+    [[nodiscard]] const book::Book& Book() const { return book_; }
+    [[nodiscard]] const book::Identities& Uids() const { return uids_; }
+    [[nodiscard]] const book::Directory& Members() const { return directory_; }
+
+ private:
+    const book::Book& book_;
+    book::Identities uids_{book_};
+    book::Directory directory_{book_, uids_};
+};
+
+// RecordLine: {"kind":"person","uid":...,"origin":{"file":...,"line":...}}. Bytes that are no text
+// become U+FFFD.
+[[nodiscard]] std::string RecordLine(const Catalogue& from, std::size_t contact);
+
+// DifferenceLine: the same of a contact that is only in one book, or changed, with what that is and
+// the names of the fields that differ.
+[[nodiscard]] std::string DifferenceLine(const Catalogue& left,
+                                         const Catalogue& right,
+                                         const book::Compared& found);
+
+// What a line of a report says.
+struct ReportEntry {
+    std::string_view What;
+    std::string_view File;
+    std::size_t Line = 0;
+    std::string_view Field;
+    std::string_view Value;
+    std::string_view Target;
+    std::string_view Reason;
+};
+// {"what":"carried","file":"a.ldif","line":1,"field":...,"value":...,"target":...,"reason":...}
+[[nodiscard]] std::string ReportLine(const ReportEntry& entry);
+
+}  // namespace orvik::book_cli

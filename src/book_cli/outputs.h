@@ -1,0 +1,51 @@
+// The files that orvik-book writes.
+
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "book_cli/book_arguments.h"
+#include "book_cli/console.h"
+#include "cli/exit_status.h"
+
+namespace orvik::book_cli {
+
+class Outputs {
+ public:
+    // Both must outlive this.
+    Outputs(Console& console, const Arguments& arguments)
+        : console_(console), arguments_(arguments) {}
+
+    // Tells what forbids to write the files that are asked for, before anything is read: one is
+    // read, under whatever name, or is there and nobody says that it may be replaced.
+    [[nodiscard]] cli::ExitStatus Check();
+
+    // Writes the book, or the report; a file as a whole or not at all. Without a name for it
+    // nothing is done.
+    [[nodiscard]] cli::ExitStatus WriteBook(std::string_view contents);
+    [[nodiscard]] cli::ExitStatus WriteReport(std::string_view contents);
+    // What was printed has to have arrived.
+    [[nodiscard]] cli::ExitStatus FinishPrinting();
+
+ private:
+    // What may be done to a file.
+    struct Target {
+        std::string Name;
+        bool MayReplace = false;
+    };
+
+    [[nodiscard]] cli::ExitStatus CheckFile(Target& target);
+    [[nodiscard]] bool IsRead(const std::string& name) const;
+    [[nodiscard]] bool AreOneFile() const;
+    [[nodiscard]] cli::ExitStatus WriteFile(const Target& target, std::string_view contents);
+    cli::ExitStatus Refuse(const std::string& text, const std::string& name);
+
+    Console& console_;
+    const Arguments& arguments_;
+    Target book_;
+    Target report_;
+};
+
+}  // namespace orvik::book_cli

@@ -1,0 +1,169 @@
+#include "book_cli/told.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+#include "app/printable.h"
+#include "book/typed_views.h"
+
+namespace orvik::book_cli {
+namespace {
+
+using book::What;
+
+// Nobody reads more at a terminal; the report has all.
+constexpr std::size_t kMostTold = 20;
+
+// The beginning of a value, without a letter that is cut.
+std::string Shortened(std::string_view value) {
+    constexpr std::size_t kLongest = 60;
+    if (value.size() <= kLongest) {
+        return std::string(value);
+    }
+    std::size_t end = kLongest;
+    while (end > 0 && (static_cast<unsigned char>(value[end]) & 0xC0U) == 0x80) {
+        --end;
+    }
+    return std::string(value.substr(0, end)) + "...";
+}
+
+void TellKind(Console& console, const book::Book& book, What kind) {
+    std::size_t told = 0;
+    for (const book::Remark& one : book.Told.Remarks()) {
+        if (one.Kind == kind && ++told <= kMostTold) {
+            console.Begin(book.SourceAt(one.File).Name());
+            console.Tell(RemarkText(book, one));
+        }
+    }
+    console.End();
+    if (told > kMostTold) {
+        console.Tell(std::to_string(told - kMostTold) + " more " + std::string(NameOf(kind)) +
+                     "; --report FILE names all");
+    }
+}
+
+}  // namespace
+
+std::string Counted(std::size_t count, const std::string& one, const std::string& many) {
+    return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+std::string RemarkText(const book::Book& book, const book::Remark& remark) {
+    std::string text =
+        "line " + std::to_string(remark.Line) + ": " + std::string(NameOf(remark.Kind)) + ": ";
+    text += remark.Field;
+    text += remark.Field.empty() || remark.Value.empty() ? "" : " ";
+    text += remark.Value.empty() ? "" : "\"" + Shortened(remark.Value) + "\"";
+    text += remark.Field.empty() && remark.Value.empty() ? "it " : ": ";
+    text += WordsFor(remark.Why);
+    if (remark.Target != book::FieldNames::kNone) {
+        text += " (" + std::string(book.Names.Text(remark.Target)) + ")";
+    }
+    return Printable(text);
+}
+
+void TellCharsets(Console& console, const Loaded& loaded) {
+    for (std::uint32_t i = 0; i < loaded.Inputs.size(); ++i) {
+        if (loaded.Inputs[i].CharsetIsDoubtful) {
+            console.Begin(loaded.Book.SourceAt(i).Name());
+            console.Tell(Printable(loaded.Inputs[i].Charset) + "; --charset names another set");
+        }
+    }
+    console.End();
+}
+
+void TellRemarks(Console& console, const Loaded& loaded) {
+    for (const What kind : {What::Lost, What::Skipped, What::Doubtful}) {
+        TellKind(console, loaded.Book, kind);
+    }
+}
+
+std::string SummaryTail(const book::Book& book) {
+    std::string text;
+    for (const What kind : {What::Doubtful, What::Skipped}) {
+        if (const std::size_t count = book.Told.Count(kind); count > 0) {
+            text += "   " + std::string(NameOf(kind)) + " " + std::to_string(count);
+        }
+    }
+    return text;
+}
+
+void AddMissingMembers(book::Book& book, const Catalogue& catalogue) {
+    for (const book::Contact& contact : book.Contacts) {
+        for (const book::Property& one : contact.Properties) {
+            const bool named =
+                one.Name == book::field::kMember || one.Name == book::field::kServerMember;
+            if (named && catalogue.Members().MemberOf(one).Record == book::ListMember::kNobody) {
+                book.Told.Add({book.Names.Text(one.Name),
+                               one.Value,
+                               contact.From.File,
+                               contact.From.Line,
+                               book::FieldNames::kNone,
+                               What::Skipped,
+                               book::Reason::NotFound});
+            }
+        }
+    }
+}
+
+std::string ReportOf(const Loaded& loaded) {
+    const book::Book& book = loaded.Book;
+    std::string text;
+    for (std::uint32_t i = 0; i < loaded.Inputs.size(); ++i) {
+        if (loaded.Inputs[i].CharsetIsDoubtful) {
+            text += ReportLine({NameOf(What::Doubtful),
+                                book.SourceAt(i).Name(),
+                                1,
+                                {},
+                                {},
+                                {},
+                                loaded.Inputs[i].Charset});
+        }
+    }
+    for (const book::Contact& one : book.Contacts) {
+        const std::string name = book::NameOf(book, one).Shown;
+        text += ReportLine({NameOf(What::Read),
+                            book.SourceAt(one.From.File).Name(),
+                            one.From.Line,
+                            {},
+                            name,
+                            {},
+                            {}});
+    }
+    for (const book::Remark& one : book.Told.Remarks()) {
+        const bool known = one.Target != book::FieldNames::kNone;
+        text += ReportLine({NameOf(one.Kind),
+                            book.SourceAt(one.File).Name(),
+                            one.Line,
+                            one.Field,
+                            one.Value,
+                            known ? book.Names.Text(one.Target) : std::string_view{},
+                            WordsFor(one.Why)});
+    }
+    if (const std::size_t kept = book.Told.Count(What::Kept); kept > 0) {
+        const std::string count = std::to_string(kept);
+        text += ReportLine({NameOf(What::Kept), {}, 0, {}, count, {}, "values are as they were"});
+    }
+    return text;
+}
+
+std::string Refusal(const book::Book& book, bool allow_loss) {
+    const std::size_t lost = book.Told.Count(What::Lost);
+    return lost == 0 || allow_loss
+               ? std::string()
+               : Counted(lost, "value", "values") +
+                     " would be lost, so nothing is written; --allow-loss writes the rest";
+}
+
+cli::ExitStatus StatusOf(const book::Book& book) {
+    const bool whole = book.Told.Count(What::Skipped) == 0 && book.Told.Count(What::Lost) == 0;
+    return whole ? cli::ExitStatus::Done : cli::ExitStatus::Problem;
+}
+
+cli::ExitStatus Worse(cli::ExitStatus one, cli::ExitStatus other) {
+    return std::max(one, other);
+}
+
+}  // namespace orvik::book_cli

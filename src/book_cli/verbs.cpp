@@ -1,0 +1,22 @@
+#include "book_cli/verbs.h"
+
+namespace orvik::book_cli {
+
+cli::ExitStatus Run(const Arguments& arguments, Console& console) {
+    Outputs outputs(console, arguments);
+    const cli::ExitStatus status = outputs.Check();
+    if (status != cli::ExitStatus::Done) {
+        return status;
+    }
+    switch (arguments.What) {
+        case Verb::Convert:
+            return Convert(arguments, console, outputs);
+        case Verb::Diff:
+            return Diff(arguments, console, outputs);
+        case Verb::Show:
+            break;
+    }
+    return Show(arguments, console, outputs);
+}
+
+}  // namespace orvik::book_cli

@@ -1,0 +1,120 @@
+#!/usr/bin/env python3
+"""Runs orvik-book at a terminal: its question, its colours, and Ctrl+C.
+
+Argument: the program.
+"""
+
+import os
+import pathlib
+import pty
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+PROGRAM = sys.argv[1]
+CARD = "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nN:Bo;;;;\r\nFN:Bo\r\nEND:VCARD\r\n"
+QUESTION = "there.vcf is there already. Replace it? [y/N]"
+
+
+def check(what, holds, shown=""):
+    if not holds:
+        sys.exit(f"terminal: {what}: {shown}")
+
+
+def environment(**more):
+    kept = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
+    return {**kept, "TERM": "xterm", **more}
+
+
+def at_terminal(arguments, answer="", **variables):
+    """Runs the program with all of its streams at a terminal. Returns what is shown, and the exit
+    status."""
+    ours, theirs = pty.openpty()
+    process = subprocess.Popen(
+        [PROGRAM, *arguments], stdin=theirs, stdout=theirs, stderr=theirs, env=environment(**variables)
+    )
+    os.close(theirs)
+    os.write(ours, answer.encode())
+    shown = b""
+    while True:
+        try:
+            part = os.read(ours, 4096)
+        except OSError:
+            break
+        if not part:
+            break
+        shown += part
+    os.close(ours)
+    return shown.decode(), process.wait()
+
+
+def test_question():
+    there = pathlib.Path("there.vcf")
+    for answer, replaced in (("y", True), ("YES", True), ("n", False), ("", False), ("maybe", False)):
+        there.write_text("old")
+        shown, status = at_terminal(["convert", "bo.vcf", "-o", "there.vcf"], answer + "\n")
+        check(f"asks before {answer}", QUESTION in shown, shown)
+        check(f"status after {answer}", status == (0 if replaced else 73), status)
+        content = there.read_bytes().decode()
+        check(f"the file after {answer}", content == (CARD if replaced else "old"), content)
+    shown, status = at_terminal(["convert", "bo.vcf", "-o", "there.vcf", "--force"])
+    check("asks nothing with --force", QUESTION not in shown and status == 0, shown)
+    # Where nobody sees the question nobody is asked.
+    there.write_text("old")
+    ours, theirs = pty.openpty()
+    os.write(ours, b"y\n")
+    told = subprocess.run(
+        [PROGRAM, "convert", "bo.vcf", "-o", "there.vcf"], stdin=theirs, capture_output=True, text=True
+    )
+    check("asks a file", told.returncode == 73 and "Replace" not in told.stderr, told.stderr)
+    os.close(ours)
+    os.close(theirs)
+
+
+def test_colours():
+    coloured = "\x1b[1mbo.vcf\x1b[0m: vCard 3.0"
+    shown, _ = at_terminal(["show", "bo.vcf"])
+    check("colours at a terminal", coloured in shown, shown)
+    shown, _ = at_terminal(["show", "bo.vcf"], NO_COLOR="")
+    check("an empty NO_COLOR", coloured in shown, shown)
+    for variable in ({"NO_COLOR": "1"}, {"TERM": "dumb"}):
+        shown, _ = at_terminal(["show", "bo.vcf"], **variable)
+        check(f"no colours with {variable}", "\x1b" not in shown and "bo.vcf: vCard" in shown, shown)
+    told = subprocess.run([PROGRAM, "show", "bo.vcf"], capture_output=True, text=True, env=environment())
+    check("no colours in a file", "\x1b" not in told.stdout + told.stderr, told.stdout)
+
+
+def test_interrupt():
+    """A shell shows the signal as status 130."""
+    for name in (signal.SIGINT, signal.SIGTERM):
+        process = subprocess.Popen(
+            [PROGRAM, "convert", "-", "-o", "never.vcf"],
+            stdin=subprocess.PIPE,
+            stderr=subprocess.DEVNULL,
+            restore_signals=True,
+            preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL),
+        )
+        process.stdin.write(CARD.encode())
+        process.stdin.flush()
+        # It waits for more.
+        while pathlib.Path(f"/proc/{process.pid}/stat").read_text().split()[2] != "S":
+            time.sleep(0.01)
+        process.send_signal(name)
+        status = process.wait()
+        check(f"ends by {name.name}", status == -name, status)
+        check(f"nothing is written after {name.name}", os.listdir() == ["bo.vcf"], os.listdir())
+
+
+def main():
+    with tempfile.TemporaryDirectory() as folder:
+        os.chdir(folder)
+        pathlib.Path("bo.vcf").write_bytes(CARD.encode())
+        test_interrupt()
+        test_question()
+        test_colours()
+        os.chdir("/")
+
+
+main()

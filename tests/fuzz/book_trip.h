@@ -1,0 +1,59 @@
+// What must hold of any bytes that are read as a book of records.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "book/address_book.h"
+#include "book/charset.h"
+#include "book/detect.h"
+#include "book/read_ldif.h"
+#include "book/read_vcard.h"
+#include "book/utf8.h"
+#include "book/write_ldif.h"
+#include "book/write_vcard.h"
+#include "fuzz/fuzz_target.h"
+
+namespace orvik::fuzz {
+
+using BookReader = void (*)(book::Book&, std::uint32_t, book::Charset&);
+
+inline std::unique_ptr<book::Book> ReadBook(BookReader reader, std::string bytes) {
+    auto read = std::make_unique<book::Book>();
+    const std::uint32_t file =
+        read->AddSource(std::make_unique<book::Source>("file", std::move(bytes)));
+    book::Charset charset(read->SourceAt(file), {});
+    reader(*read, file, charset);
+    Check(!charset.Sentence("record").empty(), "the character set is told");
+    return read;
+}
+
+inline void CheckBack(BookReader reader, const std::string& written, const book::Book& book) {
+    // NULs make other text of it, see WideFormOf.
+    if (book::WideFormOf(written) != book::WideForm::None) {
+        return;
+    }
+    const auto back = ReadBook(reader, written);
+    Check(back->Contacts.size() == book.Contacts.size(), "each contact comes back");
+}
+
+inline void CheckTrips(BookReader reader, std::string_view bytes) {
+    const auto read = ReadBook(reader, std::string(bytes));
+    const book::Source source("file", std::string(bytes));
+    Check(!book::Detect(source).Evidence.empty(), "the evidence is told");
+    for (book::Contact& contact : read->Contacts) {
+        for (const book::Property& property : contact.Properties) {
+            Check(book::CountUtf8(property.Value).Bad == 0, "values are UTF-8");
+        }
+        contact.Changed = true;
+    }
+    CheckBack(book::ReadVCard, book::WriteVCard(*read, book::Dialect::VCard30), *read);
+    CheckBack(book::ReadVCard, book::WriteVCard(*read, book::Dialect::VCard40), *read);
+    CheckBack(book::ReadLdif, book::WriteLdif(*read, book::LdifAttributes::Mozilla), *read);
+}
+
+}  // namespace orvik::fuzz

@@ -1,0 +1,86 @@
+#include "book/source.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace orvik::book {
+namespace {
+
+using namespace std::string_literals;
+
+// ASCII text in two or four bytes a letter.
+std::string Wide(std::string_view text, std::size_t bytes, bool big) {
+    std::string wide;
+    for (const char c : text) {
+        std::string letter(bytes, '\0');
+        letter[big ? bytes - 1 : 0] = c;
+        wide += letter;
+    }
+    return wide;
+}
+
+TEST(Source, TakesTheMarkAway) {
+    const Source marked("file", "\xEF\xBB\xBFtext");
+    EXPECT_EQ(marked.Text(), "text");
+    EXPECT_EQ(marked.Bytes(), "\xEF\xBB\xBFtext");
+    EXPECT_TRUE(marked.HasMark());
+    EXPECT_EQ(marked.OffsetOf(marked.Text().data() + 2), 2U);
+    const Source plain("file", "J\xF6rg");
+    EXPECT_EQ(plain.Text().data(), plain.Bytes().data());
+    EXPECT_FALSE(plain.HasMark());
+}
+
+TEST(Source, ReadsWideTextWithAndWithoutItsMark) {
+    const std::string text = "dn: cn=Al\r\ncn: Al\r\n";
+    const struct {
+        std::string Mark;
+        std::size_t Bytes;
+        bool Big;
+        WideForm Form;
+    } rows[] = {
+        {"\xFF\xFE", 2, false, WideForm::Utf16Le},
+        {"\xFE\xFF", 2, true, WideForm::Utf16Be},
+        {"", 2, false, WideForm::Utf16Le},
+        {"", 2, true, WideForm::Utf16Be},
+        {"\xFF\xFE\0\0"s, 4, false, WideForm::Utf32Le},
+        {"\0\0\xFE\xFF"s, 4, true, WideForm::Utf32Be},
+    };
+    for (const auto& row : rows) {
+        const Source source("file", row.Mark + Wide(text, row.Bytes, row.Big));
+        EXPECT_EQ(source.Wide(), row.Form);
+        EXPECT_EQ(source.Text(), text) << NameOf(row.Form);
+        EXPECT_EQ(source.BadLetters(), 0U);
+    }
+}
+
+TEST(Source, TellsHalfLettersAndStrayBytes) {
+    const Source cut("file",
+                     "\xFF\xFE"
+                     "a\0b\0c"s);
+    EXPECT_EQ(cut.Text(), "ab\xEF\xBF\xBD");
+    EXPECT_EQ(cut.BadLetters(), 1U);
+    const Source half("file",
+                      "\xFF\xFE"
+                      "a\0\x00\xD8"
+                      "b\0"s);
+    EXPECT_EQ(half.Text(),
+              "a\xEF\xBF\xBD"
+              "b");
+    EXPECT_EQ(half.BadLetters(), 1U);
+}
+
+TEST(WideFormOf, TellsByTheSeparatorsWhereLettersAreNotLatin) {
+    std::string big;
+    for (int i = 0; i < 30; ++i) {
+        big += "\x30\x42\x30\x44\x30\x46\x30\x48\0,"s;
+    }
+    EXPECT_EQ(WideFormOf(big), WideForm::Utf16Be);
+    EXPECT_EQ(WideFormOf(std::string(100, '\0')), WideForm::None);
+    EXPECT_EQ(WideFormOf("plain\ntext\n"), WideForm::None);
+    EXPECT_EQ(WideFormOf("plain text:\0 with some:\0 NULs:\0 in between\n"s), WideForm::None);
+    EXPECT_EQ(WideFormOf(""), WideForm::None);
+}
+
+}  // namespace
+}  // namespace orvik::book
