@@ -21,7 +21,6 @@ namespace {
 
 using batch::Arguments;
 using batch::Command;
-using batch::Messenger;
 using batch::Status;
 
 // Takes all and keeps nothing, so that it needs no memory of its own.
