@@ -65,7 +65,8 @@ void BatchPlatform::Fail(std::string_view text, Status status) {
 }
 
 void BatchPlatform::Fail(const RunTimeError& failure, bool writing) {
-    Fail(cli::WithDetail(failure.what(), failure.Detail()), cli::StatusOf(failure.Cause(), writing));
+    Fail(cli::WithDetail(failure.what(), failure.Detail()),
+         cli::StatusOf(failure.Cause(), writing));
 }
 
 void BatchPlatform::Note(std::string_view text) {

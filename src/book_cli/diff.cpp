@@ -32,7 +32,7 @@ std::string TextOf(const book::Book& left, const book::Book& right, const Compar
     }
     std::string text = "changed: " + NameIn(left, one.Left) + ", " + NameIn(right, one.Right) + ":";
     for (const std::string& field : one.Fields) {
-        text += " " + Printable(field);
+        text.append(" ").append(Printable(field));
     }
     return text + "\n";
 }

@@ -55,7 +55,9 @@ std::string RemarkText(const book::Book& book, const book::Remark& remark) {
         "line " + std::to_string(remark.Line) + ": " + std::string(NameOf(remark.Kind)) + ": ";
     text += remark.Field;
     text += remark.Field.empty() || remark.Value.empty() ? "" : " ";
-    text += remark.Value.empty() ? "" : "\"" + Shortened(remark.Value) + "\"";
+    if (!remark.Value.empty()) {
+        text.append("\"").append(Shortened(remark.Value)).append("\"");
+    }
     text += remark.Field.empty() && remark.Value.empty() ? "it " : ": ";
     text += WordsFor(remark.Why);
     if (remark.Target != book::FieldNames::kNone) {
