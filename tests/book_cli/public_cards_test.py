@@ -9,7 +9,6 @@ and the program finds no difference itself. Losses that are planted have to be s
 """
 
 import json
-import os
 import pathlib
 import subprocess
 import sys
@@ -20,11 +19,10 @@ sys.dont_write_bytecode = True
 
 import card_lines
 import own_cards
+import public_cards
 
 PROGRAM, TOUCH, ROOT = sys.argv[1:4]
 SETS = ("netscape", "mozilla", "kcontacts", "evolution")
-# Collections of which at least two stand side by side.
-COLLECTIONS = ("calcard", "ez-vcard", "ical4j-vcard")
 
 
 class Count:
@@ -34,18 +32,6 @@ class Count:
     def fail(cls, path, what):
         cls.failed += 1
         print(f"{path}: {what}"[:300])
-
-
-def public_folder():
-    """Where the public cards are, or None."""
-    named = os.environ.get("ORVIK_PUBLIC_CARDS")
-    if named:
-        return pathlib.Path(named)
-    beside = pathlib.Path(ROOT).resolve().parent
-    for folder in sorted(beside.glob("*/*")):
-        if sum((folder / name).is_dir() for name in COLLECTIONS) >= 2:
-            return folder
-    return None
 
 
 def run(*arguments, data=None):
@@ -165,7 +151,7 @@ def main():
             path.write_bytes(card)
             check(path, number)
             check_planted(str(path), card)
-    public = public_folder()
+    public = public_cards.folder(ROOT)
     if public is None:
         print("public cards: not here (ORVIK_PUBLIC_CARDS names their folder), so left out")
     else:
