@@ -27,25 +27,6 @@ std::string TimeStampOf(std::string_view text) {
     return std::string(text.substr(0, kDate)) + "T" + std::string(text.substr(kDate));
 }
 
-// The lines of a postal address in a directory: " $ " parts them, \24 is $ and \5C a backslash.
-std::string PostalLinesOf(std::string_view text) {
-    std::string lines;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const std::string_view three = text.substr(i, 3);
-        if (three == "\\24" || three == "\\5C" || three == "\\5c") {
-            lines += three[1] == '2' ? '$' : '\\';
-            i += 2;
-        } else if (text[i] == '$') {
-            lines.erase(lines.find_last_not_of(' ') + 1);
-            lines += '\n';
-            i = std::min(text.find_first_not_of(' ', i + 1), text.size()) - 1;
-        } else {
-            lines += text[i];
-        }
-    }
-    return lines;
-}
-
 }  // namespace
 
 LdifContacts::LdifContacts(Book& book, Charset& charset, std::uint32_t file)
@@ -53,10 +34,11 @@ LdifContacts::LdifContacts(Book& book, Charset& charset, std::uint32_t file)
 
 void LdifContacts::Clear() {
     contact_ = {};
-    dn_ = any_phone_ = post_box_ = unit_ = {};
+    dn_ = any_phone_ = post_box_ = postal_ = home_postal_ = unit_ = {};
     name_ = work_ = home_ = org_ = {};
     birth_ = {};
     of_kcontacts_ = false;
+    late_.clear();
     carried_.clear();
     last_was_carried_ = false;
 }
@@ -113,6 +95,8 @@ void LdifContacts::TakeRow(const TextRow& row) {
         Carry(parts->Name, value.Text);
     } else if (!value.Text.empty()) {
         TakeText(field, *parts, value.Text);
+    } else if (field.Meaning != LdifMeaning::Dn) {
+        Carry(parts->Name, {});
     }
     last_was_carried_ = false;
 }
@@ -138,8 +122,12 @@ LdifContacts::Value LdifContacts::FromBase64(const LdifField& field, const LdifP
         return {Letters(parts.Value, field, parts)};
     }
     const bool picture = field.Meaning == LdifMeaning::Photo;
-    const bool odd = HasControls(bytes);
-    const bool no_text = bytes.find('\0') != std::string::npos || (odd && CountUtf8(bytes).Bad > 0);
+    // Base64 is UTF-8 or bytes; only in fields that are text for sure programs left other letters.
+    const bool valid = CountUtf8(bytes).Bad == 0;
+    const bool unknown = field.Meaning == LdifMeaning::Unknown;
+    const bool own = valid && StartsAsName(parts.Name, kCarriedFromVCard);
+    const bool no_text = (bytes.find('\0') != std::string::npos && !own) ||
+                         (!valid && (unknown || HasControls(bytes)));
     if (picture || no_text || parts.Options == "binary") {
         const bool plain = parts.Value.find_first_of(" \t") == std::string_view::npos;
         return {plain ? parts.Value : book_.Keep(ToBase64(bytes)), true, false};
@@ -261,9 +249,9 @@ void LdifContacts::TakeMerged(const LdifField& field,
         case LdifMeaning::HomeAddress:
             return TakePart(home_, field.Part, parts, text);
         case LdifMeaning::PostalLines:
-            return TakePart(work_, field.Part, parts, book_.Keep(PostalLinesOf(text)));
+            return TakeOnce(postal_, parts, text);
         case LdifMeaning::HomePostalLines:
-            return TakePart(home_, field.Part, parts, book_.Keep(PostalLinesOf(text)));
+            return TakeOnce(home_postal_, parts, text);
         case LdifMeaning::PostBox:
             return TakeOnce(post_box_, parts, text);
         case LdifMeaning::Unit:

@@ -27,6 +27,11 @@ bool HasSingleValues(std::string_view value) {
     return true;
 }
 
+// Readers take base64 that holds one for bytes.
+bool HasNul(std::string_view value) {
+    return value.find('\0') != std::string_view::npos;
+}
+
 }  // namespace
 
 LdifRecordWriter::LdifRecordWriter(Book& book,
@@ -47,7 +52,7 @@ void LdifRecordWriter::Write(const Contact& contact, std::string_view uid) {
 
 void LdifRecordWriter::WriteHead(std::string_view uid) {
     dn_ = DnOfContact(book_, *contact_);
-    if (dn_.empty()) {
+    if (dn_.empty() || HasNul(dn_)) {
         dn_ = std::string("cn=").append(uid);
     }
     AppendLdifLine("dn", dn_, text_);
@@ -65,7 +70,7 @@ void LdifRecordWriter::WriteHead(std::string_view uid) {
         }
     }
     const std::string shown = NameOf(book_, *contact_).Shown;
-    if (!shown.empty()) {
+    if (!shown.empty() && !HasNul(shown)) {
         AppendLdifLine("cn", shown, text_);
     }
 }
@@ -74,8 +79,8 @@ void LdifRecordWriter::WriteProperty(const Property& one) {
     const std::string_view name = book_.Names.Text(one.Name);
     const Fit fit = StartsAsName(name, kCarriedFromLdif)
                         ? WriteOwn(one, name.substr(kCarriedFromLdif.size()))
-                    : one.Value.empty() || IsRepeated(one) ? Fit::None
-                                                           : WriteNatural(one);
+                    : one.Value.empty() || HasNul(one.Value) || IsRepeated(one) ? Fit::None
+                                                                                : WriteNatural(one);
     if (fit == Fit::All) {
         book_.Told.CountMore(What::Kept);
     } else {
