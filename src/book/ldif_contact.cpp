@@ -45,8 +45,7 @@ void LdifContacts::Clear() {
 
 void LdifContacts::Add(const std::deque<TextRow>& rows, std::size_t first, const Origin& from) {
     Clear();
-    contact_.From = from;
-    contact_.IsUtf8 = book_.IsUtf8(from);
+    book_.BeginRead(contact_, from);
     contact_.Form = Dialect::Ldif;
     contact_.Properties.reserve(rows.size());
     piece_ = PieceCharset::Utf8;
@@ -57,12 +56,13 @@ void LdifContacts::Add(const std::deque<TextRow>& rows, std::size_t first, const
             values.push_back(row.Text);
         }
         piece_ = charset_.Judge(values, from.Line);
+        contact_.IsUtf8 = contact_.IsUtf8 || piece_ == PieceCharset::Broken;
     }
     for (std::size_t i = first; i < rows.size(); ++i) {
         TakeRow(rows[i]);
     }
     Finish();
-    book_.CountRead(contact_.From);
+    book_.CountRead(contact_);
     book_.Contacts.push_back(std::move(contact_));
 }
 
@@ -150,7 +150,7 @@ std::string_view LdifContacts::Letters(std::string_view bytes,
                                        const LdifParts& parts) {
     std::size_t bad = 0;
     const std::string_view text = charset_.Decode(bytes, piece_, book_.Texts(), bad);
-    if (bad > 0) {
+    if (bad > 0 || book_.SourceAt(file_).IsBroken(text)) {
         Doubt(Reason::NoLetter, parts);
     }
     if (piece_ == PieceCharset::Other && field.Property == field::kFn) {

@@ -44,6 +44,7 @@ void LdifRecordWriter::Write(const Contact& contact, std::string_view uid) {
     contact_ = &contact;
     named_ = parts_ = organised_ = work_ = home_ = identified_ = born_ = saved_ = false;
     emails_ = 0;
+    book_.TellLosses(contact);
     WriteHead(uid);
     for (const Property& one : contact.Properties) {
         WriteProperty(one);

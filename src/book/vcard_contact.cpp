@@ -52,10 +52,8 @@ VCardContacts::VCardContacts(Book& book, Charset& charset, std::uint32_t file)
     : book_(book), charset_(charset), file_(file) {}
 
 void VCardContacts::Add(const std::deque<TextRow>& rows, Dialect form, const Origin& from) {
-    contact_ = {};
     details_ = 0;
-    contact_.From = from;
-    contact_.IsUtf8 = book_.IsUtf8(from);
+    book_.BeginRead(contact_, from);
     contact_.Properties.reserve(rows.size());
     contact_.Form = form;
     form_ = form == Dialect::None ? Dialect::VCard30 : form;
@@ -63,7 +61,7 @@ void VCardContacts::Add(const std::deque<TextRow>& rows, Dialect form, const Ori
     for (const TextRow& row : rows) {
         TakeRow(row);
     }
-    book_.CountRead(contact_.From);
+    book_.CountRead(contact_);
     book_.Contacts.push_back(std::move(contact_));
 }
 
@@ -92,6 +90,7 @@ void VCardContacts::Judge(const std::deque<TextRow>& rows) {
         }
     }
     piece_ = charset_.Judge(raw, contact_.From.Line);
+    contact_.IsUtf8 = contact_.IsUtf8 || piece_ == PieceCharset::Broken;
     quoted_ = charset_.JudgeApart(quoted_values, contact_.From.Line);
 }
 
@@ -152,13 +151,13 @@ VCardContacts::Manner VCardContacts::TakeParams(const VCardParts& parts) {
         } else if (SameName(param->Name, kCharset)) {
             manner.Charset = param->Value;
         } else if (param->Name.empty()) {
-            TakeTypes(field::kType, param->Value);
+            TakeTypes(field::kType, param->Value, parts);
         } else {
             const NameId name = book_.Names.Intern(param->Name);
             if (name == field::kType) {
-                TakeTypes(name, param->Value);
+                TakeTypes(name, param->Value, parts);
             } else {
-                params_.push_back({name, ParamText(param->Value)});
+                params_.push_back({name, ParamText(param->Value, parts)});
             }
         }
     }
@@ -169,19 +168,22 @@ VCardContacts::Manner VCardContacts::TakeParams(const VCardParts& parts) {
 }
 
 // Each type by itself, however they were joined.
-void VCardContacts::TakeTypes(NameId name, std::string_view value) {
+void VCardContacts::TakeTypes(NameId name, std::string_view value, const VCardParts& parts) {
     while (!value.empty()) {
         const std::size_t comma = std::min(value.find(','), value.size());
         if (comma > 0) {
-            params_.push_back({name, ParamText(value.substr(0, comma))});
+            params_.push_back({name, ParamText(value.substr(0, comma), parts)});
         }
         value.remove_prefix(std::min(comma + 1, value.size()));
     }
 }
 
-std::string_view VCardContacts::ParamText(std::string_view value) {
+std::string_view VCardContacts::ParamText(std::string_view value, const VCardParts& parts) {
     std::size_t bad = 0;
     const std::string_view text = charset_.Decode(value, piece_, book_.Texts(), bad);
+    if (bad > 0 || book_.SourceAt(file_).IsBroken(text)) {
+        Doubt(Reason::NoLetter, {{}, parts.Name, {}, value});
+    }
     const bool escapes = form_ == Dialect::VCard40 && text.find('^') != std::string_view::npos;
     return escapes ? book_.Keep(WithoutCarets(text)) : text;
 }
@@ -282,13 +284,16 @@ std::string_view VCardContacts::Letters(std::string_view bytes,
         }
     }
     if (!text) {
-        text = charset_.Decode(bytes, piece, book_.Texts(), bad);
+        // What names a set that nobody knows was not judged with the others.
+        text = manner.Charset.empty()
+                   ? charset_.Decode(bytes, piece, book_.Texts(), bad)
+                   : charset_.DecodeAlone(bytes, contact_.From.Line, book_.Texts(), bad);
         if (piece == PieceCharset::Other &&
             (SameName(parts.Name, "FN") || SameName(parts.Name, "N"))) {
             charset_.Example(bytes);
         }
     }
-    if (bad > 0) {
+    if (bad > 0 || book_.SourceAt(file_).IsBroken(*text)) {
         Doubt(Reason::NoLetter, parts);
     }
     return *text;

@@ -37,8 +37,8 @@ class VCardContacts {
     void TakeVersion(const VCardParts& parts);
     Manner TakeParams(const VCardParts& parts);
     std::uint32_t DetailsOf(const VCardParts& parts);
-    void TakeTypes(NameId name, std::string_view value);
-    std::string_view ParamText(std::string_view value);
+    void TakeTypes(NameId name, std::string_view value, const VCardParts& parts);
+    std::string_view ParamText(std::string_view value, const VCardParts& parts);
     std::string_view ValueOf(NameId name, const VCardParts& parts, const Manner& manner);
     std::string_view OldValue(ValueForm form, const VCardParts& parts, const Manner& manner);
     std::string_view Base64Of(const VCardParts& parts);

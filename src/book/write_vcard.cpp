@@ -43,6 +43,7 @@ class CardWriter {
 
  private:
     void Write(const Contact& contact, const std::string& uid) {
+        book_.TellLosses(contact);
         AppendFolded("BEGIN:VCARD", text_);
         AppendFolded(version_ == Dialect::VCard40 ? "VERSION:4.0" : "VERSION:3.0", text_);
         WriteFirst(contact, uid);

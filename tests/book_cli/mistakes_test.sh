@@ -177,4 +177,15 @@ set -e
 [ "$status" = 74 ] || fail "exit status $status instead of 74"
 is_missing never.vcf
 
+# What nothing can hold.
+printf 'BEGIN:VCARD\nVERSION:3.0\nFN:a\xff\x81b\nNOTE:\xc3\xa4\nEND:VCARD\n' >broken.vcf
+run "a loss" 1 convert broken.vcf --vcard 4 -o lost.vcf
+tells 'broken.vcf: line 1: lost: FN "a\xFF\x81b": has bytes that are no text'
+[ ! -e lost.vcf ] || fail "something was written"
+run "a loss that is allowed" 1 convert broken.vcf --vcard 4 -o lost.vcf --allow-loss
+has out "lost 1"
+has lost.vcf "NOTE:ä"
+run "no loss" 0 convert broken.vcf -o stays.vcf
+cmp -s broken.vcf stays.vcf || fail "the card was changed"
+
 exit $failed

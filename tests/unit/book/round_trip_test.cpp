@@ -76,5 +76,50 @@ TEST(RoundTrip, ANulOfACardComesBack) {
     EXPECT_EQ(ToCard(ToLdif(card)), card);
 }
 
+// What a book that is written as 4.0 tells of as lost.
+std::string Lost(ReadBook::Reader reader, const std::string& bytes, std::string_view set = {}) {
+    ReadBook read(reader, bytes, set);
+    EXPECT_EQ(read.book.Told.Count(What::Lost), 0U);
+    static_cast<void>(WriteVCard(read.book, Dialect::VCard40));
+    std::string lost;
+    for (const Remark& one : read.book.Told.Remarks()) {
+        lost += one.Kind == What::Lost ? std::string(one.Field).append(" ") : "";
+    }
+    return lost;
+}
+
+TEST(RoundTrip, BytesThatAreNoLettersAreLostUnlessTheContactStays) {
+    const std::string begin = "BEGIN:VCARD\nVERSION:3.0\nFN:Al\n";
+    const std::string end = "END:VCARD\n";
+    EXPECT_EQ(Lost(ReadVCard, begin + "NOTE:\xC3\xA4\n" + end), "");
+    EXPECT_EQ(Lost(ReadVCard,
+                   begin +
+                       "X-A:a\xFF\x81"
+                       "b\nNOTE:\xC3\xA4\n" +
+                       end),
+              "X-A ");
+    EXPECT_EQ(Lost(ReadVCard, begin + "X-A;X-P=a\xFF:b\nNOTE:\xC3\xA4\n" + end), "X-A ");
+    EXPECT_EQ(Lost(ReadVCard, begin + "X-F;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:=C3\n" + end),
+              "X-F ");
+    // The parts of one value are one loss; a set that nobody knows is guessed.
+    EXPECT_EQ(
+        Lost(ReadVCard, begin + "N;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:=C3;=C3;;;\n" + end),
+        "N ");
+    EXPECT_EQ(Lost(ReadVCard, begin + "NOTE;CHARSET=x;ENCODING=QUOTED-PRINTABLE:=C4\n" + end), "");
+    EXPECT_EQ(Lost(ReadLdif, "dn: cn=Al\ncn: Al\nx: \xFF\xFE\n", "UTF-8"), "x ");
+    EXPECT_EQ(Lost(ReadLdif, "dn: cn=Al\ncn: Al\nx: \xFF\xFE\n"), "");
+    std::string wide = "\xFF\xFE"s;
+    for (const char c : "dn: cn=Al\ncn: Al\nx: ?\ny: z\n"s) {
+        wide += c;
+        wide += c == '?' ? '\xD8' : '\0';
+    }
+    EXPECT_EQ(Lost(ReadLdif, wide), "x ");
+
+    const std::string card = begin + "X-A:a\xFF\nNOTE:\xC3\xA4\n" + end;
+    ReadBook stays(ReadVCard, card);
+    EXPECT_EQ(WriteVCard(stays.book, Dialect::VCard30), card);
+    EXPECT_EQ(stays.book.Told.Count(What::Lost), 0U);
+}
+
 }  // namespace
 }  // namespace orvik::book
