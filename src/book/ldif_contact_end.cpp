@@ -149,6 +149,9 @@ void LdifContacts::PushParts(NameId name,
     for (std::size_t i = 0; i < count; ++i) {
         value += i == 0 ? "" : ";";
         AppendEscaped(whole.Texts[i], value);
+        if (whole.Texts[i].find('\r') != std::string_view::npos) {
+            Doubt(Reason::ChangedSigns, {book_.Names.Text(name), {}, whole.Texts[i]});
+        }
     }
     row_ = whole.Line;
     Push(name, book_.Keep(value), TypeDetails(type));
@@ -281,6 +284,9 @@ std::uint32_t LdifContacts::TypeDetails(std::string_view type) {
 std::string_view LdifContacts::AsPart(std::string_view text) {
     if (!NeedsEscapes(text)) {
         return text;
+    }
+    if (text.find('\r') != std::string_view::npos) {
+        Doubt(Reason::ChangedSigns, {{}, {}, text});
     }
     std::string part;
     AppendEscaped(text, part);

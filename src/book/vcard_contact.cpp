@@ -4,6 +4,7 @@
 #include <span>
 #include <utility>
 
+#include "book/line_breaks.h"
 #include "book/transfer.h"
 #include "book/value_form.h"
 
@@ -37,13 +38,21 @@ std::string WithoutOldEscapes(std::string_view text) {
     return plain;
 }
 
-// Line breaks become LF, as those are that escapes stand for.
-void AppendLines(std::string_view text, std::string& to) {
+// Ends of lines become what stands for them in the form; a CR alone is a sign like others.
+void AppendLines(std::string_view text, std::string_view end, std::string& to) {
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool pair = text.substr(i, 2) == "\r\n";
-        to += text[i] == '\r' ? '\n' : text[i];
-        i += pair ? 1 : 0;
+        i += text.substr(i, 2) == "\r\n" ? 1 : 0;
+        to += text[i] == '\n' ? end : text.substr(i, 1);
     }
+}
+
+bool HasLoneCr(std::string_view text) {
+    for (std::size_t at = text.find('\r'); at < text.size(); at = text.find('\r', at + 1)) {
+        if (!text.substr(at + 1).starts_with('\n')) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace
@@ -111,13 +120,29 @@ void VCardContacts::TakeRow(const TextRow& row) {
         return TakeVersion(*parts);
     }
     const Manner manner = TakeParams(*parts);
-    const std::string_view value = ValueOf(name, *parts, manner);
+    const std::string_view value = TakeBreaks(name, ValueOf(name, *parts, manner));
     FindKind(name, value);
     constexpr std::size_t kNameParts = 5;
     if (name == field::kN && PartCount(value) < kNameParts) {
         Doubt(Reason::FewParts, *parts);
     }
     contact_.Properties.push_back({value, name, file_, row.Number, DetailsOf(*parts)});
+}
+
+// The parameter that Orvik added is gone when its value is read.
+std::string_view VCardContacts::TakeBreaks(NameId name, std::string_view value) {
+    const NameId id = book_.Names.Find(kBreaksParam);
+    const auto found = id == FieldNames::kNone
+                           ? params_.end()
+                           : std::find_if(params_.begin(), params_.end(), [id](const Param& param) {
+                                 return param.Name == id;
+                             });
+    if (found == params_.end()) {
+        return value;
+    }
+    const std::string text = WithBreaks(value, found->Value, ValueFormOf(book_.Names, name));
+    params_.erase(found);
+    return book_.Keep(text);
 }
 
 // Fields with the same parameters follow each other, and share them.
@@ -261,12 +286,15 @@ void VCardContacts::AppendOld(std::string_view part,
         text = Letters(bytes, parts, manner);
     }
     if (structured) {
+        if (HasLoneCr(text)) {
+            Doubt(Reason::ChangedSigns, parts);
+        }
         AppendEscaped(text, to);
     } else if (form == ValueForm::Verbatim) {
-        AppendOneLine(text, to);
+        AppendLines(text, "\\n", to);
     } else {
         const bool escapes = form_ != Dialect::VCard21 && text.find('\\') != std::string::npos;
-        AppendLines(escapes ? Unescaped(text) : text, to);
+        AppendLines(escapes ? Unescaped(text) : text, "\n", to);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/text.h"
+#include "book/line_breaks.h"
 #include "book/members.h"
 #include "book/typed_views.h"
 #include "book/unchanged.h"
@@ -102,6 +103,10 @@ class CardWriter {
         std::string line = details.Group.empty() ? "" : std::string(details.Group) + ".";
         line += name.Text;
         const bool whole = AppendParams(one, details, line);
+        if (const std::string breaks = BreaksOf(one.Value, ValueFormOf(book_.Names, one.Name));
+            !breaks.empty()) {
+            static_cast<void>(AppendParam(version_, kBreaksParam, breaks, line));
+        }
         line += ":";
         AppendValue(one, name.Text, line);
         AppendFolded(line, text_);

@@ -121,5 +121,41 @@ TEST(RoundTrip, BytesThatAreNoLettersAreLostUnlessTheContactStays) {
     EXPECT_EQ(stays.book.Told.Count(What::Lost), 0U);
 }
 
+TEST(RoundTrip, LineBreaksStayThoseBreaks) {
+    for (const std::string line : {"description:: b25lDQp0d28NCg==\n",
+                                   "x-own:: YQ1iDWMKZA==\n",
+                                   "x-own:: YQpi\n",
+                                   "mozillaWorkUrl:: YQpiXG5jDWQ=\n"}) {
+        EXPECT_EQ(Back(line), line);
+        EXPECT_EQ(Back(line, Dialect::VCard40), line);
+    }
+    EXPECT_NE(ToCard("dn: cn=Al\ncn: Al\ndescription:: b25lDQp0d28NCg==\n")
+                  .find("NOTE;X-ORVIK-BREAKS=w:one\\ntwo\\n\r\n"),
+              std::string::npos);
+    // A CR that stands alone in quoted-printable, through LDIF.
+    const std::string old =
+        "BEGIN:VCARD\nVERSION:2.1\nN:Al;;;;\nFN:Al\nUID:1\n"
+        "NOTE;ENCODING=QUOTED-PRINTABLE:a=0Db=0D=0Ac\n"
+        "X-F;ENCODING=QUOTED-PRINTABLE:a=0Db=0D=0Ac\nEND:VCARD\n";
+    ReadBook read(ReadVCard, old);
+    const std::string shown = test::Shown(read.book);
+    EXPECT_EQ(shown, "person\nN:Al;;;;\nFN:Al\nUID:1\nNOTE:a\\x0Db\\x0Ac\nX-F:a\\x0Db\\nc\n");
+    ReadBook again(ReadVCard, WriteVCard(read.book, Dialect::VCard30));
+    EXPECT_EQ(test::Shown(again.book),
+              "person\nUID:1\nN:Al;;;;\nFN:Al\n"
+              "NOTE:a\\x0Db\\x0Ac\nX-F:a\\x0Db\\nc\n");
+    ReadBook from_ldif(ReadLdif, WriteLdif(again.book, LdifAttributes::Mozilla));
+    const std::string back = test::Shown(from_ldif.book);
+    EXPECT_NE(back.find("NOTE:a\\x0Db\\x0Ac\nX-F:a\\x0Db\\nc\n"), std::string::npos) << back;
+}
+
+TEST(RoundTrip, BreaksThatAreNoLfAreToldInPartsOfAField) {
+    ReadBook street(ReadLdif, "dn: cn=Al\ncn: Al\nstreet:: YQ0KYg==\n");
+    EXPECT_EQ(test::Told(street.book),
+              "doubtful 1 ADR: a\\x0D\\x0Ab: has signs that the target cannot hold\n");
+    ReadBook nickname(ReadLdif, "dn: cn=Al\ncn: Al\nnickname:: YQ0KYg==\n");
+    EXPECT_EQ(nickname.book.Told.Count(What::Doubtful), 1U);
+}
+
 }  // namespace
 }  // namespace orvik::book
