@@ -44,6 +44,8 @@ void LdifRecordWriter::Write(const Contact& contact, std::string_view uid) {
     contact_ = &contact;
     named_ = parts_ = organised_ = work_ = home_ = identified_ = born_ = saved_ = false;
     emails_ = 0;
+    of_evolution_ = !FirstOf(book_, contact, field::kEvolutionList).empty();
+    shown_ = NameOf(book_, contact).Shown;
     book_.TellLosses(contact);
     WriteHead(uid);
     for (const Property& one : contact.Properties) {
@@ -70,9 +72,8 @@ void LdifRecordWriter::WriteHead(std::string_view uid) {
             AppendLdifLine("objectclass", "mozillaAbPersonAlpha", text_);
         }
     }
-    const std::string shown = NameOf(book_, *contact_).Shown;
-    if (!shown.empty() && !HasNul(shown)) {
-        AppendLdifLine("cn", shown, text_);
+    if (!shown_.empty() && !HasNul(shown_)) {
+        AppendLdifLine("cn", shown_, text_);
     }
 }
 
@@ -99,7 +100,7 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteNatural(const Property& one) {
         case field::kNickname:
             return WriteNickname(one);
         case field::kEmail:
-            if (!FirstOf(book_, *contact_, field::kEvolutionList).empty()) {
+            if (of_evolution_) {
                 return WriteMember(one);
             }
             Line(EmailNames(emails_++), one.Value);
@@ -140,7 +141,7 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteNatural(const Property& one) {
 }
 
 LdifRecordWriter::Fit LdifRecordWriter::WriteFirstName(const Property& one) {
-    if (named_ || one.Value != NameOf(book_, *contact_).Shown) {
+    if (named_ || one.Value != shown_) {
         return Fit::None;
     }
     named_ = true;

@@ -51,6 +51,8 @@ class LdifRecordWriter {
     // Of the contact that is being written.
     const Contact* contact_ = nullptr;
     std::string dn_;
+    std::string shown_;
+    bool of_evolution_ = false;
     bool named_ = false;
     bool parts_ = false;
     bool organised_ = false;

@@ -80,7 +80,7 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteMember(const Property& one) {
     std::string dn(one.Value);
     bool all = !evolution;
     if (found) {
-        dn = DnOfContact(book_, book_.Contacts[member.Record]);
+        dn = directory_.DnAt(member.Record);
     } else if (const NameId id = book_.Names.Find(kDnParam);
                id != FieldNames::kNone && !ParamOf(book_, one, id).empty()) {
         dn = ParamOf(book_, one, id);
