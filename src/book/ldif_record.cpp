@@ -62,7 +62,7 @@ void LdifRecordWriter::WriteHead(std::string_view uid) {
     AppendLdifLine("objectclass", "top", text_);
     if (contact_->Kind == ContactKind::List) {
         AppendLdifLine("objectclass", kList, text_);
-    } else {
+    } else if (!IsOfOtherClass()) {
         AppendLdifLine("objectclass", "person", text_);
         if (set_ != LdifAttributes::Netscape) {
             AppendLdifLine("objectclass", "organizationalPerson", text_);
@@ -75,6 +75,26 @@ void LdifRecordWriter::WriteHead(std::string_view uid) {
     if (!shown_.empty() && !HasNul(shown_)) {
         AppendLdifLine("cn", shown_, text_);
     }
+}
+
+// What is no person in its directory stays none; its class is among its fields.
+bool LdifRecordWriter::IsOfOtherClass() const {
+    constexpr std::array<std::string_view, 7> kOthers = {"organizationalUnit",
+                                                         "organization",
+                                                         "organizationalRole",
+                                                         "locality",
+                                                         "country",
+                                                         "domain",
+                                                         "device"};
+    const NameId name = book_.Names.Find("X-ORVIK-LDIF-objectclass");
+    const auto& all = contact_->Properties;
+    return name != FieldNames::kNone &&
+           std::any_of(all.begin(), all.end(), [&](const Property& one) {
+               return one.Name == name &&
+                      std::any_of(kOthers.begin(), kOthers.end(), [&](std::string_view other) {
+                          return SameName(one.Value, other);
+                      });
+           });
 }
 
 void LdifRecordWriter::WriteProperty(const Property& one) {
@@ -247,6 +267,10 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteOwn(const Property& one, std::strin
     const NameId option = book_.Names.Find("X-ORVIK-OPTIONS");
     const std::string_view options =
         option == FieldNames::kNone ? std::string_view{} : ParamOf(book_, one, option);
+    // A strict reader would refuse the whole file for such a line.
+    if (SameName(name, "no-field")) {
+        Tell(one, name);
+    }
     std::string attribute(name);
     attribute.append(options.empty() ? "" : ";").append(options);
     std::string bytes;
@@ -271,7 +295,11 @@ void LdifRecordWriter::WriteCarried(const Property& one, Fit fit) {
         attribute.append(";").append(kBesides);
     }
     AppendLdifLine(attribute, CarriedLine(book_, one), text_);
-    book_.Told.Add({name,
+    Tell(one, attribute);
+}
+
+void LdifRecordWriter::Tell(const Property& one, std::string_view attribute) {
+    book_.Told.Add({book_.Names.Text(one.Name),
                     one.Value,
                     contact_->From.File,
                     contact_->From.Line,

@@ -38,7 +38,9 @@ class LdifRecordWriter {
     Fit WriteMember(const Property& one);
     Fit WriteOwn(const Property& one, std::string_view name);
     void WriteCarried(const Property& one, Fit fit);
+    void Tell(const Property& one, std::string_view attribute);
     bool Line(const LdifNames& names, std::string_view value);
+    [[nodiscard]] bool IsOfOtherClass() const;
     [[nodiscard]] bool IsRepeated(const Property& one) const;
     [[nodiscard]] bool IsBare(const Property& one) const;
     [[nodiscard]] bool HasTypeOnly(const Property& one, std::string_view type) const;

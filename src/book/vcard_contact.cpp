@@ -117,7 +117,7 @@ void VCardContacts::TakeRow(const TextRow& row) {
     }
     const NameId name = book_.Names.Intern(parts->Name);
     if (name == field::kVersion) {
-        return TakeVersion(*parts);
+        return TakeVersion(*parts, row.Number);
     }
     const Manner manner = TakeParams(*parts);
     const std::string_view value = TakeBreaks(name, ValueOf(name, *parts, manner));
@@ -156,7 +156,7 @@ std::uint32_t VCardContacts::DetailsOf(const VCardParts& parts) {
     return details_;
 }
 
-void VCardContacts::TakeVersion(const VCardParts& parts) {
+void VCardContacts::TakeVersion(const VCardParts& parts, std::uint32_t line) {
     const Dialect version = VersionOf(parts.Value);
     if (version == Dialect::None) {
         Doubt(Reason::OtherVersion, parts);
@@ -164,7 +164,12 @@ void VCardContacts::TakeVersion(const VCardParts& parts) {
         Doubt(Reason::TwoLines, parts);
     } else {
         contact_.Form = version;
+        return;
     }
+    std::string text;
+    AppendOneLine(Letters(parts.Value, parts, {}), text);
+    const NameId name = book_.Names.Intern("X-ORVIK-VCARD-VERSION");
+    contact_.Properties.push_back({book_.Keep(text), name, file_, line, 0});
 }
 
 VCardContacts::Manner VCardContacts::TakeParams(const VCardParts& parts) {

@@ -34,7 +34,7 @@ class VCardContacts {
 
     void Judge(const std::deque<TextRow>& rows);
     void TakeRow(const TextRow& row);
-    void TakeVersion(const VCardParts& parts);
+    void TakeVersion(const VCardParts& parts, std::uint32_t line);
     Manner TakeParams(const VCardParts& parts);
     std::uint32_t DetailsOf(const VCardParts& parts);
     void TakeTypes(NameId name, std::string_view value, const VCardParts& parts);

@@ -159,7 +159,7 @@ class CardWriter {
             line.append("data:").append(MediaType(one)).append(";base64,").append(one.Value);
         } else if (uri) {
             line += uri->Base64;
-        } else if (IsDate(name)) {
+        } else if (IsDate(name) && !SameName(ParamOf(book_, one, field::kValue), "text")) {
             line += DateIn(version_, one.Value);
         } else if (form == ValueForm::Text && !address && !IsBytes(one)) {
             AppendEscaped(one.Value, line);

@@ -157,5 +157,46 @@ TEST(RoundTrip, BreaksThatAreNoLfAreToldInPartsOfAField) {
     EXPECT_EQ(nickname.book.Told.Count(What::Doubtful), 1U);
 }
 
+TEST(RoundTrip, APictureComesBackThroughEachVersion) {
+    EXPECT_EQ(Back("jpegPhoto:: /9j/\n"), "jpegPhoto:: /9j/\n");
+    EXPECT_EQ(Back("jpegPhoto:: /9j/\n", Dialect::VCard40), "jpegPhoto:: /9j/\n");
+}
+
+TEST(RoundTrip, ADateThatIsTextStaysText) {
+    const std::string lines = "UID:1\r\nN:Al;;;;\r\nFN:Al\r\nBDAY;VALUE=text:2016-08-01\r\n";
+    const std::string card = "BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "END:VCARD\r\n";
+    ReadBook read(ReadVCard, card);
+    ReadBook newer(ReadVCard, WriteVCard(read.book, Dialect::VCard40));
+    EXPECT_EQ(WriteVCard(newer.book, Dialect::VCard30), card);
+}
+
+TEST(RoundTrip, WhatIsNoPersonInADirectoryHasANameAndItsClass) {
+    const std::string unit =
+        "dn: ou=Sales,o=Firm\nobjectclass: top\n"
+        "objectclass: organizationalUnit\n";
+    const std::string card = ToCard(unit + "ou: Trade\n");
+    EXPECT_NE(card.find("\r\nFN:Trade\r\n"), std::string::npos) << card;
+    EXPECT_NE(ToCard(unit).find("\r\nFN:Sales\r\n"), std::string::npos);
+    const std::string back = ToLdif(card);
+    EXPECT_NE(back.find("objectclass: organizationalUnit\n"), std::string::npos) << back;
+    EXPECT_EQ(back.find("erson"), std::string::npos) << back;
+}
+
+TEST(RoundTrip, WhatIsNoFieldIsToldWhereItBecomesOne) {
+    ReadBook read(ReadLdif, "dn: cn=Al\ncn: Al\nx-a\"b: 1\n");
+    EXPECT_NE(WriteLdif(read.book, LdifAttributes::Mozilla).find("\nno-field: x-a\"b: 1\n"),
+              std::string::npos);
+    EXPECT_EQ(read.book.Told.Count(What::Carried), 1U);
+}
+
+TEST(RoundTrip, AVersionThatIsNotKnownIsDoubtedOnceAndKept) {
+    ReadBook read(ReadVCard, "BEGIN:VCARD\nVERSION:9.9\nFN:Al\nEND:VCARD\n");
+    EXPECT_EQ(test::Told(read.book), "doubtful 1 VERSION: 9.9: has a version that is not known\n");
+    EXPECT_NE(WriteVCard(read.book, Dialect::VCard30).find("\r\nX-ORVIK-VCARD-VERSION:9.9\r\n"),
+              std::string::npos);
+    ReadBook none(ReadVCard, "BEGIN:VCARD\nFN:Al\nEND:VCARD\n");
+    EXPECT_EQ(test::Told(none.book), "doubtful 1 : : has no version\n");
+}
+
 }  // namespace
 }  // namespace orvik::book
