@@ -37,7 +37,7 @@ void LdifContacts::Clear() {
     dn_ = any_phone_ = post_box_ = postal_ = home_postal_ = unit_ = {};
     name_ = work_ = home_ = org_ = {};
     birth_ = {};
-    of_kcontacts_ = false;
+    of_kcontacts_ = named_by_display_ = false;
     late_.clear();
     carried_.clear();
     last_was_carried_ = false;
@@ -177,6 +177,28 @@ void LdifContacts::TakeOptions(const LdifField& field,
     Carry(parts.Name, text, params);
 }
 
+// A record is called by cn; displayName is its name where there is no other, wherever it stands.
+void LdifContacts::TakeShownName(const LdifField& field,
+                                 const LdifParts& parts,
+                                 std::string_view text) {
+    const std::string_view there = First(field.Property);
+    const bool display = SameName(parts.Name, "displayname");
+    if (there.empty()) {
+        Push(field.Property, text);
+        named_by_display_ = display;
+    } else if (there != text && named_by_display_ && !display) {
+        const auto name = std::find_if(
+            contact_.Properties.begin(), contact_.Properties.end(), [&](const Property& one) {
+                return one.Name == field.Property && one.Value == there;
+            });
+        name->Value = text;
+        Carry("displayName", there);
+        named_by_display_ = false;
+    } else if (there != text) {
+        Carry(parts.Name, text);
+    }
+}
+
 void LdifContacts::TakeText(const LdifField& field, const LdifParts& parts, std::string_view text) {
     switch (field.Meaning) {
         case LdifMeaning::Simple:
@@ -186,13 +208,7 @@ void LdifContacts::TakeText(const LdifField& field, const LdifParts& parts, std:
             return;
         }
         case LdifMeaning::Single: {
-            const std::string_view there = First(field.Property);
-            if (there.empty()) {
-                Push(field.Property, text);
-            } else if (there != text) {
-                Carry(parts.Name, text);
-            }
-            return;
+            return TakeShownName(field, parts, text);
         }
         case LdifMeaning::ObjectClass:
             return TakeObjectClass(parts, text);

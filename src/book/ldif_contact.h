@@ -47,6 +47,7 @@ class LdifContacts {
     void Clear();
     void TakeRow(const TextRow& row);
     void TakeText(const LdifField& field, const LdifParts& parts, std::string_view text);
+    void TakeShownName(const LdifField& field, const LdifParts& parts, std::string_view text);
     void TakeMerged(const LdifField& field, const LdifParts& parts, std::string_view text);
     void TakePart(Parts& whole, std::size_t part, const LdifParts& parts, std::string_view text);
     void TakeOnce(std::string_view& place, const LdifParts& parts, std::string_view text);
@@ -100,6 +101,7 @@ class LdifContacts {
     std::string_view home_postal_;
     std::string_view unit_;
     bool of_kcontacts_ = false;
+    bool named_by_display_ = false;  // no cn so far
     std::vector<Property> late_;     // other values of what stands at the end
     std::vector<Property> carried_;  // whole properties of which programs were given parts
     bool last_was_carried_ = false;

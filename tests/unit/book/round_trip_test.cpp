@@ -61,6 +61,12 @@ TEST(RoundTrip, AStreetIsTheStreetWhereverItStands) {
     EXPECT_EQ(Back("postalAddress: P\n"), "street: P\n");
 }
 
+TEST(RoundTrip, TheNameIsCnWhereverItStands) {
+    const std::string card = ToCard("dn: cn=Al\ndisplayName: Bo\ncn: Al\n");
+    EXPECT_NE(card.find("\r\nFN:Al\r\nX-ORVIK-LDIF-displayName:Bo\r\n"), std::string::npos) << card;
+    EXPECT_EQ(Back("displayName: Bo\n"), "displayName: Bo\n");
+}
+
 TEST(RoundTrip, EmptyValuesStay) {
     EXPECT_EQ(Back("mobile: \nmail:\n"), "mobile:\nmail:\n");
     EXPECT_EQ(Back("sn:\n"), "sn:\n");
