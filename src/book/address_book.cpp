@@ -13,11 +13,33 @@ std::uint32_t Book::AddSource(std::unique_ptr<Source> source) {
     return static_cast<std::uint32_t>(sources_.size() - 1);
 }
 
-void Book::CountRead(const Origin& from) {
+void Book::BeginRead(Contact& contact, const Origin& from) const {
+    contact = {};
+    contact.From = from;
+    contact.IsUtf8 = IsUtf8(from);
+    contact.FirstRemark = static_cast<std::uint32_t>(Told.Remarks().size());
+}
+
+void Book::CountRead(Contact& contact) {
+    const Origin& from = contact.From;
+    contact.Remarks = static_cast<std::uint32_t>(Told.Remarks().size()) - contact.FirstRemark;
     ++read_[from.File];
     Told.CountMore(What::Read);
     if (HowFar) {
         HowFar(from.Offset + std::size_t{from.Bytes}, SourceAt(from.File).Text().size());
+    }
+}
+
+void Book::TellLosses(const Contact& contact) {
+    const char* last = nullptr;
+    for (std::size_t i = 0; i < contact.Remarks; ++i) {
+        Remark remark = Told.Remarks()[contact.FirstRemark + i];
+        // The parts of a value may each have been told.
+        if (remark.Why == Reason::NoLetter && remark.Value.data() != last) {
+            last = remark.Value.data();
+            remark.Kind = What::Lost;
+            Told.Add(remark);
+        }
     }
 }
 

@@ -37,7 +37,11 @@ class Book {
     Progress HowFar;
 
     // Counts a record that was read from a source.
-    void CountRead(const Origin& from);
+    void CountRead(Contact& contact);
+    // Told of the contact from now on; CountRead ends it.
+    void BeginRead(Contact& contact, const Origin& from) const;
+    // Tells as lost what cannot be written anew: bytes that were no letters.
+    void TellLosses(const Contact& contact);
     // Says that so many of the contacts are written.
     void CountWritten(std::size_t count) const;
     [[nodiscard]] std::size_t ReadFrom(std::uint32_t file) const { return read_[file]; }

@@ -99,4 +99,10 @@ DnParts PartsOfDn(std::string_view dn) {
     return parts;
 }
 
+std::string FirstOfDn(std::string_view dn) {
+    const std::size_t equal = dn.find('=');
+    dn.remove_prefix(equal == std::string_view::npos ? 0 : equal + 1);
+    return WithoutEscapes(dn.substr(0, EndOfValue(dn)));
+}
+
 }  // namespace orvik::book
