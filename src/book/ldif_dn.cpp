@@ -31,7 +31,7 @@ bool BeginsAttribute(std::string_view text) {
         "ou=", "o=", "dc=", "c=", "l=", "st=", "uid=", "cn="};
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     return std::any_of(kNames.begin(), kNames.end(), [text](std::string_view name) {
-        return StartsAsName(text, name);
+        return StartsAsName(text, name);  // NOLINT(readability-suspicious-call-argument)
     });
 }
 
