@@ -67,8 +67,8 @@ void PrintObject(std::ostream& out, const Catalogue& from, std::size_t number) {
     const book::PersonName name = book::NameOf(book, contact);
     const bool list = contact.Kind == book::ContactKind::List;
     const auto plain = [](const std::string& text) { return TextOf(text); };
-    out << "{\"kind\":\"" << (list ? "list" : "person")
-        << "\",\"uid\":" << TextOf(from.Uids().UidAt(number)) << ",\"name\":" << TextOf(name.Shown)
+    out << R"({"kind":")" << (list ? "list" : "person") << R"(","uid":)"
+        << TextOf(from.Uids().UidAt(number)) << ",\"name\":" << TextOf(name.Shown)
         << ",\"given\":" << TextOf(name.Given) << ",\"family\":" << TextOf(name.Family);
     PrintArray(out, "nicknames", book::NicknamesOf(book, contact), plain);
     PrintArray(out, "emails", book::AddressesOf(contact), plain);
@@ -81,7 +81,7 @@ void PrintObject(std::ostream& out, const Catalogue& from, std::size_t number) {
     PrintArray(out, "properties", contact.Properties, [&book](const book::Property& one) {
         return PropertyOf(book, one);
     });
-    out << ",\"origin\":{\"file\":" << TextOf(book.SourceAt(contact.From.File).Name())
+    out << R"(,"origin":{"file":)" << TextOf(book.SourceAt(contact.From.File).Name())
         << ",\"line\":" << contact.From.Line << "}}";
 }
 
@@ -97,12 +97,12 @@ void PrintDifference(std::ostream& out,
                      const Catalogue& right,
                      const book::Compared& found) {
     const bool only_right = found.What == book::Difference::OnlyRight;
-    out << "{\"what\":\""
+    out << R"({"what":")"
         << (only_right                                 ? "only right"
             : found.What == book::Difference::OnlyLeft ? "only left"
             : found.What == book::Difference::Same     ? "same"
                                                        : "changed")
-        << "\",\"fields\":" << TextOf(found.Fields);
+        << R"(","fields":)" << TextOf(found.Fields);
     if (!only_right) {
         out << ",\"left\":";
         PrintObject(out, left, found.Left);
