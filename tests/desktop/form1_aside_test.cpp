@@ -5,6 +5,7 @@
 
 #include "desktop/form1_recovery_fixture.h"
 #include "desktop/text/text_box_view.h"
+#include "files/form3.h"
 #include "unit/process_limits.h"
 
 namespace orvik {
@@ -204,6 +205,21 @@ TEST_F(Form1AsideTest, ABookThatARestoredOneTakesThePlaceOf_IsKept) {
     EXPECT_EQ(module1.WorkText, kOther);
     EXPECT_THAT(Kept(), UnorderedElementsAre(kThree, kOther));
     EXPECT_EQ(RecoveryStore(files).LeftBooks().size(), 1U);
+}
+
+TEST_F(Form1AsideTest, WhatTheChooserAsksAbout_TakesThePlaceOfTheOldBook) {
+    Show();
+    Change();
+    EXPECT_CALL(platform, ShowForm(_, _));
+    program.form3.Show(Showing::Modeless);
+    module1.saved.SetFate(SavedBook::Fate::NotSaved);
+    SetNative("raw");
+    window.sync();
+    ExpectSaveQuestion("Save before exiting?", Answer::No);
+    EXPECT_CALL(platform, Ended());
+    Exit();
+    End();
+    EXPECT_THAT(Texts(), ElementsAre(kThree));
 }
 
 TEST_F(Form1AsideTest, WhatCannotBeSetAside_IsToldOfAndTriedAgain) {
