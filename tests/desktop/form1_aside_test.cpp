@@ -194,6 +194,21 @@ TEST_F(Form1AsideTest, ARestoredBook_IsKeptToo) {
     EXPECT_THAT(Texts(), ElementsAre(kThree));
 }
 
+TEST_F(Form1AsideTest, UndoingBehindARestore_KeepsTheRestoredBook) {
+    Show();
+    Leave({.Text = kThree, .Mode = "Native", .Caption = "Orvik - /b/al.ldif"});
+    Answer({"&Restore"});
+    GoOn(other);
+    Run("undo");
+    EXPECT_THAT(Kept(), ElementsAre(kThree));
+    Run("undo");
+    EXPECT_TRUE(module1.WorkText.empty());
+    EXPECT_THAT(Kept(), ElementsAre(kThree));
+    Run("redo");
+    EXPECT_EQ(module1.WorkText, kThree);
+    EXPECT_THAT(Kept(), ElementsAre(kThree));
+}
+
 TEST_F(Form1AsideTest, ABookThatARestoredOneTakesThePlaceOf_IsKept) {
     Show();
     Leave({.Text = kThree, .Mode = "Native", .Caption = "Orvik"});

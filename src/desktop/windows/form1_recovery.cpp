@@ -58,6 +58,10 @@ void Form1Window::syncRecovery() {
 // Who undoes a Restore has neither saved the book nor said No to it.
 void Form1Window::syncRestored() {
     if (!before_restore_) {
+        // Another book was opened since.
+        if (module_.history.RedoTitle() == kRestore) {
+            keeper_->goesOnUnsaved(module_);
+        }
         return;
     }
     const auto [compared, marks] = *before_restore_;
