@@ -1,6 +1,6 @@
 #include "book/address_book.h"
 
-#include <iterator>
+#include <algorithm>
 #include <utility>
 
 #include "book/utf8.h"
@@ -31,8 +31,14 @@ std::uint32_t Book::KeepDetails(std::string_view group, std::span<const Param> p
     if (group.empty() && params.empty()) {
         return 0;
     }
-    details_.push_back({group, texts_.KeepAll(params)});
+    details_.push_back({group, texts_.KeepJoined<Param>(params, {})});
     return static_cast<std::uint32_t>(details_.size() - 1);
+}
+
+void Book::AddRead(const Contact& contact, std::span<const Property> properties) {
+    Contacts.push_back(contact);
+    Contacts.back().Properties = fields_.KeepJoined<Property>(properties, {});
+    CountRead(contact.From);
 }
 
 void Book::SetValue(Contact& contact, std::size_t property, std::string_view value) {
@@ -41,13 +47,16 @@ void Book::SetValue(Contact& contact, std::size_t property, std::string_view val
 }
 
 void Book::Add(Contact& contact, NameId name, std::string_view value) {
-    contact.Properties.push_back({Keep(value), name, contact.From.File, 0, 0});
+    const Property added{Keep(value), name, contact.From.File, 0, 0};
+    contact.Properties = fields_.KeepJoined<Property>(contact.Properties, {&added, 1});
     contact.Changed = true;
 }
 
 void Book::Remove(Contact& contact, std::size_t property) {
-    contact.Properties.erase(
-        std::next(contact.Properties.begin(), static_cast<std::ptrdiff_t>(property)));
+    const std::span<Property> all = contact.Properties;
+    const std::span<Property> behind = all.subspan(property + 1);
+    std::copy(behind.begin(), behind.end(), all.subspan(property).begin());
+    contact.Properties = all.first(all.size() - 1);
     contact.Changed = true;
 }
 

@@ -36,8 +36,6 @@ class Book {
     using Progress = std::function<void(std::size_t done, std::size_t all)>;
     Progress HowFar;
 
-    // Counts a record that was read from a source.
-    void CountRead(const Origin& from);
     // Says that so many of the contacts are written.
     void CountWritten(std::size_t count) const;
     [[nodiscard]] std::size_t ReadFrom(std::uint32_t file) const { return read_[file]; }
@@ -55,6 +53,9 @@ class Book {
     // live as long as the book; the parameters are copied.
     std::uint32_t KeepDetails(std::string_view group, std::span<const Param> params);
 
+    // Takes a contact with the properties that were read, which are copied, and counts it as read.
+    void AddRead(const Contact& contact, std::span<const Property> properties);
+
     // Changes of a user: the contact is written anew from then on.
     void SetValue(Contact& contact, std::size_t property, std::string_view value);
     void Add(Contact& contact, NameId name, std::string_view value);
@@ -70,11 +71,13 @@ class Book {
     [[nodiscard]] std::size_t TextHeld() const { return texts_.Held(); }
 
  private:
+    void CountRead(const Origin& from);
     [[nodiscard]] std::string_view TextOf(const Origin& from) const;
 
     std::deque<std::unique_ptr<Source>> sources_;
     std::deque<std::size_t> read_;
     Arena texts_;
+    Arena fields_;
     std::deque<Details> details_;
 };
 

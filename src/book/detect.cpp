@@ -145,10 +145,6 @@ bool BeginsCard(std::string_view line) {
            SameName(WithoutBlanks(line.substr(colon + 1)), "VCARD");
 }
 
-bool BeginsLdifRecord(std::string_view line) {
-    return StartsAsName(line, "dn:");
-}
-
 Detected Detect(const Source& source) {
     if (const Kind* const other = OtherKind(source)) {
         return {Format::None, std::string(other->Name)};

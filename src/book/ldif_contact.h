@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <deque>
 #include <span>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -15,6 +16,7 @@
 #include "book/charset.h"
 #include "book/ldif_fields.h"
 #include "book/ldif_lines.h"
+#include "book/ldif_name_cache.h"
 #include "book/lines.h"
 
 namespace orvik::book {
@@ -63,6 +65,7 @@ class LdifContacts {
     void PushOnce(NameId name, std::string_view value, std::uint32_t details = 0);
     void PushParts(NameId name, const Parts& whole, std::size_t count, std::string_view type);
     bool TakeCarried(const LdifParts& parts, std::string_view text);
+    void TakeAttribute(const LdifAttribute& attribute, const LdifParts& parts);
     void Finish();
     void FinishCarried(std::size_t merged);
     void FinishUnit();
@@ -79,9 +82,13 @@ class LdifContacts {
     std::uint32_t file_;
     std::vector<std::pair<std::string_view, std::uint32_t>> types_;
     std::uint32_t nameless_ = 0;
+    LdifNameCache attributes_;
+    bool has_nul_;      // the file has one somewhere
+    std::string text_;  // what is being made, before it is kept
 
     // Of the record that is being read.
     Contact contact_;
+    std::vector<Property> properties_;
     PieceCharset piece_ = PieceCharset::Utf8;
     std::uint32_t row_ = 0;  // the line that is being taken
     std::string_view dn_;

@@ -86,18 +86,17 @@ void LdifContacts::TakeUrl(const LdifField& field, const LdifParts& parts, std::
 void LdifContacts::Carry(std::string_view name,
                          std::string_view text,
                          std::span<const Param> params) {
-    const NameId id = book_.Names.Intern(std::string(kCarriedFromLdif).append(name));
-    Push(id, text, book_.KeepDetails({}, params));
+    Push(attributes_.CarriedAs(name), text, book_.KeepDetails({}, params));
 }
 
 void LdifContacts::Push(NameId name, std::string_view value, std::uint32_t details) {
-    contact_.Properties.push_back({value, name, file_, row_, details});
+    properties_.push_back({value, name, file_, row_, details});
 }
 
 void LdifContacts::PushOnce(NameId name, std::string_view value, std::uint32_t details) {
-    const auto end = contact_.Properties.begin() + static_cast<std::ptrdiff_t>(std::min(
-                                                       contact_.Properties.size(), kMostCompared));
-    const bool there = std::any_of(contact_.Properties.begin(), end, [&](const Property& one) {
+    const auto end = properties_.begin() +
+                     static_cast<std::ptrdiff_t>(std::min(properties_.size(), kMostCompared));
+    const bool there = std::any_of(properties_.begin(), end, [&](const Property& one) {
         return one.Name == name && one.Value == value && one.Details == details;
     });
     if (!there) {
@@ -113,18 +112,18 @@ void LdifContacts::PushParts(NameId name,
     if (whole.Line == 0) {
         return;
     }
-    std::string value;
+    text_.clear();
     for (std::size_t i = 0; i < count; ++i) {
-        value += i == 0 ? "" : ";";
-        AppendEscaped(whole.Texts[i], value);
+        text_.append(i == 0 ? "" : ";");
+        AppendEscaped(whole.Texts[i], text_);
     }
     row_ = whole.Line;
-    Push(name, book_.Keep(value), TypeDetails(type));
+    Push(name, book_.Keep(text_), TypeDetails(type));
 }
 
 void LdifContacts::Finish() {
     FinishUnit();
-    const std::size_t merged = contact_.Properties.size();
+    const std::size_t merged = properties_.size();
     // Netscape 4 wrote the street into the post-office box.
     constexpr std::size_t kBox = 0;
     constexpr std::size_t kStreet = 2;
@@ -195,24 +194,26 @@ void LdifContacts::FinishBirthday() {
 
 // A name that follows from the fields need not be kept.
 void LdifContacts::FinishDn() {
-    if (!dn_.empty() && dn_ != DnOf(First(field::kFn), First(field::kEmail))) {
+    text_.clear();
+    AppendDn(First(field::kFn), First(field::kEmail), text_);
+    if (!dn_.empty() && dn_ != text_) {
         Carry("dn", dn_);
     }
 }
 
 bool LdifContacts::Has(NameId name, std::string_view value) const {
-    const auto end = contact_.Properties.begin() + static_cast<std::ptrdiff_t>(std::min(
-                                                       contact_.Properties.size(), kMostCompared));
-    return std::any_of(contact_.Properties.begin(), end, [&](const Property& one) {
+    const auto end = properties_.begin() +
+                     static_cast<std::ptrdiff_t>(std::min(properties_.size(), kMostCompared));
+    return std::any_of(properties_.begin(), end, [&](const Property& one) {
         return one.Name == name && one.Value == value;
     });
 }
 
 std::string_view LdifContacts::First(NameId name) const {
-    const auto found = std::find_if(contact_.Properties.begin(),
-                                    contact_.Properties.end(),
+    const auto found = std::find_if(properties_.begin(),
+                                    properties_.end(),
                                     [name](const Property& one) { return one.Name == name; });
-    return found == contact_.Properties.end() ? std::string_view{} : found->Value;
+    return found == properties_.end() ? std::string_view{} : found->Value;
 }
 
 std::uint32_t LdifContacts::TypeDetails(std::string_view type) {

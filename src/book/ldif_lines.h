@@ -23,7 +23,7 @@ struct LdifLine {
 class LdifLines {
  public:
     // What is folded is kept in the book.
-    LdifLines(std::string_view text, Book& book);
+    LdifLines(std::string_view text, Book& book) : lines_(text), book_(book) {}
 
     // The next line, or the end of a record; false at the end of the text.
     bool Next(LdifLine& line);
@@ -31,10 +31,10 @@ class LdifLines {
  private:
     void TakeContinuations(LdifLine& line);
     bool TakeBlanks(LdifLine& line, std::string& whole);
+    // The next line, if it goes on with the one before it.
+    bool NextContinuation(Line& line);
 
     Lines lines_;
-    Line next_;
-    bool has_next_;
     Book& book_;
 };
 
@@ -51,5 +51,8 @@ struct LdifParts {
 //   "cn;lang-de: Al" -> cn, lang-de, Al, Plain;  "jpegphoto:< file:///x" -> Url;  "no colon" ->
 //   none
 [[nodiscard]] std::optional<LdifParts> SplitLdifLine(std::string_view line);
+
+// PartsAtColon: the same of a line whose name is known to be one and ends at its first colon.
+[[nodiscard]] LdifParts PartsAtColon(std::string_view line, std::size_t colon);
 
 }  // namespace orvik::book

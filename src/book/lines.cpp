@@ -48,12 +48,13 @@ std::size_t Lines::EndBesideCr() const {
 }
 
 void TextRows::Add(std::string_view text, std::uint32_t number, bool folded) {
-    const bool is_text = !folded && text.find(':') == std::string_view::npos;
+    const std::size_t colon = text.find(':');
+    const bool is_text = !folded && colon == std::string_view::npos;
     if (is_text && ends_with_text_) {
         std::string_view& whole = rows_.back().Text;
         whole = {whole.data(), static_cast<std::size_t>(text.data() + text.size() - whole.data())};
     } else {
-        rows_.push_back({text, number});
+        rows_.push_back({text, number, static_cast<std::uint32_t>(colon)});
     }
     ends_with_text_ = is_text;
 }

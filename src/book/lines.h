@@ -21,6 +21,9 @@ struct Line {
 struct TextRow {
     std::string_view Text;
     std::uint32_t Number = 0;
+    std::uint32_t Colon = kNoColon;  // where the first one is
+
+    static constexpr std::uint32_t kNoColon = ~std::uint32_t{0};
 };
 
 // The rows of a record. Lines that are no fields, one behind the other, are one row: a text that
@@ -56,6 +59,8 @@ class Lines {
 
     // The next line; false at the end of the text.
     bool Next(Line& line);
+    // The text behind the lines that were read.
+    [[nodiscard]] std::string_view Rest() const { return rest_; }
 
  private:
     [[nodiscard]] std::size_t EndOfLine() const {

@@ -53,18 +53,18 @@ VCardContacts::VCardContacts(Book& book, Charset& charset, std::uint32_t file)
 
 void VCardContacts::Add(const std::deque<TextRow>& rows, Dialect form, const Origin& from) {
     contact_ = {};
+    properties_.clear();
     details_ = 0;
     contact_.From = from;
     contact_.IsUtf8 = book_.IsUtf8(from);
-    contact_.Properties.reserve(rows.size());
+    properties_.reserve(rows.size());
     contact_.Form = form;
     form_ = form == Dialect::None ? Dialect::VCard30 : form;
     Judge(rows);
     for (const TextRow& row : rows) {
         TakeRow(row);
     }
-    book_.CountRead(contact_.From);
-    book_.Contacts.push_back(std::move(contact_));
+    book_.AddRead(contact_, properties_);
 }
 
 // A card is of one set but for the values that name theirs. Quoted-printable without a name is of
@@ -104,7 +104,7 @@ void VCardContacts::TakeRow(const TextRow& row) {
         std::string text;
         AppendOneLine(Letters(row.Text, none, {}), text);
         const NameId name = book_.Names.Intern("X-ORVIK-VCARD-no-field");
-        contact_.Properties.push_back({book_.Keep(text), name, file_, row.Number, 0});
+        properties_.push_back({book_.Keep(text), name, file_, row.Number, 0});
         return;
     }
     const NameId name = book_.Names.Intern(parts->Name);
@@ -118,7 +118,7 @@ void VCardContacts::TakeRow(const TextRow& row) {
     if (name == field::kN && PartCount(value) < kNameParts) {
         Doubt(Reason::FewParts, *parts);
     }
-    contact_.Properties.push_back({value, name, file_, row.Number, DetailsOf(*parts)});
+    properties_.push_back({value, name, file_, row.Number, DetailsOf(*parts)});
 }
 
 // Fields with the same parameters follow each other, and share them.

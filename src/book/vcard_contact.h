@@ -57,6 +57,7 @@ class VCardContacts {
 
     // Of the card that is being read.
     Contact contact_;
+    std::vector<Property> properties_;
     Dialect form_ = Dialect::None;
     PieceCharset piece_ = PieceCharset::Utf8;
     PieceCharset quoted_ = PieceCharset::Utf8;

@@ -31,7 +31,7 @@ TEST(Book, KeepsLittleBesidesTheText) {
     std::size_t held = 0;
     for (const Contact& contact : read.book.Contacts) {
         properties += contact.Properties.size();
-        held += contact.Properties.capacity() * sizeof(Property);
+        held += contact.Properties.size_bytes();
     }
     EXPECT_EQ(properties, 60000U);
     EXPECT_LE(held, properties * 48);
