@@ -35,9 +35,23 @@ std::uint32_t Book::KeepDetails(std::string_view group, std::span<const Param> p
     return static_cast<std::uint32_t>(details_.size() - 1);
 }
 
-void Book::AddRead(const Contact& contact, std::span<const Property> properties) {
+std::uint32_t Book::TakeDetails(std::string_view group, std::vector<Param>& params) {
+    if (params.size() <= kMostCopied) {
+        return KeepDetails(group, params);
+    }
+    details_.push_back({group, long_params_.emplace_back(std::move(params))});
+    params.clear();
+    return static_cast<std::uint32_t>(details_.size() - 1);
+}
+
+void Book::AddRead(const Contact& contact, std::vector<Property>& properties) {
     Contacts.push_back(contact);
-    Contacts.back().Properties = fields_.KeepJoined<Property>(properties, {});
+    if (properties.size() > kMostCopied) {
+        Contacts.back().Properties = long_rows_.emplace_back(std::move(properties));
+    } else {
+        Contacts.back().Properties = fields_.KeepJoined<Property>(properties, {});
+    }
+    properties.clear();
     CountRead(contact.From);
 }
 
@@ -69,6 +83,21 @@ std::string_view Book::BytesOf(const Contact& contact) const {
 
 bool Book::IsUtf8(const Origin& from) const {
     return SourceAt(from.File).Wide() == WideForm::None && CountUtf8(TextOf(from)).Bad == 0;
+}
+
+std::size_t Book::LikelyLength() const {
+    constexpr std::size_t kOfContact = 120;
+    constexpr std::size_t kOfProperty = 24;
+    std::size_t length = 0;
+    for (const Contact& contact : Contacts) {
+        length += kOfContact;
+        for (const Property& one : contact.Properties) {
+            const std::size_t text = one.Value.size() + Names.Text(one.Name).size();
+            // Folding adds three bytes a line.
+            length += kOfProperty + text + text / 16;
+        }
+    }
+    return length;
 }
 
 std::string_view Book::TextOf(const Origin& from) const {

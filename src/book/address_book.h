@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "book/arena.h"
 #include "book/record.h"
@@ -52,9 +53,11 @@ class Book {
     // Puts a group and parameters aside; both are 0 and empty for most properties. The group must
     // live as long as the book; the parameters are copied.
     std::uint32_t KeepDetails(std::string_view group, std::span<const Param> params);
+    // The same, and the parameters may be taken instead.
+    std::uint32_t TakeDetails(std::string_view group, std::vector<Param>& params);
 
-    // Takes a contact with the properties that were read, which are copied, and counts it as read.
-    void AddRead(const Contact& contact, std::span<const Property> properties);
+    // Takes a contact with the properties that were read, and counts it as read.
+    void AddRead(const Contact& contact, std::vector<Property>& properties);
 
     // Changes of a user: the contact is written anew from then on.
     void SetValue(Contact& contact, std::size_t property, std::string_view value);
@@ -67,17 +70,27 @@ class Book {
     // Whether the bytes of a record are UTF-8 in its file, too.
     [[nodiscard]] bool IsUtf8(const Origin& from) const;
 
+    // How many bytes the book may have when it is written, rather more than less. A text that grows
+    // is there twice, and room that is not used takes no memory.
+    [[nodiscard]] std::size_t LikelyLength() const;
+
     // How much memory texts and details take, in bytes, sources aside.
     [[nodiscard]] std::size_t TextHeld() const { return texts_.Held(); }
 
  private:
     void CountRead(const Origin& from);
+    // Millions of values would be there twice while they are copied.
+    static constexpr std::size_t kMostCopied = 4096;
+
     [[nodiscard]] std::string_view TextOf(const Origin& from) const;
 
     std::deque<std::unique_ptr<Source>> sources_;
     std::deque<std::size_t> read_;
     Arena texts_;
     Arena fields_;
+    // What is too much to be copied: of one contact, of one property.
+    std::deque<std::vector<Property>> long_rows_;
+    std::deque<std::vector<Param>> long_params_;
     std::deque<Details> details_;
 };
 

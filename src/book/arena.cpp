@@ -1,12 +1,14 @@
 #include "book/arena.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 
 namespace orvik::book {
 namespace {
 
-constexpr std::size_t kBlock = 64UL * 1024;
+constexpr std::size_t kFirstBlock = 64UL * 1024;
+constexpr std::size_t kLargestBlock = 16UL * 1024 * 1024;
 
 }  // namespace
 
@@ -28,9 +30,11 @@ char* Arena::Take(std::size_t bytes, std::size_t alignment) {
         left_ -= bytes + gap;
         return place;
     }
+    // Blocks grow with what is held: the system gives large ones in large pages.
+    const std::size_t block = std::clamp(held_ / 16, kFirstBlock, kLargestBlock);
     // What is long gets a block of its own, so that little of the others is wasted.
-    const bool own = bytes > kBlock / 4;
-    const std::size_t length = own ? bytes : kBlock;
+    const bool own = bytes > block / 4;
+    const std::size_t length = own ? bytes : block;
     blocks_.push_back(std::make_unique_for_overwrite<char[]>(length));
     held_ += length;
     char* const place = blocks_.back().get();

@@ -150,7 +150,7 @@ Detected Detect(const Source& source) {
         return {Format::None, std::string(other->Name)};
     }
     Line line;
-    for (Lines lines(source.Text()); lines.Next(line);) {
+    for (Lines lines(source.Text(), source.Signs().Cr); lines.Next(line);) {
         if (line.Text.empty()) {
             continue;
         }

@@ -53,7 +53,7 @@ LdifContacts::LdifContacts(Book& book, Charset& charset, std::uint32_t file)
       charset_(charset),
       file_(file),
       attributes_(book.Names),
-      has_nul_(book.SourceAt(file).Text().find('\0') != std::string_view::npos) {}
+      has_nul_(book.SourceAt(file).Signs().Nul) {}
 
 void LdifContacts::Clear() {
     contact_ = {};
@@ -66,7 +66,7 @@ void LdifContacts::Clear() {
     last_was_carried_ = false;
 }
 
-void LdifContacts::Add(const std::deque<TextRow>& rows, std::size_t first, const Origin& from) {
+void LdifContacts::Add(const std::vector<TextRow>& rows, std::size_t first, const Origin& from) {
     Clear();
     contact_.From = from;
     // A file of UTF-8 has no record that is none.

@@ -5,7 +5,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <span>
 #include <string>
 #include <string_view>
@@ -27,7 +26,7 @@ class LdifContacts {
     LdifContacts(Book& book, Charset& charset, std::uint32_t file);
 
     // The contact of a record that begins in from.Line.
-    void Add(const std::deque<TextRow>& rows, std::size_t first, const Origin& from);
+    void Add(const std::vector<TextRow>& rows, std::size_t first, const Origin& from);
 
  private:
     // Only so many fields are looked through for an equal one: nobody has more, and time stays

@@ -90,7 +90,13 @@ void LdifContacts::Carry(std::string_view name,
 }
 
 void LdifContacts::Push(NameId name, std::string_view value, std::uint32_t details) {
-    properties_.push_back({value, name, file_, row_, details});
+    // Made where it stays: a copy waits for its short parts.
+    Property& one = properties_.emplace_back();
+    one.Value = value;
+    one.Name = name;
+    one.File = file_;
+    one.Line = row_;
+    one.Details = details;
 }
 
 void LdifContacts::PushOnce(NameId name, std::string_view value, std::uint32_t details) {
@@ -167,6 +173,9 @@ void LdifContacts::FinishUnit() {
 }
 
 void LdifContacts::FinishBirthday() {
+    if (birth_[0].empty() && birth_[1].empty() && birth_[2].empty()) {
+        return;
+    }
     const std::string year = Digits(birth_[0], 1, 9999, 4);
     const std::string month = Digits(birth_[1], 1, 12, 2);
     const std::string day = Digits(birth_[2], 1, 31, 2);

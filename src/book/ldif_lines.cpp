@@ -38,22 +38,6 @@ std::size_t NameLength(std::string_view line) {
     return length;
 }
 
-// What stands behind the first colon.
-void TakeValue(std::string_view behind, LdifParts& parts) {
-    if (behind.starts_with(':')) {
-        parts.Form = LdifForm::Base64;
-        behind.remove_prefix(1);
-    } else if (behind.starts_with('<')) {
-        parts.Form = LdifForm::Url;
-        behind.remove_prefix(1);
-    }
-    // By hand, as nearly each value has one blank before it.
-    while (IsContinuation(behind)) {
-        behind.remove_prefix(1);
-    }
-    parts.Value = behind;
-}
-
 void Extend(LdifLine& line, const Line& by) {
     line.Span = {line.Span.data(), line.Span.size() + by.WithEnd.size()};
     line.Last = by.Number;
@@ -145,14 +129,7 @@ std::optional<LdifParts> SplitLdifLine(std::string_view line) {
     if (parts.Name.empty() || colon == line.size() || line[colon] != ':') {
         return std::nullopt;
     }
-    TakeValue(line.substr(colon + 1), parts);
-    return parts;
-}
-
-LdifParts PartsAtColon(std::string_view line, std::size_t colon) {
-    LdifParts parts;
-    parts.Name = line.substr(0, colon);
-    TakeValue(line.substr(colon + 1), parts);
+    parts.TakeValue(line.substr(colon + 1));
     return parts;
 }
 

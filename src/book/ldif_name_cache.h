@@ -5,6 +5,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "book/field_names.h"
@@ -28,7 +30,7 @@ class LdifNameCache {
     [[nodiscard]] LdifAttribute* Known(std::string_view name) {
         LdifAttribute* const places = places_.data() + FirstPlace(name);
         for (std::size_t i = 0; i < kTries; ++i) {
-            if (places[i].Name == name && places[i].Field != nullptr) {
+            if (IsSame(places[i].Name, name) && places[i].Field != nullptr) {
                 return places + i;
             }
         }
@@ -52,6 +54,37 @@ class LdifNameCache {
                             : (name.size() + 3 * letter(0) + 7 * letter(name.size() - 1) +
                                11 * letter(name.size() / 2)) %
                                   kPlaces;
+    }
+
+    // Whether short texts are equal, without a call: words that overlap, or the three letters.
+    [[nodiscard]] static bool IsSame(std::string_view one, std::string_view other) {
+        const std::size_t length = one.size();
+        if (length != other.size()) {
+            return false;
+        }
+        if (length >= sizeof(std::uint64_t)) {
+            std::size_t at = 0;
+            for (; at + sizeof(std::uint64_t) < length; at += sizeof(std::uint64_t)) {
+                if (Word<std::uint64_t>(one, at) != Word<std::uint64_t>(other, at)) {
+                    return false;
+                }
+            }
+            at = length - sizeof(std::uint64_t);
+            return Word<std::uint64_t>(one, at) == Word<std::uint64_t>(other, at);
+        }
+        if (length >= sizeof(std::uint32_t)) {
+            const std::size_t at = length - sizeof(std::uint32_t);
+            return Word<std::uint32_t>(one, 0) == Word<std::uint32_t>(other, 0) &&
+                   Word<std::uint32_t>(one, at) == Word<std::uint32_t>(other, at);
+        }
+        return length == 0 || (one[0] == other[0] && one[length / 2] == other[length / 2] &&
+                               one[length - 1] == other[length - 1]);
+    }
+    template <class Number>
+    [[nodiscard]] static Number Word(std::string_view text, std::size_t at) {
+        Number word = 0;
+        std::memcpy(&word, text.data() + at, sizeof word);
+        return word;
     }
 
     FieldNames& names_;

@@ -1,6 +1,7 @@
 #include "book/vcard_contact.h"
 
 #include <algorithm>
+#include <deque>
 #include <span>
 #include <utility>
 
@@ -51,7 +52,7 @@ void AppendLines(std::string_view text, std::string& to) {
 VCardContacts::VCardContacts(Book& book, Charset& charset, std::uint32_t file)
     : book_(book), charset_(charset), file_(file) {}
 
-void VCardContacts::Add(const std::deque<TextRow>& rows, Dialect form, const Origin& from) {
+void VCardContacts::Add(const std::vector<TextRow>& rows, Dialect form, const Origin& from) {
     contact_ = {};
     properties_.clear();
     details_ = 0;
@@ -69,7 +70,7 @@ void VCardContacts::Add(const std::deque<TextRow>& rows, Dialect form, const Ori
 
 // A card is of one set but for the values that name theirs. Quoted-printable without a name is of
 // the set of the program that wrote it.
-void VCardContacts::Judge(const std::deque<TextRow>& rows) {
+void VCardContacts::Judge(const std::vector<TextRow>& rows) {
     std::vector<std::string_view> raw;
     const auto add_raw = [&](std::string_view text) {
         if (!charset_.IsUtf8()) {
@@ -124,7 +125,7 @@ void VCardContacts::TakeRow(const TextRow& row) {
 // Fields with the same parameters follow each other, and share them.
 std::uint32_t VCardContacts::DetailsOf(const VCardParts& parts) {
     if (details_ == 0 || !parts.Group.empty() || parts.Params != details_of_) {
-        const std::uint32_t details = book_.KeepDetails(parts.Group, params_);
+        const std::uint32_t details = book_.TakeDetails(parts.Group, params_);
         details_ = parts.Group.empty() ? details : 0;
         details_of_ = parts.Params;
         return details;
@@ -144,7 +145,15 @@ void VCardContacts::TakeVersion(const VCardParts& parts) {
 }
 
 VCardContacts::Manner VCardContacts::TakeParams(const VCardParts& parts) {
+    constexpr std::size_t kLongParams = 4096;
     Manner manner;
+    if (parts.Params.size() > kLongParams) {
+        // Millions of them are counted, as they would be there three times while they grow.
+        params_.reserve(2 + static_cast<std::size_t>(
+                                std::count_if(parts.Params.begin(), parts.Params.end(), [](char c) {
+                                    return c == ';' || c == ',';
+                                })));
+    }
     std::string_view rest = parts.Params;
     while (const auto param = TakeParam(rest)) {
         if (const auto encoding = EncodingNamed(*param)) {
