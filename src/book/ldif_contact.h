@@ -60,7 +60,15 @@ class LdifContacts {
                              const LdifField& field,
                              const LdifParts& parts);
     void Carry(std::string_view name, std::string_view text, std::span<const Param> params = {});
-    void Push(NameId name, std::string_view value, std::uint32_t details = 0);
+    void Push(NameId name, std::string_view value, std::uint32_t details = 0) {
+        // Made where it stays: a copy waits for its short parts.
+        Property& one = properties_.emplace_back();
+        one.Value = value;
+        one.Name = name;
+        one.File = file_;
+        one.Line = row_;
+        one.Details = details;
+    }
     void PushOnce(NameId name, std::string_view value, std::uint32_t details = 0);
     void PushParts(NameId name, const Parts& whole, std::size_t count, std::string_view type);
     bool TakeCarried(const LdifParts& parts, std::string_view text);

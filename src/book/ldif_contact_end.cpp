@@ -89,16 +89,6 @@ void LdifContacts::Carry(std::string_view name,
     Push(attributes_.CarriedAs(name), text, book_.KeepDetails({}, params));
 }
 
-void LdifContacts::Push(NameId name, std::string_view value, std::uint32_t details) {
-    // Made where it stays: a copy waits for its short parts.
-    Property& one = properties_.emplace_back();
-    one.Value = value;
-    one.Name = name;
-    one.File = file_;
-    one.Line = row_;
-    one.Details = details;
-}
-
 void LdifContacts::PushOnce(NameId name, std::string_view value, std::uint32_t details) {
     const auto end = properties_.begin() +
                      static_cast<std::ptrdiff_t>(std::min(properties_.size(), kMostCompared));

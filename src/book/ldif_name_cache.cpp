@@ -8,7 +8,7 @@
 namespace orvik::book {
 
 LdifAttribute& LdifNameCache::Of(std::string_view name) {
-    if (LdifAttribute* const known = Known(name)) {
+    if (LdifAttribute* const known = Find(name)) {
         return *known;
     }
     LdifAttribute* const first = places_.data() + FirstPlace(name);
@@ -16,12 +16,16 @@ LdifAttribute& LdifNameCache::Of(std::string_view name) {
         first, first + kTries, [](const LdifAttribute& one) { return one.Field == nullptr; });
     // Where all are taken, one that is in use is looked for anew when it comes again.
     LdifAttribute& place = free == first + kTries ? *first : *free;
-    place = {name, &LdifFieldOf(name), FieldNames::kNone, StartsAsName(name, kCarriedFromVCard)};
+    place = {name,
+             &LdifFieldOf(name),
+             FieldNames::kNone,
+             StartsAsName(name, kCarriedFromVCard),
+             nullptr};
     return place;
 }
 
 NameId LdifNameCache::CarriedAs(std::string_view name) {
-    LdifAttribute* const known = Known(name);
+    LdifAttribute* const known = Find(name);
     if (known != nullptr && known->CarriedAs != FieldNames::kNone) {
         return known->CarriedAs;
     }

@@ -18,7 +18,8 @@ struct LdifAttribute {
     std::string_view Name;
     const LdifField* Field = nullptr;  // none for a place that is free
     NameId CarriedAs = FieldNames::kNone;
-    bool IsCarriedVCard = false;  // Orvik's own way to carry a field of vCard through LDIF
+    bool IsCarriedVCard = false;    // Orvik's own way to carry a field of vCard through LDIF
+    LdifAttribute* Next = nullptr;  // the one that came behind it the last time
 };
 
 class LdifNameCache {
@@ -26,17 +27,19 @@ class LdifNameCache {
     // The names of the book; they must outlive this.
     explicit LdifNameCache(FieldNames& names) : names_(names) {}
 
-    // An attribute that was met before; nullptr for any other.
+    // The attribute of the next line, if it was met before; nullptr for any other. Records are much
+    // alike, so it is mostly the one that came behind the last one before.
     [[nodiscard]] LdifAttribute* Known(std::string_view name) {
-        LdifAttribute* const places = places_.data() + FirstPlace(name);
-        for (std::size_t i = 0; i < kTries; ++i) {
-            if (IsSame(places[i].Name, name) && places[i].Field != nullptr) {
-                return places + i;
-            }
+        const bool again = last_ != nullptr && last_->Next != nullptr &&
+                           IsSame(last_->Next->Name, name) && last_->Next->Field != nullptr;
+        LdifAttribute* const known = again ? last_->Next : Find(name);
+        if (last_ != nullptr && known != nullptr) {
+            last_->Next = known;
         }
-        return nullptr;
+        last_ = known;
+        return known;
     }
-    // The same, with what the tables know of a new one. The name must stay where it is.
+    // The same with what the tables know of a new one. The name must stay where it is.
     LdifAttribute& Of(std::string_view name);
     // The number of the name under which it is carried.
     NameId CarriedAs(std::string_view name);
@@ -45,6 +48,15 @@ class LdifNameCache {
     static constexpr std::size_t kPlaces = 256;
     static constexpr std::size_t kTries = 4;
 
+    [[nodiscard]] LdifAttribute* Find(std::string_view name) {
+        LdifAttribute* const places = places_.data() + FirstPlace(name);
+        for (std::size_t i = 0; i < kTries; ++i) {
+            if (IsSame(places[i].Name, name) && places[i].Field != nullptr) {
+                return places + i;
+            }
+        }
+        return nullptr;
+    }
     // By the length and three letters, which tell the names of address books apart.
     [[nodiscard]] static std::size_t FirstPlace(std::string_view name) {
         const auto letter = [name](std::size_t at) {
@@ -88,6 +100,7 @@ class LdifNameCache {
     }
 
     FieldNames& names_;
+    LdifAttribute* last_ = nullptr;
     std::array<LdifAttribute, kPlaces + kTries> places_;
 };
 
