@@ -3,6 +3,7 @@
 #   ./setup.sh            for building and running the programs
 #   ./setup.sh --package  also for making the Debian package
 #   ./setup.sh --tests    also for ./test.sh and the other tools of developers
+#   ./setup.sh --readers  also for what ./test.sh --full has other address books' libraries read
 set -euo pipefail
 
 packages=(
@@ -28,11 +29,14 @@ test_packages=(
     # interrupted savings
     strace
 )
+# Apart from the tests: KContacts brings Qt 5, and Evolution's library half a desktop.
+reader_packages=(libkf5contacts-dev libebook-contacts1.2-dev)
 case "${1:-}" in
     --package) packages+=("${package_packages[@]}") ;;
     --tests) packages+=("${package_packages[@]}" "${test_packages[@]}") ;;
+    --readers) packages+=("${reader_packages[@]}") ;;
     "") ;;
-    *) echo "usage: $0 [--package | --tests]" >&2; exit 2 ;;
+    *) echo "usage: $0 [--package | --tests | --readers]" >&2; exit 2 ;;
 esac
 
 missing=()

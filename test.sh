@@ -4,7 +4,8 @@
 #   ./test.sh --full   also benchmarks up to a million entries, the package in a fresh Debian,
 #                      whether each build makes the same package, saves that fail and are killed
 #                      inside of each system call, ten million steps at depth, planted faults, the
-#                      lines that the tests run, and kills while a person works
+#                      lines that the tests run, kills while a person works, and what other programs
+#                      read of the cards
 #   ./test.sh --quick  only the unit tests and the scenarios on the forms, without sanitizers
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -137,6 +138,16 @@ faults() { tests/depth/faults.py build/mutants; }
 coverage() { tests/mutants/coverage.py build/mutants; }
 kills() { tests/desktop/recovery_test.sh "$release/bin/orvik" 10; }
 
+# With a build of their own: these programs need Qt 5.
+readers() {
+    ./setup.sh --readers
+    local log=build/configure-readers.log
+    cmake -S tests/readers -B build/readers -G Ninja >"$log" 2>&1 || { cat "$log"; return 1; }
+    cmake --build build/readers
+    local built=build/sanitize/bin
+    tests/readers/compare.py $built/orvik-book $built/orvik-book-touch build/readers/bin .
+}
+
 bench() {
     configure bench
     cmake --build --preset bench
@@ -161,6 +172,7 @@ else
     [ $mode = every ] || stage "the same package from every build" reproducible
     [ $mode = every ] || stage "failing and killed saves" real_calls
     [ $mode = every ] || stage "kills" kills
+    [ $mode = every ] || stage "what other programs read of the cards" readers
     [ $mode = every ] || stage "benchmarks" bench
     [ $mode = every ] || stage "ten million steps at depth" depth
     [ $mode = every ] || stage "build for faulty sources" build_mutants

@@ -247,6 +247,14 @@ class Form1 : public Form {
     void LeaveEditMode();
     void EnableEditCommands(bool editing);
     void ShowLists(bool visible);
+
+    // What was written as LDIF last, and the revision of what came of it: what is read back at once
+    // is known without reading it.
+    struct Written {
+        SharedText Native;
+        std::uint64_t Ldif = 0;
+    };
+    Written written_;
 };
 
 }  // namespace orvik

@@ -67,7 +67,7 @@ SharedText Module1::SplitEntries(const SharedText& text, std::string_view kind) 
     const std::size_t emails = blocks.EmailsLength;
     const std::size_t nicks_start = blocks.NicksStart();
     const std::size_t nicks = blocks.NicksLength();
-    const SharedText native(std::move(blocks.Native));
+    SharedText native(std::move(blocks.Native));
     EmailBlock = {native, 0, emails};
     NickBlock = {native, nicks_start, nicks};
     last_split_ = {text.Revision(), textSep, native};

@@ -188,9 +188,10 @@ std::size_t FindNickLine(std::string_view text, std::size_t start) {
 
 // How many lines CR LF ends.
 std::size_t CountLines(std::string_view text) {
+    const char* const bytes = text.data();
     std::size_t lines = 0;
     for (std::size_t p = 1; p < text.size(); ++p) {
-        lines += static_cast<std::size_t>(text.data()[p - 1] == '\r' && text.data()[p] == '\n');
+        lines += static_cast<std::size_t>(bytes[p - 1] == '\r' && bytes[p] == '\n');
     }
     return lines;
 }

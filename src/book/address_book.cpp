@@ -13,11 +13,35 @@ std::uint32_t Book::AddSource(std::unique_ptr<Source> source) {
     return static_cast<std::uint32_t>(sources_.size() - 1);
 }
 
-void Book::CountRead(const Origin& from) {
+void Book::BeginRead(Contact& contact, const Origin& from, bool all_utf8) const {
+    contact = {};
+    contact.From = from;
+    // The bytes of a wide file are others than its text.
+    contact.IsUtf8 = SourceAt(from.File).Wide() == WideForm::None &&
+                     (all_utf8 || CountUtf8(TextOf(from)).Bad == 0);
+    contact.FirstRemark = static_cast<std::uint32_t>(Told.Remarks().size());
+}
+
+void Book::CountRead(Contact& contact) {
+    const Origin& from = contact.From;
+    contact.Remarks = static_cast<std::uint32_t>(Told.Remarks().size()) - contact.FirstRemark;
     ++read_[from.File];
     Told.CountMore(What::Read);
     if (HowFar) {
         HowFar(from.Offset + std::size_t{from.Bytes}, SourceAt(from.File).Text().size());
+    }
+}
+
+void Book::TellLosses(const Contact& contact) {
+    const char* last = nullptr;
+    for (std::size_t i = 0; i < contact.Remarks; ++i) {
+        Remark remark = Told.Remarks()[contact.FirstRemark + i];
+        // The parts of a value may each have been told.
+        if (remark.Why == Reason::NoLetter && remark.Value.data() != last) {
+            last = remark.Value.data();
+            remark.Kind = What::Lost;
+            Told.Add(remark);
+        }
     }
 }
 
@@ -52,7 +76,7 @@ void Book::AddRead(const Contact& contact, std::vector<Property>& properties) {
         Contacts.back().Properties = fields_.KeepJoined<Property>(properties, {});
     }
     properties.clear();
-    CountRead(contact.From);
+    CountRead(Contacts.back());
 }
 
 void Book::SetValue(Contact& contact, std::size_t property, std::string_view value) {
@@ -79,10 +103,6 @@ std::string_view Book::BytesOf(const Contact& contact) const {
         return {};
     }
     return TextOf(contact.From);
-}
-
-bool Book::IsUtf8(const Origin& from) const {
-    return SourceAt(from.File).Wide() == WideForm::None && CountUtf8(TextOf(from)).Bad == 0;
 }
 
 std::size_t Book::LikelyLength() const {

@@ -56,8 +56,13 @@ class Book {
     // The same, and the parameters may be taken instead.
     std::uint32_t TakeDetails(std::string_view group, std::vector<Param>& params);
 
+    // Told of the contact from now on; AddRead ends it. all_utf8 says that the whole text of its
+    // source is known to be UTF-8, and need not be looked at again.
+    void BeginRead(Contact& contact, const Origin& from, bool all_utf8) const;
     // Takes a contact with the properties that were read, and counts it as read.
     void AddRead(const Contact& contact, std::vector<Property>& properties);
+    // Tells as lost what cannot be written anew: bytes that were no letters.
+    void TellLosses(const Contact& contact);
 
     // Changes of a user: the contact is written anew from then on.
     void SetValue(Contact& contact, std::size_t property, std::string_view value);
@@ -67,9 +72,6 @@ class Book {
     // The bytes of a contact in its source; empty for one that came from none.
     [[nodiscard]] std::string_view BytesOf(const Contact& contact) const;
 
-    // Whether the bytes of a record are UTF-8 in its file, too.
-    [[nodiscard]] bool IsUtf8(const Origin& from) const;
-
     // How many bytes the book may have when it is written, rather more than less. A text that grows
     // is there twice, and room that is not used takes no memory.
     [[nodiscard]] std::size_t LikelyLength() const;
@@ -78,10 +80,10 @@ class Book {
     [[nodiscard]] std::size_t TextHeld() const { return texts_.Held(); }
 
  private:
-    void CountRead(const Origin& from);
     // Millions of values would be there twice while they are copied.
     static constexpr std::size_t kMostCopied = 4096;
 
+    void CountRead(Contact& contact);
     [[nodiscard]] std::string_view TextOf(const Origin& from) const;
 
     std::deque<std::unique_ptr<Source>> sources_;

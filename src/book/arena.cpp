@@ -35,6 +35,7 @@ char* Arena::Take(std::size_t bytes, std::size_t alignment) {
     // What is long gets a block of its own, so that little of the others is wasted.
     const bool own = bytes > block / 4;
     const std::size_t length = own ? bytes : block;
+    // NOLINTNEXTLINE(modernize-avoid-c-arrays): as in the header
     blocks_.push_back(std::make_unique_for_overwrite<char[]>(length));
     held_ += length;
     char* const place = blocks_.back().get();

@@ -38,6 +38,7 @@ class Arena {
  private:
     char* Take(std::size_t bytes, std::size_t alignment);
 
+    // NOLINTNEXTLINE(modernize-avoid-c-arrays): how long each is, is known when it is made
     std::vector<std::unique_ptr<char[]>> blocks_;
     char* next_ = nullptr;
     std::size_t left_ = 0;

@@ -1,5 +1,6 @@
 #include "book/carried_line.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "book/value_form.h"
@@ -19,7 +20,15 @@ std::string CarriedLine(const Book& book, const Property& property) {
     }
     line += ":";
     if (ValueFormOf(book.Names, property.Name) == ValueForm::Text) {
-        AppendEscaped(property.Value, line);
+        // A CR can stand in base64 as it is, and would not come back from its escape.
+        std::string_view rest = property.Value;
+        for (TakenPart part{{}, true}; part.More;) {
+            const std::size_t length = std::min(rest.find('\r'), rest.size());
+            part = {rest.substr(0, length), length < rest.size()};
+            rest.remove_prefix(std::min(length + 1, rest.size()));
+            AppendEscaped(part.Text, line);
+            line += part.More ? "\r" : "";
+        }
     } else {
         line += property.Value;
     }

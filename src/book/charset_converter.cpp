@@ -61,7 +61,7 @@ bool IsUsable(UConverter* converter) {
                                         static_cast<int32_t>(kPlain.size()),
                                         &error);
     ucnv_reset(converter);
-    return U_SUCCESS(error) && count == static_cast<int32_t>(kPlain.size()) &&
+    return U_SUCCESS(error) != 0 && count == static_cast<int32_t>(kPlain.size()) &&
            std::equal(kPlain.begin(), kPlain.end(), letters.begin());
 }
 
@@ -71,7 +71,7 @@ std::string ShownName(UConverter* converter, std::string_view asked) {
     for (const char* const standard : {"MIME", "IANA"}) {
         UErrorCode ignored = U_ZERO_ERROR;
         const char* const name = ucnv_getStandardName(own, standard, &ignored);
-        if (U_SUCCESS(ignored) && name != nullptr) {
+        if (U_SUCCESS(ignored) != 0 && name != nullptr) {
             return name;
         }
     }
@@ -107,7 +107,7 @@ std::optional<CharsetConverter> CharsetConverter::Named(std::string_view name) {
     }
     UErrorCode error = U_ZERO_ERROR;
     ucnv_setToUCallBack(open->From.get(), CountBad, &open->Bad, nullptr, nullptr, &error);
-    if (U_FAILURE(error)) {
+    if (U_FAILURE(error) != 0) {
         return std::nullopt;
     }
     std::string shown = ShownName(open->From.get(), name);

@@ -22,8 +22,8 @@ class CharsetConverter {
     // The name that is shown, "windows-1252".
     [[nodiscard]] const std::string& Name() const { return name_; }
 
-    CharsetConverter(CharsetConverter&&) noexcept;
-    CharsetConverter& operator=(CharsetConverter&&) noexcept;
+    CharsetConverter(CharsetConverter&& other) noexcept;
+    CharsetConverter& operator=(CharsetConverter&& other) noexcept;
     CharsetConverter(const CharsetConverter&) = delete;
     CharsetConverter& operator=(const CharsetConverter&) = delete;
     ~CharsetConverter();

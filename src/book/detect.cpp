@@ -82,12 +82,19 @@ bool IsBinary(std::string_view text) {
     return 20 * static_cast<std::size_t>(odd) > sample.size();
 }
 
+// Directories may name attributes by number.
+bool IsDottedNumber(std::string_view name) {
+    return name.find('.') != std::string_view::npos &&
+           name.find_first_not_of("0123456789.") == std::string_view::npos;
+}
+
 bool NamesLdifAttribute(std::string_view line) {
     const std::string_view name = line.substr(0, line.find_first_of(":;"));
     return name.size() < line.size() &&
-           std::any_of(kLdifNames.begin(), kLdifNames.end(), [name](std::string_view known) {
-               return SameName(known, name);
-           });
+           (IsDottedNumber(name) ||
+            std::any_of(kLdifNames.begin(), kLdifNames.end(), [name](std::string_view known) {
+                return SameName(known, name);
+            }));
 }
 
 // The record that begins in this line: it has an attribute that address books have.

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "app/text.h"
@@ -50,11 +51,12 @@ std::string TypesOf(const Book& book, const Property& one) {
 
 class FieldsOf {
  public:
-    FieldsOf(const Book& book, const Contact& contact) : book_(book), contact_(contact) {}
+    FieldsOf(const Book& book, const Contact& contact)
+        : book_(book), contact_(contact), shown_(NameOf(book, contact).Shown) {}
 
     std::vector<std::string> Lines(const Directory& directory) && {
         Add("kind", contact_.Kind == ContactKind::List ? "list" : "person");
-        Add("FN", NameOf(book_, contact_).Shown);
+        Add("FN", shown_);
         for (const std::string& nickname : NicknamesOf(book_, contact_)) {
             Add("NICKNAME", nickname);
         }
@@ -79,7 +81,7 @@ class FieldsOf {
             name.erase(0, kCarriedFromVCard.size());
         }
         // Names that were shown are told above; another one is a field of its own.
-        const bool shown = one.Name == field::kFn && one.Value != NameOf(book_, contact_).Shown;
+        const bool shown = one.Name == field::kFn && one.Value != shown_;
         if ((IsIn(kOfTheRecord, one.Name) && !shown) || name == "X-ORVIK-LDIF-DN" ||
             (name == "KIND" && SameName(one.Value, "group"))) {
             return;
@@ -118,6 +120,7 @@ class FieldsOf {
 
     const Book& book_;
     const Contact& contact_;
+    std::string shown_;
     std::vector<std::string> lines_;
 };
 
@@ -136,9 +139,10 @@ std::vector<std::string> DifferentFields(const std::vector<std::string>& left,
     std::set_symmetric_difference(
         left.begin(), left.end(), right.begin(), right.end(), std::back_inserter(lines));
     std::vector<std::string> names;
+    std::unordered_set<std::string> there;
     for (const std::string& line : lines) {
         std::string name = line.substr(0, line.find_first_of(" ,"));
-        if (std::find(names.begin(), names.end(), name) == names.end()) {
+        if (there.insert(name).second) {
             names.push_back(std::move(name));
         }
     }

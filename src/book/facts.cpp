@@ -95,7 +95,8 @@ void AddContact(const Book& book, const Contact& contact, Facts& facts, Gathered
         facts.Phones += one.Name == field::kTel ? 1U : 0U;
         facts.Notes += one.Name == field::kNote ? 1U : 0U;
         const std::string_view name = book.Names.Text(one.Name);
-        if (one.Name >= field::kKnown && StartsAsName(name, kCarriedFromLdif)) {
+        if (one.Name >= field::kKnown && !one.Value.empty() &&
+            StartsAsName(name, kCarriedFromLdif)) {
             gathered.Unknown.insert(name.substr(kCarriedFromLdif.size()));
         }
     }

@@ -27,25 +27,6 @@ std::string TimeStampOf(std::string_view text) {
     return std::string(text.substr(0, kDate)) + "T" + std::string(text.substr(kDate));
 }
 
-// The lines of a postal address in a directory: " $ " parts them, \24 is $ and \5C a backslash.
-std::string PostalLinesOf(std::string_view text) {
-    std::string lines;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const std::string_view three = text.substr(i, 3);
-        if (three == "\\24" || three == "\\5C" || three == "\\5c") {
-            lines += three[1] == '2' ? '$' : '\\';
-            i += 2;
-        } else if (text[i] == '$') {
-            lines.erase(lines.find_last_not_of(' ') + 1);
-            lines += '\n';
-            i = std::min(text.find_first_not_of(' ', i + 1), text.size()) - 1;
-        } else {
-            lines += text[i];
-        }
-    }
-    return lines;
-}
-
 }  // namespace
 
 LdifContacts::LdifContacts(Book& book, Charset& charset, std::uint32_t file)
@@ -53,25 +34,23 @@ LdifContacts::LdifContacts(Book& book, Charset& charset, std::uint32_t file)
       charset_(charset),
       file_(file),
       attributes_(book.Names),
-      has_nul_(book.SourceAt(file).Signs().Nul) {}
+      has_nul_(book.SourceAt(file).Signs().Nul),
+      plain_(charset.IsUtf8() && book.SourceAt(file).BadLetters() == 0) {}
 
 void LdifContacts::Clear() {
-    contact_ = {};
     properties_.clear();
-    dn_ = any_phone_ = post_box_ = unit_ = {};
+    dn_ = any_phone_ = post_box_ = postal_ = home_postal_ = unit_ = {};
     name_ = work_ = home_ = org_ = {};
     birth_ = {};
-    of_kcontacts_ = false;
+    of_kcontacts_ = named_by_display_ = false;
+    late_.clear();
     carried_.clear();
     last_was_carried_ = false;
 }
 
 void LdifContacts::Add(const std::vector<TextRow>& rows, std::size_t first, const Origin& from) {
     Clear();
-    contact_.From = from;
-    // A file of UTF-8 has no record that is none.
-    contact_.IsUtf8 =
-        charset_.IsUtf8() ? book_.SourceAt(file_).Wide() == WideForm::None : book_.IsUtf8(from);
+    book_.BeginRead(contact_, from, charset_.IsUtf8());
     contact_.Form = Dialect::Ldif;
     properties_.reserve(rows.size());
     piece_ = PieceCharset::Utf8;
@@ -82,6 +61,7 @@ void LdifContacts::Add(const std::vector<TextRow>& rows, std::size_t first, cons
             values.push_back(row.Text);
         }
         piece_ = charset_.Judge(values, from.Line);
+        contact_.IsUtf8 = contact_.IsUtf8 || piece_ == PieceCharset::Broken;
     }
     for (std::size_t i = first; i < rows.size(); ++i) {
         TakeRow(rows[i]);
@@ -128,6 +108,8 @@ void LdifContacts::TakeAttribute(const LdifAttribute& attribute, const LdifParts
         Carry(parts.Name, value.Text);
     } else if (!value.Text.empty()) {
         TakeText(field, parts, value.Text);
+    } else if (field.Meaning != LdifMeaning::Dn) {
+        Carry(parts.Name, {});
     }
     last_was_carried_ = false;
 }
@@ -153,8 +135,12 @@ LdifContacts::Value LdifContacts::FromBase64(const LdifField& field, const LdifP
         return {Letters(parts.Value, field, parts)};
     }
     const bool picture = field.Meaning == LdifMeaning::Photo;
-    const bool odd = HasControls(bytes);
-    const bool no_text = bytes.find('\0') != std::string::npos || (odd && CountUtf8(bytes).Bad > 0);
+    // Base64 is UTF-8 or bytes; only in fields that are text for sure programs left other letters.
+    const bool valid = CountUtf8(bytes).Bad == 0;
+    const bool unknown = field.Meaning == LdifMeaning::Unknown;
+    const bool own = valid && StartsAsName(parts.Name, kCarriedFromVCard);
+    const bool no_text = (bytes.find('\0') != std::string::npos && !own) ||
+                         (!valid && (unknown || HasControls(bytes)));
     if (picture || no_text || parts.Options == "binary") {
         const bool plain = parts.Value.find_first_of(" \t") == std::string_view::npos;
         return {plain ? parts.Value : book_.Keep(ToBase64(bytes)), true, false};
@@ -175,12 +161,12 @@ LdifContacts::Value LdifContacts::FromBase64(const LdifField& field, const LdifP
 std::string_view LdifContacts::Letters(std::string_view bytes,
                                        const LdifField& field,
                                        const LdifParts& parts) {
-    if (charset_.IsUtf8()) {
+    if (plain_) {
         return bytes;
     }
     std::size_t bad = 0;
     const std::string_view text = charset_.Decode(bytes, piece_, book_.Texts(), bad);
-    if (bad > 0) {
+    if (bad > 0 || book_.SourceAt(file_).IsBroken(text)) {
         Doubt(Reason::NoLetter, parts);
     }
     if (piece_ == PieceCharset::Other && field.Property == field::kFn) {
@@ -207,6 +193,28 @@ void LdifContacts::TakeOptions(const LdifField& field,
     Carry(parts.Name, text, params);
 }
 
+// A record is called by cn; displayName is its name where there is no other, wherever it stands.
+void LdifContacts::TakeShownName(const LdifField& field,
+                                 const LdifParts& parts,
+                                 std::string_view text) {
+    const std::string_view there = First(field.Property);
+    const bool display = SameName(parts.Name, "displayname");
+    if (there.empty()) {
+        Push(field.Property, text);
+        named_by_display_ = display;
+    } else if (there != text && named_by_display_ && !display) {
+        const auto name =
+            std::find_if(properties_.begin(), properties_.end(), [&](const Property& one) {
+                return one.Name == field.Property && one.Value == there;
+            });
+        name->Value = text;
+        Carry("displayName", there);
+        named_by_display_ = false;
+    } else if (there != text) {
+        Carry(parts.Name, text);
+    }
+}
+
 void LdifContacts::TakeText(const LdifField& field, const LdifParts& parts, std::string_view text) {
     switch (field.Meaning) {
         case LdifMeaning::Simple:
@@ -216,13 +224,7 @@ void LdifContacts::TakeText(const LdifField& field, const LdifParts& parts, std:
             return;
         }
         case LdifMeaning::Single: {
-            const std::string_view there = First(field.Property);
-            if (there.empty()) {
-                Push(field.Property, text);
-            } else if (there != text) {
-                Carry(parts.Name, text);
-            }
-            return;
+            return TakeShownName(field, parts, text);
         }
         case LdifMeaning::ObjectClass:
             return TakeObjectClass(parts, text);
@@ -279,9 +281,9 @@ void LdifContacts::TakeMerged(const LdifField& field,
         case LdifMeaning::HomeAddress:
             return TakePart(home_, field.Part, parts, text);
         case LdifMeaning::PostalLines:
-            return TakePart(work_, field.Part, parts, book_.Keep(PostalLinesOf(text)));
+            return TakeOnce(postal_, parts, text);
         case LdifMeaning::HomePostalLines:
-            return TakePart(home_, field.Part, parts, book_.Keep(PostalLinesOf(text)));
+            return TakeOnce(home_postal_, parts, text);
         case LdifMeaning::PostBox:
             return TakeOnce(post_box_, parts, text);
         case LdifMeaning::Unit:

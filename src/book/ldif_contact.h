@@ -48,9 +48,11 @@ class LdifContacts {
     void Clear();
     void TakeRow(const TextRow& row);
     void TakeText(const LdifField& field, const LdifParts& parts, std::string_view text);
+    void TakeShownName(const LdifField& field, const LdifParts& parts, std::string_view text);
     void TakeMerged(const LdifField& field, const LdifParts& parts, std::string_view text);
     void TakePart(Parts& whole, std::size_t part, const LdifParts& parts, std::string_view text);
     void TakeOnce(std::string_view& place, const LdifParts& parts, std::string_view text);
+    void CarryLate(const LdifParts& parts, std::string_view text);
     void TakeObjectClass(const LdifParts& parts, std::string_view text);
     void TakeUrl(const LdifField& field, const LdifParts& parts, std::string_view text);
     void TakeOptions(const LdifField& field, const LdifParts& parts, std::string_view text);
@@ -75,7 +77,10 @@ class LdifContacts {
     void TakeAttribute(const LdifAttribute& attribute, const LdifParts& parts);
     void Finish();
     void FinishCarried(std::size_t merged);
+    void FinishPostal(Parts& whole, std::string_view postal, std::string_view name);
     void FinishUnit();
+    // Another value of what is at the end of the record, right there.
+    void CarryFirst(std::string_view name, std::string_view text);
     void FinishBirthday();
     void FinishDn();
     [[nodiscard]] bool Has(NameId name, std::string_view value) const;
@@ -91,6 +96,7 @@ class LdifContacts {
     std::uint32_t nameless_ = 0;
     LdifNameCache attributes_;
     bool has_nul_;      // the file has one somewhere
+    bool plain_;        // all letters of the file are good UTF-8
     std::string text_;  // what is being made, before it is kept
 
     // Of the record that is being read.
@@ -106,8 +112,12 @@ class LdifContacts {
     std::array<std::string_view, 3> birth_;
     std::string_view any_phone_;
     std::string_view post_box_;
+    std::string_view postal_;
+    std::string_view home_postal_;
     std::string_view unit_;
     bool of_kcontacts_ = false;
+    bool named_by_display_ = false;  // no cn so far
+    std::vector<Property> late_;     // other values of what stands at the end
     std::vector<Property> carried_;  // whole properties of which programs were given parts
     bool last_was_carried_ = false;
 };

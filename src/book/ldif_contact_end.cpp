@@ -35,6 +35,25 @@ std::string Digits(std::string_view text, int least, int most, std::size_t lengt
     return digits.insert(0, length - std::min(length, digits.size()), '0');
 }
 
+// The lines of a postal address in a directory: " $ " parts them, \24 is $ and \5C a backslash.
+std::string PostalLinesOf(std::string_view text) {
+    std::string lines;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::string_view three = text.substr(i, 3);
+        if (three == "\\24" || three == "\\5C" || three == "\\5c") {
+            lines += three[1] == '2' ? '$' : '\\';
+            i += 2;
+        } else if (text[i] == '$') {
+            lines.erase(lines.find_last_not_of(' ') + 1);
+            lines += '\n';
+            i = std::min(text.find_first_not_of(' ', i + 1), text.size()) - 1;
+        } else {
+            lines += text[i];
+        }
+    }
+    return lines;
+}
+
 }  // namespace
 
 void LdifContacts::TakePart(Parts& whole,
@@ -46,7 +65,7 @@ void LdifContacts::TakePart(Parts& whole,
         place = text;
         whole.Line = whole.Line == 0 ? row_ : whole.Line;
     } else if (place != text) {
-        Carry(parts.Name, text);
+        CarryLate(parts, text);
     }
 }
 
@@ -56,8 +75,21 @@ void LdifContacts::TakeOnce(std::string_view& place,
     if (place.empty()) {
         place = text;
     } else if (place != text) {
-        Carry(parts.Name, text);
+        CarryLate(parts, text);
     }
+}
+
+// Values keep their order: the first one stands at the end of the record, and the others behind it.
+void LdifContacts::CarryLate(const LdifParts& parts, std::string_view text) {
+    Carry(parts.Name, text);
+    late_.push_back(properties_.back());
+    properties_.pop_back();
+}
+
+void LdifContacts::CarryFirst(std::string_view name, std::string_view text) {
+    Carry(name, text);
+    late_.insert(late_.begin(), properties_.back());
+    properties_.pop_back();
 }
 
 void LdifContacts::TakeObjectClass(const LdifParts& parts, std::string_view text) {
@@ -112,6 +144,9 @@ void LdifContacts::PushParts(NameId name,
     for (std::size_t i = 0; i < count; ++i) {
         text_.append(i == 0 ? "" : ";");
         AppendEscaped(whole.Texts[i], text_);
+        if (whole.Texts[i].find('\r') != std::string_view::npos) {
+            Doubt(Reason::ChangedSigns, {book_.Names.Text(name), {}, whole.Texts[i]});
+        }
     }
     row_ = whole.Line;
     Push(name, book_.Keep(text_), TypeDetails(type));
@@ -120,6 +155,8 @@ void LdifContacts::PushParts(NameId name,
 void LdifContacts::Finish() {
     FinishUnit();
     const std::size_t merged = properties_.size();
+    FinishPostal(work_, postal_, "postalAddress");
+    FinishPostal(home_, home_postal_, "homePostalAddress");
     // Netscape 4 wrote the street into the post-office box.
     constexpr std::size_t kBox = 0;
     constexpr std::size_t kStreet = 2;
@@ -137,12 +174,27 @@ void LdifContacts::Finish() {
         Push(field::kTel, any_phone_, TypeDetails("work"));
     }
     FinishBirthday();
+    properties_.insert(properties_.end(), late_.begin(), late_.end());
     if (contact_.Kind == ContactKind::List && First(field::kFn).empty()) {
         Push(field::kFn, book_.Keep("List " + std::to_string(++nameless_)));
         Doubt(Reason::NoName, {});
     }
     FinishCarried(merged);
     FinishDn();
+}
+
+// The street where there is no other, wherever it stands in the record.
+void LdifContacts::FinishPostal(Parts& whole, std::string_view postal, std::string_view name) {
+    constexpr std::size_t kStreet = 2;
+    std::string_view& street = whole.Texts[kStreet];
+    const std::string lines = PostalLinesOf(postal);
+    if (street.empty() && !postal.empty()) {
+        street = book_.Keep(lines);
+        whole.Line = whole.Line == 0 ? contact_.From.Line : whole.Line;
+    } else if (street != lines && !postal.empty()) {
+        row_ = contact_.From.Line;
+        CarryFirst(name, postal);
+    }
 }
 
 // KContacts writes the organisation under all of its names, and the role as the unit.
@@ -158,7 +210,7 @@ void LdifContacts::FinishUnit() {
         place = unit_;
         org_.Line = org_.Line == 0 ? row_ : org_.Line;
     } else if (place != unit_) {
-        Carry("ou", unit_);
+        CarryFirst("ou", unit_);
     }
 }
 
@@ -232,6 +284,9 @@ std::uint32_t LdifContacts::TypeDetails(std::string_view type) {
 std::string_view LdifContacts::AsPart(std::string_view text) {
     if (!NeedsEscapes(text)) {
         return text;
+    }
+    if (text.find('\r') != std::string_view::npos) {
+        Doubt(Reason::ChangedSigns, {{}, {}, text});
     }
     std::string part;
     AppendEscaped(text, part);

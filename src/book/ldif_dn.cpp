@@ -31,7 +31,7 @@ bool BeginsAttribute(std::string_view text) {
         "ou=", "o=", "dc=", "c=", "l=", "st=", "uid=", "cn="};
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     return std::any_of(kNames.begin(), kNames.end(), [text](std::string_view name) {
-        return StartsAsName(text, name);
+        return StartsAsName(text, name);  // NOLINT(readability-suspicious-call-argument)
     });
 }
 
@@ -101,6 +101,12 @@ DnParts PartsOfDn(std::string_view dn) {
         parts.Name = WithoutEscapes(dn.substr(0, EndOfValue(dn)));
     }
     return parts;
+}
+
+std::string FirstOfDn(std::string_view dn) {
+    const std::size_t equal = dn.find('=');
+    dn.remove_prefix(equal == std::string_view::npos ? 0 : equal + 1);
+    return WithoutEscapes(dn.substr(0, EndOfValue(dn)));
 }
 
 }  // namespace orvik::book

@@ -23,4 +23,8 @@ struct DnParts {
 //   "cn=Abbott\, Ada,ou=people" -> "Abbott, Ada"
 [[nodiscard]] DnParts PartsOfDn(std::string_view dn);
 
+// FirstOfDn: the value of the first attribute of a name.
+//   "ou=Sales,o=Firm" -> "Sales"
+[[nodiscard]] std::string FirstOfDn(std::string_view dn);
+
 }  // namespace orvik::book

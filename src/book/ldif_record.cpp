@@ -27,6 +27,11 @@ bool HasSingleValues(std::string_view value) {
     return true;
 }
 
+// Readers take base64 that holds one for bytes.
+bool HasNul(std::string_view value) {
+    return value.find('\0') != std::string_view::npos;
+}
+
 }  // namespace
 
 LdifRecordWriter::LdifRecordWriter(Book& book,
@@ -41,6 +46,9 @@ void LdifRecordWriter::Write(const Contact& contact,
     contact_ = &contact;
     named_ = parts_ = organised_ = work_ = home_ = identified_ = born_ = saved_ = false;
     emails_ = 0;
+    of_evolution_ = !FirstOf(book_, contact, field::kEvolutionList).empty();
+    shown_ = NameOf(book_, contact).Shown;
+    book_.TellLosses(contact);
     WriteHead(identities, number);
     for (const Property& one : contact.Properties) {
         WriteProperty(one);
@@ -49,14 +57,14 @@ void LdifRecordWriter::Write(const Contact& contact,
 
 void LdifRecordWriter::WriteHead(const Identities& identities, std::size_t number) {
     dn_ = DnOfContact(book_, *contact_);
-    if (dn_.empty()) {
+    if (dn_.empty() || HasNul(dn_)) {
         dn_ = std::string("cn=").append(identities.UidAt(number));
     }
     AppendLdifLine("dn", dn_, text_);
     AppendLdifLine("objectclass", "top", text_);
     if (contact_->Kind == ContactKind::List) {
         AppendLdifLine("objectclass", kList, text_);
-    } else {
+    } else if (!IsOfOtherClass()) {
         AppendLdifLine("objectclass", "person", text_);
         if (set_ != LdifAttributes::Netscape) {
             AppendLdifLine("objectclass", "organizationalPerson", text_);
@@ -66,18 +74,37 @@ void LdifRecordWriter::WriteHead(const Identities& identities, std::size_t numbe
             AppendLdifLine("objectclass", "mozillaAbPersonAlpha", text_);
         }
     }
-    const std::string shown = NameOf(book_, *contact_).Shown;
-    if (!shown.empty()) {
-        AppendLdifLine("cn", shown, text_);
+    if (!shown_.empty() && !HasNul(shown_)) {
+        AppendLdifLine("cn", shown_, text_);
     }
+}
+
+// What is no person in its directory stays none; its class is among its fields.
+bool LdifRecordWriter::IsOfOtherClass() const {
+    constexpr std::array<std::string_view, 7> kOthers = {"organizationalUnit",
+                                                         "organization",
+                                                         "organizationalRole",
+                                                         "locality",
+                                                         "country",
+                                                         "domain",
+                                                         "device"};
+    const NameId name = book_.Names.Find("X-ORVIK-LDIF-objectclass");
+    const auto& all = contact_->Properties;
+    return name != FieldNames::kNone &&
+           std::any_of(all.begin(), all.end(), [&](const Property& one) {
+               return one.Name == name &&
+                      std::any_of(kOthers.begin(), kOthers.end(), [&](std::string_view other) {
+                          return SameName(one.Value, other);
+                      });
+           });
 }
 
 void LdifRecordWriter::WriteProperty(const Property& one) {
     const std::string_view name = book_.Names.Text(one.Name);
     const Fit fit = StartsAsName(name, kCarriedFromLdif)
                         ? WriteOwn(one, name.substr(kCarriedFromLdif.size()))
-                    : one.Value.empty() || IsRepeated(one) ? Fit::None
-                                                           : WriteNatural(one);
+                    : one.Value.empty() || HasNul(one.Value) || IsRepeated(one) ? Fit::None
+                                                                                : WriteNatural(one);
     if (fit == Fit::All) {
         book_.Told.CountMore(What::Kept);
     } else {
@@ -95,7 +122,7 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteNatural(const Property& one) {
         case field::kNickname:
             return WriteNickname(one);
         case field::kEmail:
-            if (!FirstOf(book_, *contact_, field::kEvolutionList).empty()) {
+            if (of_evolution_) {
                 return WriteMember(one);
             }
             Line(EmailNames(emails_++), one.Value);
@@ -136,7 +163,7 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteNatural(const Property& one) {
 }
 
 LdifRecordWriter::Fit LdifRecordWriter::WriteFirstName(const Property& one) {
-    if (named_ || one.Value != NameOf(book_, *contact_).Shown) {
+    if (named_ || one.Value != shown_) {
         return Fit::None;
     }
     named_ = true;
@@ -242,6 +269,10 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteOwn(const Property& one, std::strin
     const NameId option = book_.Names.Find("X-ORVIK-OPTIONS");
     const std::string_view options =
         option == FieldNames::kNone ? std::string_view{} : ParamOf(book_, one, option);
+    // A strict reader would refuse the whole file for such a line.
+    if (SameName(name, "no-field")) {
+        Tell(one, name);
+    }
     std::string attribute(name);
     attribute.append(options.empty() ? "" : ";").append(options);
     std::string bytes;
@@ -266,7 +297,11 @@ void LdifRecordWriter::WriteCarried(const Property& one, Fit fit) {
         attribute.append(";").append(kBesides);
     }
     AppendLdifLine(attribute, CarriedLine(book_, one), text_);
-    book_.Told.Add({name,
+    Tell(one, attribute);
+}
+
+void LdifRecordWriter::Tell(const Property& one, std::string_view attribute) {
+    book_.Told.Add({book_.Names.Text(one.Name),
                     one.Value,
                     contact_->From.File,
                     contact_->From.Line,

@@ -39,7 +39,9 @@ class LdifRecordWriter {
     Fit WriteMember(const Property& one);
     Fit WriteOwn(const Property& one, std::string_view name);
     void WriteCarried(const Property& one, Fit fit);
+    void Tell(const Property& one, std::string_view attribute);
     bool Line(const LdifNames& names, std::string_view value);
+    [[nodiscard]] bool IsOfOtherClass() const;
     [[nodiscard]] bool IsRepeated(const Property& one) const;
     [[nodiscard]] bool IsBare(const Property& one) const;
     [[nodiscard]] bool HasTypeOnly(const Property& one, std::string_view type) const;
@@ -52,6 +54,8 @@ class LdifRecordWriter {
     // Of the contact that is being written.
     const Contact* contact_ = nullptr;
     std::string dn_;
+    std::string shown_;
+    bool of_evolution_ = false;
     bool named_ = false;
     bool parts_ = false;
     bool organised_ = false;

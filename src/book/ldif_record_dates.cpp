@@ -60,9 +60,17 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteTimeStamp(const Property& one) {
 }
 
 LdifRecordWriter::Fit LdifRecordWriter::WritePhoto(const Property& one) {
+    std::string bytes;
+    // 4.0 has the bytes in an address.
+    if (const auto uri = SplitDataUri(one.Value)) {
+        if (!SameName(uri->Type, "image/jpeg") || !AppendBase64(uri->Base64, bytes)) {
+            return Fit::None;
+        }
+        AppendLdifBase64("jpegPhoto", uri->Base64, text_);
+        return IsBare(one) ? Fit::All : Fit::Part;
+    }
     const bool jpeg = ParamOf(book_, one, field::kEncoding) == "b" &&
                       SameName(ParamOf(book_, one, field::kType), "JPEG");
-    std::string bytes;
     if (!jpeg || !AppendBase64(one.Value, bytes)) {
         return Fit::None;
     }
@@ -80,7 +88,7 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteMember(const Property& one) {
     std::string dn(one.Value);
     bool all = !evolution;
     if (found) {
-        dn = DnOfContact(book_, book_.Contacts[member.Record]);
+        dn = directory_.DnAt(member.Record);
     } else if (const NameId id = book_.Names.Find(kDnParam);
                id != FieldNames::kNone && !ParamOf(book_, one, id).empty()) {
         dn = ParamOf(book_, one, id);

@@ -1,5 +1,6 @@
 #include "book/ldif_sets.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -83,12 +84,10 @@ std::string_view LdifNames::In(LdifAttributes set) const {
 PhoneNames PhoneNamesOf(const Book& book, const Property& phone) {
     const Details& details = book.DetailsOf(phone);
     const auto has = [&](std::string_view type) {
-        for (const Param& param : details.Params) {
-            if (param.Name == field::kType && SameName(param.Value, type)) {
-                return true;
-            }
-        }
-        return false;
+        return std::any_of(
+            details.Params.begin(), details.Params.end(), [type](const Param& param) {
+                return param.Name == field::kType && SameName(param.Value, type);
+            });
     };
     for (const PhoneKind& kind : kPhones) {
         if (has(kind.Type)) {

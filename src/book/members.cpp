@@ -61,12 +61,24 @@ void Directory::Fill(ListMember& member) const {
     if (member.Record == ListMember::kNobody) {
         return;
     }
-    const Contact& contact = book_.Contacts[member.Record];
+    const Known& known = KnownAt(member.Record);
     member.Uid = identities_.UidAt(member.Record);
-    member.Name = NameOf(book_, contact).Shown;
+    member.Name = known.Name;
     if (member.Address.empty()) {
-        member.Address = FirstOf(book_, contact, field::kEmail);
+        member.Address = known.Address;
     }
+}
+
+// Many may name one record, which may have many fields.
+const Directory::Known& Directory::KnownAt(std::size_t record) const {
+    const auto [place, is_new] = known_.try_emplace(record);
+    if (is_new) {
+        const Contact& contact = book_.Contacts[record];
+        place->second = {NameOf(book_, contact).Shown,
+                         std::string(FirstOf(book_, contact, field::kEmail)),
+                         DnOfContact(book_, contact)};
+    }
+    return place->second;
 }
 
 ListMember Directory::Referred(std::string_view reference) const {

@@ -34,19 +34,28 @@ class Directory {
     [[nodiscard]] ListMember MemberOf(const Property& property) const;
     // The member that an address of a list of Evolution is.
     [[nodiscard]] ListMember OfEvolution(const Property& property) const;
+    // DnOfContact of a record, found once.
+    [[nodiscard]] const std::string& DnAt(std::size_t record) const { return KnownAt(record).Dn; }
 
  private:
+    struct Known {
+        std::string Name;
+        std::string Address;
+        std::string Dn;
+    };
     using Index = std::unordered_map<std::string, std::size_t>;
 
     void Find(ListMember& member, const Index& index, std::string_view key) const;
     [[nodiscard]] ListMember Referred(std::string_view reference) const;
     void Fill(ListMember& member) const;
+    [[nodiscard]] const Known& KnownAt(std::size_t record) const;
 
     const Book& book_;
     const Identities& identities_;
     Index by_uid_;
     Index by_dn_;
     Index by_address_;
+    mutable std::unordered_map<std::size_t, Known> known_;
 };
 
 // Whether a list names a member as LDIF does; a card that cannot keeps it in this parameter.

@@ -46,6 +46,7 @@ class Cards {
  private:
     void Open(const VCardLine& line) {
         open_ = true;
+        has_version_ = false;
         form_ = lines_.PeekForm();
         lines_.SetForm(form_);
         from_ = {file_, line.Number, 0, book_.SourceAt(file_).OffsetOf(line.Span.data()), 0};
@@ -68,6 +69,7 @@ class Cards {
     void Take(const VCardLine& line) {
         const auto parts = SplitVCardLine(line.Text);
         if (parts && form_ == Dialect::None && SameName(parts->Name, "VERSION")) {
+            has_version_ = true;
             form_ = VersionOf(parts->Value);
             lines_.SetForm(form_);
         }
@@ -109,7 +111,7 @@ class Cards {
             if (reason != Reason::None) {
                 Tell(What::Doubtful, reason, last);
             }
-            if (form_ == Dialect::None) {
+            if (form_ == Dialect::None && !has_version_) {
                 Tell(What::Doubtful, Reason::NoVersion, {});
             }
             contacts_.Add(rows_.All(), form_, from_);
@@ -141,6 +143,7 @@ class Cards {
     Origin from_;
     Dialect form_ = Dialect::None;
     bool open_ = false;
+    bool has_version_ = false;
 };
 
 }  // namespace

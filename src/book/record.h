@@ -57,8 +57,12 @@ struct Contact {
     ContactKind Kind = ContactKind::Person;
     Dialect Form = Dialect::None;
     bool Changed = false;
-    // The bytes of the source are the UTF-8 of the record, so they can stand in a UTF-8 file.
+    // The bytes of the source are UTF-8, but for one broken letter at most, so they can stand in a
+    // UTF-8 file.
     bool IsUtf8 = true;
+    // What was told about reading it, by number in the book's report.
+    std::uint32_t FirstRemark = 0;
+    std::uint32_t Remarks = 0;
 };
 
 // How the value of a property is kept.

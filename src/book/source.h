@@ -44,6 +44,10 @@ class Source {
     [[nodiscard]] const SignsOfText& Signs() const { return signs_; }
     // Bytes that are no letter of a wide text; each became U+FFFD.
     [[nodiscard]] std::size_t BadLetters() const { return bad_letters_; }
+    // Whether a piece of the text holds one of them.
+    [[nodiscard]] bool IsBroken(std::string_view piece) const {
+        return bad_letters_ > 0 && piece.find("\xEF\xBF\xBD") != std::string_view::npos;
+    }
 
     Source(const Source&) = delete;
     Source& operator=(const Source&) = delete;

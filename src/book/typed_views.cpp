@@ -1,5 +1,6 @@
 #include "book/typed_views.h"
 
+#include "book/ldif_dn.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
@@ -38,14 +39,23 @@ std::string ShownName(const Book& book, const Contact& contact, const PersonName
     if (std::string both = parts.Given + between + parts.Family; !both.empty()) {
         return both;
     }
-    std::string organisation = Unescaped(PartAt(FirstOf(book, contact, field::kOrg), 0));
-    if (!organisation.empty()) {
-        return organisation;
+    std::string_view units = FirstOf(book, contact, field::kOrg);
+    for (TakenPart part{{}, true}; part.More;) {
+        part = TakePart(units, ';');
+        if (!part.Text.empty()) {
+            return Unescaped(part.Text);
+        }
     }
     if (const auto nicknames = NicknamesOf(book, contact); !nicknames.empty()) {
         return nicknames.front();
     }
-    return std::string(FirstOf(book, contact, field::kEmail));
+    if (const auto address = FirstOf(book, contact, field::kEmail); !address.empty()) {
+        return std::string(address);
+    }
+    const NameId dn = book.Names.Find("X-ORVIK-LDIF-dn");
+    const std::string_view known = dn == FieldNames::kNone ? "" : FirstOf(book, contact, dn);
+    // Records without a name are called by their UID.
+    return StartsAsName(known, "cn=") ? "" : FirstOfDn(known);
 }
 
 }  // namespace

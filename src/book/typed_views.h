@@ -20,7 +20,7 @@ struct PersonName {
 };
 
 // NameOf: FN, and the parts of N as texts. Without FN what is shown is the given and the family
-// name, else the organisation, else a nickname, else an address.
+// name, else the organisation or its unit, else a nickname, an address, or what LDIF calls it.
 [[nodiscard]] PersonName NameOf(const Book& book, const Contact& contact);
 
 // All of a kind, in the order of the record, as texts; empty ones are left out.

@@ -86,9 +86,10 @@ std::string Unescaped(std::string_view value) {
 }
 
 TakenPart TakePart(std::string_view& rest, char separator) {
-    const char stops[] = {'\\', separator};
+    const std::array<char, 2> stops = {'\\', separator};
     std::size_t at = 0;
-    while ((at = rest.find_first_of({stops, 2}, at)) < rest.size() && rest[at] == '\\') {
+    while ((at = rest.find_first_of({stops.data(), stops.size()}, at)) < rest.size() &&
+           rest[at] == '\\') {
         at += 2;
     }
     const TakenPart taken{rest.substr(0, at), at < rest.size()};

@@ -5,6 +5,7 @@
 #include <span>
 #include <utility>
 
+#include "book/line_breaks.h"
 #include "book/transfer.h"
 #include "book/value_form.h"
 
@@ -38,13 +39,21 @@ std::string WithoutOldEscapes(std::string_view text) {
     return plain;
 }
 
-// Line breaks become LF, as those are that escapes stand for.
-void AppendLines(std::string_view text, std::string& to) {
+// Ends of lines become what stands for them in the form; a CR alone is a sign like others.
+void AppendLines(std::string_view text, std::string_view end, std::string& to) {
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool pair = text.substr(i, 2) == "\r\n";
-        to += text[i] == '\r' ? '\n' : text[i];
-        i += pair ? 1 : 0;
+        i += text.substr(i, 2) == "\r\n" ? 1 : 0;
+        to += text[i] == '\n' ? end : text.substr(i, 1);
     }
+}
+
+bool HasLoneCr(std::string_view text) {
+    for (std::size_t at = text.find('\r'); at < text.size(); at = text.find('\r', at + 1)) {
+        if (!text.substr(at + 1).starts_with('\n')) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace
@@ -53,11 +62,9 @@ VCardContacts::VCardContacts(Book& book, Charset& charset, std::uint32_t file)
     : book_(book), charset_(charset), file_(file) {}
 
 void VCardContacts::Add(const std::vector<TextRow>& rows, Dialect form, const Origin& from) {
-    contact_ = {};
-    properties_.clear();
     details_ = 0;
-    contact_.From = from;
-    contact_.IsUtf8 = book_.IsUtf8(from);
+    properties_.clear();
+    book_.BeginRead(contact_, from, charset_.IsUtf8());
     properties_.reserve(rows.size());
     contact_.Form = form;
     form_ = form == Dialect::None ? Dialect::VCard30 : form;
@@ -93,6 +100,7 @@ void VCardContacts::Judge(const std::vector<TextRow>& rows) {
         }
     }
     piece_ = charset_.Judge(raw, contact_.From.Line);
+    contact_.IsUtf8 = contact_.IsUtf8 || piece_ == PieceCharset::Broken;
     quoted_ = charset_.JudgeApart(quoted_values, contact_.From.Line);
 }
 
@@ -110,16 +118,35 @@ void VCardContacts::TakeRow(const TextRow& row) {
     }
     const NameId name = book_.Names.Intern(parts->Name);
     if (name == field::kVersion) {
-        return TakeVersion(*parts);
+        return TakeVersion(*parts, row.Number);
     }
     const Manner manner = TakeParams(*parts);
-    const std::string_view value = ValueOf(name, *parts, manner);
+    const std::string_view value = TakeBreaks(name, ValueOf(name, *parts, manner));
     FindKind(name, value);
     constexpr std::size_t kNameParts = 5;
     if (name == field::kN && PartCount(value) < kNameParts) {
         Doubt(Reason::FewParts, *parts);
     }
     properties_.push_back({value, name, file_, row.Number, DetailsOf(*parts)});
+}
+
+// The parameter that Orvik added is gone when its value is read.
+std::string_view VCardContacts::TakeBreaks(NameId name, std::string_view value) {
+    if (params_.empty()) {
+        return value;
+    }
+    const NameId id = book_.Names.Find(kBreaksParam);
+    const auto found = id == FieldNames::kNone
+                           ? params_.end()
+                           : std::find_if(params_.begin(), params_.end(), [id](const Param& param) {
+                                 return param.Name == id;
+                             });
+    if (found == params_.end()) {
+        return value;
+    }
+    const std::string text = WithBreaks(value, found->Value, ValueFormOf(book_.Names, name));
+    params_.erase(found);
+    return book_.Keep(text);
 }
 
 // Fields with the same parameters follow each other, and share them.
@@ -133,7 +160,7 @@ std::uint32_t VCardContacts::DetailsOf(const VCardParts& parts) {
     return details_;
 }
 
-void VCardContacts::TakeVersion(const VCardParts& parts) {
+void VCardContacts::TakeVersion(const VCardParts& parts, std::uint32_t line) {
     const Dialect version = VersionOf(parts.Value);
     if (version == Dialect::None) {
         Doubt(Reason::OtherVersion, parts);
@@ -141,7 +168,12 @@ void VCardContacts::TakeVersion(const VCardParts& parts) {
         Doubt(Reason::TwoLines, parts);
     } else {
         contact_.Form = version;
+        return;
     }
+    std::string text;
+    AppendOneLine(Letters(parts.Value, parts, {}), text);
+    const NameId name = book_.Names.Intern("X-ORVIK-VCARD-VERSION");
+    properties_.push_back({book_.Keep(text), name, file_, line, 0});
 }
 
 VCardContacts::Manner VCardContacts::TakeParams(const VCardParts& parts) {
@@ -161,13 +193,13 @@ VCardContacts::Manner VCardContacts::TakeParams(const VCardParts& parts) {
         } else if (SameName(param->Name, kCharset)) {
             manner.Charset = param->Value;
         } else if (param->Name.empty()) {
-            TakeTypes(field::kType, param->Value);
+            TakeTypes(field::kType, param->Value, parts);
         } else {
             const NameId name = book_.Names.Intern(param->Name);
             if (name == field::kType) {
-                TakeTypes(name, param->Value);
+                TakeTypes(name, param->Value, parts);
             } else {
-                params_.push_back({name, ParamText(param->Value)});
+                params_.push_back({name, ParamText(param->Value, parts)});
             }
         }
     }
@@ -178,19 +210,22 @@ VCardContacts::Manner VCardContacts::TakeParams(const VCardParts& parts) {
 }
 
 // Each type by itself, however they were joined.
-void VCardContacts::TakeTypes(NameId name, std::string_view value) {
+void VCardContacts::TakeTypes(NameId name, std::string_view value, const VCardParts& parts) {
     while (!value.empty()) {
         const std::size_t comma = std::min(value.find(','), value.size());
         if (comma > 0) {
-            params_.push_back({name, ParamText(value.substr(0, comma))});
+            params_.push_back({name, ParamText(value.substr(0, comma), parts)});
         }
         value.remove_prefix(std::min(comma + 1, value.size()));
     }
 }
 
-std::string_view VCardContacts::ParamText(std::string_view value) {
+std::string_view VCardContacts::ParamText(std::string_view value, const VCardParts& parts) {
     std::size_t bad = 0;
     const std::string_view text = charset_.Decode(value, piece_, book_.Texts(), bad);
+    if (bad > 0 || book_.SourceAt(file_).IsBroken(text)) {
+        Doubt(Reason::NoLetter, {{}, parts.Name, {}, value});
+    }
     const bool escapes = form_ == Dialect::VCard40 && text.find('^') != std::string_view::npos;
     return escapes ? book_.Keep(WithoutCarets(text)) : text;
 }
@@ -268,12 +303,15 @@ void VCardContacts::AppendOld(std::string_view part,
         text = Letters(bytes, parts, manner);
     }
     if (structured) {
+        if (HasLoneCr(text)) {
+            Doubt(Reason::ChangedSigns, parts);
+        }
         AppendEscaped(text, to);
     } else if (form == ValueForm::Verbatim) {
-        AppendOneLine(text, to);
+        AppendLines(text, "\\n", to);
     } else {
         const bool escapes = form_ != Dialect::VCard21 && text.find('\\') != std::string::npos;
-        AppendLines(escapes ? Unescaped(text) : text, to);
+        AppendLines(escapes ? Unescaped(text) : text, "\n", to);
     }
 }
 
@@ -291,13 +329,16 @@ std::string_view VCardContacts::Letters(std::string_view bytes,
         }
     }
     if (!text) {
-        text = charset_.Decode(bytes, piece, book_.Texts(), bad);
+        // What names a set that nobody knows was not judged with the others.
+        text = manner.Charset.empty()
+                   ? charset_.Decode(bytes, piece, book_.Texts(), bad)
+                   : charset_.DecodeAlone(bytes, contact_.From.Line, book_.Texts(), bad);
         if (piece == PieceCharset::Other &&
             (SameName(parts.Name, "FN") || SameName(parts.Name, "N"))) {
             charset_.Example(bytes);
         }
     }
-    if (bad > 0) {
+    if (bad > 0 || book_.SourceAt(file_).IsBroken(*text)) {
         Doubt(Reason::NoLetter, parts);
     }
     return *text;

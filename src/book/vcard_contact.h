@@ -33,12 +33,13 @@ class VCardContacts {
 
     void Judge(const std::vector<TextRow>& rows);
     void TakeRow(const TextRow& row);
-    void TakeVersion(const VCardParts& parts);
+    void TakeVersion(const VCardParts& parts, std::uint32_t line);
     Manner TakeParams(const VCardParts& parts);
     std::uint32_t DetailsOf(const VCardParts& parts);
-    void TakeTypes(NameId name, std::string_view value);
-    std::string_view ParamText(std::string_view value);
+    void TakeTypes(NameId name, std::string_view value, const VCardParts& parts);
+    std::string_view ParamText(std::string_view value, const VCardParts& parts);
     std::string_view ValueOf(NameId name, const VCardParts& parts, const Manner& manner);
+    std::string_view TakeBreaks(NameId name, std::string_view value);
     std::string_view OldValue(ValueForm form, const VCardParts& parts, const Manner& manner);
     std::string_view Base64Of(const VCardParts& parts);
     void AppendOld(std::string_view part,

@@ -65,7 +65,8 @@ std::optional<VCardParts> SplitVCardLine(std::string_view line) {
     parts.Params = head.substr(std::min(semicolon + 1, head.size()));
     parts.Value = line.substr(colon + 1);
     const std::size_t dot = parts.Name.find('.');
-    if (dot != std::string_view::npos) {
+    // Attributes of directories may be numbers with dots.
+    if (dot != std::string_view::npos && !StartsAsName(parts.Name, kCarriedFromLdif)) {
         parts.Group = parts.Name.substr(0, dot);
         parts.Name.remove_prefix(dot + 1);
     }

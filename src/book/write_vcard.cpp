@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/text.h"
+#include "book/line_breaks.h"
 #include "book/members.h"
 #include "book/typed_views.h"
 #include "book/unchanged.h"
@@ -44,6 +45,7 @@ class CardWriter {
 
  private:
     void Write(const Contact& contact, std::size_t number) {
+        book_.TellLosses(contact);
         AppendFolded("BEGIN:VCARD", text_);
         AppendFolded(version_ == Dialect::VCard40 ? "VERSION:4.0" : "VERSION:3.0", text_);
         WriteFirst(contact, number);
@@ -103,6 +105,10 @@ class CardWriter {
         std::string line = details.Group.empty() ? "" : std::string(details.Group) + ".";
         line += name.Text;
         const bool whole = AppendParams(one, details, line);
+        if (const std::string breaks = BreaksOf(one.Value, ValueFormOf(book_.Names, one.Name));
+            !breaks.empty()) {
+            static_cast<void>(AppendParam(version_, kBreaksParam, breaks, line));
+        }
         line += ":";
         AppendValue(one, name.Text, line);
         AppendFolded(line, text_);
@@ -155,7 +161,7 @@ class CardWriter {
             line.append("data:").append(MediaType(one)).append(";base64,").append(one.Value);
         } else if (uri) {
             line += uri->Base64;
-        } else if (IsDate(name)) {
+        } else if (IsDate(name) && !SameName(ParamOf(book_, one, field::kValue), "text")) {
             line += DateIn(version_, one.Value);
         } else if (form == ValueForm::Text && !address && !IsBytes(one)) {
             AppendEscaped(one.Value, line);

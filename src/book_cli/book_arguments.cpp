@@ -1,6 +1,7 @@
 #include "book_cli/book_arguments.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 
 #include "app/text.h"
@@ -83,6 +84,7 @@ class Parser {
         for (const std::string& word : plain) {
             pointers.push_back(word.c_str());
         }
+        CheckOrder(plain);
         const cli::Words words(static_cast<int>(pointers.size()), pointers.data());
         app_.parse(words.Count(), words.Pointers());
         arguments_.What = convert_->parsed() ? Verb::Convert
@@ -132,6 +134,19 @@ class Parser {
             "--allow-loss", arguments_.AllowLoss, "Write what can be, even if values are lost");
     }
 
+    // Whoever writes an option before the verb is told where it belongs.
+    static void CheckOrder(const std::vector<std::string>& words) {
+        constexpr std::array<std::string_view, 3> kVerbs = {"show", "convert", "diff"};
+        constexpr std::array<std::string_view, 3> kBefore = {"-h", "--help", "--version"};
+        const bool option = words.size() > 1 && words[1].size() > 1 && words[1].starts_with('-') &&
+                            std::find(kBefore.begin(), kBefore.end(), words[1]) == kBefore.end();
+        const auto verb =
+            std::find_first_of(words.begin(), words.end(), kVerbs.begin(), kVerbs.end());
+        if (option && verb != words.end()) {
+            throw CLI::ValidationError(words[1], "options stand behind the verb " + *verb);
+        }
+    }
+
     static CLI::Option* Single(CLI::Option* option) {
         return option->expected(1)->allow_extra_args(false);
     }
@@ -149,6 +164,9 @@ class Parser {
     void FindTarget() {
         const std::string& name = arguments_.Output;
         const bool stream = name == kStandardStream;
+        if (name.ends_with('/')) {
+            throw CLI::ValidationError("-o", name + " is a folder; a file in it needs a name");
+        }
         if (stream && arguments_.Json) {
             throw CLI::ValidationError("--json", "needs -o FILE: both would go to standard output");
         }

@@ -115,7 +115,7 @@ cli::ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& o
     if (arguments.Json) {
         const Catalogue catalogue(loaded.Book);
         for (std::size_t i = 0; i < loaded.Book.Contacts.size() && console.Out(); ++i) {
-            console.Out() << RecordLine(catalogue, i);
+            PrintRecord(console.Out(), catalogue, i);
         }
     } else {
         Print(ConvertedText(console, arguments, loaded.Book, unchanged), arguments, console);

@@ -71,8 +71,11 @@ cli::ExitStatus Diff(const Arguments& arguments, Console& console, Outputs& outp
     for (const Compared& one : found) {
         if (one.What != Difference::Same && console.Out()) {
             status = cli::ExitStatus::Problem;
-            console.Out() << (arguments.Json ? DifferenceLine(left, right, one)
-                                             : TextOf(left.Book(), right.Book(), one));
+            if (arguments.Json) {
+                PrintDifference(console.Out(), left, right, one);
+            } else {
+                console.Out() << TextOf(left.Book(), right.Book(), one);
+            }
         }
     }
     status = Worse(status, outputs.FinishPrinting());

@@ -1,10 +1,12 @@
 #include "book_cli/inputs.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <utility>
 
+#include "app/printable.h"
 #include "app/run_time_error.h"
 #include "book/charset.h"
 #include "book/read_ldif.h"
@@ -36,7 +38,12 @@ class Loader {
  private:
     std::optional<std::string> ReadStream() {
         std::string bytes;
-        CheckFile(console_.Files(), console_.ReadInput(book::kLongestSource, bytes), ".");
+        const std::error_code error = console_.ReadInput(book::kLongestSource, bytes);
+        if (error == std::errc::bad_file_descriptor) {
+            Fail("Standard input is closed", ExitStatus::NoInput);
+            return std::nullopt;
+        }
+        CheckFile(console_.Files(), error, ".");
         return IsShortEnough(bytes.size()) ? std::optional(std::move(bytes)) : std::nullopt;
     }
 
@@ -119,6 +126,21 @@ class Loader {
     Loaded& loaded_;
 };
 
+// The same file under another name would give each contact twice; of many files the first are
+// looked at.
+void TellOfTwin(Console& console, std::span<const std::string> before, const std::string& name) {
+    constexpr std::size_t kMostCompared = 64;
+    const auto some = before.first(std::min(before.size(), kMostCompared));
+    const auto twin = std::find_if(some.begin(), some.end(), [&](const std::string& one) {
+        return console.Files().IsSame(one, name);
+    });
+    if (twin != some.end()) {
+        console.Begin(name);
+        console.Tell("This is the same file as " + Printable(*twin) + ", and is read again");
+        console.End();
+    }
+}
+
 }  // namespace
 
 std::vector<book::Format> Loaded::Formats() const {
@@ -135,8 +157,9 @@ void Load(Console& console,
           const std::string& charset,
           Loaded& loaded) {
     Loader loader(console, charset, loaded);
-    for (const std::string& name : names) {
-        loader.Load(name);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        TellOfTwin(console, names.first(i), names[i]);
+        loader.Load(names[i]);
     }
 }
 

@@ -1,5 +1,9 @@
 #include "book_cli/json_lines.h"
 
+#include <ostream>
+#include <unordered_map>
+#include <vector>
+
 #include <nlohmann/json.hpp>
 
 #include "book/typed_views.h"
@@ -9,92 +13,116 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// All of a parameter's values, in their order.
-Json ParamsOf(const book::Book& book, const book::Property& one) {
-    Json params = Json::object();
+std::string TextOf(const Json& json) {
+    constexpr int kOneLine = -1;
+    return json.dump(kOneLine, ' ', false, Json::error_handler_t::replace);
+}
+
+// All of a parameter's values, in their order. A field may have very many.
+std::string ParamsOf(const book::Book& book, const book::Property& one) {
+    std::unordered_map<book::NameId, std::size_t> places;
+    std::vector<std::string> lists;
     for (const book::Param& param : book.DetailsOf(one).Params) {
-        params[std::string(book.Names.Text(param.Name))].push_back(std::string(param.Value));
+        const auto [place, is_new] = places.try_emplace(param.Name, lists.size());
+        if (is_new) {
+            lists.push_back(TextOf(book.Names.Text(param.Name)) + ":[");
+        }
+        std::string& list = lists[place->second];
+        list += (list.ends_with('[') ? "" : ",") + TextOf(param.Value);
     }
-    return params;
+    std::string text = "{";
+    for (const std::string& list : lists) {
+        text += (text.size() == 1 ? "" : ",") + list + "]";
+    }
+    return text + "}";
 }
 
-Json PropertyOf(const book::Book& book, const book::Property& one) {
-    Json property = {{"name", std::string(book.Names.Text(one.Name))},
-                     {"params", ParamsOf(book, one)},
-                     {"value", book::TextOf(book, one)},
-                     {"file", book.SourceAt(one.File).Name()},
-                     {"line", one.Line}};
+std::string PropertyOf(const book::Book& book, const book::Property& one) {
+    std::string text = "{\"name\":" + TextOf(book.Names.Text(one.Name)) +
+                       ",\"params\":" + ParamsOf(book, one) +
+                       ",\"value\":" + TextOf(book::TextOf(book, one)) +
+                       ",\"file\":" + TextOf(book.SourceAt(one.File).Name()) +
+                       ",\"line\":" + std::to_string(one.Line);
     if (const std::string_view group = book.DetailsOf(one).Group; !group.empty()) {
-        property["group"] = std::string(group);
+        text += ",\"group\":" + TextOf(group);
     }
-    return property;
+    return text + "}";
 }
 
-Json RecordOf(const Catalogue& from, std::size_t number) {
+// ,"name":[...], item by item: a record may have millions.
+template <class Items, class Text>
+void PrintArray(std::ostream& out, const char* name, const Items& items, const Text& text) {
+    out << ",\"" << name << "\":[";
+    const char* between = "";
+    for (const auto& item : items) {
+        out << between << text(item);
+        between = ",";
+    }
+    out << "]";
+}
+
+void PrintObject(std::ostream& out, const Catalogue& from, std::size_t number) {
     const book::Book& book = from.Book();
     const book::Contact& contact = book.Contacts[number];
     const book::PersonName name = book::NameOf(book, contact);
-    Json members = Json::array();
-    for (const book::ListMember& member : from.Members().MembersOf(contact)) {
-        members.push_back(
-            {{"name", member.Name}, {"address", member.Address}, {"uid", member.Uid}});
-    }
-    Json properties = Json::array();
-    for (const book::Property& one : contact.Properties) {
-        properties.push_back(PropertyOf(book, one));
-    }
-    return {{"kind", contact.Kind == book::ContactKind::List ? "list" : "person"},
-            {"uid", from.Uids().UidAt(number)},
-            {"name", name.Shown},
-            {"given", name.Given},
-            {"family", name.Family},
-            {"nicknames", book::NicknamesOf(book, contact)},
-            {"emails", book::AddressesOf(contact)},
-            {"phones", book::PhonesOf(contact)},
-            {"members", std::move(members)},
-            {"properties", std::move(properties)},
-            {"origin",
-             {{"file", book.SourceAt(contact.From.File).Name()}, {"line", contact.From.Line}}}};
-}
-
-std::string LineOf(const Json& json) {
-    constexpr int kOneLine = -1;
-    return json.dump(kOneLine, ' ', false, Json::error_handler_t::replace) + "\n";
+    const bool list = contact.Kind == book::ContactKind::List;
+    const auto plain = [](const std::string& text) { return TextOf(text); };
+    out << R"({"kind":")" << (list ? "list" : "person") << R"(","uid":)"
+        << TextOf(from.Uids().UidAt(number)) << ",\"name\":" << TextOf(name.Shown)
+        << ",\"given\":" << TextOf(name.Given) << ",\"family\":" << TextOf(name.Family);
+    PrintArray(out, "nicknames", book::NicknamesOf(book, contact), plain);
+    PrintArray(out, "emails", book::AddressesOf(contact), plain);
+    PrintArray(out, "phones", book::PhonesOf(contact), plain);
+    PrintArray(
+        out, "members", from.Members().MembersOf(contact), [](const book::ListMember& member) {
+            return TextOf(
+                {{"name", member.Name}, {"address", member.Address}, {"uid", member.Uid}});
+        });
+    PrintArray(out, "properties", contact.Properties, [&book](const book::Property& one) {
+        return PropertyOf(book, one);
+    });
+    out << R"(,"origin":{"file":)" << TextOf(book.SourceAt(contact.From.File).Name())
+        << ",\"line\":" << contact.From.Line << "}}";
 }
 
 }  // namespace
 
-std::string RecordLine(const Catalogue& from, std::size_t contact) {
-    return LineOf(RecordOf(from, contact));
+void PrintRecord(std::ostream& out, const Catalogue& from, std::size_t contact) {
+    PrintObject(out, from, contact);
+    out << "\n";
 }
 
-std::string DifferenceLine(const Catalogue& left,
-                           const Catalogue& right,
-                           const book::Compared& found) {
+void PrintDifference(std::ostream& out,
+                     const Catalogue& left,
+                     const Catalogue& right,
+                     const book::Compared& found) {
     const bool only_right = found.What == book::Difference::OnlyRight;
-    Json line = {{"what",
-                  only_right                                 ? "only right"
-                  : found.What == book::Difference::OnlyLeft ? "only left"
-                  : found.What == book::Difference::Same     ? "same"
-                                                             : "changed"},
-                 {"fields", found.Fields}};
+    out << R"({"what":")"
+        << (only_right                                 ? "only right"
+            : found.What == book::Difference::OnlyLeft ? "only left"
+            : found.What == book::Difference::Same     ? "same"
+                                                       : "changed")
+        << R"(","fields":)" << TextOf(found.Fields);
     if (!only_right) {
-        line["left"] = RecordOf(left, found.Left);
+        out << ",\"left\":";
+        PrintObject(out, left, found.Left);
     }
     if (found.Right != book::Compared::kNobody) {
-        line["right"] = RecordOf(right, found.Right);
+        out << ",\"right\":";
+        PrintObject(out, right, found.Right);
     }
-    return LineOf(line);
+    out << "}\n";
 }
 
 std::string ReportLine(const ReportEntry& entry) {
-    return LineOf({{"what", std::string(entry.What)},
-                   {"file", std::string(entry.File)},
-                   {"line", entry.Line},
-                   {"field", std::string(entry.Field)},
-                   {"value", std::string(entry.Value)},
-                   {"target", std::string(entry.Target)},
-                   {"reason", std::string(entry.Reason)}});
+    const Json line = {{"what", std::string(entry.What)},
+                       {"file", std::string(entry.File)},
+                       {"line", entry.Line},
+                       {"field", std::string(entry.Field)},
+                       {"value", std::string(entry.Value)},
+                       {"target", std::string(entry.Target)},
+                       {"reason", std::string(entry.Reason)}};
+    return TextOf(line) + "\n";
 }
 
 }  // namespace orvik::book_cli

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <iosfwd>
 #include <span>
 #include <string>
 #include <string_view>
@@ -30,15 +31,16 @@ class Catalogue {
     book::Directory directory_{book_, uids_};
 };
 
-// RecordLine: {"kind":"person","uid":...,"origin":{"file":...,"line":...}}. Bytes that are no text
-// become U+FFFD.
-[[nodiscard]] std::string RecordLine(const Catalogue& from, std::size_t contact);
+// PrintRecord: a line {"kind":"person","uid":...,"origin":{"file":...,"line":...}}. Bytes that are
+// no text become U+FFFD.
+void PrintRecord(std::ostream& out, const Catalogue& from, std::size_t contact);
 
-// DifferenceLine: the same of a contact that is only in one book, or changed, with what that is and
-// the names of the fields that differ.
-[[nodiscard]] std::string DifferenceLine(const Catalogue& left,
-                                         const Catalogue& right,
-                                         const book::Compared& found);
+// PrintDifference: the same of a contact that is only in one book, or changed, with what that is
+// and the names of the fields that differ.
+void PrintDifference(std::ostream& out,
+                     const Catalogue& left,
+                     const Catalogue& right,
+                     const book::Compared& found);
 
 // What a line of a report says.
 struct ReportEntry {

@@ -54,10 +54,14 @@ ExitStatus Outputs::CheckFile(Target& target) {
     }
     console_.Begin(target.Name);
     FileKind kind = FileKind::Missing;
-    ExitStatus status = Trap(console_, [&] {
-        kind = StatusOf(console_.Files(), target.Name).Kind;
-        console_.Slot().TryWriting(target.Name);
-    });
+    ExitStatus status =
+        Trap(console_, [&] { kind = StatusOf(console_.Files(), target.Name).Kind; });
+    if (kind == FileKind::Folder) {
+        return Refuse("This is a folder; a file in it needs a name", target.Name);
+    }
+    status = status != ExitStatus::Done
+                 ? status
+                 : Trap(console_, [&] { console_.Slot().TryWriting(target.Name); });
     target.MayReplace = arguments_.Force || kind != FileKind::Regular;
     if (status == ExitStatus::Done && !target.MayReplace) {
         target.MayReplace = console_.Ask(Printable(target.Name) + " is there already. Replace it?");

@@ -64,7 +64,7 @@ cli::ExitStatus Show(const Arguments& arguments, Console& console, Outputs& outp
     AddMissingMembers(loaded.Book, catalogue);
     if (arguments.Json) {
         for (std::size_t i = 0; i < loaded.Book.Contacts.size() && console.Out(); ++i) {
-            console.Out() << RecordLine(catalogue, i);
+            PrintRecord(console.Out(), catalogue, i);
         }
         TellCharsets(console, loaded);
     } else {

@@ -1,7 +1,9 @@
 #include "files/recovery_copy.h"
 
+#include <array>
 #include <charconv>
 #include <system_error>
+#include <utility>
 
 namespace orvik {
 namespace {
@@ -44,29 +46,59 @@ std::optional<Field> TakeField(std::string_view& bytes) {
     return field;
 }
 
-// Returns false for a value that cannot be.
-bool Take(const Field& field, RecoveryCopy& copy) {
-    const auto& [name, value] = field;
-    if (name == "text") {
-        copy.Text = value;
-    } else if (name == "mode") {
-        copy.Mode = value;
-    } else if (name == "caption") {
-        copy.Caption = value;
-    } else if (name == "box") {
-        copy.Box = value;
-    } else if (name == "box-is-text") {
-        copy.Box = copy.Text;
-    } else if (name == "edit-mode") {
-        copy.EditMode = true;
-    } else if (name == "file") {
-        copy.File = value;
-    } else if (name == "entries") {
-        return ParseNumber(value, copy.Entries);
-    } else if (name == "seconds") {
-        return ParseNumber(value, copy.Seconds);
+// What was found of each field. Where one stands twice the first counts.
+struct Found {
+    std::optional<std::string_view> Text, Mode, Caption, Box, BoxIsText, EditMode, File, Entries,
+        Seconds;
+};
+
+void Take(const Field& field, Found& found) {
+    using Place = std::optional<std::string_view> Found::*;
+    constexpr std::array<std::pair<std::string_view, Place>, 9> kPlaces = {{
+        {"text", &Found::Text},
+        {"mode", &Found::Mode},
+        {"caption", &Found::Caption},
+        {"box", &Found::Box},
+        {"box-is-text", &Found::BoxIsText},
+        {"edit-mode", &Found::EditMode},
+        {"file", &Found::File},
+        {"entries", &Found::Entries},
+        {"seconds", &Found::Seconds},
+    }};
+    // Both say what the box holds.
+    if ((found.Box && field.Name == "box-is-text") || (found.BoxIsText && field.Name == "box")) {
+        return;
     }
-    return true;
+    for (const auto& [name, place] : kPlaces) {
+        if (name == field.Name && !(found.*place)) {
+            found.*place = field.Value;
+        }
+    }
+}
+
+// A number that cannot be is no reason to lose the text.
+template <class Number>
+Number NumberOf(std::optional<std::string_view> digits, Number largest, Number unknown) {
+    Number number = 0;
+    return digits && ParseNumber(*digits, number) && number >= 0 && number <= largest ? number
+                                                                                      : unknown;
+}
+
+std::optional<RecoveryCopy> CopyOf(const Found& found) {
+    constexpr std::int64_t kYear10000 = 253'402'300'800;
+    if (!found.Text) {
+        return std::nullopt;
+    }
+    RecoveryCopy copy;
+    copy.Text = *found.Text;
+    copy.Mode = found.Mode.value_or("");
+    copy.Caption = found.Caption.value_or("");
+    copy.Box = found.BoxIsText ? copy.Text : SharedText(found.Box.value_or(""));
+    copy.EditMode = found.EditMode.has_value();
+    copy.File = found.File.value_or("");
+    copy.Entries = NumberOf(found.Entries, kUnknownEntries - 1, kUnknownEntries);
+    copy.Seconds = NumberOf(found.Seconds, kYear10000 - 1, std::int64_t{0});
+    return copy;
 }
 
 }  // namespace
@@ -101,14 +133,12 @@ std::optional<RecoveryCopy> ReadRecoveryCopy(std::string_view bytes) {
         return std::nullopt;
     }
     bytes.remove_prefix(kRecoveryBeginning.size());
-    RecoveryCopy copy;
+    Found found;
     while (const std::optional<Field> field = TakeField(bytes)) {
         if (field->Name == kEnd) {
-            return copy;
+            return CopyOf(found);
         }
-        if (!Take(*field, copy)) {
-            break;
-        }
+        Take(*field, found);
     }
     return std::nullopt;
 }

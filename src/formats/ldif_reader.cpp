@@ -1,5 +1,10 @@
 #include "formats/ldif_reader.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "app/text.h"
 #include "app/working_text.h"
 #include "formats/keyed_lines.h"
 
@@ -20,6 +25,14 @@ class LdifList {
     std::string entry_end_;
 };
 
+std::string Finish(std::string&& list, std::string_view separator) {
+    if (list.empty() ||
+        (!separator.empty() && list.back() != separator.back() && list.back() != '\n')) {
+        list += EntryEnd(separator);
+    }
+    return std::move(list);
+}
+
 }  // namespace
 
 // The line behind an address is passed over: in Netscape's books it is never one that matters.
@@ -28,11 +41,28 @@ std::string ReadLdif(std::string_view ldif, std::string_view separator, UnreadEn
     list.reserve(ldif.size() / 4);
     LdifList maker(list, separator);
     ReadKeyedLines(ldif, LdifLines(), maker, left_out);
-    if (list.empty() ||
-        (!separator.empty() && list.back() != separator.back() && list.back() != '\n')) {
-        maker.EmptyLine();
+    return Finish(std::move(list), separator);
+}
+
+// The empty line behind the last record is never written.
+std::string ReadWrittenLdif(std::string_view native, std::string_view separator) {
+    std::string list;
+    constexpr std::size_t kFrame = std::string_view("\"\" <>\r\n").size();
+    const auto ends = static_cast<std::size_t>(std::count(native.begin(), native.end(), '\r'));
+    list.reserve(native.size() + ends / 2 * kFrame);
+    LdifList maker(list, separator);
+    NativeReader reader(native);
+    std::string address;
+    for (bool is_first = true; reader.Next(); is_first = false) {
+        if (!is_first) {
+            maker.EmptyLine();
+        }
+        address.clear();
+        AppendWithout(address, reader.RawAddress(), '\n');
+        maker.Nickname(reader.TakeNickname());
+        maker.Address(address);
     }
-    return list;
+    return Finish(std::move(list), separator);
 }
 
 }  // namespace orvik

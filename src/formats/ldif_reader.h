@@ -18,4 +18,9 @@ namespace orvik {
                                    std::string_view separator,
                                    UnreadEntries* left_out = nullptr);
 
+// ReadWrittenLdif: what ReadLdif makes of what WriteLdif makes of a Native text, without the way
+// there and back.
+//   "A1\r\n-nick-\r\nAl\r\n"  ->  "\"Al\" <A1>\r\n"
+[[nodiscard]] std::string ReadWrittenLdif(std::string_view native, std::string_view separator);
+
 }  // namespace orvik

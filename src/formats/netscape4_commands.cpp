@@ -18,10 +18,12 @@ void Form1::Convert(SharedText& text) {
         text = module_.SplitEntries(text, "txt");
     }
     module_.LdifText.clear();
+    written_ = {};
     TrapFailure(
         [&] {
             ConversionProgress progress(*this, module_.platform);
             module_.LdifText = WriteLdif(text, progress);
+            written_ = {text, module_.LdifText.Revision()};
             progress.Finish();
         },
         [](const RunTimeError& failure) {
@@ -45,7 +47,10 @@ void Form1::mnuCopyConvert_Click() {
 }
 
 void Form1::unconvert(UnreadEntries* left_out) {
-    module_.WorkText = ReadLdif(module_.LdifText, module_.textSep, left_out);
+    const bool is_ours = !module_.LdifText.empty() && written_.Ldif == module_.LdifText.Revision();
+    module_.WorkText = is_ours && left_out == nullptr
+                           ? ReadWrittenLdif(written_.Native, module_.textSep)
+                           : ReadLdif(module_.LdifText, module_.textSep, left_out);
     module_.TextMode = mode::kAscii;
 }
 

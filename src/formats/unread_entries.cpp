@@ -27,8 +27,8 @@ bool Says(std::string_view text, std::string_view value) {
     if (text.size() <= value.size()) {
         return text == value;
     }
-    return (text.starts_with(value) && parts_words(text[value.size()])) ||
-           (text.ends_with(value) && parts_words(text[text.size() - value.size() - 1]));
+    return (parts_words(text[value.size()]) && text.starts_with(value)) ||
+           (parts_words(text[text.size() - value.size() - 1]) && text.ends_with(value));
 }
 
 }  // namespace

@@ -48,8 +48,9 @@ class SystemFiles : public FileSystem {
 void HandleSignals();
 
 // TellOfSignals: from now on the first signal that asks for the end is only told of; the next one
-// ends the program. Returns the number of a file that can be read from once one was told of, or -1
-// where there is none; then nothing changes. Called once.
+// ends the program a second later, so that what the first one began can end. Returns the number of
+// a file that can be read from once one was told of, or -1 where there is none; then nothing
+// changes. Called once.
 [[nodiscard]] int TellOfSignals();
 
 // EndBySignal: ends the program as the signal would have that was told of.

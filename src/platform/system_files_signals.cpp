@@ -22,6 +22,9 @@ std::atomic<int> kept_signal = 0;
 // Where the first signal is told of, and which one it was.
 std::atomic<int> listener = -1;
 std::atomic<int> told_signal = 0;
+// The second one, which waits a moment: what the first one began, as to keep the book, may end.
+std::atomic<int> second_signal = 0;
+constexpr unsigned kSecondsToEnd = 1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
 void Die(int signal_number) {
@@ -41,10 +44,7 @@ bool Announce(int signal_number) {
     return told;
 }
 
-extern "C" void EndOrKeep(int signal_number) {
-    if (Announce(signal_number)) {
-        return;
-    }
+void EndUnlessHeld(int signal_number) {
     int none = 0;
     if (holds.compare_exchange_strong(none, kEnds) || none == kEnds) {
         Die(signal_number);
@@ -56,6 +56,36 @@ extern "C" void EndOrKeep(int signal_number) {
     if (holds.compare_exchange_strong(none, kEnds)) {
         Die(signal_number);
     }
+}
+
+extern "C" void EndOrKeep(int signal_number) {
+    if (Announce(signal_number)) {
+        return;
+    }
+    int none = 0;
+    if (listener < 0) {
+        EndUnlessHeld(signal_number);
+    } else if (second_signal.compare_exchange_strong(none, signal_number)) {
+        alarm(kSecondsToEnd);
+    }
+}
+
+extern "C" void EndBySecond(int /*alarm*/) {
+    if (const int signal_number = second_signal; signal_number != 0) {
+        EndUnlessHeld(signal_number);
+    }
+}
+
+// The program that started this one may have blocked it.
+void TakeAlarms() {
+    struct sigaction action {};
+    action.sa_handler = &EndBySecond;
+    action.sa_flags = SA_RESTART;
+    sigaction(SIGALRM, &action, nullptr);
+    sigset_t alarms{};
+    sigemptyset(&alarms);
+    sigaddset(&alarms, SIGALRM);
+    pthread_sigmask(SIG_UNBLOCK, &alarms, nullptr);
 }
 
 class SystemHold : public EndHold {
@@ -109,13 +139,14 @@ int TellOfSignals() {
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends.data()) < 0) {
         return -1;
     }
+    TakeAlarms();
     listener = ends[1];
     return ends[0];
 }
 
 void EndBySignal() {
     if (const int signal_number = told_signal; signal_number != 0) {
-        EndOrKeep(signal_number);
+        EndUnlessHeld(signal_number);
     }
 }
 

@@ -22,6 +22,12 @@ const char*& NameOfProgram() {
     return name;
 }
 
+// Whether the program was started without standard input.
+bool& InputWasClosed() {
+    static bool closed = false;
+    return closed;
+}
+
 void Print(std::string_view text) noexcept {
     if (write(STDERR_FILENO, text.data(), text.size()) < 0) {
         return;  // Nothing can be done about it.
@@ -61,6 +67,9 @@ bool InputComesFromTerminal() {
 std::error_code ReadStandardInput(std::size_t most, std::string& bytes) {
     constexpr std::size_t kAtOnce = 1 << 16;
     std::array<char, kAtOnce> part{};
+    if (InputWasClosed()) {
+        return std::make_error_code(std::errc::bad_file_descriptor);
+    }
     while (bytes.size() <= most) {
         const ssize_t got = read(STDIN_FILENO, part.data(), part.size());
         if (got == 0) {
@@ -85,6 +94,7 @@ void ReserveStandardStreams() {
     int number = STDIN_FILENO;
     while (number >= 0 && number <= STDERR_FILENO) {
         number = open("/dev/null", O_RDONLY);
+        InputWasClosed() = InputWasClosed() || number == STDIN_FILENO;
     }
     if (number > STDERR_FILENO) {
         close(number);

@@ -36,6 +36,11 @@ FileStatus Look(FileSystem& files, const Path& path) {
     return status;
 }
 
+// A copy is never a link, which could lead anywhere.
+bool IsLink(FileSystem& files, const Path& book) {
+    return files.ResolveLinks(book) != files.ResolveLinks(FolderOf(book)) / kBook;
+}
+
 // Creates the file that is locked, and locks it. Returns false if another program, which took the
 // folder for a left one, was faster.
 bool Lock(FileSystem& files, const Path& name, std::unique_ptr<FolderLock>& lock) {
@@ -70,10 +75,14 @@ std::optional<RecoveryCopy> Read(FileSystem& files, const Path& name) {
     TrapFailure(
         [&] {
             std::string bytes;
+            const FileStatus status = Look(files, name);
             // A pipe would hang the program.
-            if (Look(files, name).Kind == FileKind::Regular && BeginsAsCopy(files, name) &&
-                !ReadWhole(files, name, bytes)) {
+            if (status.Kind == FileKind::Regular && !IsLink(files, name) &&
+                BeginsAsCopy(files, name) && !ReadWhole(files, name, bytes)) {
                 copy = ReadRecoveryCopy(bytes);
+            }
+            if (copy && copy->Seconds == 0) {
+                copy->Seconds = status.Identity.Seconds;
             }
         },
         [](const RunTimeError&) {});
@@ -89,27 +98,34 @@ RecoveryStore::RecoveryStore(FileSystem& files) : files_(files), root_(files.Sta
 }
 
 RecoveryStore::~RecoveryStore() {
-    if (!own_.empty() && !keeps_) {
-        RemoveFolder(own_);
+    const bool took_any = !own_.Folder.empty() || !aside_.empty();
+    Leave(own_);
+    for (auto& [number, own] : aside_) {
+        Leave(own);
+    }
+    if (took_any) {
         files_.RemoveFolder(root_);
     }
 }
 
 void RecoveryStore::Keep(const RecoveryCopy& copy) {
+    KeepIn(own_, copy);
+}
+
+void RecoveryStore::KeepIn(Own& own, const RecoveryCopy& copy) {
     if (root_.empty()) {
         throw RunTimeError(Failure::PathNotFound);
     }
     // Somebody may have tidied up.
-    if (own_.empty() || Look(files_, own_ / kRunning).Kind == FileKind::Missing) {
-        TakeFolder();
+    if (own.Folder.empty() || Look(files_, own.Folder / kRunning).Kind == FileKind::Missing) {
+        TakeFolder(own);
     }
-    const Path book = own_ / kBook;
-    // Saving follows links, which could lead anywhere.
-    if (files_.ResolveLinks(book) != files_.ResolveLinks(own_) / kBook ||
-        Look(files_, book).Names > 1) {
+    const Path book = own.Folder / kBook;
+    // Saving follows links.
+    if (IsLink(files_, book) || Look(files_, book).Names > 1) {
         files_.Remove(book);
     }
-    keeps_ = true;
+    own.Keeps = true;
     FileTalk nobody;
     SaveFile(files_,
              nobody,
@@ -119,10 +135,9 @@ void RecoveryStore::Keep(const RecoveryCopy& copy) {
              {.LongestWait = kShortWait, .OnlyMine = true});
 }
 
-void RecoveryStore::TakeFolder() {
+void RecoveryStore::TakeFolder(Own& own) {
     constexpr int kMostTries = 5;
-    own_.clear();
-    lock_.reset();
+    own = {};
     for (int i = 0; i < kMostTries; ++i) {
         const Path folder = root_ / AnyName();
         const std::error_code error = Persist([&] { return files_.CreateFolders(folder); });
@@ -130,8 +145,8 @@ void RecoveryStore::TakeFolder() {
             continue;  // a program that has ended has just tidied up
         }
         CheckFile(files_, error, folder);
-        if (Lock(files_, folder / kRunning, lock_)) {
-            own_ = folder;
+        if (Lock(files_, folder / kRunning, own.Lock)) {
+            own.Folder = folder;
             return;
         }
     }
@@ -139,19 +154,58 @@ void RecoveryStore::TakeFolder() {
 }
 
 void RecoveryStore::Forget() {
-    if (keeps_) {
-        const Path book = own_ / kBook;
-        keeps_ = Persist([&] { return files_.Remove(book); }) &&
-                 Look(files_, book).Kind != FileKind::Missing;
+    if (own_.Keeps) {
+        const Path book = own_.Folder / kBook;
+        own_.Keeps = Persist([&] { return files_.Remove(book); }) &&
+                     Look(files_, book).Kind != FileKind::Missing;
     }
 }
 
-void RecoveryStore::LeaveCopy() {
-    if (keeps_) {
-        keeps_ = false;
-        own_.clear();
-        lock_.reset();
+void RecoveryStore::SetAside(int number, const RecoveryCopy& copy) {
+    if (!aside_.contains(number)) {
+        aside_[number] = std::exchange(own_, {});
     }
+    KeepIn(aside_[number], copy);
+}
+
+void RecoveryStore::TakeBack(int number) {
+    const auto found = aside_.find(number);
+    if (found != aside_.end()) {
+        Forget();
+        Leave(own_);
+        own_ = std::move(found->second);
+        aside_.erase(found);
+    }
+}
+
+void RecoveryStore::LeaveAside(int number) {
+    const auto found = aside_.find(number);
+    if (found != aside_.end()) {
+        Leave(found->second);
+        aside_.erase(found);
+    }
+}
+
+void RecoveryStore::ForgetAside() {
+    for (auto& [number, own] : aside_) {
+        if (!own.Folder.empty()) {
+            RemoveFolder(own.Folder);
+        }
+    }
+    aside_.clear();
+}
+
+void RecoveryStore::LeaveCopy() {
+    if (own_.Keeps) {
+        own_ = {};
+    }
+}
+
+void RecoveryStore::Leave(Own& own) const {
+    if (!own.Folder.empty() && !own.Keeps) {
+        RemoveFolder(own.Folder);
+    }
+    own = {};
 }
 
 void RecoveryStore::ForEachEnded(const std::function<bool(Ended&)>& act) const {

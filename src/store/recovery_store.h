@@ -3,12 +3,14 @@
 //   orvik/recovery/0123456789abcdef/running    whose lock the running program keeps
 //   orvik/recovery/0123456789abcdef/book       the copy (files/recovery_copy.h)
 //
-// Each running program has a folder of its own. One whose lock is free is of a program that has
-// ended. A copy that is damaged, or of a later version, stays where it is and is offered to nobody.
+// A running program has a folder for the open book, and one for each book that another took the
+// place of before it was saved. One whose lock is free is of a program that has ended. A copy that
+// is damaged, or of a later version, stays where it is and is offered to nobody.
 
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -30,11 +32,22 @@ class RecoveryStore {
     // What was kept stays; without anything no folder does.
     ~RecoveryStore();
 
-    // Puts a copy in the place of this program's last one, and waits until it is on the disk.
+    // Puts a copy of the open book in the place of the last one, and waits until it is on the disk.
     // Errors: those of file_calls.h; then the last one stays.
     void Keep(const RecoveryCopy& copy);
-    // Removes this program's copy, if there is one.
+    // Removes the open book's copy, if there is one.
     void Forget();
+
+    // The open book gave way to another: its copy is set aside under a number, which is given once,
+    // and becomes this one. Errors: as Keep; then what was kept is set aside all the same, and it
+    // may be called again.
+    void SetAside(int number, const RecoveryCopy& copy);
+    // Makes a copy that was set aside the open book's, in the place of that.
+    void TakeBack(int number);
+    // Another program may take the copy from now on.
+    void LeaveAside(int number);
+    // Removes all that was set aside.
+    void ForgetAside();
 
     // A copy that an ended program has left. As long as this lives no other program takes it.
     struct Left {
@@ -42,7 +55,7 @@ class RecoveryStore {
         Path Folder;
         std::shared_ptr<FolderLock> Lock;
     };
-    // From now on another program may take this program's copy; the next one is put elsewhere.
+    // From now on another program may take the open book's copy; the next one is put elsewhere.
     void LeaveCopy();
 
     // The newest first, and no more than a hundred: each keeps a file open. These may be called
@@ -58,17 +71,25 @@ class RecoveryStore {
         Path Folder;
         std::shared_ptr<FolderLock> Lock;
     };
+    // A folder of this program, locked; empty until something is kept there.
+    struct Own {
+        Path Folder;
+        std::unique_ptr<FolderLock> Lock;
+        bool Keeps = false;
+    };
+    void KeepIn(Own& own, const RecoveryCopy& copy);
+    void TakeFolder(Own& own);
+    // What is kept there stays; an empty folder goes.
+    void Leave(Own& own) const;
     // One after the other, so that thousands of them do not take all files that may be open; act
     // returns whether it wants another one.
     void ForEachEnded(const std::function<bool(Ended&)>& act) const;
-    void TakeFolder();
     void RemoveFolder(const Path& folder) const;
 
     FileSystem& files_;
     Path root_;
-    Path own_;
-    std::unique_ptr<FolderLock> lock_;
-    bool keeps_ = false;
+    Own own_;
+    std::map<int, Own> aside_;
 };
 
 }  // namespace orvik

@@ -201,4 +201,33 @@ cp bo.vcf '[a,b]'
 run "a name in brackets" 0 show '[a,b]'
 has out "[a,b]: vCard"
 
+# Many fields, members and parameters of one record.
+python3 - <<'PYTHON'
+def write(name, text):
+    with open(name, "w", newline="\n", encoding="utf-8") as file:
+        file.write("BEGIN:VCARD\nVERSION:4.0\nUID:x\nFN:L\n" + text + "END:VCARD\n")
+
+write("fields.vcf", "item1.X;P=1;Q=2;p=3:\xe9\n" + "TEL:1\n" * 5000)
+write("members.vcf", "KIND:group\n" + "MEMBER:x\n" * 5000)
+write("params.vcf", "TEL" + "".join(f";P{i}=1" for i in range(5000)) + ":1\n")
+PYTHON
+for what in fields members params; do
+    run "many $what" 0 show --json "$what.vcf"
+    python3 - "$what" <<'PYTHON' || fail "not the record"
+import json, sys
+
+record = json.loads(open("out", encoding="utf-8").read())
+first = record["properties"][2]
+if sys.argv[1] == "fields":
+    good = (len(record["properties"]) == 5003 and len(record["phones"]) == 5000
+            and first == {"name": "X", "params": {"P": ["1", "3"], "Q": ["2"]}, "value": "\xe9",
+                          "file": "fields.vcf", "line": 5, "group": "item1"})
+elif sys.argv[1] == "members":
+    good = record["members"] == [{"name": "L", "address": "", "uid": "x"}] * 5000
+else:
+    good = list(first["params"]) == [f"P{i}" for i in range(5000)]
+sys.exit(0 if good else 1)
+PYTHON
+done
+
 exit $failed

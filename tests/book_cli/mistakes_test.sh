@@ -46,7 +46,8 @@ status=0
 tells "orvik-book: -: this is an empty file"
 status=0
 "$program" show - <&- 2>err || status=$?
-[ "$status" = 65 ] || fail "exit status $status where it is closed"
+[ "$status" = 66 ] || fail "exit status $status where it is closed"
+tells "-: Standard input is closed"
 status=0
 "$program" show - <"$work" 2>err || status=$?
 [ "$status" = 66 ] || fail "exit status $status where it is a folder"
@@ -133,7 +134,7 @@ done
 run "a missing folder to write" 73 convert bo.vcf -o gone/new.vcf
 tells "gone/new.vcf: Path not found"
 run "a folder to write" 73 convert bo.vcf -o folder --vcard 3 --force
-tells "folder: Path/File access error"
+tells "folder: This is a folder; a file in it needs a name"
 run "a report in a missing folder" 73 convert bo.vcf -o new.vcf --report gone/report
 is_missing new.vcf
 if [ "$(id -u)" -ne 0 ]; then
@@ -176,5 +177,24 @@ status=${PIPESTATUS[0]}
 set -e
 [ "$status" = 74 ] || fail "exit status $status instead of 74"
 is_missing never.vcf
+
+# What nothing can hold.
+printf 'BEGIN:VCARD\nVERSION:3.0\nFN:a\xff\x81b\nNOTE:\xc3\xa4\nEND:VCARD\n' >broken.vcf
+run "a loss" 1 convert broken.vcf --vcard 4 -o lost.vcf
+tells 'broken.vcf: line 1: lost: FN "a\xFF\x81b": has bytes that are no text'
+[ ! -e lost.vcf ] || fail "something was written"
+run "a loss that is allowed" 1 convert broken.vcf --vcard 4 -o lost.vcf --allow-loss
+has out "lost 1"
+has lost.vcf "NOTE:ä"
+run "no loss" 0 convert broken.vcf -o stays.vcf
+cmp -s broken.vcf stays.vcf || fail "the card was changed"
+
+# What is easily mistaken.
+run "an option before the verb" 2 --json show bo.vcf
+tells "--json: options stand behind the verb show"
+run "a folder by its name" 2 convert bo.vcf -o folder/
+tells "folder/ is a folder; a file in it needs a name"
+run "a file twice" 0 show bo.vcf ./bo.vcf
+tells "./bo.vcf: This is the same file as bo.vcf, and is read again"
 
 exit $failed

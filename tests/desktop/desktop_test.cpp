@@ -93,6 +93,21 @@ TEST_F(DesktopTest, EachEventEndsWithASync) {
     EXPECT_EQ(view.syncs, 3);
 }
 
+TEST_F(DesktopTest, RepaintsOfOneCommand_AreShownNowAndThen) {
+    CountingView view;
+    Desktop slow(std::chrono::hours(1));
+    slow.add(form1, view);
+    for (int command = 1; command <= 2; ++command) {
+        view.syncs = 0;
+        slow.run([&] {
+            slow.repaint();
+            slow.repaint();
+            EXPECT_EQ(view.syncs, 1);
+        });
+        EXPECT_EQ(view.syncs, 2);
+    }
+}
+
 TEST_F(DesktopTest, TheEndPassesThroughNestedLoops) {
     bool went_on = false;
     desktop.run([&] {

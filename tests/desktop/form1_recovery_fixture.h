@@ -52,8 +52,11 @@ class Form1RecoveryTest : public Form1WindowTest {
                .File = "/b/newer.ldif",
                .Entries = 3,
                .Seconds = 1'700'000'000});
-        Leave(
-            {.Text = "A1\r\n-nick-\r\nAl\r\n", .Mode = "Native", .Caption = "Orvik", .Entries = 1});
+        Leave({.Text = "A1\r\n-nick-\r\nAl\r\n",
+               .Mode = "Native",
+               .Caption = "Orvik",
+               .Entries = 1,
+               .Seconds = 1'600'000'000});
     }
     // Presses these buttons of the boxes, one after the other; returns what they said. Without a
     // name Escape is pressed.

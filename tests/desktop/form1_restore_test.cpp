@@ -33,6 +33,24 @@ TEST_F(Form1RestoreTest, ALeftBook_IsOfferedWithAllThatIsKnownOfIt) {
     EXPECT_THAT(Texts(), ElementsAre("A1\r\n-nick-\r\nAl\r\n"));
 }
 
+TEST_F(Form1RestoreTest, ALongName_IsShownWithoutItsMiddle) {
+    Show();
+    const std::string name = "/b/" + std::string(3000, 'x') + "/al.ldif";
+    Leave({.Text = kThree, .Mode = "Native", .Caption = "Orvik - " + name, .File = name});
+    const std::vector<std::string> said = Answer({"&Restore"});
+    EXPECT_THAT(said.front(), HasSubstr("before /b/xxx"));
+    EXPECT_THAT(said.front(), HasSubstr("\u2026"));
+    EXPECT_THAT(said.front(), HasSubstr("x/al.ldif was saved."));
+    EXPECT_LT(said.front().size(), 300U);
+    EXPECT_LT(Said().size(), 200U);
+}
+
+TEST_F(Form1RestoreTest, EntriesThatNobodyKnows_AreCounted) {
+    Show();
+    Leave({.Text = kThree, .Mode = "Native", .Caption = "Orvik", .Entries = kUnknownEntries});
+    EXPECT_THAT(Answer({"&Not now"}).front(), HasSubstr("with 3 entries."));
+}
+
 TEST_F(Form1RestoreTest, ARestoredBook_CanBeUndoneAndIsKeptAgain) {
     Show();
     LeaveTwo();
@@ -120,6 +138,8 @@ TEST_F(Form1RestoreTest, EditModeComesBack) {
     Answer({"&Restore"});
     EXPECT_TRUE(module1.EditMode);
     EXPECT_EQ(Find<TextBoxView>("Text1").toPlainText(), QStringLiteral("half"));
+    EXPECT_EQ(Said(),
+              "The book was restored. It is not saved. Leave edit mode to take it back with Undo.");
     SwitchEditMode();
     Run("undo");
     Run("undo");

@@ -48,17 +48,24 @@ TEST_F(RecoveryKeeperTest, KeepingNow_DoesNotWaitForTheInterval) {
     EXPECT_THAT(Offered(), SizeIs(1));
 }
 
-TEST_F(RecoveryKeeperTest, Uninstalling_TakesAllButALaterChange) {
+TEST_F(RecoveryKeeperTest, Uninstalling_TakesAllButTheOpenBook) {
     { RecoveryStore(own_files).Keep({.Text = "left", .Mode = "ASCII"}); }
     {
         RecoveryKeeper keeper(own_files);
         Type("\"Al\" <A1>\r");
         keeper.see(module1, "Orvik");
+        Type("\"Bo\" <A2>\r");
+        keeper.goesOnUnsaved(module1);
+        keeper.see(module1, "Orvik");
         keeper.keepNow();
+        EXPECT_EQ(OnlyBook(), QString());
         keeper.removeAll();
+        EXPECT_TRUE(QFile::exists(OnlyBook()));
         EXPECT_THAT(keeper.leftBooks(), IsEmpty());
     }
-    EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("orvik/recovery"))));
+    const auto left = Offered();
+    ASSERT_EQ(left.size(), 1U);
+    EXPECT_EQ(left.front().Copy.Text, "\"Bo\" <A2>\r");
 }
 
 TEST_F(RecoveryKeeperTest, AnEmptyBook_IsForgotten) {

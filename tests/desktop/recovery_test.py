@@ -17,6 +17,7 @@ import sys
 import time
 
 import kept_book
+from real_program import Program, eventually, fail, windows, xdo
 
 PROGRAM, WORK, KILLS = sys.argv[1], pathlib.Path(sys.argv[2]), int(sys.argv[3])
 BOOK = WORK / "book.ldif"
@@ -28,66 +29,6 @@ WITHIN = 6.0 if KILLS > 1 else 1.5
 
 random.seed(int(os.environ.get("ORVIK_SEED", time.time())))
 table = collections.OrderedDict()
-
-
-def fail(text):
-    sys.exit(f"recovery: {text}")
-
-
-def xdo(*arguments):
-    return subprocess.run(["xdotool", *arguments], capture_output=True, text=True, check=False).stdout.split()
-
-
-def eventually(what, condition, seconds=20):
-    end = time.time() + seconds
-    while time.time() < end:
-        found = condition()
-        if found:
-            return found
-        time.sleep(0.05)
-    return fail(f"in vain: {what}")
-
-
-def windows(name):
-    return xdo("search", "--onlyvisible", "--name", name)
-
-
-class Program:
-    """A running program; keys go to its front window."""
-
-    def __init__(self, *arguments, interval=50, **options):
-        environment = dict(os.environ, ORVIK_KEEP_WITHIN=str(interval))
-        self.process = subprocess.Popen([PROGRAM, *map(str, arguments)], env=environment, **options)
-        title = f"^Orvik - {arguments[0]}$" if arguments else "^Orvik$"
-        self.window = eventually(f"a window {title}", lambda: self.own(title))[0]
-        xdo("windowfocus", self.window)
-
-    def own(self, title):
-        return [w for w in windows(title) if xdo("getwindowpid", w) == [str(self.process.pid)]]
-
-    def keys(self, *keys):
-        for key in keys:
-            if key.startswith("!"):  # a box or a dialog of this title
-                self.front(key[1:])
-            elif key.startswith("'"):
-                xdo("type", "--delay", "0", key[1:])
-            elif key == "main":
-                xdo("windowfocus", self.window)
-            else:
-                xdo("key", "--delay", "0", key)
-            time.sleep(0.15)
-
-    def front(self, title):
-        xdo("windowfocus", eventually(f"a window {title}", lambda: self.own(title))[-1])
-
-    def box_is_shown(self):
-        return len(self.own("^Orvik$")) > (0 if self.own("^Orvik - ") else 1)
-
-    def kill(self, number=signal.SIGKILL):
-        self.process.send_signal(number)
-        status = self.process.wait(20)
-        if status != -number:
-            fail(f"signal {number} ended it with {status}")
 
 
 def fresh():
@@ -257,7 +198,13 @@ def signals():
     program.kill(signal.SIGTERM)
     if not holds(b'xyz"'):
         fail("TERM while a question waits lost the book")
-    table["TERM, HUP, INT"] = collections.Counter(kills=4)
+    # One right behind the other, as a terminal that is closed sends them.
+    program = typed_book(interval=2000)
+    program.process.send_signal(signal.SIGTERM)
+    program.kill(signal.SIGHUP, {-signal.SIGTERM, -signal.SIGHUP})
+    if not holds(b'xyz"'):
+        fail("TERM and HUP lost the book")
+    table["TERM, HUP, INT"] = collections.Counter(kills=5)
 
 
 def second_signal():
@@ -276,6 +223,26 @@ def second_signal():
     if not holds(b'xyz"'):
         fail("the second TERM lost the book")
     table["second TERM"] = collections.Counter(kills=1)
+
+
+def unsaved():
+    """A book that gave way to another after a save that was cancelled."""
+    for number in (signal.SIGKILL, signal.SIGTERM):
+        fresh()
+        program = Program(BOOK)
+        program.keys("alt+m")
+        eventually("the change to be kept", lambda: len(kept_book.texts()) == 1)
+        before = kept_book.texts()
+        program.keys("ctrl+o", *answer("alt+y"), "!Save As", "Escape", *dialog("Open file", "other.ldif"))
+        eventually("the other book", lambda: windows(f"^Orvik - {WORK / 'other.ldif'}$"))
+        time.sleep(0.5)
+        program.kill(number)
+        if kept_book.texts() != before:
+            fail(f"a book that gave way to another is lost: {kept_book.texts()}")
+        program = Program()
+        eventually("a box behind it", program.box_is_shown)
+        program.kill()
+    table["a book that gave way to another, unsaved"] = collections.Counter(kills=4)
 
 
 def lost_display():
@@ -378,6 +345,7 @@ def automation():
 def main():
     signals()
     second_signal()
+    unsaved()
     lost_display()
     bad_state_folder()
     two_programs()

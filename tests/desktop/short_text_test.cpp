@@ -23,6 +23,13 @@ TEST(ShortTextTest, OnlyALongerTextIsCut) {
     EXPECT_EQ(Shortened(QStringLiteral("ab\U0001F600d"), 3), QStringLiteral("ab\u2026"));
 }
 
+TEST(ShortText, WithoutMiddle_KeepsBothEnds) {
+    EXPECT_EQ(WithoutMiddle(QStringLiteral("abcdefgh"), 5), QStringLiteral("ab\u2026gh"));
+    EXPECT_EQ(WithoutMiddle(QStringLiteral("abcde"), 5), QStringLiteral("abcde"));
+    EXPECT_EQ(WithoutMiddle(QStringLiteral("a\U0001F600cdef\U0001F600h"), 5),
+              QStringLiteral("a\u2026h"));
+}
+
 TEST(ShortTextTest, BytesAreCutBetweenLetters) {
     EXPECT_EQ(ToShownLetters("\xC3\xBC"), QStringLiteral("\u00FC"));
     EXPECT_EQ(ToShownLetters(std::string(kMost, 'a')), QString(kMostShown, u'a'));

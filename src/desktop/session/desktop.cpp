@@ -145,8 +145,32 @@ void Desktop::waits(const std::string& text) {
 }
 
 void Desktop::repaint() {
+    if (isBetweenFrames()) {
+        return;
+    }
+    beginFrame();
     syncAll();
     paintAll();
+    endFrame();
+}
+
+bool Desktop::isBetweenFrames() const {
+    return frame_event_ == event_ && since_frame_.isValid() &&
+           since_frame_.elapsed() < until_next_frame_.count();
+}
+
+void Desktop::beginFrame() {
+    frame_event_ = event_;
+    since_frame_.start();
+}
+
+// On a slow display the frames take a small part of the time too. A box that was answered meanwhile
+// is no frame.
+void Desktop::endFrame() {
+    constexpr int kShare = 10;
+    until_next_frame_ = std::clamp(std::chrono::milliseconds(since_frame_.restart()) * kShare,
+                                   between_frames_,
+                                   between_frames_ * kShare);
 }
 
 void Desktop::paintAll() const {
@@ -173,16 +197,13 @@ void Desktop::waitUntilOnScreen(const QWidget& window) {
     }
 }
 
-// A scan yields many times in a millisecond; to show each would take most of its time.
 void Desktop::yield() {
     rethrowEnd();
-    if (frame_event_ == event_ && since_frame_.isValid() &&
-        since_frame_.elapsed() < until_next_frame_.count()) {
+    if (isBetweenFrames()) {
         return;
     }
-    frame_event_ = event_;
+    beginFrame();
     has_yielded_ = isRunning();
-    since_frame_.start();
     syncAll();
     if (!yielding_) {
         const QScopedValueRollback yielding(yielding_, true);
@@ -190,12 +211,7 @@ void Desktop::yield() {
         QCoreApplication::processEvents();
         qApp->removeEventFilter(this);
     }
-    // On a slow display the frames take a small part of the time too. A box that was answered
-    // meanwhile is no frame.
-    constexpr int kShare = 10;
-    until_next_frame_ = std::clamp(std::chrono::milliseconds(since_frame_.restart()) * kShare,
-                                   between_frames_,
-                                   between_frames_ * kShare);
+    endFrame();
     rethrowEnd();
 }
 

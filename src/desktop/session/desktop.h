@@ -86,7 +86,7 @@ class Desktop : public QObject {
     void waits(const std::string& text);
 
     void syncAll();
-    // Shows the forms as they are now; no event is taken.
+    // Shows the forms as they are now, unless it just did in this command; no event is taken.
     void repaint();
     // Waits, for a short time at most, until a window that was shown is on the screen. A command
     // that shows it goes on without taking events, and it would stay blank. No event of the user is
@@ -123,6 +123,10 @@ class Desktop : public QObject {
  private:
     // Paints what changed.
     void paintAll() const;
+    // Whether this command has just shown the forms: to show each step would take most of its time.
+    [[nodiscard]] bool isBetweenFrames() const;
+    void beginFrame();
+    void endFrame();
 
     struct Entry {
         const Form* Shown;

@@ -13,7 +13,7 @@ class EndSignals : public QObject {
     Q_OBJECT
  public:
     // The first signal is taken when the event loop gets to it: before_end is run, and the program
-    // ends as the signal would have ended it. The next one ends it at once.
+    // ends as the signal would have ended it. The next one ends it a second later at most.
     explicit EndSignals(std::function<void()> before_end);
 
  private:

@@ -1,5 +1,6 @@
 #include "desktop/session/recovery_keeper.h"
 
+#include <algorithm>
 #include <ctime>
 #include <utility>
 
@@ -10,6 +11,8 @@ namespace {
 
 // While a copy cannot be written it is tried again, less often.
 constexpr int kSeldom = 10;
+// Edit mode brings texts back as new ones. Longer ones it does not take.
+constexpr std::size_t kShort = 32000;
 
 }  // namespace
 
@@ -27,9 +30,12 @@ bool RecoveryKeeper::isKept(const Module1& module, const std::string& title) con
 }
 
 void RecoveryKeeper::see(Module1& module, const std::string& title) {
+    const bool came_back = followUndo(module);
     if (module.WorkText.empty() || !module.saved.Differs()) {
-        timer_.stop();
-        if (seen_ || !adopted_.empty()) {
+        if (!writer_.SetsAside()) {
+            timer_.stop();
+        }
+        if (seen_ || came_back || !adopted_.empty()) {
             forget();
         }
         return;
@@ -45,6 +51,71 @@ void RecoveryKeeper::see(Module1& module, const std::string& title) {
     if (!timer_.isActive() || timer_.remainingTimeAsDuration() > wait) {
         timer_.start(wait);
     }
+}
+
+void RecoveryKeeper::goesOnUnsaved(const Module1& module) {
+    if (!seen_ || (seen_->Text == module.WorkText && seen_->Mode == module.TextMode)) {
+        return;
+    }
+    // A saving that failed may have written the same book in another form.
+    const std::uint64_t entries = module.Entries(seen_->Text, seen_->Mode).Hash;
+    if (entries == SavedBook::kNoFile || entries != module.Entries().Hash) {
+        setAside(module);
+    }
+}
+
+void RecoveryKeeper::setAside(const Module1& module) {
+    waitUntilLeft();
+    aside_.push_back({.Number = ++last_number_,
+                      .Revision = seen_->Text.Revision(),
+                      .Next = module.WorkText.Revision(),
+                      .Short = seen_->Text.size() <= kShort ? seen_->Text : SharedText(),
+                      .Mode = seen_->Mode});
+    writer_.SetAside(
+        last_number_, std::move(*seen_), std::exchange(adopted_, {}), std::exchange(earlier_, {}));
+    seen_.reset();
+    dropOldest();
+    timer_.start(interval_);
+}
+
+// Each keeps a file open, and there are no more steps that could bring one back.
+void RecoveryKeeper::dropOldest() {
+    if (aside_.size() > UndoHistory::kMostSteps) {
+        if (!aside_.front().IsBack) {
+            writer_.LeaveAside(aside_.front().Number);
+        }
+        aside_.erase(aside_.begin());
+    }
+}
+
+bool RecoveryKeeper::isText(const Aside& aside, const SharedText& text, std::string_view mode) {
+    return aside.Mode == mode &&
+           (aside.Revision == text.Revision() || (!aside.Short.empty() && aside.Short == text));
+}
+
+// A book that undoing brings back is the open one again, and to redo sets it aside again.
+bool RecoveryKeeper::followUndo(const Module1& module) {
+    const SharedText& text = module.WorkText;
+    if (seen_ && seen_->Text.Revision() != text.Revision()) {
+        const auto gone = std::find_if(aside_.begin(), aside_.end(), [&](const Aside& aside) {
+            return aside.IsBack && aside.Next != 0 && aside.Next == text.Revision() &&
+                   isText(aside, seen_->Text, seen_->Mode);
+        });
+        if (gone != aside_.end()) {
+            aside_.erase(gone);
+            setAside(module);
+        }
+    }
+    bool came_back = false;
+    for (Aside& aside : aside_) {
+        if (!aside.IsBack && isText(aside, text, module.TextMode)) {
+            aside.IsBack = came_back = true;
+            dropSeen();
+            waitUntilLeft();
+            writer_.TakeBack(aside.Number);
+        }
+    }
+    return came_back;
 }
 
 void RecoveryKeeper::keep() {
@@ -78,18 +149,19 @@ void RecoveryKeeper::look() {
         }
         given_ = false;
     }
+    const bool sets_aside = writer_.SetsAside();
     const bool looks_again = !given_ || writer_.IsBusy();
+    writer_.Retry();
     keep();
-    if (looks_again && seen_) {
+    if ((looks_again && seen_) || sets_aside) {
         timer_.start(problem.isEmpty() ? interval_ : interval_ * kSeldom);
     }
 }
 
 void RecoveryKeeper::keepNow() {
     timer_.stop();
-    if (leaves_) {
-        writer_.Finish();
-    }
+    waitUntilLeft();
+    writer_.Retry();
     keep();
     writer_.Finish();
 }
@@ -125,10 +197,17 @@ bool RecoveryKeeper::hasLeft() {
     return !leaves_;
 }
 
+// What follows takes the folder of the open book, which must not be another one's any more.
+void RecoveryKeeper::waitUntilLeft() {
+    if (!hasLeft()) {
+        writer_.Finish();
+        static_cast<void>(hasLeft());
+    }
+}
+
 void RecoveryKeeper::removeAll() {
-    timer_.stop();
-    writer_.Finish();
-    forget();
+    aside_.clear();
+    writer_.ForgetAside();
     writer_.Finish();
     store_.RemoveLeft();
 }

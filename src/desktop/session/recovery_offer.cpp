@@ -17,7 +17,7 @@ LeftAnswer AskAboutLeft(Desktop& desktop, const RecoveryCopy& copy) {
     const QString time = locale.toString(when, QLocale::ShortFormat);
     const QString entries =
         copy.Entries == 1 ? QObject::tr("1 entry") : QObject::tr("%1 entries").arg(copy.Entries);
-    const QString book = copy.File.empty() ? QObject::tr("a new book") : ShownName(copy.File);
+    const QString book = copy.File.empty() ? QObject::tr("a new book") : ShortName(copy.File);
     constexpr std::array kAnswers{
         LeftAnswer::Restore, LeftAnswer::SaveAs, LeftAnswer::Discard, LeftAnswer::NotNow};
     const std::vector<Choice> choices = {

@@ -7,9 +7,13 @@
 
 #include "app/printable.h"
 #include "desktop/text/short_text.h"
+#include "desktop/text/text_codec.h"
 
 namespace orvik {
 namespace {
+
+// Of a name in a sentence.
+constexpr qsizetype kNameLetters = 80;
 
 // One line of a text as lines of at most kTipColumns letters.
 QStringList Broken(const QString& text) {
@@ -38,6 +42,10 @@ QString ShownName(std::string_view name) {
 
 QString ShownName(const QString& name) {
     return QString::fromStdString(Printable(Shortened(name).toStdString()));
+}
+
+QString ShortName(std::string_view name) {
+    return WithoutMiddle(ShownName(WithoutMiddle(ToLetters(name), kMostShown - 1)), kNameLetters);
 }
 
 QString PlainTip(const QString& text) {

@@ -14,6 +14,10 @@ namespace orvik {
 [[nodiscard]] QString ShownName(std::string_view name);
 [[nodiscard]] QString ShownName(const QString& name);
 
+// ShortName: the same for a sentence, which a name of thousands of letters would make as wide as no
+// screen is: an ellipsis stands for the middle of a long one.
+[[nodiscard]] QString ShortName(std::string_view name);
+
 // PlainTip: a tool tip that shows a text, also where Qt would take it for HTML. A long text is
 // broken into lines of at most kTipColumns letters; of a very long one its first kTipLetters are
 // shown, so that the tip stays on the screen.

@@ -33,6 +33,18 @@ QString Shortened(const QString& text, qsizetype most) {
     return text.left(text.at(most - 1).isHighSurrogate() ? most - 1 : most) + kEllipsis;
 }
 
+QString WithoutMiddle(const QString& text, qsizetype most) {
+    if (text.size() <= most) {
+        return text;
+    }
+    // A pair of surrogates is one letter.
+    const qsizetype half = most / 2;
+    const qsizetype begin = text.at(half - 1).isHighSurrogate() ? half - 1 : half;
+    const qsizetype end =
+        text.size() - (text.at(text.size() - half).isLowSurrogate() ? half - 1 : half);
+    return text.left(begin) + kEllipsis + text.mid(end);
+}
+
 QString ToShownLetters(std::string_view bytes) {
     const Encoding encoding = EncodingOf(bytes);
     auto most = static_cast<std::size_t>(kMostShown);

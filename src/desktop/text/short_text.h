@@ -20,7 +20,12 @@ inline constexpr qsizetype kMostTyped = 32000;
 //   "abcdef", 3 -> "abc\u2026";  "abc", 3 -> "abc"
 [[nodiscard]] QString Shortened(const QString& text, qsizetype most = kMostShown);
 
-// ToShownLetters: the same of bytes, in the encoding of them all.
+// WithoutMiddle: a text that has more letters without its middle, for which an ellipsis stands; any
+// other as it is.
+//   "abcdefgh", 5 -> "ab\u2026gh"
+[[nodiscard]] QString WithoutMiddle(const QString& text, qsizetype most);
+
+// ToShownLetters: the same as Shortened of bytes, in the encoding of them all.
 [[nodiscard]] QString ToShownLetters(std::string_view bytes);
 
 // LimitLength: lets a field take this many letters. What would make it longer, pasted, dropped or

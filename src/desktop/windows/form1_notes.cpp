@@ -74,11 +74,14 @@ void Form1Window::syncNotes() {
         old_book_ = module_.saved.GetFate() == SavedBook::Fate::NotSaved ? shown_book_ : QString();
         if (another && history.LastCanBeUndone()) {
             tellOfCommand();
+        } else if (another && module_.EditMode && !old_book_.isEmpty() &&
+                   book_seen_ != module_.WorkText.Revision()) {
+            tellNotSaved();
         }
     }
-    module_.saved.SetFate(SavedBook::Fate::Unknown);
+    book_seen_ = module_.WorkText.Revision();
     const std::string file = Form1::FileOf(title());
-    shown_book_ = file.empty() ? tr("The book") : ShownName(file);
+    shown_book_ = file.empty() ? tr("The book") : ShortName(file);
 }
 
 void Form1Window::tellOfCommand() {
@@ -98,8 +101,17 @@ void Form1Window::tellOfCommand() {
     }
 }
 
+void Form1Window::tellNotSaved() {
+    quiet_line_->tell(
+        tr("%1 was not saved. Leave edit mode to bring it back with Undo.").arg(old_book_));
+    // Typing does not take it away.
+    line_stays_ = true;
+    place();
+}
+
 void Form1Window::tellOfChange(std::string_view title, std::size_t before) {
     const bool lost = before > 0 && !old_book_.isEmpty();
+    line_stays_ = false;
     quiet_line_->tell(lost ? tr("%1 was not saved. Undo brings it back.").arg(old_book_)
                            : tr("%1: %2 entries before, %3 now.")
                                  .arg(ToLetters(title))

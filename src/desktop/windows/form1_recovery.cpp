@@ -37,8 +37,14 @@ void Form1Window::offerLeftBooks() {
 }
 
 void Form1Window::syncRecovery() {
+    if (keeper_ == nullptr || desktop_.isRunning()) {
+        return;
+    }
+    if (module_.saved.GetFate() == SavedBook::Fate::NotSaved) {
+        keeper_->goesOnUnsaved(module_);
+    }
     // What the chooser asks about is no book yet, and the one before it stays.
-    if (keeper_ == nullptr || desktop_.isRunning() || module_.form3.Visible()) {
+    if (module_.form3.Visible()) {
         return;
     }
     syncRestored();
@@ -52,6 +58,10 @@ void Form1Window::syncRecovery() {
 // Who undoes a Restore has neither saved the book nor said No to it.
 void Form1Window::syncRestored() {
     if (!before_restore_) {
+        // Another book was opened since.
+        if (module_.history.RedoTitle() == kRestore) {
+            keeper_->goesOnUnsaved(module_);
+        }
         return;
     }
     const auto [compared, marks] = *before_restore_;
@@ -70,6 +80,9 @@ void Form1Window::askAboutLeftBooks() {
     std::optional<RecoveryStore::Left> restored;
     const bool taken = !desktop_.isRunning() && events_.run([&] {
         for (RecoveryStore::Left& left : keeper_->leftBooks()) {
+            if (left.Copy.Entries == kUnknownEntries) {
+                left.Copy.Entries = module_.Entries(left.Copy.Text, left.Copy.Mode).Count;
+            }
             switch (AskAboutLeft(desktop_, left.Copy)) {
                 case LeftAnswer::Restore:
                     if (restore(left.Copy)) {
@@ -90,6 +103,8 @@ void Form1Window::askAboutLeftBooks() {
             }
         }
         if (restored) {
+            // Nobody was asked about the book that was open.
+            keeper_->goesOnUnsaved(module_);
             keeper_->adopt(*restored);
         }
     });
@@ -103,11 +118,22 @@ void Form1Window::askAboutLeftBooks() {
                                     [&] { form_.ResumeEditing(copy); });
             });
         }
+        tellRestored();
+    }
+}
+
+void Form1Window::tellRestored() {
+    if (module_.EditMode) {
+        quiet_line_->tell(
+            tr("%1 was restored. It is not saved. Leave edit mode to take it back with Undo.")
+                .arg(shown_book_));
+        line_stays_ = true;
+    } else {
         quiet_line_->tell(tr("%1 was restored. It is not saved.").arg(shown_book_),
                           module_.history.UndoTitle() == kRestore ? tr("Undo") : QString(),
                           [this] { tool_bar_->undoAction().trigger(); });
-        place();
     }
+    place();
 }
 
 bool Form1Window::restore(const RecoveryCopy& copy) {

@@ -58,6 +58,9 @@ void Form1Window::sync() {
     tool_bar_->sync();
     syncNotes();
     syncRecovery();
+    if (!desktop_.isRunning()) {
+        module_.saved.SetFate(SavedBook::Fate::Unknown);
+    }
     status_bar_->setNote(note());
     place();
 }

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 #include <QTimer>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -112,6 +113,8 @@ class Form1Window : public QMainWindow, public View {
     // Tells of the number of entries: after the last command, and after any change.
     void tellOfCommand();
     void tellOfChange(std::string_view title, std::size_t before);
+    // Tells that the last command took the place of a book, where undoing is not at hand.
+    void tellNotSaved();
     // Runs a command of edit mode and tells of it.
     void runInEditMode(const NamedHandler& command, const FormEvents::Event& run);
     void placeEmptyNote();
@@ -123,6 +126,7 @@ class Form1Window : public QMainWindow, public View {
     // Return whether the book was restored, or saved.
     bool restore(const RecoveryCopy& copy);
     bool saveLeft(const RecoveryCopy& copy);
+    void tellRestored();
     // Tells that a book could not be kept, once there is room.
     void tellNotKept(const QString& why);
 
@@ -184,6 +188,7 @@ class Form1Window : public QMainWindow, public View {
     // What the quiet line is about.
     Revision command_seen_ = 0;
     Revision text_seen_ = 0;
+    std::uint64_t book_seen_ = 0;
     QString old_book_;         // the last command took its place, and it was not saved
     QString shown_book_;       // the file of the title, or "The book"
     bool line_stays_ = false;  // until the next command

@@ -37,6 +37,22 @@ struct FindRow {
     std::size_t found;
 };
 
+TEST(FindNear, EveryLengthAndPlace) {
+    for (std::size_t length = 0; length < 70; ++length) {
+        for (std::size_t start = 0; start <= length; ++start) {
+            std::string text(length, 'a');
+            EXPECT_EQ(FindNear(text, ',', start), std::string::npos);
+            for (std::size_t i = 0; i < length; ++i) {
+                text[i] = ',';
+                EXPECT_EQ(FindNear(text, ',', start), text.find(',', start));
+                if (i >= 3) {
+                    text[i - 3] = 'a';
+                }
+            }
+        }
+    }
+}
+
 class FindFromTest : public testing::TestWithParam<FindRow> {};
 
 TEST_P(FindFromTest, Row) {

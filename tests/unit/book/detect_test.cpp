@@ -26,6 +26,7 @@ TEST(Detect, ContentDecidesAndSaysWhy) {
          Format::VCard,
          "line 1 begins a card"},
         {"dn: cn=Al\ncn: Al\n", Format::Ldif, "line 1 begins a record"},
+        {"dn: 2.5.4.3=Al\n2.5.4.3: Al\n", Format::Ldif, "line 1 begins a record"},
         {"To: x\n\nDN:: YQ==\rObjectClass: top\r", Format::Ldif, "line 3 begins a record"},
         {"version: 1\n", Format::Ldif, "line 1 has the version of LDIF"},
         {"version: 2\n", Format::None, "a text"},

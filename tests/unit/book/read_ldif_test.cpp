@@ -102,13 +102,14 @@ TEST(ReadLdif, JoinsBytesBeforeItDecodesThem) {
 
 TEST(ReadLdif, ReadsAttributesInAnyCaseAndWithAnyBlanks) {
     EXPECT_EQ(Read("DN:cn=Al\nCN:Al\nMail:  \t a@b \nDESCRIPTION:\nx-Own:\n"),
-              "person\nFN:Al\nEMAIL:a@b \nX-ORVIK-LDIF-x-Own:\nX-ORVIK-LDIF-dn:cn=Al\n");
+              "person\nFN:Al\nEMAIL:a@b "
+              "\nX-ORVIK-LDIF-DESCRIPTION:\nX-ORVIK-LDIF-x-Own:\nX-ORVIK-LDIF-dn:cn=Al\n");
 }
 
 TEST(ReadLdif, KeepsEachValueOfAnAttribute) {
     EXPECT_EQ(Read("dn: mail=a\nmail: a\nmail: b\nmail: a\nsn: One\nsn: Two\ncn: X\ncn: Y\n"),
-              "person\nEMAIL:a\nEMAIL:b\nX-ORVIK-LDIF-sn:Two\nFN:X\nX-ORVIK-LDIF-cn:Y\n"
-              "N:One;;;;\nX-ORVIK-LDIF-dn:mail=a\n");
+              "person\nEMAIL:a\nEMAIL:b\nFN:X\nX-ORVIK-LDIF-cn:Y\n"
+              "N:One;;;;\nX-ORVIK-LDIF-sn:Two\nX-ORVIK-LDIF-dn:mail=a\n");
 }
 
 TEST(ReadLdif, PutsPhonesAddressesAndWorkTogether) {

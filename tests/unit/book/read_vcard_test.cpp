@@ -187,11 +187,10 @@ TEST(ReadVCard, TellsWhatIsOdd) {
            "doubtful 1 : BEGIN:VCARD : has blanks around it\n"
            "doubtful 1 N: Al;Bo: has fewer parts than it should\n"});
     Check({"BEGIN:VCARD\nVERSION:5.0\nFN:Al\nEND:VCARD\n",
-           "person\nFN:Al\n",
-           "doubtful 1 : : has no version\n"
+           "person\nX-ORVIK-VCARD-VERSION:5.0\nFN:Al\n",
            "doubtful 1 VERSION: 5.0: has a version that is not known\n"});
     Check({"BEGIN:VCARD\nVERSION:3.0\nVERSION:4.0\nFN:Al\nEND:VCARD\n",
-           "person\nFN:Al\n",
+           "person\nX-ORVIK-VCARD-VERSION:4.0\nFN:Al\n",
            "doubtful 1 VERSION: 4.0: can be there only once\n"});
     Check({"BEGIN:VCARD\nVERSION:2.1\nFN;CHARSET=none:Al\nNOTE;QUOTED-PRINTABLE:a=b\nEND:VCARD\n",
            "person\nFN:Al\nNOTE:a=b\n",

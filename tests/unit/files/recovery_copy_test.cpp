@@ -61,13 +61,49 @@ TEST(RecoveryCopy, FileThatIsCutOffAnywhere_IsNone) {
     }
 }
 
+TEST(RecoveryCopy, NumberThatCannotBe_IsUnknown) {
+    for (const char* const number : {"99999999999999999999", "x", "", "-1", "1 "}) {
+        const std::string value = std::to_string(std::string_view(number).size()) + "\n" + number;
+        const auto copy = ReadRecoveryCopy("orvik-recovery 1\nentries " + value + "\nseconds " +
+                                           value + "\ntext 2\nAl\nend 0\n\n");
+        ASSERT_TRUE(copy) << number;
+        EXPECT_EQ(copy->Text, "Al");
+        EXPECT_EQ(copy->Entries, kUnknownEntries) << number;
+        EXPECT_EQ(copy->Seconds, 0) << number;
+    }
+    const auto late =
+        ReadRecoveryCopy("orvik-recovery 1\nseconds 12\n253402300800\ntext 0\n\nend 0\n\n");
+    EXPECT_EQ(late.value().Seconds, 0);
+}
+
+TEST(RecoveryCopy, WithoutAText_IsNone) {
+    EXPECT_FALSE(ReadRecoveryCopy("orvik-recovery 1\nmode 6\nNative\nend 0\n\n"));
+    EXPECT_FALSE(ReadRecoveryCopy("orvik-recovery 1\nbox-is-text 0\n\nend 0\n\n"));
+}
+
+TEST(RecoveryCopy, OfAFieldThatStandsTwice_TheFirstCounts) {
+    const std::string bytes = WriteRecoveryCopy(Example());
+    RecoveryCopy other = Example();
+    other.Text = "other";
+    other.Mode = "ASCII";
+    other.Entries = 5;
+    std::string twice = WriteRecoveryCopy(other);
+    twice = bytes.substr(0, bytes.rfind("end")) + twice.substr(twice.find('\n') + 1);
+    ExpectEqual(ReadRecoveryCopy(twice).value(), Example());
+}
+
+TEST(RecoveryCopy, BoxThatHoldsTheText_MayStandBeforeIt) {
+    const auto copy =
+        ReadRecoveryCopy("orvik-recovery 1\nbox-is-text 0\n\ntext 2\nAl\ntext 2\nBo\nend 0\n\n");
+    EXPECT_EQ(copy.value().Box, "Al");
+}
+
 TEST(RecoveryCopy, AnythingElse_IsNone) {
     EXPECT_FALSE(ReadRecoveryCopy(""));
     EXPECT_FALSE(ReadRecoveryCopy("orvik-recovery 2\nend 0\n\n"));
     EXPECT_FALSE(ReadRecoveryCopy("orvik-recovery 1\nend\n\n"));
     EXPECT_FALSE(ReadRecoveryCopy("orvik-recovery 1\nend -1\n\n"));
     EXPECT_FALSE(ReadRecoveryCopy("orvik-recovery 1\nend 99999999999999999999\n\n"));
-    EXPECT_FALSE(ReadRecoveryCopy("orvik-recovery 1\nentries 1\nx\nend 0\n\n"));
     EXPECT_FALSE(ReadRecoveryCopy("orvik-recovery 1\ntext 18446744073709551615\nx\nend 0\n\n"));
 }
 

@@ -2,7 +2,9 @@
 
 #include <string>
 
+#include "app/run_time_error.h"
 #include "formats/ldif_writer.h"
+#include "formats/progress.h"
 #include "unit/generated_texts.h"
 
 namespace orvik {
@@ -185,6 +187,48 @@ TEST(ReadLdif, EveryTextOfSevenBreaksAndKeys_EqualsLiteralReader) {
 
 TEST(ReadLdif, RandomLongTexts_EqualLiteralReader) {
     ForRandomTexts(LdifFragments(), 60, 4000, CompareReads);
+}
+
+class NoProgress : public Progress {
+ public:
+    void Percent(int /*percent*/) override {}
+    void Record() override {}
+};
+
+void CompareWritten(const std::string& native) {
+    for (const std::string_view separator : {"\r", ",", ""}) {
+        NoProgress progress;
+        std::string ldif;
+        try {
+            ldif = WriteLdif(native, progress);
+        } catch (const RunTimeError&) {
+            continue;  // no entry
+        }
+        ASSERT_EQ(ReadWrittenLdif(native, separator), ReadLdif(ldif, separator))
+            << testing::PrintToString(native);
+    }
+}
+
+TEST(ReadWrittenLdif, EveryShortText_EqualsReadingWhatWasWritten) {
+    ForEveryText({"a", "\r", "\n", "\r\n", "-nick-", ",", ">"}, 6, CompareWritten);
+}
+
+TEST(ReadWrittenLdif, RandomLongTexts_EqualReadingWhatWasWritten) {
+    ForRandomTexts({"a",
+                    "Al",
+                    "\r",
+                    "\n",
+                    "\r\n",
+                    "\r\n-nick-\r\n",
+                    "\r\nmail: ",
+                    "\r\nxmozillanickname: ",
+                    "\r\n\r\n",
+                    ",",
+                    "\"",
+                    ">"},
+                   40,
+                   20000,
+                   CompareWritten);
 }
 
 }  // namespace

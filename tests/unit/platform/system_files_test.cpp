@@ -236,18 +236,37 @@ TEST_P(HoldEndTest, ASignalThatIsToldOf_EndsTheProgramWhenItIsAskedTo) {
     EXPECT_EQ(folder.Files(), (Files{"told", "under a hold"}));
 }
 
-TEST_P(HoldEndTest, TheSecondSignal_EndsTheProgramAtOnce) {
+TEST_P(HoldEndTest, TheSecondSignal_LetsWhatTheFirstOneBeganEnd) {
     const test::TempFolder folder;
     const int status = StatusOfChild([&] {
         HandleSignals();
         static_cast<void>(TellOfSignals());
-        static_cast<void>(std::raise(GetParam()));
-        fs::create_directory(folder.Name("1"));
         static_cast<void>(std::raise(SIGTERM));
+        static_cast<void>(std::raise(GetParam()));
+        static_cast<void>(std::raise(SIGHUP));
+        fs::create_directory(folder.Name("1"));
+        EndBySignal();
         fs::create_directory(folder.Name("2"));
     });
     EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGTERM) << status;
     EXPECT_EQ(folder.Files(), (Files{"1"}));
+}
+
+TEST_P(HoldEndTest, TheSecondSignal_EndsAProgramThatHangs) {
+    const int status = StatusOfChild([] {
+        sigset_t alarms{};
+        sigemptyset(&alarms);
+        sigaddset(&alarms, SIGALRM);
+        sigprocmask(SIG_BLOCK, &alarms, nullptr);
+        HandleSignals();
+        static_cast<void>(TellOfSignals());
+        static_cast<void>(std::raise(SIGTERM));
+        static_cast<void>(std::raise(GetParam()));
+        for (;;) {
+            pause();
+        }
+    });
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == GetParam()) << status;
 }
 
 TEST_P(HoldEndTest, WithoutASignal_NothingEnds) {

@@ -11,9 +11,8 @@
 #include <gtest/gtest.h>
 
 #include "app/run_time_error.h"
-#include "unit/faulty_files.h"
 #include "unit/process_limits.h"
-#include "unit/temp_folder.h"
+#include "unit/store/recovery_store_fixture.h"
 
 namespace orvik {
 namespace {
@@ -22,54 +21,7 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-RecoveryCopy CopyOf(const char* text, std::int64_t seconds = 1) {
-    return {.Text = text, .Mode = "Native", .Caption = "Orvik", .Entries = 1, .Seconds = seconds};
-}
-
-class RecoveryStoreTest : public testing::Test {
- protected:
-    RecoveryStoreTest() { files.state_folder = folder.Path(); }
-
-    [[nodiscard]] static std::vector<std::string> Texts(
-        const std::vector<RecoveryStore::Left>& left) {
-        std::vector<std::string> texts;
-        for (const RecoveryStore::Left& one : left) {
-            texts.emplace_back(one.Copy.Text.View());
-        }
-        return texts;
-    }
-    [[nodiscard]] std::vector<std::string> Offered() {
-        return Texts(RecoveryStore(files).LeftBooks());
-    }
-    // What a program leaves that is killed.
-    void Leave(const char* text, std::int64_t seconds = 1) {
-        RecoveryStore store(files);
-        store.Keep(CopyOf(text, seconds));
-    }
-    // The files below the folder of copies.
-    [[nodiscard]] std::vector<fs::path> Files() const {
-        std::vector<fs::path> found;
-        if (fs::exists(root)) {
-            for (const auto& entry : fs::recursive_directory_iterator(root)) {
-                found.push_back(entry.path());
-            }
-        }
-        return found;
-    }
-    [[nodiscard]] fs::path OnlyFolder() const { return fs::directory_iterator(root)->path(); }
-    static unsigned ModeOf(const fs::path& file) {
-        struct stat status {};
-        EXPECT_EQ(stat(file.c_str(), &status), 0) << file;
-        return status.st_mode & 0777U;
-    }
-    static void MakeOld(const fs::path& file) {
-        fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(2));
-    }
-
-    test::TempFolder folder;
-    const fs::path root = folder.Name("orvik/recovery");
-    test::FaultyFiles files;
-};
+using test::RecoveryStoreTest;
 
 TEST_F(RecoveryStoreTest, ACopy_IsOfferedWhenItsProgramHasEnded) {
     {
@@ -236,6 +188,22 @@ TEST_F(RecoveryStoreTest, ALinkInTheCopysPlace_LeadsNowhere) {
         EXPECT_EQ(ModeOf(book), 0600U);
         store.Forget();
     }
+}
+
+TEST_F(RecoveryStoreTest, ALinkAsACopy_IsNotFollowed) {
+    Leave("text");
+    const fs::path book = OnlyFolder() / "book";
+    fs::rename(book, folder.Name("other"));
+    fs::create_symlink(folder.Name("other"), book);
+    EXPECT_THAT(Offered(), IsEmpty());
+    EXPECT_TRUE(fs::is_symlink(book));
+}
+
+TEST_F(RecoveryStoreTest, ACopyWithoutATime_IsOfItsFilesTime) {
+    Leave("text", 0);
+    const std::vector<RecoveryStore::Left> left = RecoveryStore(files).LeftBooks();
+    ASSERT_EQ(left.size(), 1U);
+    EXPECT_GT(left.front().Copy.Seconds, 1'700'000'000);
 }
 
 TEST_F(RecoveryStoreTest, ACopyThatIsLeft_IsOfferedAndTheNextOneIsAnother) {

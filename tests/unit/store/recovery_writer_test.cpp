@@ -130,6 +130,57 @@ TEST_F(RecoveryWriterTest, WhatIsReplaced_GoesWithWhatIsForgotten) {
     EXPECT_THAT(Offered(), IsEmpty());
 }
 
+TEST_F(RecoveryWriterTest, WhatIsSetAsideWhileTheDiskIsBusy_IsNotOverwritten) {
+    {
+        RecoveryStore store(files);
+        RecoveryWriter writer(store);
+        files.waits = true;
+        writer.Keep(CopyOf("early"));
+        while (files.renames == 0) {
+            std::this_thread::yield();
+        }
+        writer.Keep(CopyOf("late"));
+        writer.SetAside(1, CopyOf("latest"));
+        EXPECT_TRUE(writer.SetsAside());
+        writer.Keep(CopyOf("open"));
+        writer.Forget();
+        writer.Keep(CopyOf("next"));
+        files.waits = false;
+        files.go_on.set_value();
+        writer.Finish();
+        EXPECT_FALSE(writer.SetsAside());
+        // What waited and was not the last of its book was not written.
+        EXPECT_EQ(files.renames, 3);
+    }
+    EXPECT_THAT(Offered(), testing::UnorderedElementsAre("latest", "next"));
+}
+
+TEST_F(RecoveryWriterTest, WhatCannotBeSetAside_IsTriedAgain) {
+    { RecoveryStore(files).Keep(CopyOf("left")); }
+    {
+        RecoveryStore store(files);
+        RecoveryWriter writer(store);
+        {
+            const test::FileSizeLimit full(0);
+            writer.SetAside(1, CopyOf("one"), store.LeftBooks());
+            writer.SetAside(2, CopyOf("two"));
+            writer.Finish();
+            EXPECT_TRUE(writer.SetsAside());
+        }
+        // It is another book, which takes the place of nothing.
+        writer.Keep(CopyOf("open"));
+        writer.Finish();
+        EXPECT_EQ(writer.Problem(), "Disk full");
+        writer.TakeBack(2);
+        writer.Finish();
+        writer.Keep(CopyOf("two again"));
+        writer.Retry();
+        writer.Finish();
+        EXPECT_EQ(writer.Problem(), "");
+    }
+    EXPECT_THAT(Offered(), testing::UnorderedElementsAre("one", "two again"));
+}
+
 TEST_F(RecoveryWriterTest, AFailure_IsToldUntilTheNextCopyIsKept) {
     test::WriteFile(folder.Name("orvik"), "no folder");
     RecoveryStore store(files);
