@@ -92,7 +92,7 @@ void TextRows::Clear() {
     // The room stays for the next record, but not that for millions of rows.
     constexpr std::size_t kMostKept = 4096;
     if (rows_.capacity() > kMostKept) {
-        rows_ = {};
+        rows_ = std::vector<TextRow>();
     }
     rows_.clear();
     ends_with_text_ = false;
