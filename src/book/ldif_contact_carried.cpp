@@ -52,9 +52,6 @@ bool AreMembers(const Property& given, const Property& whole) {
 }  // namespace
 
 bool LdifContacts::TakeCarried(const LdifParts& parts, std::string_view text) {
-    if (!StartsAsName(parts.Name, kCarriedFromVCard)) {
-        return false;
-    }
     auto property = FromCarriedLine(book_, text);
     if (!property) {
         return false;
@@ -67,7 +64,7 @@ bool LdifContacts::TakeCarried(const LdifParts& parts, std::string_view text) {
         return true;
     }
     // The attribute that programs know stands right before.
-    std::vector<Property>& all = contact_.Properties;
+    std::vector<Property>& all = properties_;
     const bool behind = !besides && !all.empty() && !last_was_carried_;
     if (behind && (IsPartOf(all.back(), *property) || AreMembers(all.back(), *property))) {
         all.back() = *property;
@@ -79,7 +76,7 @@ bool LdifContacts::TakeCarried(const LdifParts& parts, std::string_view text) {
 }
 
 void LdifContacts::FinishCarried(std::size_t merged) {
-    std::vector<Property>& all = contact_.Properties;
+    std::vector<Property>& all = properties_;
     const std::size_t end = all.size();
     std::vector<bool> taken(end);
     for (const Property& one : carried_) {

@@ -40,23 +40,25 @@ LdifRecordWriter::LdifRecordWriter(Book& book,
                                    std::string& text)
     : book_(book), directory_(directory), set_(set), text_(text) {}
 
-void LdifRecordWriter::Write(const Contact& contact, std::string_view uid) {
+void LdifRecordWriter::Write(const Contact& contact,
+                             const Identities& identities,
+                             std::size_t number) {
     contact_ = &contact;
     named_ = parts_ = organised_ = work_ = home_ = identified_ = born_ = saved_ = false;
     emails_ = 0;
     of_evolution_ = !FirstOf(book_, contact, field::kEvolutionList).empty();
     shown_ = NameOf(book_, contact).Shown;
     book_.TellLosses(contact);
-    WriteHead(uid);
+    WriteHead(identities, number);
     for (const Property& one : contact.Properties) {
         WriteProperty(one);
     }
 }
 
-void LdifRecordWriter::WriteHead(std::string_view uid) {
+void LdifRecordWriter::WriteHead(const Identities& identities, std::size_t number) {
     dn_ = DnOfContact(book_, *contact_);
     if (dn_.empty() || HasNul(dn_)) {
-        dn_ = std::string("cn=").append(uid);
+        dn_ = std::string("cn=").append(identities.UidAt(number));
     }
     AppendLdifLine("dn", dn_, text_);
     AppendLdifLine("objectclass", "top", text_);

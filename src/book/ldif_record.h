@@ -17,13 +17,14 @@ class LdifRecordWriter {
     // All must outlive this; the text is appended to.
     LdifRecordWriter(Book& book, const Directory& directory, LdifAttributes set, std::string& text);
 
-    void Write(const Contact& contact, std::string_view uid);
+    // number is that of the contact.
+    void Write(const Contact& contact, const Identities& identities, std::size_t number);
 
  private:
     // What is written of a property under the names of programs.
     enum class Fit { All, Part, None };
 
-    void WriteHead(std::string_view uid);
+    void WriteHead(const Identities& identities, std::size_t number);
     void WriteProperty(const Property& one);
     Fit WriteNatural(const Property& one);
     Fit WriteFirstName(const Property& one);
