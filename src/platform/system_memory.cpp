@@ -13,8 +13,12 @@ namespace {
 
 constexpr std::size_t kLargeText = std::size_t{4} << 20U;
 
+// So much of what was in small blocks is kept too.
+constexpr std::size_t kMostKept = std::size_t{128} << 20U;
+
 // Each large block has pages of its own, so that it grows and shrinks without being copied.
-const bool has_own_pages = mallopt(M_MMAP_THRESHOLD, static_cast<int>(kLargeText)) == 1;
+const bool has_own_pages = mallopt(M_MMAP_THRESHOLD, static_cast<int>(kLargeText)) == 1 &&
+                           mallopt(M_TRIM_THRESHOLD, static_cast<int>(kMostKept)) == 1;
 std::atomic<void*> kept = nullptr;
 
 void* Allocate(std::size_t size) noexcept {
