@@ -9,6 +9,8 @@
 namespace orvik::book {
 namespace {
 
+constexpr std::string_view kMark = "\xEF\xBB\xBF";
+
 struct Mark {
     std::string_view Bytes;
     WideForm Form;
@@ -20,7 +22,7 @@ constexpr std::array kMarks = {
     Mark{{"\0\0\xFE\xFF", 4}, WideForm::Utf32Be},
     Mark{"\xFF\xFE", WideForm::Utf16Le},
     Mark{"\xFE\xFF", WideForm::Utf16Be},
-    Mark{"\xEF\xBB\xBF", WideForm::None},
+    Mark{kMark, WideForm::None},
 };
 
 const Mark* MarkOf(std::string_view bytes) {
@@ -92,6 +94,27 @@ WideForm BySeparators(std::string_view sample) {
     return big >= 3 && little == 0 && plain < big ? WideForm::Utf16Be : WideForm::None;
 }
 
+// Ends a text of DOS.
+constexpr char kEndOfText = '\x1A';
+
+// A text without what stands before the first line of a file or behind its last one, wherever
+// files were joined.
+std::string WithoutJoints(std::string_view text) {
+    std::string joined;
+    joined.reserve(text.size());
+    while (!text.empty()) {
+        if (text.starts_with(kMark) || text.starts_with(kEndOfText)) {
+            text.remove_prefix(text.front() == kEndOfText ? 1 : kMark.size());
+            continue;
+        }
+        const std::size_t end = std::min(text.find_first_of("\r\n"), text.size() - 1);
+        joined.append(text.substr(0, end + 1));
+        text.remove_prefix(end + 1);
+    }
+    joined.erase(joined.find_last_not_of(kEndOfText) + 1);
+    return joined;
+}
+
 }  // namespace
 
 WideForm WideFormOf(std::string_view bytes) {
@@ -121,6 +144,11 @@ Source::Source(std::string name, std::string bytes)
         if (auto converter = CharsetConverter::Named(NameOf(wide_))) {
             bad_letters_ = converter->Append(text_, decoded_);
         }
+        text_ = decoded_;
+    }
+    if (text_.find(kMark) != std::string_view::npos ||
+        text_.find(kEndOfText) != std::string_view::npos) {
+        decoded_ = WithoutJoints(text_);
         text_ = decoded_;
     }
 }

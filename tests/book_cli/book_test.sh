@@ -138,6 +138,14 @@ same mozilla.ldif stays.ldif
 run "several files" 0 convert old.ldif bo.vcf cy.vcf -o all.vcf
 has out "read 5   written 5"
 has all.vcf "FN:Cy"
+{ printf '\xEF\xBB\xBF'; cat bo.vcf; printf '\x1A\xEF\xBB\xBF'; cat cy.vcf; printf '\x1A'; } >joined.vcf
+run "files that were joined" 0 convert joined.vcf -o parted.vcf
+tells_nothing
+has out "read 2   written 2   carried 0   lost 0"
+has parted.vcf "FN:Cy"
+printf 'version: 1\nservices:\n  web: 2\n' >services.yaml
+run "the version of something else" 65 show services.yaml
+tells "this is a text, no address book"
 run "standard output" 0 convert bo.vcf
 same bo.vcf out
 tells "read 1   written 1   carried 0   lost 0"

@@ -165,6 +165,15 @@ void Check(const Row& row) {
     EXPECT_EQ(Told(read.book), row.Told) << row.Cards;
 }
 
+TEST(ReadVCard, TakesFilesThatWereJoined) {
+    Check(
+        {"\xEF\xBB\xBF"
+         "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Al\r\nEND:VCARD\r\n\x1A\xEF\xBB\xBF"
+         "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Bo\r\nEND:VCARD\x1A",
+         "person\nFN:Al\nperson\nFN:Bo\n",
+         ""});
+}
+
 TEST(ReadVCard, TellsWhatIsOdd) {
     Check({"BEGIN:VCARD\nVERSION:3.0\nFN:Al\nBEGIN:VCARD\nVERSION:3.0\nFN:Bo\nEND:VCARD\n",
            "person\nFN:Al\nperson\nFN:Bo\n",
