@@ -90,6 +90,8 @@ ListMember Directory::Referred(std::string_view reference) const {
         member.Name = std::move(parts.Name);
         member.Address = std::move(parts.Address);
         Find(member, by_dn_, reference);
+        // UIDs that end as base64 does look like one, too.
+        Find(member, by_uid_, PlainUid(reference));
     } else {
         Find(member, by_uid_, PlainUid(reference));
         // Other schemes than mailto have an at, too.
