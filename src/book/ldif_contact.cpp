@@ -56,7 +56,8 @@ void LdifContacts::Add(const std::deque<TextRow>& rows, std::size_t first, const
             values.push_back(row.Text);
         }
         piece_ = charset_.Judge(values, from.Line);
-        contact_.IsUtf8 = contact_.IsUtf8 || piece_ == PieceCharset::Broken;
+        contact_.IsUtf8 =
+            piece_ == PieceCharset::Broken || (contact_.IsUtf8 && !charset_.IsOther(piece_));
     }
     for (std::size_t i = first; i < rows.size(); ++i) {
         TakeRow(rows[i]);

@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "app/text.h"
+
 namespace orvik::book {
 namespace {
 
@@ -72,6 +74,32 @@ std::optional<DataUri> SplitDataUri(std::string_view value) {
     }
     uri.Base64.remove_prefix(comma + 1);
     return uri;
+}
+
+bool IsMediaType(std::string_view type) {
+    constexpr std::array<std::string_view, 3> kOthers = {"home", "work", "pref"};
+    return !IsIn(kOthers, type);
+}
+
+std::string MediaTypeOf(NameId name, std::string_view type, std::string_view base64) {
+    if (type.find('/') != std::string_view::npos) {
+        return ToLower(type);
+    }
+    if (name != field::kPhoto && name != field::kLogo) {
+        return ToLower(std::string(name == field::kSound ? "audio/" : "application/")
+                           .append(type.empty() ? "octet-stream" : type));
+    }
+    constexpr std::array kBegins = {
+        std::pair<std::string_view, std::string_view>{"iVBORw0KGg", "png"},
+        std::pair<std::string_view, std::string_view>{"R0lGOD", "gif"},
+        std::pair<std::string_view, std::string_view>{"UklGR", "webp"},
+        std::pair<std::string_view, std::string_view>{"Qk", "bmp"},
+    };
+    const auto* const found = std::find_if(kBegins.begin(), kBegins.end(), [&](const auto& kind) {
+        return base64.starts_with(kind.first);
+    });
+    const std::string_view known = found == kBegins.end() ? "jpeg" : found->second;
+    return "image/" + ToLower(type.empty() ? known : type);
 }
 
 std::string DateIn(Dialect version, std::string_view date) {
