@@ -49,6 +49,21 @@ bool AreMembers(const Property& given, const Property& whole) {
            (whole.Name == field::kMember || whole.Name == field::kServerMember);
 }
 
+// How many of the last properties are nicknames of a list: programs were given each by itself.
+std::size_t NicknamesBefore(const std::vector<Property>& all, std::string_view list) {
+    std::vector<std::string> names;
+    for (TakenPart part{{}, true}; part.More;) {
+        part = TakePart(list, ',');
+        names.push_back(Unescaped(part.Text));
+    }
+    std::sort(names.begin(), names.end());
+    const auto other = std::find_if(all.rbegin(), all.rend(), [&](const Property& one) {
+        return one.Name != field::kNickname || one.Details != 0 ||
+               !std::binary_search(names.begin(), names.end(), Unescaped(one.Value));
+    });
+    return std::min(static_cast<std::size_t>(other - all.rbegin()), names.size());
+}
+
 }  // namespace
 
 bool LdifContacts::TakeCarried(const LdifParts& parts, std::string_view text) {
@@ -69,7 +84,10 @@ bool LdifContacts::TakeCarried(const LdifParts& parts, std::string_view text) {
     // The attribute that programs know stands right before.
     std::vector<Property>& all = contact_.Properties;
     const bool behind = !besides && !all.empty() && !last_was_carried_;
-    if (behind && (IsPartOf(all.back(), *property) || AreMembers(all.back(), *property))) {
+    if (behind && property->Name == field::kNickname) {
+        all.resize(all.size() - NicknamesBefore(all, property->Value));
+        all.push_back(*property);
+    } else if (behind && (IsPartOf(all.back(), *property) || AreMembers(all.back(), *property))) {
         all.back() = *property;
     } else {
         all.push_back(*property);

@@ -6,6 +6,7 @@
 #include "app/text.h"
 #include "book/carried_line.h"
 #include "book/ldif_line_writer.h"
+#include "book/ldif_lines.h"
 #include "book/transfer.h"
 #include "book/typed_views.h"
 #include "book/value_form.h"
@@ -32,6 +33,13 @@ bool HasNul(std::string_view value) {
     return value.find('\0') != std::string_view::npos;
 }
 
+// Whether a line can begin so, whatever a card called its field, and put into its parameters.
+bool IsAttribute(std::string text, std::string_view name, std::string_view options) {
+    text += ':';
+    const auto parts = SplitLdifLine(text);
+    return parts && parts->Name == name && parts->Options == options && IsSafeString(options);
+}
+
 }  // namespace
 
 LdifRecordWriter::LdifRecordWriter(Book& book,
@@ -42,7 +50,8 @@ LdifRecordWriter::LdifRecordWriter(Book& book,
 
 void LdifRecordWriter::Write(const Contact& contact, std::string_view uid) {
     contact_ = &contact;
-    named_ = parts_ = organised_ = work_ = home_ = identified_ = born_ = saved_ = false;
+    named_ = parts_ = nicknamed_ = organised_ = work_ = home_ = false;
+    identified_ = born_ = saved_ = false;
     emails_ = 0;
     of_evolution_ = !FirstOf(book_, contact, field::kEvolutionList).empty();
     shown_ = NameOf(book_, contact).Shown;
@@ -188,6 +197,11 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteName(const Property& one) {
 
 LdifRecordWriter::Fit LdifRecordWriter::WriteNickname(const Property& one) {
     std::string_view rest = one.Value;
+    // Which ones a second list had could not be told when it is read.
+    if (nicknamed_ && !IsBare(one) && one.Value.find(',') != std::string_view::npos) {
+        return Fit::None;
+    }
+    nicknamed_ = true;
     for (TakenPart part{{}, true}; part.More;) {
         part = TakePart(rest, ',');
         const std::string text = Unescaped(part.Text);
@@ -262,21 +276,30 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteUrl(const Property& one) {
 
 LdifRecordWriter::Fit LdifRecordWriter::WriteOwn(const Property& one, std::string_view name) {
     if (SameName(name, "dn")) {
-        return Fit::All;
+        return one.Value == dn_ && IsBare(one) ? Fit::All : Fit::None;
     }
     const NameId option = book_.Names.Find("X-ORVIK-OPTIONS");
     const std::string_view options =
         option == FieldNames::kNone ? std::string_view{} : ParamOf(book_, one, option);
+    std::string attribute(name);
+    attribute.append(options.empty() ? "" : ";").append(options);
+    const bool place = ParamOf(book_, one, field::kValue) == "uri";
+    const bool encoded = ParamOf(book_, one, field::kEncoding) == "b";
+    const std::size_t known = (options.empty() ? 0U : 1U) + (place ? 1U : 0U) + (encoded ? 1U : 0U);
+    const Details& details = book_.DetailsOf(one);
+    std::string bytes;
+    if (!IsAttribute(attribute, name, options) || (place && !IsSafeString(one.Value)) ||
+        (encoded && !AppendBase64(one.Value, bytes)) || !details.Group.empty() ||
+        details.Params.size() != known) {
+        return Fit::None;
+    }
     // A strict reader would refuse the whole file for such a line.
     if (SameName(name, "no-field")) {
         Tell(one, name);
     }
-    std::string attribute(name);
-    attribute.append(options.empty() ? "" : ";").append(options);
-    std::string bytes;
-    if (ParamOf(book_, one, field::kEncoding) == "b" && AppendBase64(one.Value, bytes)) {
+    if (encoded) {
         AppendLdifBase64(attribute, one.Value, text_);
-    } else if (ParamOf(book_, one, field::kValue) == "uri" && IsSafeString(one.Value)) {
+    } else if (place) {
         AppendLdifUrl(attribute, one.Value, text_);
     } else {
         AppendLdifLine(attribute, one.Value, text_);

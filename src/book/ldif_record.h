@@ -57,6 +57,7 @@ class LdifRecordWriter {
     bool of_evolution_ = false;
     bool named_ = false;
     bool parts_ = false;
+    bool nicknamed_ = false;
     bool organised_ = false;
     bool work_ = false;
     bool home_ = false;

@@ -168,6 +168,49 @@ TEST(RoundTrip, APictureComesBackThroughEachVersion) {
     EXPECT_EQ(Back("jpegPhoto:: /9j/\n", Dialect::VCard40), "jpegPhoto:: /9j/\n");
 }
 
+TEST(RoundTrip, OptionsOfPlacesAndPicturesComeBack) {
+    const std::string place = "userCertificate;binary:< file:///x/y\n";
+    EXPECT_EQ(Back(place), place);
+    EXPECT_EQ(Back(place, Dialect::VCard40), place);
+    const std::string card = ToCard("dn: cn=Al\ncn: Al\njpegPhoto;binary:: /9j/\n");
+    EXPECT_NE(card.find("\r\nPHOTO;ENCODING=b;TYPE=JPEG;X-ORVIK-OPTIONS=binary:/9j/\r\n"),
+              std::string::npos)
+        << card;
+    EXPECT_EQ(ToCard(ToLdif(card)), card);
+    // A place with letters that LDIF cannot name a place with.
+    const std::string other = ToCard("dn: cn=Al\ncn: Al\njpegPhoto:< file:///\xC3\xA4\n");
+    EXPECT_EQ(ToCard(ToLdif(other)), other);
+}
+
+TEST(RoundTrip, WhatACardCallsAFieldOfLdifStaysOneLine) {
+    const std::string lines =
+        "UID:1\r\nFN:Al\r\nX-ORVIK-LDIF-a;X-ORVIK-OPTIONS=\"b: x^n^ndn: cn=Bo\":v\r\n"
+        "X-ORVIK-LDIF-f\xC3\xB6 bar:v\r\nX-ORVIK-LDIF-:w\r\n"
+        "item1.X-ORVIK-LDIF-c;X-P=1:v\r\n";
+    const std::string card = "BEGIN:VCARD\r\nVERSION:4.0\r\n" + lines + "END:VCARD\r\n";
+    ReadBook read(ReadLdif, ToLdif(card));
+    EXPECT_EQ(test::Told(read.book), "");
+    EXPECT_EQ(WriteVCard(read.book, Dialect::VCard40), card);
+    // A record has one name; another one is a field like others.
+    ReadBook names(ReadLdif,
+                   ToLdif("BEGIN:VCARD\nVERSION:3.0\nUID:1\nFN:Al\nX-ORVIK-LDIF-dn:cn=A\n"
+                          "X-ORVIK-LDIF-dn:cn=B\nEND:VCARD\n"));
+    const std::string shown = test::Shown(names.book);
+    EXPECT_NE(shown.find("X-ORVIK-LDIF-dn:cn=A\n"), std::string::npos) << shown;
+    EXPECT_NE(shown.find("X-ORVIK-LDIF-dn:cn=B\n"), std::string::npos) << shown;
+}
+
+TEST(RoundTrip, NicknamesOfOneFieldStayOneField) {
+    for (const std::string lines : {"item1.NICKNAME:a,b\r\n",
+                                    "NICKNAME;TYPE=work:b\\,\\;,a\\\\\r\n",
+                                    "NICKNAME:a\r\nitem1.NICKNAME:a,b\r\n",
+                                    "item1.NICKNAME:a\r\nitem2.NICKNAME:b,c\r\n"}) {
+        const std::string card = "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nN:Al;;;;\r\nFN:Al\r\n" +
+                                 lines + "END:VCARD\r\n";
+        EXPECT_EQ(ToCard(ToLdif(card)), card);
+    }
+}
+
 TEST(RoundTrip, ADateThatIsTextStaysText) {
     const std::string lines = "UID:1\r\nN:Al;;;;\r\nFN:Al\r\nBDAY;VALUE=text:2016-08-01\r\n";
     const std::string card = "BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "END:VCARD\r\n";
