@@ -6,6 +6,7 @@
 
 #include "book/carried_line.h"
 #include "book/ldif_contact.h"
+#include "book/ldif_sets.h"
 #include "book/value_form.h"
 #include "book/vcard_fields.h"
 
@@ -19,13 +20,19 @@ bool IsMerged(NameId name) {
 }
 
 // Whether programs were given this much of a property.
-bool IsPartOf(const Property& given, const Property& whole) {
-    if (given.Name != whole.Name) {
+bool IsPartOf(const Book& book, const Property& given, const Property& whole) {
+    if (given.Name != whole.Name ||
+        (given.Name == field::kAdr && IsHomeAddress(book, given) != IsHomeAddress(book, whole))) {
         return false;
     }
     switch (given.Name) {
         case field::kBday:
             return DateIn(Dialect::VCard40, given.Value) == DateIn(Dialect::VCard40, whole.Value);
+        case field::kPhoto: {
+            // 4.0 has the bytes in an address.
+            const auto uri = SplitDataUri(whole.Value);
+            return given.Value == (uri ? uri->Base64 : whole.Value);
+        }
         case field::kN:
         case field::kOrg:
         case field::kAdr:
@@ -87,7 +94,8 @@ bool LdifContacts::TakeCarried(const LdifParts& parts, std::string_view text) {
     if (behind && property->Name == field::kNickname) {
         all.resize(all.size() - NicknamesBefore(all, property->Value));
         all.push_back(*property);
-    } else if (behind && (IsPartOf(all.back(), *property) || AreMembers(all.back(), *property))) {
+    } else if (behind &&
+               (IsPartOf(book_, all.back(), *property) || AreMembers(all.back(), *property))) {
         all.back() = *property;
     } else {
         all.push_back(*property);
@@ -104,7 +112,7 @@ void LdifContacts::FinishCarried(std::size_t merged) {
         // The name stands where it stood, the others behind what was read line by line.
         std::size_t at = one.Name == field::kFn ? 0 : merged;
         const std::size_t last = std::min(end, at + kMostCompared);
-        while (at < last && (taken[at] || !IsPartOf(all[at], one))) {
+        while (at < last && (taken[at] || !IsPartOf(book_, all[at], one))) {
             ++at;
         }
         if (at < last) {

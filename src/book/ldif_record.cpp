@@ -28,6 +28,11 @@ bool HasSingleValues(std::string_view value) {
     return true;
 }
 
+// Whether no attribute would tell of a field; a name without any part is made up again.
+bool IsEmpty(const Property& one) {
+    return one.Value.find_first_not_of(";,") == std::string_view::npos && one.Name != field::kN;
+}
+
 // Readers take base64 that holds one for bytes.
 bool HasNul(std::string_view value) {
     return value.find('\0') != std::string_view::npos;
@@ -110,8 +115,8 @@ void LdifRecordWriter::WriteProperty(const Property& one) {
     const std::string_view name = book_.Names.Text(one.Name);
     const Fit fit = StartsAsName(name, kCarriedFromLdif)
                         ? WriteOwn(one, name.substr(kCarriedFromLdif.size()))
-                    : one.Value.empty() || HasNul(one.Value) || IsRepeated(one) ? Fit::None
-                                                                                : WriteNatural(one);
+                    : IsEmpty(one) || HasNul(one.Value) || IsRepeated(one) ? Fit::None
+                                                                           : WriteNatural(one);
     if (fit == Fit::All) {
         book_.Told.CountMore(What::Kept);
     } else {
@@ -238,9 +243,7 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteOrganisation(const Property& one) {
 LdifRecordWriter::Fit LdifRecordWriter::WriteAddress(const Property& one) {
     constexpr std::size_t kParts = 7;
     constexpr std::size_t kStreet = 2;
-    const bool home = std::any_of(book_.DetailsOf(one).Params.begin(),
-                                  book_.DetailsOf(one).Params.end(),
-                                  [](const Param& param) { return SameName(param.Value, "home"); });
+    const bool home = IsHomeAddress(book_, one);
     bool& written = home ? home_ : work_;
     if (written) {
         return Fit::None;

@@ -76,6 +76,12 @@ TEST(RoundTrip, NumbersAreNames) {
     EXPECT_EQ(Back("2.5.4.99: oid\n"), "2.5.4.99: oid\n");
 }
 
+TEST(RoundTrip, ABlankOrTabBeforeAValueStays) {
+    const std::string lines = "UID:1\r\nN:Al;;;;\r\nFN:Al\r\nTITLE:\ta\r\nNOTE: b \r\nX-F:\t\r\n";
+    const std::string card = "BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "END:VCARD\r\n";
+    EXPECT_EQ(ToCard(ToLdif(card)), card);
+}
+
 TEST(RoundTrip, ANulOfACardComesBack) {
     const std::string lines = "UID:1\r\nN:Al;;;;\r\nFN:Al\r\nNOTE:a\0b\r\nX-F:a\0b\r\n"s;
     const std::string card = "BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "END:VCARD\r\n";
@@ -166,6 +172,12 @@ TEST(RoundTrip, BreaksThatAreNoLfAreToldInPartsOfAField) {
 TEST(RoundTrip, APictureComesBackThroughEachVersion) {
     EXPECT_EQ(Back("jpegPhoto:: /9j/\n"), "jpegPhoto:: /9j/\n");
     EXPECT_EQ(Back("jpegPhoto:: /9j/\n", Dialect::VCard40), "jpegPhoto:: /9j/\n");
+    // Once, also where it is carried besides.
+    const std::string card =
+        "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:1\r\nFN:Al\r\n"
+        "item1.PHOTO:data:image/jpeg;base64,/9j/\r\nEND:VCARD\r\n";
+    ReadBook read(ReadLdif, ToLdif(card));
+    EXPECT_EQ(WriteVCard(read.book, Dialect::VCard40), card);
 }
 
 TEST(RoundTrip, OptionsOfPlacesAndPicturesComeBack) {
@@ -198,6 +210,18 @@ TEST(RoundTrip, WhatACardCallsAFieldOfLdifStaysOneLine) {
     const std::string shown = test::Shown(names.book);
     EXPECT_NE(shown.find("X-ORVIK-LDIF-dn:cn=A\n"), std::string::npos) << shown;
     EXPECT_NE(shown.find("X-ORVIK-LDIF-dn:cn=B\n"), std::string::npos) << shown;
+}
+
+TEST(RoundTrip, AddressesAtHomeAndAtWorkStayTwo) {
+    for (const std::string lines : {"ADR;TYPE=home:1;;1 Road;Town;;;\r\nitem1.ADR:1;;1 Road\r\n",
+                                    "ADR;TYPE=work:;;;;;;\r\nORG:;\r\nNICKNAME:,\r\n"}) {
+        const std::string card = "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nN:Al;;;;\r\nFN:Al\r\n" +
+                                 lines + "END:VCARD\r\n";
+        ReadBook read(ReadVCard, card);
+        ReadBook again(ReadVCard, ToCard(ToLdif(card)));
+        EXPECT_EQ(again.book.Contacts[0].Properties.size(), read.book.Contacts[0].Properties.size())
+            << ToLdif(card);
+    }
 }
 
 TEST(RoundTrip, NicknamesOfOneFieldStayOneField) {
