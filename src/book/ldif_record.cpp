@@ -6,8 +6,6 @@
 #include "app/text.h"
 #include "book/carried_line.h"
 #include "book/ldif_line_writer.h"
-#include "book/ldif_lines.h"
-#include "book/transfer.h"
 #include "book/typed_views.h"
 #include "book/value_form.h"
 
@@ -36,13 +34,6 @@ bool IsEmpty(const Property& one) {
 // Readers take base64 that holds one for bytes.
 bool HasNul(std::string_view value) {
     return value.find('\0') != std::string_view::npos;
-}
-
-// Whether a line can begin so, whatever a card called its field, and put into its parameters.
-bool IsAttribute(std::string text, std::string_view name, std::string_view options) {
-    text += ':';
-    const auto parts = SplitLdifLine(text);
-    return parts && parts->Name == name && parts->Options == options && IsSafeString(options);
 }
 
 }  // namespace
@@ -113,7 +104,8 @@ bool LdifRecordWriter::IsOfOtherClass() const {
 
 void LdifRecordWriter::WriteProperty(const Property& one) {
     const std::string_view name = book_.Names.Text(one.Name);
-    const Fit fit = StartsAsName(name, kCarriedFromLdif)
+    const Fit fit = !HasNul(one.Value) && WriteInLanguage(one) ? Fit::All
+                    : StartsAsName(name, kCarriedFromLdif)
                         ? WriteOwn(one, name.substr(kCarriedFromLdif.size()))
                     : IsEmpty(one) || HasNul(one.Value) || IsRepeated(one) ? Fit::None
                                                                            : WriteNatural(one);
@@ -272,42 +264,9 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteUrl(const Property& one) {
         AppendLdifLine("labeledURI", std::string(one.Value).append(" ").append(text), text_);
         return Fit::All;
     }
-    const bool home = SameName(ParamOf(book_, one, field::kType), "home");
+    const bool home = IsHomeUrl(one);
     Line(UrlNames(home), one.Value);
     return HasTypeOnly(one, home ? "home" : "work") ? Fit::All : Fit::Part;
-}
-
-LdifRecordWriter::Fit LdifRecordWriter::WriteOwn(const Property& one, std::string_view name) {
-    if (SameName(name, "dn")) {
-        return one.Value == dn_ && IsBare(one) ? Fit::All : Fit::None;
-    }
-    const NameId option = book_.Names.Find("X-ORVIK-OPTIONS");
-    const std::string_view options =
-        option == FieldNames::kNone ? std::string_view{} : ParamOf(book_, one, option);
-    std::string attribute(name);
-    attribute.append(options.empty() ? "" : ";").append(options);
-    const bool place = ParamOf(book_, one, field::kValue) == "uri";
-    const bool encoded = ParamOf(book_, one, field::kEncoding) == "b";
-    const std::size_t known = (options.empty() ? 0U : 1U) + (place ? 1U : 0U) + (encoded ? 1U : 0U);
-    const Details& details = book_.DetailsOf(one);
-    std::string bytes;
-    if (!IsAttribute(attribute, name, options) || (place && !IsSafeString(one.Value)) ||
-        (encoded && !AppendBase64(one.Value, bytes)) || !details.Group.empty() ||
-        details.Params.size() != known) {
-        return Fit::None;
-    }
-    // A strict reader would refuse the whole file for such a line.
-    if (SameName(name, "no-field")) {
-        Tell(one, name);
-    }
-    if (encoded) {
-        AppendLdifBase64(attribute, one.Value, text_);
-    } else if (place) {
-        AppendLdifUrl(attribute, one.Value, text_);
-    } else {
-        AppendLdifLine(attribute, one.Value, text_);
-    }
-    return Fit::All;
 }
 
 void LdifRecordWriter::WriteCarried(const Property& one, Fit fit) {
@@ -336,12 +295,30 @@ void LdifRecordWriter::Tell(const Property& one, std::string_view attribute) {
 
 // What is there twice is read once from the names of programs: many know two for one field.
 bool LdifRecordWriter::IsRepeated(const Property& one) const {
-    constexpr std::size_t kMostCompared = 64;
     const Property* const first = contact_->Properties.data();
     const auto before = std::min(static_cast<std::size_t>(&one - first), kMostCompared);
     return std::any_of(first, first + before, [&](const Property& other) {
-        return other.Name == one.Name && other.Value == one.Value;
+        return other.Name == one.Name && other.Value == one.Value && IsOfOnePlace(other, one);
     });
+}
+
+// Whether two fields have the same attribute: a number may be the one at work and the one at home.
+bool LdifRecordWriter::IsOfOnePlace(const Property& one, const Property& other) const {
+    switch (one.Name) {
+        case field::kTel:
+            return PhoneNamesOf(book_, one).Names.In(set_) ==
+                   PhoneNamesOf(book_, other).Names.In(set_);
+        case field::kAdr:
+            return IsHomeAddress(book_, one) == IsHomeAddress(book_, other);
+        case field::kUrl:
+            return IsHomeUrl(one) == IsHomeUrl(other);
+        default:
+            return true;
+    }
+}
+
+bool LdifRecordWriter::IsHomeUrl(const Property& one) const {
+    return SameName(ParamOf(book_, one, field::kType), "home");
 }
 
 bool LdifRecordWriter::Line(const LdifNames& names, std::string_view value) {

@@ -194,6 +194,28 @@ TEST(RoundTrip, OptionsOfPlacesAndPicturesComeBack) {
     EXPECT_EQ(ToCard(ToLdif(other)), other);
 }
 
+TEST(RoundTrip, LanguagesBehindAPlainTextComeBack) {
+    const std::string lines =
+        "cn;lang-de: Alf\ntitle: Chief\ntitle;lang-de: Chef\ntitle;lang-fr-CA: Patron\n";
+    EXPECT_EQ(Back(lines), lines);
+    EXPECT_EQ(Back(lines, Dialect::VCard40), lines);
+    // Programs look for the plain name.
+    EXPECT_EQ(Back("title;lang-de: Chef\n").find("title: Chef\nx-orvik-vcard-title: "), 0U);
+    const std::string odd =
+        "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:1\r\nFN:Al\r\n"
+        "FN;LANGUAGE=\"a;b: c\":Bo\r\nFN;LANGUAGE=a^nb:Bo\r\nEND:VCARD\r\n";
+    ReadBook read(ReadLdif, ToLdif(odd));
+    EXPECT_EQ(WriteVCard(read.book, Dialect::VCard40), odd);
+}
+
+TEST(RoundTrip, OneNumberMayBeOfTwoPlaces) {
+    for (const std::string lines : {"telephoneNumber: 5\nhomePhone: 5\nmobile: 5\n",
+                                    "mozillaWorkUrl: u\nmozillaHomeUrl: u\n",
+                                    "street: 1 Road\nmozillaHomeStreet: 1 Road\n"}) {
+        EXPECT_EQ(Back(lines), lines);
+    }
+}
+
 TEST(RoundTrip, WhatACardCallsAFieldOfLdifStaysOneLine) {
     const std::string lines =
         "UID:1\r\nFN:Al\r\nX-ORVIK-LDIF-a;X-ORVIK-OPTIONS=\"b: x^n^ndn: cn=Bo\":v\r\n"
