@@ -138,7 +138,10 @@ std::vector<ListMember> Directory::MembersOf(const Contact& list) const {
             members.push_back(MemberOf(one));
         } else if (evolution && one.Name == field::kEmail) {
             members.push_back(OfEvolution(one));
+        } else {
+            continue;
         }
+        members.back().Field = &one;
     }
     return members;
 }

@@ -74,6 +74,12 @@ tells 'junk.vcf: line 1: skipped: "From me": belongs to no record'
 printf 'BEGIN:VCARD\nVERSION:3.0\nFN:Crew\nX-ADDRESSBOOKSERVER-KIND:group\nX-ADDRESSBOOKSERVER-MEMBER:urn:uuid:1\nEND:VCARD\n' >crew.vcf
 run "a member that is not there" 1 show crew.vcf
 tells "is not in these files"
+printf 'BEGIN:VCARD\nVERSION:3.0\nFN:Crew\nX-EVOLUTION-LIST:TRUE\nEMAIL:bo@example.org\nEMAIL:cy@example.org\nEND:VCARD\n' >evolution.vcf
+run "a member of Evolution that is not there" 1 show evolution.vcf bo.vcf
+tells_once 'evolution.vcf: line 1: skipped: EMAIL "cy@example.org": is not in these files'
+printf 'BEGIN:VCARD\nVERSION:3.0\nFN:J\303\203\302\266rg M\303\203\302\274ller\nEND:VCARD\n' >twice.vcf
+run "letters that were encoded twice" 0 show twice.vcf
+tells 'twice.vcf: line 1: doubtful: "JÃ¶rg, MÃ¼ller": looks encoded twice'
 run "a member of another file" 0 show crew.vcf bo.vcf
 
 # --json.
