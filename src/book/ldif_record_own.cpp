@@ -27,16 +27,17 @@ bool IsAttribute(std::string text, std::string_view name, std::string_view optio
 // Directories have a text in other languages behind the plain one, which programs know.
 bool LdifRecordWriter::WriteInLanguage(const Property& one) {
     const Details& details = book_.DetailsOf(one);
-    const std::string_view name = one.Name == field::kFn ? "cn" : SimpleNames(one.Name).In(set_);
-    if (details.Params.size() != 1 || details.Params[0].Name != field::kLanguage || name.empty() ||
+    if (details.Params.size() != 1 || details.Params[0].Name != field::kLanguage ||
         !details.Group.empty() || one.Value.empty() ||
         ValueFormOf(book_.Names, one.Name) != ValueForm::Text || !HasPlain(one.Name)) {
         return false;
     }
+    const std::string_view name = one.Name == field::kFn ? "cn" : SimpleNames(one.Name).In(set_);
     const std::string options = "lang-" + std::string(details.Params[0].Value);
     std::string attribute(name);
     attribute.append(";").append(options);
-    if (options.find(';') != std::string::npos || !IsAttribute(attribute, name, options)) {
+    if (name.empty() || options.find(';') != std::string::npos ||
+        !IsAttribute(attribute, name, options)) {
         return false;
     }
     AppendLdifLine(attribute, one.Value, text_);
