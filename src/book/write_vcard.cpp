@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "book/ldif_dn.h"
 #include "book/line_breaks.h"
 #include "book/members.h"
 #include "book/typed_views.h"
@@ -200,7 +201,10 @@ class CardWriter {
             value = AsUrn(member.Uid);
         } else if (IsDn(one.Value) && !member.Address.empty()) {
             value = "mailto:" + member.Address;
-            whole = AppendParam(version_, kDnParam, one.Value, line) && whole;
+            // What follows from the address need not be kept.
+            whole = (one.Value == DnOf({}, member.Address) ||
+                     AppendParam(version_, kDnParam, one.Value, line)) &&
+                    whole;
         }
         line += ":";
         AppendOneLine(value, line);

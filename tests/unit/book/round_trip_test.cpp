@@ -208,6 +208,16 @@ TEST(RoundTrip, LanguagesBehindAPlainTextComeBack) {
     EXPECT_EQ(WriteVCard(read.book, Dialect::VCard40), odd);
 }
 
+TEST(RoundTrip, MembersKeepTheirParametersAndGroups) {
+    const std::string cards =
+        "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:1\r\nFN:Al\r\nEMAIL:a@x\r\nEND:VCARD\r\n"
+        "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:2\r\nFN:Team\r\nKIND:group\r\n"
+        "MEMBER;PREF=1:1\r\nitem1.MEMBER:1\r\nMEMBER;X-P=1:mailto:b@x\r\nMEMBER:mailto:c@x\r\n"
+        "MEMBER:urn:uuid:00000000-0000-0000-0000-000000000000\r\nEND:VCARD\r\n";
+    ReadBook read(ReadLdif, ToLdif(cards));
+    EXPECT_EQ(WriteVCard(read.book, Dialect::VCard40), cards);
+}
+
 TEST(RoundTrip, OneNumberMayBeOfTwoPlaces) {
     for (const std::string lines : {"telephoneNumber: 5\nhomePhone: 5\nmobile: 5\n",
                                     "mozillaWorkUrl: u\nmozillaHomeUrl: u\n",
