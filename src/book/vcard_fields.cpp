@@ -38,6 +38,17 @@ bool HasShape(std::string_view text, std::string_view shape) {
            });
 }
 
+constexpr std::string_view kPicture = "image/";
+constexpr std::string_view kNoType = "octet-stream";
+
+// What the bytes of a field are taken for.
+std::string_view KindOf(NameId name) {
+    if (name == field::kPhoto || name == field::kLogo) {
+        return kPicture;
+    }
+    return name == field::kSound ? "audio/" : "application/";
+}
+
 }  // namespace
 
 VCardName NameIn(Dialect version, std::string_view name) {
@@ -85,9 +96,9 @@ std::string MediaTypeOf(NameId name, std::string_view type, std::string_view bas
     if (type.find('/') != std::string_view::npos) {
         return ToLower(type);
     }
-    if (name != field::kPhoto && name != field::kLogo) {
-        return ToLower(std::string(name == field::kSound ? "audio/" : "application/")
-                           .append(type.empty() ? "octet-stream" : type));
+    const std::string kind(KindOf(name));
+    if (kind != kPicture) {
+        return kind + (type.empty() ? std::string(kNoType) : ToLower(type));
     }
     constexpr std::array kBegins = {
         std::pair<std::string_view, std::string_view>{"iVBORw0KGg", "png"},
@@ -95,11 +106,20 @@ std::string MediaTypeOf(NameId name, std::string_view type, std::string_view bas
         std::pair<std::string_view, std::string_view>{"UklGR", "webp"},
         std::pair<std::string_view, std::string_view>{"Qk", "bmp"},
     };
-    const auto* const found = std::find_if(kBegins.begin(), kBegins.end(), [&](const auto& kind) {
-        return base64.starts_with(kind.first);
+    const auto* const found = std::find_if(kBegins.begin(), kBegins.end(), [&](const auto& row) {
+        return base64.starts_with(row.first);
     });
     const std::string_view known = found == kBegins.end() ? "jpeg" : found->second;
-    return "image/" + ToLower(type.empty() ? known : type);
+    return kind + ToLower(type.empty() ? known : type);
+}
+
+std::string_view TypeOfMedia(NameId name, std::string_view media) {
+    const std::string_view kind = KindOf(name);
+    if (StartsAsName(media, kind)) {
+        media.remove_prefix(kind.size());
+        return media == kNoType ? std::string_view{} : media;
+    }
+    return media;
 }
 
 std::string DateIn(Dialect version, std::string_view date) {

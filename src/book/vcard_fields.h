@@ -41,4 +41,8 @@ struct DataUri {
 //   PHOTO, "JPEG" -> "image/jpeg";  KEY, "" -> "application/octet-stream"
 [[nodiscard]] std::string MediaTypeOf(NameId name, std::string_view type, std::string_view base64);
 
+// TypeOfMedia: the type of 3.0 that tells as much; empty for bytes of which nothing is known.
+//   PHOTO, "image/jpeg" -> "jpeg";  KEY, "text/plain" -> "text/plain"
+[[nodiscard]] std::string_view TypeOfMedia(NameId name, std::string_view media);
+
 }  // namespace orvik::book

@@ -123,7 +123,7 @@ class CardWriter {
         if (const auto uri = newer || !MayBeData(one) ? std::nullopt : SplitDataUri(one.Value)) {
             // Before other types, as it is read.
             line += ";ENCODING=b";
-            const std::string_view type = uri->Type.substr(uri->Type.find('/') + 1);
+            const std::string_view type = TypeOfMedia(one.Name, uri->Type);
             whole = type.empty() || AppendParam(version_, "TYPE", type, line);
         }
         const Param* const media = bytes ? MediaParam(details) : nullptr;

@@ -90,7 +90,12 @@ TEST(WriteVCard, TellsWhatBytesAreAndWhoseTheyAre) {
                    "LOGO:data:image/gif;base64,R0lGODlh\r\n"
                    "SOUND:data:audio/octet-stream;base64,AAAA\r\n"
                    "PHOTO:data:image/x;base64,/9j/\r\n"));
-    EXPECT_EQ(Written(Written(newer, Dialect::VCard30), Dialect::VCard40), newer);
+    const std::string older = Written(newer, Dialect::VCard30);
+    EXPECT_NE(older.find("\r\nSOUND;ENCODING=b:AAAA\r\n"), std::string::npos) << older;
+    EXPECT_EQ(Written(older, Dialect::VCard40), newer);
+    const std::string other =
+        Card("4.0", "UID:1\r\nN:;;;;\r\nFN:a\r\nKEY:data:text/plain;base64,AAAA\r\n");
+    EXPECT_EQ(Written(Written(other, Dialect::VCard30), Dialect::VCard40), other);
 }
 
 TEST(WriteVCard, MakesUpWhatEachCardHas) {
