@@ -28,6 +28,8 @@ bool IsPartOf(const Book& book, const Property& given, const Property& whole) {
     switch (given.Name) {
         case field::kBday:
             return DateIn(Dialect::VCard40, given.Value) == DateIn(Dialect::VCard40, whole.Value);
+        case field::kUrl:
+            return given.Value == WithPlainColons(whole.Value);
         case field::kPhoto: {
             // 4.0 has the bytes in an address.
             const auto uri = SplitDataUri(whole.Value);

@@ -265,8 +265,9 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteUrl(const Property& one) {
         return Fit::All;
     }
     const bool home = IsHomeUrl(one);
-    Line(UrlNames(home), one.Value);
-    return HasTypeOnly(one, home ? "home" : "work") ? Fit::All : Fit::Part;
+    const std::string address = WithPlainColons(one.Value);
+    Line(UrlNames(home), address);
+    return HasTypeOnly(one, home ? "home" : "work") && address == one.Value ? Fit::All : Fit::Part;
 }
 
 void LdifRecordWriter::WriteCarried(const Property& one, Fit fit) {

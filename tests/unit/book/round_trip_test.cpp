@@ -218,6 +218,16 @@ TEST(RoundTrip, MembersKeepTheirParametersAndGroups) {
     EXPECT_EQ(WriteVCard(read.book, Dialect::VCard40), cards);
 }
 
+TEST(RoundTrip, ProgramsGetAddressesOfTheWebWithPlainColons) {
+    const std::string card =
+        "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nN:Al;;;;\r\nFN:Al\r\n"
+        "URL;TYPE=work:http\\://a\\:80/\\,b\\\r\nitem1.URL:http\\://c\r\nEND:VCARD\r\n";
+    const std::string ldif = ToLdif(card);
+    EXPECT_NE(ldif.find("\nmozillaWorkUrl: http://a:80/\\,b\\\n"), std::string::npos) << ldif;
+    EXPECT_NE(ldif.find("\nmozillaWorkUrl: http://c\n"), std::string::npos) << ldif;
+    EXPECT_EQ(ToCard(ldif), card);
+}
+
 TEST(RoundTrip, OneNumberMayBeOfTwoPlaces) {
     for (const std::string lines : {"telephoneNumber: 5\nhomePhone: 5\nmobile: 5\n",
                                     "mozillaWorkUrl: u\nmozillaHomeUrl: u\n",
