@@ -299,7 +299,7 @@ bool LdifRecordWriter::IsRepeated(const Property& one) const {
     const Property* const first = contact_->Properties.data();
     const auto before = std::min(static_cast<std::size_t>(&one - first), kMostCompared);
     return std::any_of(first, first + before, [&](const Property& other) {
-        return other.Name == one.Name && other.Value == one.Value && IsOfOnePlace(other, one);
+        return other.Name == one.Name && other.Value == one.Value && IsOfOnePlace(one, other);
     });
 }
 
