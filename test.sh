@@ -152,6 +152,7 @@ bench() {
     configure bench
     cmake --build --preset bench
     build/bench/bin/orvik-bench
+    build/bench/bin/orvik-book-bench
 }
 
 mkdir -p build

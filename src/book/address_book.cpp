@@ -1,6 +1,6 @@
 #include "book/address_book.h"
 
-#include <iterator>
+#include <algorithm>
 #include <utility>
 
 #include "book/utf8.h"
@@ -13,10 +13,12 @@ std::uint32_t Book::AddSource(std::unique_ptr<Source> source) {
     return static_cast<std::uint32_t>(sources_.size() - 1);
 }
 
-void Book::BeginRead(Contact& contact, const Origin& from) const {
+void Book::BeginRead(Contact& contact, const Origin& from, bool all_utf8) const {
     contact = {};
     contact.From = from;
-    contact.IsUtf8 = IsUtf8(from);
+    // The bytes of a wide file are others than its text.
+    contact.IsUtf8 = SourceAt(from.File).Wide() == WideForm::None &&
+                     (all_utf8 || CountUtf8(TextOf(from)).Bad == 0);
     contact.FirstRemark = static_cast<std::uint32_t>(Told.Remarks().size());
 }
 
@@ -53,8 +55,28 @@ std::uint32_t Book::KeepDetails(std::string_view group, std::span<const Param> p
     if (group.empty() && params.empty()) {
         return 0;
     }
-    details_.push_back({group, texts_.KeepAll(params)});
+    details_.push_back({group, texts_.KeepJoined<Param>(params, {})});
     return static_cast<std::uint32_t>(details_.size() - 1);
+}
+
+std::uint32_t Book::TakeDetails(std::string_view group, std::vector<Param>& params) {
+    if (params.size() <= kMostCopied) {
+        return KeepDetails(group, params);
+    }
+    details_.push_back({group, long_params_.emplace_back(std::move(params))});
+    params.clear();
+    return static_cast<std::uint32_t>(details_.size() - 1);
+}
+
+void Book::AddRead(const Contact& contact, std::vector<Property>& properties) {
+    Contacts.push_back(contact);
+    if (properties.size() > kMostCopied) {
+        Contacts.back().Properties = long_rows_.emplace_back(std::move(properties));
+    } else {
+        Contacts.back().Properties = fields_.KeepJoined<Property>(properties, {});
+    }
+    properties.clear();
+    CountRead(Contacts.back());
 }
 
 void Book::SetValue(Contact& contact, std::size_t property, std::string_view value) {
@@ -63,13 +85,16 @@ void Book::SetValue(Contact& contact, std::size_t property, std::string_view val
 }
 
 void Book::Add(Contact& contact, NameId name, std::string_view value) {
-    contact.Properties.push_back({Keep(value), name, contact.From.File, 0, 0});
+    const Property added{Keep(value), name, contact.From.File, 0, 0};
+    contact.Properties = fields_.KeepJoined<Property>(contact.Properties, {&added, 1});
     contact.Changed = true;
 }
 
 void Book::Remove(Contact& contact, std::size_t property) {
-    contact.Properties.erase(
-        std::next(contact.Properties.begin(), static_cast<std::ptrdiff_t>(property)));
+    const std::span<Property> all = contact.Properties;
+    const std::span<Property> behind = all.subspan(property + 1);
+    std::copy(behind.begin(), behind.end(), all.subspan(property).begin());
+    contact.Properties = all.first(all.size() - 1);
     contact.Changed = true;
 }
 
@@ -80,8 +105,19 @@ std::string_view Book::BytesOf(const Contact& contact) const {
     return TextOf(contact.From);
 }
 
-bool Book::IsUtf8(const Origin& from) const {
-    return SourceAt(from.File).Wide() == WideForm::None && CountUtf8(TextOf(from)).Bad == 0;
+std::size_t Book::LikelyLength() const {
+    constexpr std::size_t kOfContact = 120;
+    constexpr std::size_t kOfProperty = 24;
+    std::size_t length = 0;
+    for (const Contact& contact : Contacts) {
+        length += kOfContact;
+        for (const Property& one : contact.Properties) {
+            const std::size_t text = one.Value.size() + Names.Text(one.Name).size();
+            // Folding adds three bytes a line.
+            length += kOfProperty + text + text / 16;
+        }
+    }
+    return length;
 }
 
 std::string_view Book::TextOf(const Origin& from) const {

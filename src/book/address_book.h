@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "book/arena.h"
 #include "book/record.h"
@@ -36,12 +37,6 @@ class Book {
     using Progress = std::function<void(std::size_t done, std::size_t all)>;
     Progress HowFar;
 
-    // Counts a record that was read from a source.
-    void CountRead(Contact& contact);
-    // Told of the contact from now on; CountRead ends it.
-    void BeginRead(Contact& contact, const Origin& from) const;
-    // Tells as lost what cannot be written anew: bytes that were no letters.
-    void TellLosses(const Contact& contact);
     // Says that so many of the contacts are written.
     void CountWritten(std::size_t count) const;
     [[nodiscard]] std::size_t ReadFrom(std::uint32_t file) const { return read_[file]; }
@@ -58,6 +53,16 @@ class Book {
     // Puts a group and parameters aside; both are 0 and empty for most properties. The group must
     // live as long as the book; the parameters are copied.
     std::uint32_t KeepDetails(std::string_view group, std::span<const Param> params);
+    // The same, and the parameters may be taken instead.
+    std::uint32_t TakeDetails(std::string_view group, std::vector<Param>& params);
+
+    // Told of the contact from now on; AddRead ends it. all_utf8 says that the whole text of its
+    // source is known to be UTF-8, and need not be looked at again.
+    void BeginRead(Contact& contact, const Origin& from, bool all_utf8) const;
+    // Takes a contact with the properties that were read, and counts it as read.
+    void AddRead(const Contact& contact, std::vector<Property>& properties);
+    // Tells as lost what cannot be written anew: bytes that were no letters.
+    void TellLosses(const Contact& contact);
 
     // Changes of a user: the contact is written anew from then on.
     void SetValue(Contact& contact, std::size_t property, std::string_view value);
@@ -67,18 +72,27 @@ class Book {
     // The bytes of a contact in its source; empty for one that came from none.
     [[nodiscard]] std::string_view BytesOf(const Contact& contact) const;
 
-    // Whether the bytes of a record are UTF-8 in its file, too.
-    [[nodiscard]] bool IsUtf8(const Origin& from) const;
+    // How many bytes the book may have when it is written, rather more than less. A text that grows
+    // is there twice, and room that is not used takes no memory.
+    [[nodiscard]] std::size_t LikelyLength() const;
 
     // How much memory texts and details take, in bytes, sources aside.
     [[nodiscard]] std::size_t TextHeld() const { return texts_.Held(); }
 
  private:
+    // Millions of values would be there twice while they are copied.
+    static constexpr std::size_t kMostCopied = 4096;
+
+    void CountRead(Contact& contact);
     [[nodiscard]] std::string_view TextOf(const Origin& from) const;
 
     std::deque<std::unique_ptr<Source>> sources_;
     std::deque<std::size_t> read_;
     Arena texts_;
+    Arena fields_;
+    // What is too much to be copied: of one contact, of one property.
+    std::deque<std::vector<Property>> long_rows_;
+    std::deque<std::vector<Param>> long_params_;
     std::deque<Details> details_;
 };
 

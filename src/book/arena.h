@@ -17,14 +17,19 @@ class Arena {
     // A copy of text that lives as long as the arena.
     std::string_view Keep(std::string_view text);
 
-    // A copy of values that need no destructor.
+    // Copies of values that need no destructor, one row behind the other.
     template <class Value>
-    std::span<const Value> KeepAll(std::span<const Value> values) {
+    std::span<Value> KeepJoined(std::span<const Value> first, std::span<const Value> behind) {
         static_assert(std::is_trivially_copyable_v<Value>);
-        char* const place = Take(values.size_bytes(), alignof(Value));
-        auto* const first = reinterpret_cast<Value*>(place);
-        std::uninitialized_copy(values.begin(), values.end(), first);
-        return {first, values.size()};
+        const std::size_t count = first.size() + behind.size();
+        if (count == 0) {
+            return {};
+        }
+        auto* const place = reinterpret_cast<Value*>(Take(count * sizeof(Value), alignof(Value)));
+        std::uninitialized_copy(behind.begin(),
+                                behind.end(),
+                                std::uninitialized_copy(first.begin(), first.end(), place));
+        return {place, count};
     }
 
     // How many bytes were asked of the system.

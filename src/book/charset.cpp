@@ -86,8 +86,8 @@ std::string Joined(const std::vector<std::string>& examples, CharsetConverter& c
 Charset::Charset(const Source& source, std::string_view asked)
     : wide_(NameOf(source.Wide())), other_(Opened(std::string(kWestern))) {
     const std::string_view text = source.Text();
-    ascii_ = AsciiLength(text) == text.size();
-    const bool escapes = text.find("\x1B$") != std::string_view::npos;
+    ascii_ = !source.Signs().NotAscii;
+    const bool escapes = source.Signs().Escape && text.find("\x1B$") != std::string_view::npos;
     const bool stated = !wide_.empty();
     utf8_ = stated || (asked.empty() && (ascii_ ? !escapes : CountUtf8(text).Bad == 0));
     if (!utf8_) {

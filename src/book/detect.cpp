@@ -171,16 +171,12 @@ bool BeginsCard(std::string_view line) {
            SameName(WithoutBlanks(line.substr(colon + 1)), "VCARD");
 }
 
-bool BeginsLdifRecord(std::string_view line) {
-    return StartsAsName(line, "dn:");
-}
-
 Detected Detect(const Source& source) {
     if (const Kind* const other = OtherKind(source)) {
         return {Format::None, std::string(other->Name)};
     }
     Line line;
-    for (Lines lines(source.Text()); lines.Next(line);) {
+    for (Lines lines(source.Text(), source.Signs().Cr); lines.Next(line);) {
         if (line.Text.empty()) {
             continue;
         }

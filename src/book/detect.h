@@ -24,6 +24,10 @@ struct Detected {
 
 // Whether a line begins a card or a record; blanks at its end do not matter.
 [[nodiscard]] bool BeginsCard(std::string_view line);
-[[nodiscard]] bool BeginsLdifRecord(std::string_view line);
+// Here, as it is asked of each line.
+[[nodiscard]] inline bool BeginsLdifRecord(std::string_view line) {
+    return line.size() >= 3 && (line[0] == 'd' || line[0] == 'D') &&
+           (line[1] == 'n' || line[1] == 'N') && line[2] == ':';
+}
 
 }  // namespace orvik::book

@@ -80,23 +80,29 @@ std::string AsUrn(std::string_view uid) {
     return (uuid ? "urn:uuid:" : "") + std::string(uid);
 }
 
-Identities::Identities(const Book& book) {
-    std::unordered_map<std::string, std::size_t> given;
-    uids_.reserve(book.Contacts.size());
-    for (const Contact& contact : book.Contacts) {
+void Identities::MakeAll() const {
+    // How often the UID of a record came by itself.
+    std::unordered_map<std::string_view, std::uint32_t> given;
+    uids_.reserve(book_.Contacts.size());
+    for (const Contact& contact : book_.Contacts) {
         const auto own = std::find_if(
             contact.Properties.begin(), contact.Properties.end(), [](const Property& one) {
                 return one.Name == field::kUid && !WithoutBlanksAround(one.Value).empty();
             });
         if (own != contact.Properties.end()) {
-            uids_.emplace_back(WithoutBlanksAround(own->Value));
+            uids_.push_back(WithoutBlanksAround(own->Value));
             continue;
         }
-        std::string record = NormalisedRecord(book, contact);
-        std::string uid = Version5Uuid(record);
-        const std::size_t count = ++given[uid];
-        uids_.push_back(count == 1 ? std::move(uid)
-                                   : Version5Uuid(record + "\n" + std::to_string(count)));
+        const std::string record = NormalisedRecord(book_, contact);
+        const std::string uid = Version5Uuid(record);
+        const auto found = given.find(uid);
+        if (found == given.end()) {
+            uids_.push_back(made_.Keep(uid));
+            given.emplace(uids_.back(), 1U);
+        } else {
+            const std::string number = std::to_string(++found->second);
+            uids_.push_back(made_.Keep(Version5Uuid(record + "\n" + number)));
+        }
     }
 }
 

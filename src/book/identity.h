@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "book/address_book.h"
+#include "book/arena.h"
 
 namespace orvik::book {
 
@@ -15,13 +16,23 @@ namespace orvik::book {
 // equal records the second and the next have their number in the name.
 class Identities {
  public:
-    explicit Identities(const Book& book);
+    // The book must outlive this. Its records are gone through when the first UID is asked for.
+    explicit Identities(const Book& book) : book_(book) {}
 
     // By the number of the contact.
-    [[nodiscard]] const std::string& UidAt(std::size_t contact) const { return uids_[contact]; }
+    [[nodiscard]] std::string_view UidAt(std::size_t contact) const {
+        if (uids_.empty()) {
+            MakeAll();
+        }
+        return uids_[contact];
+    }
 
  private:
-    std::vector<std::string> uids_;
+    void MakeAll() const;
+
+    const Book& book_;
+    mutable Arena made_;
+    mutable std::vector<std::string_view> uids_;
 };
 
 // Version5Uuid: the UUID that RFC 9562 makes of a name in Orvik's own name space.

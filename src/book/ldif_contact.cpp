@@ -30,10 +30,15 @@ std::string TimeStampOf(std::string_view text) {
 }  // namespace
 
 LdifContacts::LdifContacts(Book& book, Charset& charset, std::uint32_t file)
-    : book_(book), charset_(charset), file_(file) {}
+    : book_(book),
+      charset_(charset),
+      file_(file),
+      attributes_(book.Names),
+      has_nul_(book.SourceAt(file).Signs().Nul),
+      plain_(charset.IsUtf8() && book.SourceAt(file).BadLetters() == 0) {}
 
 void LdifContacts::Clear() {
-    contact_ = {};
+    properties_.clear();
     dn_ = any_phone_ = post_box_ = postal_ = home_postal_ = unit_ = {};
     name_ = work_ = home_ = org_ = {};
     birth_ = {};
@@ -43,11 +48,11 @@ void LdifContacts::Clear() {
     last_was_carried_ = false;
 }
 
-void LdifContacts::Add(const std::deque<TextRow>& rows, std::size_t first, const Origin& from) {
+void LdifContacts::Add(const std::vector<TextRow>& rows, std::size_t first, const Origin& from) {
     Clear();
-    book_.BeginRead(contact_, from);
+    book_.BeginRead(contact_, from, charset_.IsUtf8());
     contact_.Form = Dialect::Ldif;
-    contact_.Properties.reserve(rows.size());
+    properties_.reserve(rows.size());
     piece_ = PieceCharset::Utf8;
     if (!charset_.IsUtf8()) {
         std::vector<std::string_view> values;
@@ -63,33 +68,41 @@ void LdifContacts::Add(const std::deque<TextRow>& rows, std::size_t first, const
         TakeRow(rows[i]);
     }
     Finish();
-    book_.CountRead(contact_);
-    book_.Contacts.push_back(std::move(contact_));
+    book_.AddRead(contact_, properties_);
 }
 
 void LdifContacts::TakeRow(const TextRow& row) {
     row_ = row.Number;
-    const auto parts = SplitLdifLine(row.Text);
-    if (!parts) {
+    if (row.Colon != TextRow::kNoColon) {
+        const LdifAttribute* const known = attributes_.Known(row.Text.substr(0, row.Colon));
+        if (known != nullptr) {
+            return TakeAttribute(*known, PartsAtColon(row.Text, row.Colon));
+        }
+    }
+    if (const auto parts = SplitLdifLine(row.Text)) {
+        TakeAttribute(attributes_.Of(parts->Name), *parts);
+    } else {
         const LdifParts none{{}, {}, row.Text, LdifForm::Plain};
         Doubt(Reason::NoField, none);
         Carry("no-field", Letters(row.Text, LdifFieldOf({}), none));
-        return;
     }
-    const LdifField& field = LdifFieldOf(parts->Name);
-    const Value value = ValueOf(field, *parts);
+}
+
+void LdifContacts::TakeAttribute(const LdifAttribute& attribute, const LdifParts& parts) {
+    const LdifField& field = *attribute.Field;
+    const Value value = ValueOf(field, parts);
     if (value.Raw || value.Binary) {
-        TakeBytes(field, *parts, value);
-    } else if (TakeCarried(*parts, value.Text)) {
+        TakeBytes(field, parts, value);
+    } else if (attribute.IsCarriedVCard && TakeCarried(parts, value.Text)) {
         return;
-    } else if (!parts->Options.empty()) {
-        TakeOptions(field, *parts, value.Text);
+    } else if (!parts.Options.empty()) {
+        TakeOptions(field, parts, value.Text);
     } else if (field.Meaning == LdifMeaning::Unknown) {
-        Carry(parts->Name, value.Text);
+        Carry(parts.Name, value.Text);
     } else if (!value.Text.empty()) {
-        TakeText(field, *parts, value.Text);
+        TakeText(field, parts, value.Text);
     } else if (field.Meaning != LdifMeaning::Dn) {
-        Carry(parts->Name, {});
+        Carry(parts.Name, {});
     }
     last_was_carried_ = false;
 }
@@ -122,7 +135,7 @@ LdifContacts::Value LdifContacts::ValueOf(const LdifField& field, const LdifPart
     if (parts.Form == LdifForm::Base64) {
         return FromBase64(field, parts);
     }
-    if (parts.Value.find('\0') != std::string_view::npos) {
+    if (has_nul_ && parts.Value.find('\0') != std::string_view::npos) {
         return {book_.Keep(ToBase64(parts.Value)), true, false};
     }
     return {Letters(parts.Value, field, parts)};
@@ -161,6 +174,9 @@ LdifContacts::Value LdifContacts::FromBase64(const LdifField& field, const LdifP
 std::string_view LdifContacts::Letters(std::string_view bytes,
                                        const LdifField& field,
                                        const LdifParts& parts) {
+    if (plain_) {
+        return bytes;
+    }
     std::size_t bad = 0;
     const std::string_view text = charset_.Decode(bytes, piece_, book_.Texts(), bad);
     if (bad > 0 || book_.SourceAt(file_).IsBroken(text)) {
@@ -200,8 +216,8 @@ void LdifContacts::TakeShownName(const LdifField& field,
         Push(field.Property, text);
         named_by_display_ = display;
     } else if (there != text && named_by_display_ && !display) {
-        const auto name = std::find_if(
-            contact_.Properties.begin(), contact_.Properties.end(), [&](const Property& one) {
+        const auto name =
+            std::find_if(properties_.begin(), properties_.end(), [&](const Property& one) {
                 return one.Name == field.Property && one.Value == there;
             });
         name->Value = text;

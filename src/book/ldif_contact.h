@@ -5,8 +5,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <span>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -15,6 +15,7 @@
 #include "book/charset.h"
 #include "book/ldif_fields.h"
 #include "book/ldif_lines.h"
+#include "book/ldif_name_cache.h"
 #include "book/lines.h"
 
 namespace orvik::book {
@@ -25,7 +26,7 @@ class LdifContacts {
     LdifContacts(Book& book, Charset& charset, std::uint32_t file);
 
     // The contact of a record that begins in from.Line.
-    void Add(const std::deque<TextRow>& rows, std::size_t first, const Origin& from);
+    void Add(const std::vector<TextRow>& rows, std::size_t first, const Origin& from);
 
  private:
     // Only so many fields are looked through for an equal one: nobody has more, and time stays
@@ -62,10 +63,19 @@ class LdifContacts {
                              const LdifField& field,
                              const LdifParts& parts);
     void Carry(std::string_view name, std::string_view text, std::span<const Param> params = {});
-    void Push(NameId name, std::string_view value, std::uint32_t details = 0);
+    void Push(NameId name, std::string_view value, std::uint32_t details = 0) {
+        // Made where it stays: a copy waits for its short parts.
+        Property& one = properties_.emplace_back();
+        one.Value = value;
+        one.Name = name;
+        one.File = file_;
+        one.Line = row_;
+        one.Details = details;
+    }
     void PushOnce(NameId name, std::string_view value, std::uint32_t details = 0);
     void PushParts(NameId name, const Parts& whole, std::size_t count, std::string_view type);
     bool TakeCarried(const LdifParts& parts, std::string_view text);
+    void TakeAttribute(const LdifAttribute& attribute, const LdifParts& parts);
     void Finish();
     void FinishCarried(std::size_t merged);
     void FinishPostal(Parts& whole, std::string_view postal, std::string_view name);
@@ -85,9 +95,14 @@ class LdifContacts {
     std::uint32_t file_;
     std::vector<std::pair<std::string_view, std::uint32_t>> types_;
     std::uint32_t nameless_ = 0;
+    LdifNameCache attributes_;
+    bool has_nul_;      // the file has one somewhere
+    bool plain_;        // all letters of the file are good UTF-8
+    std::string text_;  // what is being made, before it is kept
 
     // Of the record that is being read.
     Contact contact_;
+    std::vector<Property> properties_;
     PieceCharset piece_ = PieceCharset::Utf8;
     std::uint32_t row_ = 0;  // the line that is being taken
     std::string_view dn_;

@@ -76,9 +76,6 @@ std::size_t NicknamesBefore(const std::vector<Property>& all, std::string_view l
 }  // namespace
 
 bool LdifContacts::TakeCarried(const LdifParts& parts, std::string_view text) {
-    if (!StartsAsName(parts.Name, kCarriedFromVCard)) {
-        return false;
-    }
     auto property = FromCarriedLine(book_, text);
     if (!property) {
         return false;
@@ -91,7 +88,7 @@ bool LdifContacts::TakeCarried(const LdifParts& parts, std::string_view text) {
         return true;
     }
     // The attribute that programs know stands right before.
-    std::vector<Property>& all = contact_.Properties;
+    std::vector<Property>& all = properties_;
     const bool behind = !besides && !all.empty() && !last_was_carried_;
     if (behind && property->Name == field::kNickname) {
         all.resize(all.size() - NicknamesBefore(all, property->Value));
@@ -107,7 +104,7 @@ bool LdifContacts::TakeCarried(const LdifParts& parts, std::string_view text) {
 }
 
 void LdifContacts::FinishCarried(std::size_t merged) {
-    std::vector<Property>& all = contact_.Properties;
+    std::vector<Property>& all = properties_;
     const std::size_t end = all.size();
     std::vector<bool> taken(end);
     for (const Property& one : carried_) {

@@ -82,14 +82,14 @@ void LdifContacts::TakeOnce(std::string_view& place,
 // Values keep their order: the first one stands at the end of the record, and the others behind it.
 void LdifContacts::CarryLate(const LdifParts& parts, std::string_view text) {
     Carry(parts.Name, text);
-    late_.push_back(contact_.Properties.back());
-    contact_.Properties.pop_back();
+    late_.push_back(properties_.back());
+    properties_.pop_back();
 }
 
 void LdifContacts::CarryFirst(std::string_view name, std::string_view text) {
     Carry(name, text);
-    late_.insert(late_.begin(), contact_.Properties.back());
-    contact_.Properties.pop_back();
+    late_.insert(late_.begin(), properties_.back());
+    properties_.pop_back();
 }
 
 void LdifContacts::TakeObjectClass(const LdifParts& parts, std::string_view text) {
@@ -118,18 +118,13 @@ void LdifContacts::TakeUrl(const LdifField& field, const LdifParts& parts, std::
 void LdifContacts::Carry(std::string_view name,
                          std::string_view text,
                          std::span<const Param> params) {
-    const NameId id = book_.Names.Intern(std::string(kCarriedFromLdif).append(name));
-    Push(id, text, book_.KeepDetails({}, params));
-}
-
-void LdifContacts::Push(NameId name, std::string_view value, std::uint32_t details) {
-    contact_.Properties.push_back({value, name, file_, row_, details});
+    Push(attributes_.CarriedAs(name), text, book_.KeepDetails({}, params));
 }
 
 void LdifContacts::PushOnce(NameId name, std::string_view value, std::uint32_t details) {
-    const auto end = contact_.Properties.begin() + static_cast<std::ptrdiff_t>(std::min(
-                                                       contact_.Properties.size(), kMostCompared));
-    const bool there = std::any_of(contact_.Properties.begin(), end, [&](const Property& one) {
+    const auto end = properties_.begin() +
+                     static_cast<std::ptrdiff_t>(std::min(properties_.size(), kMostCompared));
+    const bool there = std::any_of(properties_.begin(), end, [&](const Property& one) {
         return one.Name == name && one.Value == value && one.Details == details;
     });
     if (!there) {
@@ -145,21 +140,21 @@ void LdifContacts::PushParts(NameId name,
     if (whole.Line == 0) {
         return;
     }
-    std::string value;
+    text_.clear();
     for (std::size_t i = 0; i < count; ++i) {
-        value += i == 0 ? "" : ";";
-        AppendEscaped(whole.Texts[i], value);
+        text_.append(i == 0 ? "" : ";");
+        AppendEscaped(whole.Texts[i], text_);
         if (whole.Texts[i].find('\r') != std::string_view::npos) {
             Doubt(Reason::ChangedSigns, {book_.Names.Text(name), {}, whole.Texts[i]});
         }
     }
     row_ = whole.Line;
-    Push(name, book_.Keep(value), TypeDetails(type));
+    Push(name, book_.Keep(text_), TypeDetails(type));
 }
 
 void LdifContacts::Finish() {
     FinishUnit();
-    const std::size_t merged = contact_.Properties.size();
+    const std::size_t merged = properties_.size();
     FinishPostal(work_, postal_, "postalAddress");
     FinishPostal(home_, home_postal_, "homePostalAddress");
     // Netscape 4 wrote the street into the post-office box.
@@ -179,7 +174,7 @@ void LdifContacts::Finish() {
         Push(field::kTel, any_phone_, TypeDetails("work"));
     }
     FinishBirthday();
-    contact_.Properties.insert(contact_.Properties.end(), late_.begin(), late_.end());
+    properties_.insert(properties_.end(), late_.begin(), late_.end());
     if (contact_.Kind == ContactKind::List && First(field::kFn).empty()) {
         Push(field::kFn, book_.Keep("List " + std::to_string(++nameless_)));
         Doubt(Reason::NoName, {});
@@ -220,6 +215,9 @@ void LdifContacts::FinishUnit() {
 }
 
 void LdifContacts::FinishBirthday() {
+    if (birth_[0].empty() && birth_[1].empty() && birth_[2].empty()) {
+        return;
+    }
     const std::string year = Digits(birth_[0], 1, 9999, 4);
     const std::string month = Digits(birth_[1], 1, 12, 2);
     const std::string day = Digits(birth_[2], 1, 31, 2);
@@ -247,24 +245,26 @@ void LdifContacts::FinishBirthday() {
 
 // A name that follows from the fields need not be kept.
 void LdifContacts::FinishDn() {
-    if (!dn_.empty() && dn_ != DnOf(First(field::kFn), First(field::kEmail))) {
+    text_.clear();
+    AppendDn(First(field::kFn), First(field::kEmail), text_);
+    if (!dn_.empty() && dn_ != text_) {
         Carry("dn", dn_);
     }
 }
 
 bool LdifContacts::Has(NameId name, std::string_view value) const {
-    const auto end = contact_.Properties.begin() + static_cast<std::ptrdiff_t>(std::min(
-                                                       contact_.Properties.size(), kMostCompared));
-    return std::any_of(contact_.Properties.begin(), end, [&](const Property& one) {
+    const auto end = properties_.begin() +
+                     static_cast<std::ptrdiff_t>(std::min(properties_.size(), kMostCompared));
+    return std::any_of(properties_.begin(), end, [&](const Property& one) {
         return one.Name == name && one.Value == value;
     });
 }
 
 std::string_view LdifContacts::First(NameId name) const {
-    const auto found = std::find_if(contact_.Properties.begin(),
-                                    contact_.Properties.end(),
+    const auto found = std::find_if(properties_.begin(),
+                                    properties_.end(),
                                     [name](const Property& one) { return one.Name == name; });
-    return found == contact_.Properties.end() ? std::string_view{} : found->Value;
+    return found == properties_.end() ? std::string_view{} : found->Value;
 }
 
 std::uint32_t LdifContacts::TypeDetails(std::string_view type) {

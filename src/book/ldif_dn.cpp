@@ -72,14 +72,18 @@ std::string WithoutEscapes(std::string_view value) {
 
 }  // namespace
 
-std::string DnOf(std::string_view name, std::string_view address) {
-    std::string dn;
+void AppendDn(std::string_view name, std::string_view address, std::string& to) {
     if (!name.empty()) {
-        dn.append(kCn).append(name);
+        to.append(kCn).append(name);
     }
     if (!address.empty()) {
-        dn.append(dn.empty() ? "" : ",").append(kMail).append(address);
+        to.append(name.empty() ? "" : ",").append(kMail).append(address);
     }
+}
+
+std::string DnOf(std::string_view name, std::string_view address) {
+    std::string dn;
+    AppendDn(name, address, dn);
     return dn;
 }
 

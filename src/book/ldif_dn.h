@@ -10,6 +10,7 @@ namespace orvik::book {
 // DnOf: the name of a record as Mozilla writes it, commas unescaped; empty without both.
 //   "Ada Abbott", "ada@example.org" -> "cn=Ada Abbott,mail=ada@example.org"
 [[nodiscard]] std::string DnOf(std::string_view name, std::string_view address);
+void AppendDn(std::string_view name, std::string_view address, std::string& to);
 
 struct DnParts {
     std::string Name;     // of the person

@@ -17,7 +17,7 @@ bool IsContinuation(std::string_view line) {
 }
 
 bool IsBlank(std::string_view line) {
-    return !line.empty() && line.find_first_not_of(kBlanks) == std::string_view::npos;
+    return IsContinuation(line) && line.find_first_not_of(kBlanks) == std::string_view::npos;
 }
 
 // Which bytes names are made of. A table, as each byte of a name is looked at.
@@ -45,17 +45,12 @@ void Extend(LdifLine& line, const Line& by) {
 
 }  // namespace
 
-LdifLines::LdifLines(std::string_view text, Book& book)
-    : lines_(text), has_next_(lines_.Next(next_)), book_(book) {}
-
 bool LdifLines::Next(LdifLine& line) {
-    while (has_next_) {
-        const Line first = next_;
-        has_next_ = lines_.Next(next_);
+    for (Line first; lines_.Next(first);) {
         line = {first.Text, first.WithEnd, first.Number, first.Number, Reason::None};
         if (IsBlank(first.Text)) {
             line.Text = {};
-        } else if (has_next_ && !first.Text.empty() && IsContinuation(next_.Text)) {
+        } else if (!first.Text.empty() && IsContinuation(lines_.Rest())) {
             TakeContinuations(line);
         }
         // A comment goes on in its continuations, too.
@@ -66,21 +61,30 @@ bool LdifLines::Next(LdifLine& line) {
     return false;
 }
 
+bool LdifLines::NextContinuation(Line& line) {
+    return IsContinuation(lines_.Rest()) && lines_.Next(line);
+}
+
 void LdifLines::TakeContinuations(LdifLine& line) {
     std::string whole(line.Text);
-    while (has_next_ && IsContinuation(next_.Text)) {
-        if (IsBlank(next_.Text)) {
+    for (;;) {
+        const Lines before = lines_;
+        Line next;
+        if (!NextContinuation(next)) {
+            break;
+        }
+        if (IsBlank(next.Text)) {
+            lines_ = before;
             if (!TakeBlanks(line, whole)) {
                 break;
             }
             continue;
         }
-        if (next_.Text.front() == '\t') {
+        if (next.Text.front() == '\t') {
             line.Doubt = Reason::TabFolding;
         }
-        whole += next_.Text.substr(1);
-        Extend(line, next_);
-        has_next_ = lines_.Next(next_);
+        whole += next.Text.substr(1);
+        Extend(line, next);
     }
     line.Text = whole == line.Text ? line.Text : book_.Keep(whole);
 }
@@ -90,12 +94,20 @@ void LdifLines::TakeContinuations(LdifLine& line) {
 bool LdifLines::TakeBlanks(LdifLine& line, std::string& whole) {
     LdifLine more = line;
     std::string blanks;
-    while (has_next_ && IsBlank(next_.Text)) {
-        blanks += next_.Text.substr(1);
-        Extend(more, next_);
-        has_next_ = lines_.Next(next_);
+    for (;;) {
+        const Lines before = lines_;
+        Line next;
+        if (!NextContinuation(next)) {
+            break;
+        }
+        if (!IsBlank(next.Text)) {
+            lines_ = before;
+            break;
+        }
+        blanks += next.Text.substr(1);
+        Extend(more, next);
     }
-    if (has_next_ && BeginsLdifRecord(next_.Text)) {
+    if (BeginsLdifRecord(lines_.Rest())) {
         line.Doubt = Reason::LineOfBlanks;
         return false;
     }
@@ -117,14 +129,7 @@ std::optional<LdifParts> SplitLdifLine(std::string_view line) {
     if (parts.Name.empty() || colon == line.size() || line[colon] != ':') {
         return std::nullopt;
     }
-    parts.Value = line.substr(colon + 1);
-    if (parts.Value.starts_with(':')) {
-        parts.Form = LdifForm::Base64;
-    } else if (parts.Value.starts_with('<')) {
-        parts.Form = LdifForm::Url;
-    }
-    parts.Value.remove_prefix(parts.Form == LdifForm::Plain ? 0 : 1);
-    parts.Value.remove_prefix(std::min(parts.Value.find_first_not_of(kBlanks), parts.Value.size()));
+    parts.TakeValue(line.substr(colon + 1));
     return parts;
 }
 

@@ -44,7 +44,9 @@ LdifRecordWriter::LdifRecordWriter(Book& book,
                                    std::string& text)
     : book_(book), directory_(directory), set_(set), text_(text) {}
 
-void LdifRecordWriter::Write(const Contact& contact, std::string_view uid) {
+void LdifRecordWriter::Write(const Contact& contact,
+                             const Identities& identities,
+                             std::size_t number) {
     contact_ = &contact;
     named_ = parts_ = nicknamed_ = organised_ = work_ = home_ = false;
     identified_ = born_ = saved_ = false;
@@ -52,16 +54,16 @@ void LdifRecordWriter::Write(const Contact& contact, std::string_view uid) {
     of_evolution_ = !FirstOf(book_, contact, field::kEvolutionList).empty();
     shown_ = NameOf(book_, contact).Shown;
     book_.TellLosses(contact);
-    WriteHead(uid);
+    WriteHead(identities, number);
     for (const Property& one : contact.Properties) {
         WriteProperty(one);
     }
 }
 
-void LdifRecordWriter::WriteHead(std::string_view uid) {
+void LdifRecordWriter::WriteHead(const Identities& identities, std::size_t number) {
     dn_ = DnOfContact(book_, *contact_);
     if (dn_.empty() || HasNul(dn_)) {
-        dn_ = std::string("cn=").append(uid);
+        dn_ = std::string("cn=").append(identities.UidAt(number));
     }
     AppendLdifLine("dn", dn_, text_);
     AppendLdifLine("objectclass", "top", text_);

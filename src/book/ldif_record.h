@@ -17,7 +17,8 @@ class LdifRecordWriter {
     // All must outlive this; the text is appended to.
     LdifRecordWriter(Book& book, const Directory& directory, LdifAttributes set, std::string& text);
 
-    void Write(const Contact& contact, std::string_view uid);
+    // number is that of the contact.
+    void Write(const Contact& contact, const Identities& identities, std::size_t number);
 
  private:
     // Only so many fields are looked through for another one, so that time stays linear.
@@ -26,7 +27,7 @@ class LdifRecordWriter {
     // What is written of a property under the names of programs.
     enum class Fit { All, Part, None };
 
-    void WriteHead(std::string_view uid);
+    void WriteHead(const Identities& identities, std::size_t number);
     void WriteProperty(const Property& one);
     bool WriteInLanguage(const Property& one);
     Fit WriteNatural(const Property& one);

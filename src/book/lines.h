@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <string_view>
+#include <vector>
 
 namespace orvik::book {
 
@@ -21,6 +21,9 @@ struct Line {
 struct TextRow {
     std::string_view Text;
     std::uint32_t Number = 0;
+    std::uint32_t Colon = kNoColon;  // where the first one is
+
+    static constexpr std::uint32_t kNoColon = ~std::uint32_t{0};
 };
 
 // The rows of a record. Lines that are no fields, one behind the other, are one row: a text that
@@ -30,11 +33,11 @@ class TextRows {
     // folded says that the text is not the line as it stands in its file.
     void Add(std::string_view text, std::uint32_t number, bool folded);
     void Clear();
-    [[nodiscard]] const std::deque<TextRow>& All() const { return rows_; }
-    [[nodiscard]] std::deque<TextRow>& All() { return rows_; }
+    [[nodiscard]] const std::vector<TextRow>& All() const { return rows_; }
+    [[nodiscard]] std::vector<TextRow>& All() { return rows_; }
 
  private:
-    std::deque<TextRow> rows_;
+    std::vector<TextRow> rows_;
     bool ends_with_text_ = false;
 };
 
@@ -53,15 +56,22 @@ struct LineEnds {
 class Lines {
  public:
     explicit Lines(std::string_view text);
+    // The same where it is known whether there is a CR in the text.
+    Lines(std::string_view text, bool has_cr) : rest_(text), has_cr_(has_cr) {}
 
     // The next line; false at the end of the text.
     bool Next(Line& line);
+    // The text behind the lines that were read.
+    [[nodiscard]] std::string_view Rest() const { return rest_; }
 
  private:
     [[nodiscard]] std::size_t EndOfLine() const {
         return has_cr_ ? EndBesideCr() : std::min(rest_.find('\n'), rest_.size());
     }
     [[nodiscard]] std::size_t EndBesideCr() const;
+    [[nodiscard]] static std::size_t LengthOfEnd(std::string_view end) {
+        return end.front() == '\n' ? 1 : end == "\r\r\n" ? 3 : end.starts_with("\r\n") ? 2 : 1;
+    }
 
     std::string_view rest_;
     std::uint32_t number_ = 0;
@@ -76,10 +86,11 @@ inline bool Lines::Next(Line& line) {
     const std::size_t length = EndOfLine();
     std::size_t whole = length;
     if (whole < rest_.size()) {
-        const std::string_view end = rest_.substr(whole, 3);
-        whole += end == "\r\r\n" ? 3 : end.starts_with("\r\n") ? 2 : 1;
+        whole += LengthOfEnd(rest_.substr(whole, 3));
     }
-    line = {rest_.substr(0, length), ++number_, rest_.substr(0, whole)};
+    line.Text = rest_.substr(0, length);
+    line.Number = ++number_;
+    line.WithEnd = rest_.substr(0, whole);
     rest_.remove_prefix(whole);
     return true;
 }

@@ -1,7 +1,6 @@
 #include "book/read_ldif.h"
 
 #include <algorithm>
-#include <deque>
 #include <optional>
 #include <string_view>
 
@@ -19,7 +18,7 @@ class Reader {
 
     void Read() {
         const Source& source = book_.SourceAt(file_);
-        LdifLines lines(source.Text(), book_);
+        LdifLines lines(source, book_);
         for (LdifLine line; lines.Next(line);) {
             if (line.Text.empty()) {
                 End(false);

@@ -1,7 +1,6 @@
 #include "book/read_vcard.h"
 
 #include <cstddef>
-#include <deque>
 #include <string>
 #include <string_view>
 
@@ -18,7 +17,7 @@ class Cards {
     Cards(Book& book, std::uint32_t file, Charset& charset)
         : book_(book),
           file_(file),
-          lines_(book.SourceAt(file).Text(), book),
+          lines_(book.SourceAt(file), book),
           contacts_(book, charset, file) {}
 
     void Read() {

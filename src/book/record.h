@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
-#include <vector>
 
 #include "book/field_names.h"
 
@@ -53,7 +52,7 @@ enum class ContactKind : std::uint8_t { Person, List };
 enum class Dialect : std::uint8_t { None, Ldif, VCard21, VCard30, VCard40 };
 
 struct Contact {
-    std::vector<Property> Properties;
+    std::span<Property> Properties;  // in the book's arena
     Origin From;
     ContactKind Kind = ContactKind::Person;
     Dialect Form = Dialect::None;

@@ -115,6 +115,32 @@ std::string WithoutJoints(std::string_view text) {
     return joined;
 }
 
+// The text is looked at once, many bytes at a time: the parts are of one length for the compiler.
+SignsOfText SignsIn(std::string_view text) {
+    constexpr std::size_t kPart = 64;
+    std::uint8_t nul = 0;
+    std::uint8_t cr = 0;
+    std::uint8_t escape = 0;
+    std::uint8_t end = 0;
+    std::uint8_t all = 0;
+    const auto look = [&](char c) {
+        const auto byte = static_cast<std::uint8_t>(c);
+        nul |= static_cast<std::uint8_t>(byte == 0);
+        cr |= static_cast<std::uint8_t>(byte == '\r');
+        escape |= static_cast<std::uint8_t>(byte == '\x1B');
+        end |= static_cast<std::uint8_t>(c == kEndOfText);
+        all |= byte;
+    };
+    for (; text.size() >= kPart; text.remove_prefix(kPart)) {
+        const char* const part = text.data();
+        for (std::size_t i = 0; i < kPart; ++i) {
+            look(part[i]);
+        }
+    }
+    std::for_each(text.begin(), text.end(), look);
+    return {nul != 0, cr != 0, escape != 0, all >= 0x80, end != 0};
+}
+
 }  // namespace
 
 WideForm WideFormOf(std::string_view bytes) {
@@ -146,10 +172,11 @@ Source::Source(std::string name, std::string bytes)
         }
         text_ = decoded_;
     }
-    if (text_.find(kMark) != std::string_view::npos ||
-        text_.find(kEndOfText) != std::string_view::npos) {
+    signs_ = SignsIn(text_);
+    if (signs_.EndOfText || (signs_.NotAscii && text_.find(kMark) != std::string_view::npos)) {
         decoded_ = WithoutJoints(text_);
         text_ = decoded_;
+        signs_ = SignsIn(text_);
     }
 }
 

@@ -16,6 +16,15 @@ inline constexpr std::size_t kLongestSource = 0xFFFFFFFEU;
 // How text is stored in 16 or 32 bits a letter, if it is.
 enum class WideForm : std::uint8_t { None, Utf16Le, Utf16Be, Utf32Le, Utf32Be };
 
+// Which bytes there are somewhere in a text; without them much need not be looked for.
+struct SignsOfText {
+    bool Nul = false;
+    bool Cr = false;
+    bool Escape = false;
+    bool NotAscii = false;
+    bool EndOfText = false;  // the sign that ends a text of DOS
+};
+
 class Source {
  public:
     // The name is what the user called the file, "-" for standard input.
@@ -33,6 +42,8 @@ class Source {
 
     [[nodiscard]] WideForm Wide() const { return wide_; }
     [[nodiscard]] bool HasMark() const { return has_mark_; }
+    // What there is in the text.
+    [[nodiscard]] const SignsOfText& Signs() const { return signs_; }
     // Bytes that are no letter of a wide text; each became U+FFFD.
     [[nodiscard]] std::size_t BadLetters() const { return bad_letters_; }
     // Whether a piece of the text holds one of them.
@@ -53,6 +64,7 @@ class Source {
     std::string_view text_;
     WideForm wide_ = WideForm::None;
     bool has_mark_ = false;
+    SignsOfText signs_;
     std::size_t bad_letters_ = 0;
 };
 

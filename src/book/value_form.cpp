@@ -8,15 +8,33 @@ namespace {
 
 constexpr std::string_view kEscaped = "\\,;\r\n";
 
+// A table, as each byte of a value is looked at.
+constexpr std::array<bool, 256> kIsEscaped = [] {
+    std::array<bool, 256> escaped{};
+    for (const char c : kEscaped) {
+        escaped[static_cast<unsigned char>(c)] = true;
+    }
+    return escaped;
+}();
+
+// How long a text goes on without a byte that needs an escape.
+std::size_t PlainLength(std::string_view text) {
+    std::size_t length = 0;
+    while (length < text.size() && !kIsEscaped[static_cast<unsigned char>(text[length])]) {
+        ++length;
+    }
+    return length;
+}
+
 }  // namespace
 
 bool NeedsEscapes(std::string_view text) {
-    return text.find_first_of(kEscaped) != std::string_view::npos;
+    return PlainLength(text) < text.size();
 }
 
 void AppendEscaped(std::string_view text, std::string& to) {
     while (!text.empty()) {
-        const std::size_t plain = std::min(text.find_first_of(kEscaped), text.size());
+        const std::size_t plain = PlainLength(text);
         to.append(text.substr(0, plain));
         text.remove_prefix(plain);
         if (text.empty()) {

@@ -1,6 +1,7 @@
 #include "book/vcard_contact.h"
 
 #include <algorithm>
+#include <deque>
 #include <span>
 #include <utility>
 
@@ -60,23 +61,23 @@ bool HasLoneCr(std::string_view text) {
 VCardContacts::VCardContacts(Book& book, Charset& charset, std::uint32_t file)
     : book_(book), charset_(charset), file_(file) {}
 
-void VCardContacts::Add(const std::deque<TextRow>& rows, Dialect form, const Origin& from) {
+void VCardContacts::Add(const std::vector<TextRow>& rows, Dialect form, const Origin& from) {
     details_ = 0;
-    book_.BeginRead(contact_, from);
-    contact_.Properties.reserve(rows.size());
+    properties_.clear();
+    book_.BeginRead(contact_, from, charset_.IsUtf8());
+    properties_.reserve(rows.size());
     contact_.Form = form;
     form_ = form == Dialect::None ? Dialect::VCard30 : form;
     Judge(rows);
     for (const TextRow& row : rows) {
         TakeRow(row);
     }
-    book_.CountRead(contact_);
-    book_.Contacts.push_back(std::move(contact_));
+    book_.AddRead(contact_, properties_);
 }
 
 // A card is of one set but for the values that name theirs. Quoted-printable without a name is of
 // the set of the program that wrote it.
-void VCardContacts::Judge(const std::deque<TextRow>& rows) {
+void VCardContacts::Judge(const std::vector<TextRow>& rows) {
     std::vector<std::string_view> raw;
     const auto add_raw = [&](std::string_view text) {
         if (!charset_.IsUtf8()) {
@@ -113,7 +114,7 @@ void VCardContacts::TakeRow(const TextRow& row) {
         std::string text;
         AppendOneLine(Letters(row.Text, none, {}), text);
         const NameId name = book_.Names.Intern("X-ORVIK-VCARD-no-field");
-        contact_.Properties.push_back({book_.Keep(text), name, file_, row.Number, 0});
+        properties_.push_back({book_.Keep(text), name, file_, row.Number, 0});
         return;
     }
     const NameId name = book_.Names.Intern(parts->Name);
@@ -127,11 +128,14 @@ void VCardContacts::TakeRow(const TextRow& row) {
     if (name == field::kN && PartCount(value) < kNameParts) {
         Doubt(Reason::FewParts, *parts);
     }
-    contact_.Properties.push_back({value, name, file_, row.Number, DetailsOf(*parts)});
+    properties_.push_back({value, name, file_, row.Number, DetailsOf(*parts)});
 }
 
 // The parameter that Orvik added is gone when its value is read.
 std::string_view VCardContacts::TakeBreaks(NameId name, std::string_view value) {
+    if (params_.empty()) {
+        return value;
+    }
     const NameId id = book_.Names.Find(kBreaksParam);
     const auto found = id == FieldNames::kNone
                            ? params_.end()
@@ -149,7 +153,7 @@ std::string_view VCardContacts::TakeBreaks(NameId name, std::string_view value) 
 // Fields with the same parameters follow each other, and share them.
 std::uint32_t VCardContacts::DetailsOf(const VCardParts& parts) {
     if (details_ == 0 || !parts.Group.empty() || parts.Params != details_of_) {
-        const std::uint32_t details = book_.KeepDetails(parts.Group, params_);
+        const std::uint32_t details = book_.TakeDetails(parts.Group, params_);
         details_ = parts.Group.empty() ? details : 0;
         details_of_ = parts.Params;
         return details;
@@ -170,11 +174,19 @@ void VCardContacts::TakeVersion(const VCardParts& parts, std::uint32_t line) {
     std::string text;
     AppendOneLine(Letters(parts.Value, parts, {}), text);
     const NameId name = book_.Names.Intern("X-ORVIK-VCARD-VERSION");
-    contact_.Properties.push_back({book_.Keep(text), name, file_, line, 0});
+    properties_.push_back({book_.Keep(text), name, file_, line, 0});
 }
 
 VCardContacts::Manner VCardContacts::TakeParams(const VCardParts& parts) {
+    constexpr std::size_t kLongParams = 4096;
     Manner manner;
+    if (parts.Params.size() > kLongParams) {
+        // Millions of them are counted, as they would be there three times while they grow.
+        params_.reserve(2 + static_cast<std::size_t>(
+                                std::count_if(parts.Params.begin(), parts.Params.end(), [](char c) {
+                                    return c == ';' || c == ',';
+                                })));
+    }
     std::string_view rest = parts.Params;
     while (const auto param = TakeParam(rest)) {
         if (const auto encoding = EncodingNamed(*param)) {

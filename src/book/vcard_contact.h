@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,7 +22,7 @@ class VCardContacts {
 
     // The contact of a card, of its lines between BEGIN and END. form is None for a card without
     // a version.
-    void Add(const std::deque<TextRow>& rows, Dialect form, const Origin& from);
+    void Add(const std::vector<TextRow>& rows, Dialect form, const Origin& from);
 
  private:
     // What the parameters say about the value, less what is gone when it is read.
@@ -32,7 +31,7 @@ class VCardContacts {
         std::string_view Charset;
     };
 
-    void Judge(const std::deque<TextRow>& rows);
+    void Judge(const std::vector<TextRow>& rows);
     void TakeRow(const TextRow& row);
     void TakeVersion(const VCardParts& parts, std::uint32_t line);
     Manner TakeParams(const VCardParts& parts);
@@ -58,6 +57,7 @@ class VCardContacts {
 
     // Of the card that is being read.
     Contact contact_;
+    std::vector<Property> properties_;
     Dialect form_ = Dialect::None;
     PieceCharset piece_ = PieceCharset::Utf8;
     PieceCharset quoted_ = PieceCharset::Utf8;

@@ -188,8 +188,8 @@ Dialect VersionOf(std::string_view value) {
     return value == "4.0" ? Dialect::VCard40 : Dialect::None;
 }
 
-VCardLines::VCardLines(std::string_view text, Book& book)
-    : lines_(text), has_next_(lines_.Next(next_)), book_(book) {}
+VCardLines::VCardLines(const Source& source, Book& book)
+    : lines_(source.Text(), source.Signs().Cr), has_next_(lines_.Next(next_)), book_(book) {}
 
 bool VCardLines::NextRaw(Line& line) {
     if (!has_next_) {

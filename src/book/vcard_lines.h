@@ -57,7 +57,7 @@ struct VCardLine {
 class VCardLines {
  public:
     // What is folded is kept in the book.
-    VCardLines(std::string_view text, Book& book);
+    VCardLines(const Source& source, Book& book);
 
     // In vCard 2.1 lines are folded before a blank that stays.
     void SetForm(Dialect form) { form_ = form; }

@@ -15,6 +15,7 @@ std::string WriteLdif(Book& book, std::optional<LdifAttributes> set) {
     const Identities identities(book);
     const Directory directory(book, identities);
     std::string text = "version: 1\n";
+    text.reserve(book.LikelyLength());
     LdifRecordWriter writer(book, directory, set.value_or(LdifAttributes::Mozilla), text);
     for (std::size_t i = 0; i < book.Contacts.size(); ++i) {
         const Contact& contact = book.Contacts[i];
@@ -24,7 +25,7 @@ std::string WriteLdif(Book& book, std::optional<LdifAttributes> set) {
             text.append(text.ends_with('\n') || text.ends_with('\r') ? "" : "\n");
             book.Told.CountMore(What::Kept, contact.Properties.size());
         } else {
-            writer.Write(contact, identities.UidAt(i));
+            writer.Write(contact, identities, i);
         }
         book.CountWritten(i + 1);
     }

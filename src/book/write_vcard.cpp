@@ -28,6 +28,7 @@ class CardWriter {
             CountAllKept(book_);
             return std::string(*bytes);
         }
+        text_.reserve(book_.LikelyLength());
         for (std::size_t i = 0; i < book_.Contacts.size(); ++i) {
             const Contact& contact = book_.Contacts[i];
             if (const auto bytes = UnchangedRecord(book_, contact, version_)) {
@@ -35,7 +36,7 @@ class CardWriter {
                 text_.append(text_.ends_with('\n') || text_.ends_with('\r') ? "" : "\r\n");
                 book_.Told.CountMore(What::Kept, contact.Properties.size());
             } else {
-                Write(contact, identities_.UidAt(i));
+                Write(contact, i);
             }
             book_.CountWritten(i + 1);
         }
@@ -43,11 +44,11 @@ class CardWriter {
     }
 
  private:
-    void Write(const Contact& contact, const std::string& uid) {
+    void Write(const Contact& contact, std::size_t number) {
         book_.TellLosses(contact);
         AppendFolded("BEGIN:VCARD", text_);
         AppendFolded(version_ == Dialect::VCard40 ? "VERSION:4.0" : "VERSION:3.0", text_);
-        WriteFirst(contact, uid);
+        WriteFirst(contact, number);
         for (const Property& one : contact.Properties) {
             if (one.Name != field::kUid && one.Name != field::kN && one.Name != field::kFn) {
                 WriteProperty(contact, one);
@@ -57,9 +58,10 @@ class CardWriter {
     }
 
     // What each card has, made up from the rest where it lacks.
-    void WriteFirst(const Contact& contact, const std::string& uid) {
+    void WriteFirst(const Contact& contact, std::size_t number) {
         if (WriteAll(contact, field::kUid) == 0) {
-            AppendFolded((version_ == Dialect::VCard40 ? "UID:urn:uuid:" : "UID:") + uid, text_);
+            std::string line = version_ == Dialect::VCard40 ? "UID:urn:uuid:" : "UID:";
+            AppendFolded(line.append(identities_.UidAt(number)), text_);
         }
         if (WriteAll(contact, field::kN) == 0 && version_ == Dialect::VCard30) {
             AppendFolded("N:;;;;", text_);

@@ -101,7 +101,7 @@ cli::ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& o
         return loaded.Status;
     }
     const bool unchanged = IsUnchanged(arguments, loaded.Book);
-    const std::string text = Written(arguments, loaded, console);
+    const SharedText text = Written(arguments, loaded, console);
     cli::ExitStatus status = StatusOf(loaded.Book);
     if (const std::string refusal = Refusal(loaded.Book, arguments.AllowLoss); !refusal.empty()) {
         TellRemarks(console, loaded);

@@ -99,19 +99,19 @@ bool Outputs::AreOneFile() const {
                files.ResolveLinks(report_.Name).lexically_normal();
 }
 
-ExitStatus Outputs::WriteBook(std::string_view contents) {
+ExitStatus Outputs::WriteBook(const SharedText& contents) {
     if (!book_.Name.empty()) {
         return WriteFile(book_, contents);
     }
-    console_.Out() << contents;
+    console_.Out() << contents.View();
     return ExitStatus::Done;
 }
 
-ExitStatus Outputs::WriteReport(std::string_view contents) {
+ExitStatus Outputs::WriteReport(const SharedText& contents) {
     return report_.Name.empty() ? ExitStatus::Done : WriteFile(report_, contents);
 }
 
-ExitStatus Outputs::WriteFile(const Target& target, std::string_view contents) {
+ExitStatus Outputs::WriteFile(const Target& target, const SharedText& contents) {
     console_.Begin(target.Name);
     const ExitStatus status = Trap(console_, [&] {
         if (target.MayReplace || arguments_.Force) {
@@ -122,7 +122,7 @@ ExitStatus Outputs::WriteFile(const Target& target, std::string_view contents) {
             if (old) {
                 throw RunTimeError(Failure::PermissionDenied, "The file is there by now.");
             }
-            return std::optional<std::string>(contents);
+            return std::optional<SharedText>(contents);
         });
     });
     console_.End();

@@ -4,8 +4,8 @@
 
 #include <span>
 #include <string>
-#include <string_view>
 
+#include "app/shared_text.h"
 #include "book_cli/book_arguments.h"
 #include "book_cli/console.h"
 #include "cli/exit_status.h"
@@ -24,8 +24,8 @@ class Outputs {
 
     // Writes the book, or the report; a file as a whole or not at all. Without a name for it
     // nothing is done.
-    [[nodiscard]] cli::ExitStatus WriteBook(std::string_view contents);
-    [[nodiscard]] cli::ExitStatus WriteReport(std::string_view contents);
+    [[nodiscard]] cli::ExitStatus WriteBook(const SharedText& contents);
+    [[nodiscard]] cli::ExitStatus WriteReport(const SharedText& contents);
     // What was printed has to have arrived.
     [[nodiscard]] cli::ExitStatus FinishPrinting();
 
@@ -39,7 +39,7 @@ class Outputs {
     [[nodiscard]] cli::ExitStatus CheckFile(Target& target);
     [[nodiscard]] bool IsRead(const std::string& name) const;
     [[nodiscard]] bool AreOneFile() const;
-    [[nodiscard]] cli::ExitStatus WriteFile(const Target& target, std::string_view contents);
+    [[nodiscard]] cli::ExitStatus WriteFile(const Target& target, const SharedText& contents);
     cli::ExitStatus Refuse(const std::string& text, const std::string& name);
 
     Console& console_;

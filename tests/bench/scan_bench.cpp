@@ -3,13 +3,13 @@
 
 #include <array>
 #include <cstring>
-#include <ctime>
 #include <random>
 #include <string>
 #include <string_view>
 
 #include "app/working_text.h"
 #include "bench/measure.h"
+#include "bench/processor_time.h"
 #include "extract/scan.h"
 #include "listops/sort_entries.h"
 
@@ -165,19 +165,6 @@ void MemchrText(benchmark::State& state, const std::string& (*text_of)()) {
         Memchr(text);
     }
     CountBytes(state, text);
-}
-
-// The processor time of a function, in milliseconds.
-template <class Work>
-double Milliseconds(const Work& work) {
-    const auto now = [] {
-        std::timespec time{};
-        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-    };
-    const double before = now();
-    work();
-    return now() - before;
 }
 
 // One and the other in turn, so that both meet the same machine. The report reads the counters.

@@ -20,33 +20,20 @@ sys.dont_write_bytecode = True
 import card_lines
 import own_cards
 import public_cards
+from public_cards import Count, run
 
 PROGRAM, TOUCH, ROOT = sys.argv[1:4]
-# Some cards have letters that are cut, which nothing can hold.
-CONVERT = (PROGRAM, "convert", "--allow-loss")
+CONVERT = (PROGRAM, *public_cards.CONVERT)
 SETS = ("netscape", "mozilla", "kcontacts", "evolution")
 
 
-class Count:
-    files = lines = runs = failed = planted = 0
-
-    @classmethod
-    def fail(cls, path, what):
-        cls.failed += 1
-        print(f"{path}: {what}"[:300])
-
-
-def run(*arguments, data=None):
-    """What a program prints; its status may tell of something that was skipped."""
-    done = subprocess.run(arguments, input=data, capture_output=True)
-    if done.returncode not in (0, 1):
-        Count.fail(arguments[-1], f"{arguments}: status {done.returncode}: {done.stderr}")
-    return done.stdout
+class Compared:
+    runs = lines = 0
 
 
 def compare(path, source, written, how, empty_ones=True):
-    Count.runs += 1
-    Count.lines += len(card_lines.fields(source))
+    Compared.runs += 1
+    Compared.lines += len(card_lines.fields(source))
     for name, text in card_lines.missing(source, written):
         if text or empty_ones:
             Count.fail(path, f"{how}: {name} is missing: {text!r}")
@@ -134,7 +121,6 @@ def check_nobody(path):
 
 def check(path, number):
     source = path.read_bytes()
-    Count.files += 1
     if not card_lines.fields(source):
         check_nobody(str(path))
         return
@@ -153,19 +139,10 @@ def main():
             path.write_bytes(card)
             check(path, number)
             check_planted(str(path), card)
-    public = public_cards.folder(ROOT)
-    if public is None:
-        print("public cards: not here (ORVIK_PUBLIC_CARDS names their folder), so left out")
-    else:
-        own = Count.files
-        for number, path in enumerate(sorted(public.rglob("*.vcf"))):
-            check(path, number)
-        print(f"public cards: {Count.files - own} files")
-        if Count.files == own:
-            Count.fail(public, "holds no cards")
-    print(f"{Count.runs} files written, {Count.lines} lines, {Count.failed} failures, "
+    public_cards.check_each(ROOT, check)
+    print(f"{Compared.runs} files written, {Compared.lines} lines, {Count.failed} failures, "
           f"{Count.planted} planted losses")
-    return 1 if Count.failed or not Count.planted else 0
+    return Count.status()
 
 
 sys.exit(main())

@@ -25,31 +25,19 @@ import known
 import own_books
 import own_cards
 import public_cards
+from public_cards import Count, run
 
 PROGRAM, TOUCH, READERS, ROOT = sys.argv[1:5]
+CONVERT = (PROGRAM, *public_cards.CONVERT)
 LIBRARIES = {known.KCONTACTS: "kcontacts_cards", known.EVOLUTION: "evolution_cards"}
 SETS = ("netscape", "mozilla", "kcontacts", "evolution")
 
 
-class Count:
-    files = planted = failed = 0
+class Read:
+    """By library: the cards, and what is known to be read otherwise."""
+
     cards = collections.Counter()
     known = collections.Counter()
-    # What was met in our own books.
-    own = set()
-
-    @classmethod
-    def fail(cls, path, what):
-        cls.failed += 1
-        print(f"{path}: {what}"[:400])
-
-
-def run(*arguments, data=None):
-    """What a program prints; its status may tell of something that was skipped."""
-    done = subprocess.run(arguments, input=data, capture_output=True)
-    if done.returncode not in (0, 1):
-        Count.fail(arguments[-1], f"{arguments}: status {done.returncode}: {done.stderr}")
-    return done.stdout
 
 
 def shown(path, data=None):
@@ -79,11 +67,11 @@ def check(path, how, written, source, wanted, folder):
     """The libraries find what is wanted."""
     for library in LIBRARIES:
         found = read(library, written, folder)
-        Count.cards[library] += len(wanted)
+        Read.cards[library] += len(wanted)
         for what, reason in known.differences(library, written, source, wanted, found):
             if reason is None:
                 Count.fail(path, f"{how}: {library}: {what}")
-            Count.known[library, reason] += 1
+            Read.known[library, reason] += 1
 
 
 def changed(line):
@@ -108,18 +96,17 @@ def check_planted(path, written, wanted, folder):
 
 
 def check_book(path, number, folder):
-    Count.files += 1
     source = path.read_bytes()
     wanted = shown(str(path))
     if not wanted:
         return
-    ldif = run(PROGRAM, "convert", str(path), "--attributes", SETS[number % len(SETS)])
+    ldif = run(*CONVERT, str(path), "--attributes", SETS[number % len(SETS)])
     through = shown("-", ldif)
     for version in "34":
         to = ("--vcard", version)
-        written = run(PROGRAM, "convert", str(path), *to)
+        written = run(*CONVERT, str(path), *to)
         check(path, f"to {version}.0", written, source, wanted, folder)
-        again = run(PROGRAM, "convert", "-", *to, data=ldif)
+        again = run(*CONVERT, "-", *to, data=ldif)
         check(path, f"through LDIF to {version}.0", again, b"", through, folder)
         if path.suffix == ".vcf":
             touched = run(TOUCH, version, str(path))
@@ -138,42 +125,30 @@ def own_files(folder):
 
 def check_own(folder):
     for number, path in enumerate(own_files(folder)):
+        Count.files += 1
         check_book(path, number, folder)
     for library, names in known.KNOWN.items():
         for name in names:
-            if not Count.known[library, name]:
+            if not Read.known[library, name]:
                 Count.fail("own books", f"{library}: not met: {name}")
     for name in ("old.ldif", "plain.vcf", "odd.vcf"):
         for version in "34":
             path = str(folder / name)
-            written = run(PROGRAM, "convert", path, "--vcard", version)
+            written = run(*CONVERT, path, "--vcard", version)
             check_planted(path, written, shown(path), folder)
-
-
-def check_public(folder):
-    public = public_cards.folder(ROOT)
-    if public is None:
-        print("public cards: not here (ORVIK_PUBLIC_CARDS names their folder), so left out")
-        return
-    own = Count.files
-    for number, path in enumerate(sorted(public.rglob("*.vcf"))):
-        check_book(path, number, folder)
-    print(f"public cards: {Count.files - own} files")
-    if Count.files == own:
-        Count.fail(public, "holds no cards")
 
 
 def main():
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
         check_own(folder)
-        check_public(folder)
+        public_cards.check_each(ROOT, lambda path, number: check_book(path, number, folder))
     for library in LIBRARIES:
-        print(f"{library}: {Count.cards[library]} cards read")
+        print(f"{library}: {Read.cards[library]} cards read")
         for name in known.KNOWN[library]:
-            print(f"  {Count.known[library, name]:5d}  {name}")
+            print(f"  {Read.known[library, name]:5d}  {name}")
     print(f"{Count.files} books, {Count.failed} failures, {Count.planted} planted differences")
-    return 1 if Count.failed or not Count.planted else 0
+    return Count.status()
 
 
 if __name__ == "__main__":

@@ -1,6 +1,9 @@
 #include "book/address_book.h"
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
+#include <span>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -31,7 +34,7 @@ TEST(Book, KeepsLittleBesidesTheText) {
     std::size_t held = 0;
     for (const Contact& contact : read.book.Contacts) {
         properties += contact.Properties.size();
-        held += contact.Properties.capacity() * sizeof(Property);
+        held += contact.Properties.size_bytes();
     }
     EXPECT_EQ(properties, 60000U);
     EXPECT_LE(held, properties * 48);
@@ -55,6 +58,63 @@ TEST(Book, MarksWhatTheUserChanged) {
     EXPECT_EQ(book.BytesOf(made), "");
 }
 
+// A record of so many addresses, and one of two behind it.
+std::string ManyAddresses(std::size_t count) {
+    std::string ldif = "dn:\ncn: Al\n";
+    for (std::size_t i = 1; i < count; ++i) {
+        ldif += "mail: al" + std::to_string(i) + "@example.org\n";
+    }
+    return ldif + "\ndn:\ncn: Bo\nmail: bo@example.org\n";
+}
+
+// Above 4096 properties the reader's own are taken, not copied.
+TEST(Book, HoldsAsManyPropertiesAsThereAre) {
+    for (const std::size_t count : {1U, 4095U, 4096U, 4097U, 10000U}) {
+        ReadBook read(ReadLdif, ManyAddresses(count));
+        Book& book = read.book;
+        ASSERT_EQ(book.Contacts.size(), 2U);
+        Contact& many = book.Contacts[0];
+        ASSERT_EQ(many.Properties.size(), count);
+        EXPECT_EQ(many.Properties.front().Value, "Al");
+        for (std::size_t i = 1; i < count; ++i) {
+            ASSERT_EQ(many.Properties[i].Value, "al" + std::to_string(i) + "@example.org");
+        }
+        EXPECT_EQ(Shown(book, book.Contacts[1]), "person\nFN:Bo\nEMAIL:bo@example.org\n");
+        book.Add(many, field::kNote, "added");
+        book.SetValue(many, 0, "Cy");
+        ASSERT_EQ(many.Properties.size(), count + 1);
+        EXPECT_EQ(many.Properties.back().Value, "added");
+        book.Remove(many, 0);
+        ASSERT_EQ(many.Properties.size(), count);
+        EXPECT_EQ(many.Properties.front().Value, count == 1 ? "added" : "al1@example.org");
+        EXPECT_EQ(many.Properties.back().Value, "added");
+        EXPECT_EQ(book.Contacts[1].Properties.size(), 2U);
+    }
+}
+
+// The same of the parameters of one property.
+TEST(Book, HoldsAsManyParametersAsThereAre) {
+    for (const std::size_t count : {1U, 4095U, 4096U, 4097U, 10000U}) {
+        std::string card = "BEGIN:VCARD\r\nVERSION:4.0\r\nFN:Al\r\nitem1.TEL";
+        for (std::size_t i = 0; i < count; ++i) {
+            card += ";X-P=" + std::to_string(i);
+        }
+        card += ":1\r\nTEL;X-P=last:2\r\nTEL:3\r\nEND:VCARD\r\n";
+        const ReadBook read(ReadVCard, card);
+        const Contact& al = read.book.Contacts.front();
+        ASSERT_EQ(al.Properties.size(), 4U);
+        const Details& many = read.book.DetailsOf(al.Properties[1]);
+        EXPECT_EQ(many.Group, "item1");
+        ASSERT_EQ(many.Params.size(), count);
+        for (std::size_t i = 0; i < count; ++i) {
+            ASSERT_EQ(many.Params[i].Value, std::to_string(i));
+        }
+        ASSERT_EQ(read.book.DetailsOf(al.Properties[2]).Params.size(), 1U);
+        EXPECT_EQ(read.book.DetailsOf(al.Properties[2]).Params[0].Value, "last");
+        EXPECT_TRUE(read.book.DetailsOf(al.Properties[3]).Params.empty());
+    }
+}
+
 TEST(Report, CountsAndNames) {
     Report report;
     report.CountMore(What::Kept, 3);
@@ -63,6 +123,26 @@ TEST(Report, CountsAndNames) {
     EXPECT_EQ(report.Count(What::Lost), 1U);
     EXPECT_EQ(NameOf(What::Carried), "carried");
     EXPECT_EQ(WordsFor(report.Remarks().front().Why), "has no place in the target");
+}
+
+TEST(Arena, JoinsRowsOfValuesWhereTheyAreAligned) {
+    Arena arena;
+    EXPECT_TRUE(arena.KeepJoined<Property>({}, {}).empty());
+    EXPECT_EQ(arena.Held(), 0U);
+    // So many of them begin in each block, and lie across the end of none.
+    for (std::uint32_t i = 0; i < 300000; ++i) {
+        arena.Keep("odd");
+        const Property first{"first", i};
+        const std::array<Property, 2> behind = {Property{"second", i + 1},
+                                                Property{"third", i + 2}};
+        const std::span<Property> row = arena.KeepJoined<Property>({&first, 1}, behind);
+        ASSERT_EQ(reinterpret_cast<std::uintptr_t>(row.data()) % alignof(Property), 0U);
+        ASSERT_EQ(row.size(), 3U);
+        ASSERT_EQ(row[0].Name, i);
+        ASSERT_EQ(row[1].Value, "second");
+        ASSERT_EQ(row[2].Name, i + 2);
+    }
+    EXPECT_LE(arena.Held(), 300000U * (8 + 3 * sizeof(Property)) + 2 * 4U * 1024 * 1024);
 }
 
 TEST(Arena, KeepsLongAndShortTexts) {

@@ -15,7 +15,7 @@ using test::ReadBook;
 
 std::string UidOf(const std::string& ldif, std::size_t contact = 0) {
     const ReadBook read(ReadLdif, ldif);
-    return Identities(read.book).UidAt(contact);
+    return std::string(Identities(read.book).UidAt(contact));
 }
 
 TEST(Identities, AreTheSourcesOwn) {

@@ -91,6 +91,52 @@ TEST(Source, TakesAwayWhatStandsWhereFilesWereJoined) {
     EXPECT_EQ(Source("file", "\x1A").Text(), "");
 }
 
+// n, c, e and 8 for a NUL, a CR, an escape and a byte that is no ASCII.
+std::string SignsOf(const std::string& bytes) {
+    const Source source("file", bytes);
+    const SignsOfText& signs = source.Signs();
+    return std::string(signs.Nul ? "n" : "") + (signs.Cr ? "c" : "") + (signs.Escape ? "e" : "") +
+           (signs.NotAscii ? "8" : "");
+}
+
+TEST(Source, FindsEachSignWhereverItStands) {
+    for (const std::size_t length : {1U, 63U, 64U, 65U, 127U, 128U, 129U, 200U}) {
+        const std::string plain(length, 'a');
+        EXPECT_EQ(SignsOf(plain), "") << length;
+        for (std::size_t at = 0; at < length; ++at) {
+            std::string text = plain;
+            const auto with = [&](char c) {
+                text[at] = c;
+                return SignsOf(text);
+            };
+            ASSERT_EQ(with('\0'), "n") << length << " " << at;
+            ASSERT_EQ(with('\r'), "c") << length << " " << at;
+            ASSERT_EQ(with('\x1B'), "e") << length << " " << at;
+            ASSERT_EQ(with('\x80'), "8") << length << " " << at;
+            ASSERT_EQ(with('\xFF'), "8") << length << " " << at;
+        }
+    }
+}
+
+TEST(Source, HasOnlyTheSignsThatAreThere) {
+    EXPECT_EQ(SignsOf(""), "");
+    std::string others;
+    for (char c = 1; c < '\x7F'; ++c) {
+        others += c == '\r' || c == '\x1B' ? '\n' : c;
+    }
+    EXPECT_EQ(SignsOf(others + '\x7F'), "");
+    // From both sides of where the parts meet.
+    const std::string part(62, 'a');
+    EXPECT_EQ(SignsOf(part + "\r\x1B\xC3" + part + "\0"s), "nce8");
+}
+
+// Signs are those of the text, which is not always what the bytes are.
+TEST(Source, HasNoSignsOfItsMarkAndOfWideBytes) {
+    EXPECT_EQ(SignsOf("\xEF\xBB\xBFtext"), "");
+    EXPECT_EQ(SignsOf("\xFF\xFE" + Wide("dn: cn=Al\n", 2, false)), "");
+    EXPECT_EQ(SignsOf("\xFF\xFE" + Wide("dn: cn=Al\r\n", 2, false) + "\xE4\0"s), "c8");
+}
+
 TEST(WideFormOf, TellsByTheSeparatorsWhereLettersAreNotLatin) {
     std::string big;
     for (int i = 0; i < 30; ++i) {
