@@ -64,6 +64,10 @@ class Charset {
         return other_pieces_ > 0 && ground_ != CharsetGround::Asked;
     }
     [[nodiscard]] const std::string& OtherName() const { return other_.Name(); }
+    // Whether a piece is in a set whose bytes are no UTF-8, however they look.
+    [[nodiscard]] bool IsOther(PieceCharset piece) const {
+        return piece == PieceCharset::Other && other_.Name() != "UTF-8";
+    }
     // The whole file is ASCII or UTF-8, so nothing needs to be judged.
     [[nodiscard]] bool IsUtf8() const { return utf8_; }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <vector>
 
 #include <uchardet/uchardet.h>
 
@@ -89,6 +90,40 @@ bool IsOfOldMacs(std::string_view text, std::string_view sample) {
                const auto byte = static_cast<unsigned char>(c);
                return byte >= 0x80 && byte <= 0x9F;
            });
+}
+
+std::string WordsEncodedTwice(std::string_view text) {
+    // How the letters from U+00C0 to U+00FF begin then.
+    constexpr std::string_view kTwice = "\xC3\x83\xC2";
+    constexpr std::string_view kBetween = " \t\r\n:;,=\"\\";
+    constexpr std::size_t kFewest = 2;
+    constexpr std::size_t kMostWords = 3;
+    constexpr std::size_t kLongestWord = 40;
+    std::size_t count = 0;
+    std::vector<std::string_view> words;
+    for (std::size_t at = text.find(kTwice); at != std::string_view::npos;
+         at = text.find(kTwice, at + 1)) {
+        ++count;
+        // No more than what a word has is looked at, so that time stays linear.
+        const std::size_t from = at - std::min(at, kLongestWord);
+        const std::size_t between = text.substr(from, at - from).find_last_of(kBetween);
+        const std::size_t begin = between == std::string_view::npos ? from : from + between + 1;
+        const std::string_view rest = text.substr(begin, kLongestWord);
+        const std::string_view word = rest.substr(0, rest.find_first_of(kBetween));
+        if (words.size() < kMostWords &&
+            std::find(words.begin(), words.end(), word) == words.end()) {
+            words.push_back(word);
+        }
+    }
+    // Each is two letters now, and others may stand beside them.
+    if (count < kFewest || CountUtf8(text).Letters > 4 * count) {
+        return {};
+    }
+    std::string joined;
+    for (const std::string_view word : words) {
+        joined.append(joined.empty() ? "" : ", ").append(word);
+    }
+    return joined;
 }
 
 }  // namespace orvik::book

@@ -18,4 +18,9 @@ namespace orvik::book {
 // IsOfOldMacs: whether lines that end with CR hold letters that windows-1252 has signs for.
 [[nodiscard]] bool IsOfOldMacs(std::string_view text, std::string_view sample);
 
+// WordsEncodedTwice: up to three words of a text whose letters are for the most part UTF-8 that was
+// taken for windows-1252 and became UTF-8 once more; empty for any other text.
+//   "J\u00C3\u00B6rg M\u00C3\u00BCller" -> both words, parted by ", ";  "J\u00F6rg" -> none
+[[nodiscard]] std::string WordsEncodedTwice(std::string_view text);
+
 }  // namespace orvik::book

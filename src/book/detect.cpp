@@ -112,6 +112,25 @@ bool IsLdifRecord(Lines lines) {
     return false;
 }
 
+// Other files begin with the version of something, too: behind that of LDIF stands a record, or
+// nothing at all.
+bool IsLdifVersion(const Line& line, Lines rest) {
+    constexpr std::string_view kVersion = "version:";
+    if (!StartsAsName(line.Text, kVersion) ||
+        WithoutBlanks(line.Text.substr(kVersion.size())) != "1") {
+        return false;
+    }
+    Line next;
+    while (rest.Next(next)) {
+        // Comments, with what goes on with them.
+        if (!next.Text.empty() &&
+            std::string_view("# \t").find(next.Text.front()) == std::string_view::npos) {
+            return BeginsLdifRecord(next.Text) || StartsAsName(next.Text, "objectclass:");
+        }
+    }
+    return true;
+}
+
 Detected Begun(Format form, const Line& line, std::string_view what) {
     return {form, "line " + std::to_string(line.Number) + " " + std::string(what)};
 }
@@ -164,8 +183,7 @@ Detected Detect(const Source& source) {
         if (BeginsCard(line.Text)) {
             return Begun(Format::VCard, line, "begins a card");
         }
-        const bool version =
-            StartsAsName(line.Text, "version:") && WithoutBlanks(line.Text.substr(8)) == "1";
+        const bool version = IsLdifVersion(line, lines);
         if (version || (BeginsLdifRecord(line.Text) && IsLdifRecord(lines))) {
             return Begun(
                 Format::Ldif, line, version ? "has the version of LDIF" : "begins a record");

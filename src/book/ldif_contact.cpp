@@ -61,7 +61,8 @@ void LdifContacts::Add(const std::vector<TextRow>& rows, std::size_t first, cons
             values.push_back(row.Text);
         }
         piece_ = charset_.Judge(values, from.Line);
-        contact_.IsUtf8 = contact_.IsUtf8 || piece_ == PieceCharset::Broken;
+        contact_.IsUtf8 =
+            piece_ == PieceCharset::Broken || (contact_.IsUtf8 && !charset_.IsOther(piece_));
     }
     for (std::size_t i = first; i < rows.size(); ++i) {
         TakeRow(rows[i]);
@@ -90,16 +91,8 @@ void LdifContacts::TakeRow(const TextRow& row) {
 void LdifContacts::TakeAttribute(const LdifAttribute& attribute, const LdifParts& parts) {
     const LdifField& field = *attribute.Field;
     const Value value = ValueOf(field, parts);
-    if (value.Raw) {
-        const std::array params = {Param{field::kValue, "uri"}};
-        Carry(parts.Name, value.Text, params);
-    } else if (value.Binary && field.Meaning == LdifMeaning::Photo) {
-        const std::array params = {Param{field::kEncoding, "b"}, Param{field::kType, field.Type}};
-        Push(field::kPhoto, value.Text, book_.KeepDetails({}, params));
-    } else if (value.Binary) {
-        const std::array params = {Param{field::kEncoding, "b"},
-                                   Param{book_.Names.Intern("X-ORVIK-OPTIONS"), parts.Options}};
-        Carry(parts.Name, value.Text, {params.data(), parts.Options.empty() ? 1U : 2U});
+    if (value.Raw || value.Binary) {
+        TakeBytes(field, parts, value);
     } else if (attribute.IsCarriedVCard && TakeCarried(parts, value.Text)) {
         return;
     } else if (!parts.Options.empty()) {
@@ -112,6 +105,26 @@ void LdifContacts::TakeAttribute(const LdifAttribute& attribute, const LdifParts
         Carry(parts.Name, {});
     }
     last_was_carried_ = false;
+}
+
+// Bytes, or where they are.
+void LdifContacts::TakeBytes(const LdifField& field, const LdifParts& parts, const Value& value) {
+    const bool picture = !value.Raw && field.Meaning == LdifMeaning::Photo;
+    std::array<Param, 3> params{};
+    std::size_t count = 0;
+    params[count++] = value.Raw ? Param{field::kValue, "uri"} : Param{field::kEncoding, "b"};
+    if (picture) {
+        params[count++] = {field::kType, field.Type};
+    }
+    if (!parts.Options.empty()) {
+        params[count++] = {book_.Names.Intern("X-ORVIK-OPTIONS"), parts.Options};
+    }
+    const std::span<const Param> all = std::span(params).first(count);
+    if (picture) {
+        Push(field::kPhoto, value.Text, book_.KeepDetails({}, all));
+    } else {
+        Carry(parts.Name, value.Text, all);
+    }
 }
 
 LdifContacts::Value LdifContacts::ValueOf(const LdifField& field, const LdifParts& parts) {

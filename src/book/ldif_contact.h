@@ -47,6 +47,7 @@ class LdifContacts {
 
     void Clear();
     void TakeRow(const TextRow& row);
+    void TakeBytes(const LdifField& field, const LdifParts& parts, const Value& value);
     void TakeText(const LdifField& field, const LdifParts& parts, std::string_view text);
     void TakeShownName(const LdifField& field, const LdifParts& parts, std::string_view text);
     void TakeMerged(const LdifField& field, const LdifParts& parts, std::string_view text);

@@ -6,6 +6,7 @@
 
 #include "book/carried_line.h"
 #include "book/ldif_contact.h"
+#include "book/ldif_sets.h"
 #include "book/value_form.h"
 #include "book/vcard_fields.h"
 
@@ -19,13 +20,21 @@ bool IsMerged(NameId name) {
 }
 
 // Whether programs were given this much of a property.
-bool IsPartOf(const Property& given, const Property& whole) {
-    if (given.Name != whole.Name) {
+bool IsPartOf(const Book& book, const Property& given, const Property& whole) {
+    if (given.Name != whole.Name ||
+        (given.Name == field::kAdr && IsHomeAddress(book, given) != IsHomeAddress(book, whole))) {
         return false;
     }
     switch (given.Name) {
         case field::kBday:
             return DateIn(Dialect::VCard40, given.Value) == DateIn(Dialect::VCard40, whole.Value);
+        case field::kUrl:
+            return given.Value == WithPlainColons(whole.Value);
+        case field::kPhoto: {
+            // 4.0 has the bytes in an address.
+            const auto uri = SplitDataUri(whole.Value);
+            return given.Value == (uri ? uri->Base64 : whole.Value);
+        }
         case field::kN:
         case field::kOrg:
         case field::kAdr:
@@ -49,6 +58,21 @@ bool AreMembers(const Property& given, const Property& whole) {
            (whole.Name == field::kMember || whole.Name == field::kServerMember);
 }
 
+// How many of the last properties are nicknames of a list: programs were given each by itself.
+std::size_t NicknamesBefore(const std::vector<Property>& all, std::string_view list) {
+    std::vector<std::string> names;
+    for (TakenPart part{{}, true}; part.More;) {
+        part = TakePart(list, ',');
+        names.push_back(Unescaped(part.Text));
+    }
+    std::sort(names.begin(), names.end());
+    const auto other = std::find_if(all.rbegin(), all.rend(), [&](const Property& one) {
+        return one.Name != field::kNickname || one.Details != 0 ||
+               !std::binary_search(names.begin(), names.end(), Unescaped(one.Value));
+    });
+    return std::min(static_cast<std::size_t>(other - all.rbegin()), names.size());
+}
+
 }  // namespace
 
 bool LdifContacts::TakeCarried(const LdifParts& parts, std::string_view text) {
@@ -66,7 +90,11 @@ bool LdifContacts::TakeCarried(const LdifParts& parts, std::string_view text) {
     // The attribute that programs know stands right before.
     std::vector<Property>& all = properties_;
     const bool behind = !besides && !all.empty() && !last_was_carried_;
-    if (behind && (IsPartOf(all.back(), *property) || AreMembers(all.back(), *property))) {
+    if (behind && property->Name == field::kNickname) {
+        all.resize(all.size() - NicknamesBefore(all, property->Value));
+        all.push_back(*property);
+    } else if (behind &&
+               (IsPartOf(book_, all.back(), *property) || AreMembers(all.back(), *property))) {
         all.back() = *property;
     } else {
         all.push_back(*property);
@@ -83,7 +111,7 @@ void LdifContacts::FinishCarried(std::size_t merged) {
         // The name stands where it stood, the others behind what was read line by line.
         std::size_t at = one.Name == field::kFn ? 0 : merged;
         const std::size_t last = std::min(end, at + kMostCompared);
-        while (at < last && (taken[at] || !IsPartOf(all[at], one))) {
+        while (at < last && (taken[at] || !IsPartOf(book_, all[at], one))) {
             ++at;
         }
         if (at < last) {

@@ -30,7 +30,8 @@ bool IsSafeString(std::string_view value) {
     if (value.empty()) {
         return true;
     }
-    constexpr std::string_view kNotFirst = " :<";
+    // Many readers take a tab for a blank before the value.
+    constexpr std::string_view kNotFirst = " \t:<";
     return kNotFirst.find(value.front()) == std::string_view::npos && value.back() != ' ' &&
            std::all_of(value.begin(), value.end(), [](char c) {
                const auto byte = static_cast<unsigned char>(c);

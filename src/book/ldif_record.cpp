@@ -6,7 +6,6 @@
 #include "app/text.h"
 #include "book/carried_line.h"
 #include "book/ldif_line_writer.h"
-#include "book/transfer.h"
 #include "book/typed_views.h"
 #include "book/value_form.h"
 
@@ -27,6 +26,11 @@ bool HasSingleValues(std::string_view value) {
     return true;
 }
 
+// Whether no attribute would tell of a field; a name without any part is made up again.
+bool IsEmpty(const Property& one) {
+    return one.Value.find_first_not_of(";,") == std::string_view::npos && one.Name != field::kN;
+}
+
 // Readers take base64 that holds one for bytes.
 bool HasNul(std::string_view value) {
     return value.find('\0') != std::string_view::npos;
@@ -44,7 +48,8 @@ void LdifRecordWriter::Write(const Contact& contact,
                              const Identities& identities,
                              std::size_t number) {
     contact_ = &contact;
-    named_ = parts_ = organised_ = work_ = home_ = identified_ = born_ = saved_ = false;
+    named_ = parts_ = nicknamed_ = organised_ = work_ = home_ = false;
+    identified_ = born_ = saved_ = false;
     emails_ = 0;
     of_evolution_ = !FirstOf(book_, contact, field::kEvolutionList).empty();
     shown_ = NameOf(book_, contact).Shown;
@@ -101,10 +106,11 @@ bool LdifRecordWriter::IsOfOtherClass() const {
 
 void LdifRecordWriter::WriteProperty(const Property& one) {
     const std::string_view name = book_.Names.Text(one.Name);
-    const Fit fit = StartsAsName(name, kCarriedFromLdif)
+    const Fit fit = !HasNul(one.Value) && WriteInLanguage(one) ? Fit::All
+                    : StartsAsName(name, kCarriedFromLdif)
                         ? WriteOwn(one, name.substr(kCarriedFromLdif.size()))
-                    : one.Value.empty() || HasNul(one.Value) || IsRepeated(one) ? Fit::None
-                                                                                : WriteNatural(one);
+                    : IsEmpty(one) || HasNul(one.Value) || IsRepeated(one) ? Fit::None
+                                                                           : WriteNatural(one);
     if (fit == Fit::All) {
         book_.Told.CountMore(What::Kept);
     } else {
@@ -190,6 +196,11 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteName(const Property& one) {
 
 LdifRecordWriter::Fit LdifRecordWriter::WriteNickname(const Property& one) {
     std::string_view rest = one.Value;
+    // Which ones a second list had could not be told when it is read.
+    if (nicknamed_ && !IsBare(one) && one.Value.find(',') != std::string_view::npos) {
+        return Fit::None;
+    }
+    nicknamed_ = true;
     for (TakenPart part{{}, true}; part.More;) {
         part = TakePart(rest, ',');
         const std::string text = Unescaped(part.Text);
@@ -226,9 +237,7 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteOrganisation(const Property& one) {
 LdifRecordWriter::Fit LdifRecordWriter::WriteAddress(const Property& one) {
     constexpr std::size_t kParts = 7;
     constexpr std::size_t kStreet = 2;
-    const bool home = std::any_of(book_.DetailsOf(one).Params.begin(),
-                                  book_.DetailsOf(one).Params.end(),
-                                  [](const Param& param) { return SameName(param.Value, "home"); });
+    const bool home = IsHomeAddress(book_, one);
     bool& written = home ? home_ : work_;
     if (written) {
         return Fit::None;
@@ -257,33 +266,10 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteUrl(const Property& one) {
         AppendLdifLine("labeledURI", std::string(one.Value).append(" ").append(text), text_);
         return Fit::All;
     }
-    const bool home = SameName(ParamOf(book_, one, field::kType), "home");
-    Line(UrlNames(home), one.Value);
-    return HasTypeOnly(one, home ? "home" : "work") ? Fit::All : Fit::Part;
-}
-
-LdifRecordWriter::Fit LdifRecordWriter::WriteOwn(const Property& one, std::string_view name) {
-    if (SameName(name, "dn")) {
-        return Fit::All;
-    }
-    const NameId option = book_.Names.Find("X-ORVIK-OPTIONS");
-    const std::string_view options =
-        option == FieldNames::kNone ? std::string_view{} : ParamOf(book_, one, option);
-    // A strict reader would refuse the whole file for such a line.
-    if (SameName(name, "no-field")) {
-        Tell(one, name);
-    }
-    std::string attribute(name);
-    attribute.append(options.empty() ? "" : ";").append(options);
-    std::string bytes;
-    if (ParamOf(book_, one, field::kEncoding) == "b" && AppendBase64(one.Value, bytes)) {
-        AppendLdifBase64(attribute, one.Value, text_);
-    } else if (ParamOf(book_, one, field::kValue) == "uri" && IsSafeString(one.Value)) {
-        AppendLdifUrl(attribute, one.Value, text_);
-    } else {
-        AppendLdifLine(attribute, one.Value, text_);
-    }
-    return Fit::All;
+    const bool home = IsHomeUrl(one);
+    const std::string address = WithPlainColons(one.Value);
+    Line(UrlNames(home), address);
+    return HasTypeOnly(one, home ? "home" : "work") && address == one.Value ? Fit::All : Fit::Part;
 }
 
 void LdifRecordWriter::WriteCarried(const Property& one, Fit fit) {
@@ -312,12 +298,30 @@ void LdifRecordWriter::Tell(const Property& one, std::string_view attribute) {
 
 // What is there twice is read once from the names of programs: many know two for one field.
 bool LdifRecordWriter::IsRepeated(const Property& one) const {
-    constexpr std::size_t kMostCompared = 64;
     const Property* const first = contact_->Properties.data();
     const auto before = std::min(static_cast<std::size_t>(&one - first), kMostCompared);
     return std::any_of(first, first + before, [&](const Property& other) {
-        return other.Name == one.Name && other.Value == one.Value;
+        return other.Name == one.Name && other.Value == one.Value && IsOfOnePlace(one, other);
     });
+}
+
+// Whether two fields have the same attribute: a number may be the one at work and the one at home.
+bool LdifRecordWriter::IsOfOnePlace(const Property& one, const Property& other) const {
+    switch (one.Name) {
+        case field::kTel:
+            return PhoneNamesOf(book_, one).Names.In(set_) ==
+                   PhoneNamesOf(book_, other).Names.In(set_);
+        case field::kAdr:
+            return IsHomeAddress(book_, one) == IsHomeAddress(book_, other);
+        case field::kUrl:
+            return IsHomeUrl(one) == IsHomeUrl(other);
+        default:
+            return true;
+    }
+}
+
+bool LdifRecordWriter::IsHomeUrl(const Property& one) const {
+    return SameName(ParamOf(book_, one, field::kType), "home");
 }
 
 bool LdifRecordWriter::Line(const LdifNames& names, std::string_view value) {

@@ -21,11 +21,15 @@ class LdifRecordWriter {
     void Write(const Contact& contact, const Identities& identities, std::size_t number);
 
  private:
+    // Only so many fields are looked through for another one, so that time stays linear.
+    static constexpr std::size_t kMostCompared = 64;
+
     // What is written of a property under the names of programs.
     enum class Fit { All, Part, None };
 
     void WriteHead(const Identities& identities, std::size_t number);
     void WriteProperty(const Property& one);
+    bool WriteInLanguage(const Property& one);
     Fit WriteNatural(const Property& one);
     Fit WriteFirstName(const Property& one);
     Fit WriteName(const Property& one);
@@ -43,6 +47,9 @@ class LdifRecordWriter {
     bool Line(const LdifNames& names, std::string_view value);
     [[nodiscard]] bool IsOfOtherClass() const;
     [[nodiscard]] bool IsRepeated(const Property& one) const;
+    [[nodiscard]] bool IsOfOnePlace(const Property& one, const Property& other) const;
+    [[nodiscard]] bool IsHomeUrl(const Property& one) const;
+    [[nodiscard]] bool HasPlain(NameId name) const;
     [[nodiscard]] bool IsBare(const Property& one) const;
     [[nodiscard]] bool HasTypeOnly(const Property& one, std::string_view type) const;
 
@@ -58,6 +65,7 @@ class LdifRecordWriter {
     bool of_evolution_ = false;
     bool named_ = false;
     bool parts_ = false;
+    bool nicknamed_ = false;
     bool organised_ = false;
     bool work_ = false;
     bool home_ = false;

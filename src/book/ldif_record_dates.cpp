@@ -86,12 +86,14 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteMember(const Property& one) {
     const ListMember member = evolution ? directory_.OfEvolution(one) : directory_.MemberOf(one);
     const bool found = member.Record != ListMember::kNobody;
     std::string dn(one.Value);
-    bool all = !evolution;
+    const Details& details = book_.DetailsOf(one);
+    const NameId dn_param = book_.Names.Find(kDnParam);
+    const bool only_dn = details.Params.size() == 1 && details.Params[0].Name == dn_param;
+    bool all = !evolution && details.Group.empty() && (details.Params.empty() || only_dn);
     if (found) {
         dn = directory_.DnAt(member.Record);
-    } else if (const NameId id = book_.Names.Find(kDnParam);
-               id != FieldNames::kNone && !ParamOf(book_, one, id).empty()) {
-        dn = ParamOf(book_, one, id);
+    } else if (dn_param != FieldNames::kNone && !ParamOf(book_, one, dn_param).empty()) {
+        dn = ParamOf(book_, one, dn_param);
     } else if (!IsDn(dn) && !member.Address.empty()) {
         dn = DnOf(member.Name, member.Address);
     } else if (!IsDn(dn)) {

@@ -97,6 +97,13 @@ PhoneNames PhoneNamesOf(const Book& book, const Property& phone) {
     return {kPhones.back().Names, false};
 }
 
+bool IsHomeAddress(const Book& book, const Property& address) {
+    const auto& params = book.DetailsOf(address).Params;
+    return std::any_of(params.begin(), params.end(), [](const Param& param) {
+        return SameName(param.Value, "home");
+    });
+}
+
 LdifNames AddressNames(bool home, std::size_t part) {
     return home ? kHome[part] : kWork[part];
 }

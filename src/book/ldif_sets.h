@@ -31,6 +31,9 @@ struct PhoneNames {
 };
 [[nodiscard]] PhoneNames PhoneNamesOf(const Book& book, const Property& phone);
 
+// Whether an address is written as the one at home; all others are those at work.
+[[nodiscard]] bool IsHomeAddress(const Book& book, const Property& address);
+
 // The attributes of the components of an address, from the post-office box to the country.
 [[nodiscard]] LdifNames AddressNames(bool home, std::size_t part);
 

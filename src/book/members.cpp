@@ -90,6 +90,8 @@ ListMember Directory::Referred(std::string_view reference) const {
         member.Name = std::move(parts.Name);
         member.Address = std::move(parts.Address);
         Find(member, by_dn_, reference);
+        // UIDs that end as base64 does look like one, too.
+        Find(member, by_uid_, PlainUid(reference));
     } else {
         Find(member, by_uid_, PlainUid(reference));
         // Other schemes than mailto have an at, too.
@@ -136,7 +138,10 @@ std::vector<ListMember> Directory::MembersOf(const Contact& list) const {
             members.push_back(MemberOf(one));
         } else if (evolution && one.Name == field::kEmail) {
             members.push_back(OfEvolution(one));
+        } else {
+            continue;
         }
+        members.back().Field = &one;
     }
     return members;
 }

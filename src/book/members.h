@@ -17,8 +17,9 @@ namespace orvik::book {
 struct ListMember {
     std::string Name;
     std::string Address;
-    std::string Uid;               // empty for one that is no record of the book
-    std::size_t Record = kNobody;  // its number
+    std::string Uid;                  // empty for one that is no record of the book
+    std::size_t Record = kNobody;     // its number
+    const Property* Field = nullptr;  // of the list; set by MembersOf
 
     static constexpr std::size_t kNobody = ~std::size_t{0};
 };

@@ -34,7 +34,7 @@ class Cards {
                     Skip(line, Reason::NotNested);
                 }
             } else if (!open_) {
-                SkipOutside(line);
+                Skip(line, Reason::NotBegun);
             } else {
                 Extend(line);
                 Take(line);
@@ -117,13 +117,6 @@ class Cards {
             contacts_.Add(rows_.All(), form_, from_);
         }
         rows_.Clear();
-    }
-
-    void SkipOutside(const VCardLine& line) {
-        // The end of a file of DOS.
-        if (line.Text != "\x1A") {
-            Skip(line, Reason::NotBegun);
-        }
     }
 
     void Skip(const VCardLine& line, Reason reason) {

@@ -35,7 +35,8 @@ std::string_view WordsFor(Reason reason) {
         "has fewer parts than it should",
         "holds nothing",
         "has signs that the target cannot hold",
-        "has no place in the target"};
+        "has no place in the target",
+        "looks encoded twice"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];
 }

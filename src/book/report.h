@@ -41,6 +41,7 @@ enum class Reason : std::uint8_t {
     Empty,           // a record without a field
     ChangedSigns,    // signs that the target cannot hold became others
     NotInTarget,     // the target has no such field
+    EncodedTwice,    // UTF-8 that was taken for another set, and became UTF-8 again
     kCount
 };
 

@@ -9,6 +9,8 @@
 namespace orvik::book {
 namespace {
 
+constexpr std::string_view kMark = "\xEF\xBB\xBF";
+
 struct Mark {
     std::string_view Bytes;
     WideForm Form;
@@ -20,7 +22,7 @@ constexpr std::array kMarks = {
     Mark{{"\0\0\xFE\xFF", 4}, WideForm::Utf32Be},
     Mark{"\xFF\xFE", WideForm::Utf16Le},
     Mark{"\xFE\xFF", WideForm::Utf16Be},
-    Mark{"\xEF\xBB\xBF", WideForm::None},
+    Mark{kMark, WideForm::None},
 };
 
 const Mark* MarkOf(std::string_view bytes) {
@@ -92,18 +94,41 @@ WideForm BySeparators(std::string_view sample) {
     return big >= 3 && little == 0 && plain < big ? WideForm::Utf16Be : WideForm::None;
 }
 
+// Ends a text of DOS.
+constexpr char kEndOfText = '\x1A';
+
+// A text without what stands before the first line of a file or behind its last one, wherever
+// files were joined.
+std::string WithoutJoints(std::string_view text) {
+    std::string joined;
+    joined.reserve(text.size());
+    while (!text.empty()) {
+        if (text.starts_with(kMark) || text.starts_with(kEndOfText)) {
+            text.remove_prefix(text.front() == kEndOfText ? 1 : kMark.size());
+            continue;
+        }
+        const std::size_t end = std::min(text.find_first_of("\r\n"), text.size() - 1);
+        joined.append(text.substr(0, end + 1));
+        text.remove_prefix(end + 1);
+    }
+    joined.erase(joined.find_last_not_of(kEndOfText) + 1);
+    return joined;
+}
+
 // The text is looked at once, many bytes at a time: the parts are of one length for the compiler.
 SignsOfText SignsIn(std::string_view text) {
     constexpr std::size_t kPart = 64;
     std::uint8_t nul = 0;
     std::uint8_t cr = 0;
     std::uint8_t escape = 0;
+    std::uint8_t end = 0;
     std::uint8_t all = 0;
     const auto look = [&](char c) {
         const auto byte = static_cast<std::uint8_t>(c);
         nul |= static_cast<std::uint8_t>(byte == 0);
         cr |= static_cast<std::uint8_t>(byte == '\r');
         escape |= static_cast<std::uint8_t>(byte == '\x1B');
+        end |= static_cast<std::uint8_t>(c == kEndOfText);
         all |= byte;
     };
     for (; text.size() >= kPart; text.remove_prefix(kPart)) {
@@ -113,7 +138,7 @@ SignsOfText SignsIn(std::string_view text) {
         }
     }
     std::for_each(text.begin(), text.end(), look);
-    return {nul != 0, cr != 0, escape != 0, all >= 0x80};
+    return {nul != 0, cr != 0, escape != 0, all >= 0x80, end != 0};
 }
 
 }  // namespace
@@ -148,6 +173,11 @@ Source::Source(std::string name, std::string bytes)
         text_ = decoded_;
     }
     signs_ = SignsIn(text_);
+    if (signs_.EndOfText || (signs_.NotAscii && text_.find(kMark) != std::string_view::npos)) {
+        decoded_ = WithoutJoints(text_);
+        text_ = decoded_;
+        signs_ = SignsIn(text_);
+    }
 }
 
 }  // namespace orvik::book

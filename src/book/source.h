@@ -22,6 +22,7 @@ struct SignsOfText {
     bool Cr = false;
     bool Escape = false;
     bool NotAscii = false;
+    bool EndOfText = false;  // the sign that ends a text of DOS
 };
 
 class Source {
@@ -31,7 +32,8 @@ class Source {
 
     [[nodiscard]] const std::string& Name() const { return name_; }
     [[nodiscard]] std::string_view Bytes() const { return bytes_; }
-    // What readers read; a byte order mark is not part of it. Valid UTF-8 if the source is wide.
+    // What readers read, valid UTF-8 if the source is wide. Byte order marks are no part of it, nor
+    // are the signs that end a text of DOS, also where files were joined.
     [[nodiscard]] std::string_view Text() const { return text_; }
     // Where a piece of the text stands, in bytes of the text.
     [[nodiscard]] std::uint32_t OffsetOf(const char* place) const {

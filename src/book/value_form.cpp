@@ -117,4 +117,13 @@ std::string_view PartAt(std::string_view value, std::size_t number) {
     }
 }
 
+std::string WithPlainColons(std::string_view address) {
+    std::string plain;
+    for (std::size_t i = 0; i < address.size(); ++i) {
+        i += address.substr(i, 2) == "\\:" ? 1U : 0U;
+        plain += address[i];
+    }
+    return plain;
+}
+
 }  // namespace orvik::book

@@ -38,4 +38,8 @@ struct TakenPart {
 // PartAt: a component by its number from 0, escapes kept; empty for one that is not there.
 [[nodiscard]] std::string_view PartAt(std::string_view value, std::size_t number);
 
+// WithPlainColons: an address of the web whose colons some programs escape.
+//   "http\://a" -> "http://a"
+[[nodiscard]] std::string WithPlainColons(std::string_view address);
+
 }  // namespace orvik::book

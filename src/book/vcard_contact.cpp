@@ -100,8 +100,9 @@ void VCardContacts::Judge(const std::vector<TextRow>& rows) {
         }
     }
     piece_ = charset_.Judge(raw, contact_.From.Line);
-    contact_.IsUtf8 = contact_.IsUtf8 || piece_ == PieceCharset::Broken;
     quoted_ = charset_.JudgeApart(quoted_values, contact_.From.Line);
+    const bool other = charset_.IsOther(piece_) || charset_.IsOther(quoted_);
+    contact_.IsUtf8 = piece_ == PieceCharset::Broken || (contact_.IsUtf8 && !other);
 }
 
 void VCardContacts::TakeRow(const TextRow& row) {

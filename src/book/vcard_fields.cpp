@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "app/text.h"
+
 namespace orvik::book {
 namespace {
 
@@ -34,6 +36,17 @@ bool HasShape(std::string_view text, std::string_view shape) {
            std::equal(text.begin(), text.end(), shape.begin(), [](char c, char wanted) {
                return wanted == '9' ? c >= '0' && c <= '9' : c == wanted;
            });
+}
+
+constexpr std::string_view kPicture = "image/";
+constexpr std::string_view kNoType = "octet-stream";
+
+// What the bytes of a field are taken for.
+std::string_view KindOf(NameId name) {
+    if (name == field::kPhoto || name == field::kLogo) {
+        return kPicture;
+    }
+    return name == field::kSound ? "audio/" : "application/";
 }
 
 }  // namespace
@@ -72,6 +85,41 @@ std::optional<DataUri> SplitDataUri(std::string_view value) {
     }
     uri.Base64.remove_prefix(comma + 1);
     return uri;
+}
+
+bool IsMediaType(std::string_view type) {
+    constexpr std::array<std::string_view, 3> kOthers = {"home", "work", "pref"};
+    return !IsIn(kOthers, type);
+}
+
+std::string MediaTypeOf(NameId name, std::string_view type, std::string_view base64) {
+    if (type.find('/') != std::string_view::npos) {
+        return ToLower(type);
+    }
+    const std::string kind(KindOf(name));
+    if (kind != kPicture) {
+        return kind + (type.empty() ? std::string(kNoType) : ToLower(type));
+    }
+    constexpr std::array kBegins = {
+        std::pair<std::string_view, std::string_view>{"iVBORw0KGg", "png"},
+        std::pair<std::string_view, std::string_view>{"R0lGOD", "gif"},
+        std::pair<std::string_view, std::string_view>{"UklGR", "webp"},
+        std::pair<std::string_view, std::string_view>{"Qk", "bmp"},
+    };
+    const auto* const found = std::find_if(kBegins.begin(), kBegins.end(), [&](const auto& row) {
+        return base64.starts_with(row.first);
+    });
+    const std::string_view known = found == kBegins.end() ? "jpeg" : found->second;
+    return kind + ToLower(type.empty() ? known : type);
+}
+
+std::string_view TypeOfMedia(NameId name, std::string_view media) {
+    const std::string_view kind = KindOf(name);
+    if (StartsAsName(media, kind)) {
+        media.remove_prefix(kind.size());
+        return media == kNoType ? std::string_view{} : media;
+    }
+    return media;
 }
 
 std::string DateIn(Dialect version, std::string_view date) {

@@ -32,4 +32,17 @@ struct DataUri {
 // SplitDataUri: "data:image/jpeg;base64,/9j/" -> image/jpeg, /9j/;  "https://..." -> none
 [[nodiscard]] std::optional<DataUri> SplitDataUri(std::string_view value);
 
+// Whether a type of 3.0 says what bytes are, and not whose they are.
+//   "JPEG" -> true;  "HOME" -> false
+[[nodiscard]] bool IsMediaType(std::string_view type);
+
+// MediaTypeOf: what the address of bytes says that they are, by the type they have in 3.0. A
+// picture without one is known by its first bytes.
+//   PHOTO, "JPEG" -> "image/jpeg";  KEY, "" -> "application/octet-stream"
+[[nodiscard]] std::string MediaTypeOf(NameId name, std::string_view type, std::string_view base64);
+
+// TypeOfMedia: the type of 3.0 that tells as much; empty for bytes of which nothing is known.
+//   PHOTO, "image/jpeg" -> "jpeg";  KEY, "text/plain" -> "text/plain"
+[[nodiscard]] std::string_view TypeOfMedia(NameId name, std::string_view media);
+
 }  // namespace orvik::book

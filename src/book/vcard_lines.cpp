@@ -1,6 +1,8 @@
 #include "book/vcard_lines.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "book/detect.h"
 
@@ -45,6 +47,38 @@ std::optional<VCardEncoding> EncodingOfLine(std::string_view line) {
     const auto parts = SplitVCardLine(line);
     return parts ? std::optional(EncodingOf(parts->Params)) : std::nullopt;
 }
+
+// The blanks before what goes on behind a soft line end. All of such lines are indented by some
+// writers; where one is not, the blanks of the others belong to the value.
+class Indents {
+ public:
+    // text goes on with the value at a position; returns it without its blanks.
+    std::string_view Take(std::string_view text, std::size_t at) {
+        const std::size_t blanks = std::min(text.find_first_not_of(kSpaces), text.size());
+        if (blanks > 0) {
+            taken_.emplace_back(at, text.substr(0, blanks));
+        }
+        all_ = all_ && (blanks > 0 || text.empty());
+        return text.substr(blanks);
+    }
+    // Puts them back where they belong to the value.
+    void Restore(std::string& value) const {
+        if (all_ || taken_.empty()) {
+            return;
+        }
+        std::string whole;
+        std::size_t from = 0;
+        for (const auto& [at, blanks] : taken_) {
+            whole.append(value, from, at - from).append(blanks);
+            from = at;
+        }
+        value = whole.append(value, from);
+    }
+
+ private:
+    std::vector<std::pair<std::size_t, std::string_view>> taken_;
+    bool all_ = true;
+};
 
 bool IsLetterOfName(char c) {
     constexpr std::string_view kOthers = " \t:;\"\\,";
@@ -219,6 +253,7 @@ bool VCardLines::MayGoOn(std::string_view line) const {
 void VCardLines::Join(VCardLine& line) {
     std::string whole(line.Text);
     std::optional<VCardEncoding> encoding = EncodingOfLine(whole);
+    Indents indents;
     // The head may be folded, too. What has colons in quotes without end is no head.
     int tries = 20;
     while (has_next_) {
@@ -233,8 +268,7 @@ void VCardLines::Join(VCardLine& line) {
                                  encoding != VCardEncoding::Base64;
         std::string_view more = next_.Text;
         if (joint == Joint::Soft) {
-            // Some writers indent what goes on.
-            more.remove_prefix(std::min(more.find_first_not_of(kSpaces), more.size()));
+            more = indents.Take(more, whole.size());
         } else if (joint == Joint::Folded && !keeps_blank) {
             more.remove_prefix(1);
         }
@@ -246,6 +280,7 @@ void VCardLines::Join(VCardLine& line) {
         }
         has_next_ = lines_.Next(next_);
     }
+    indents.Restore(whole);
     line.Text = whole == line.Text ? line.Text : book_.Keep(whole);
 }
 

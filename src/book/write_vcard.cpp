@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "app/text.h"
+#include "book/ldif_dn.h"
 #include "book/line_breaks.h"
 #include "book/members.h"
 #include "book/typed_views.h"
@@ -102,8 +102,7 @@ class CardWriter {
             !SameName(one.Value, "group")) {
             name = {std::string(kCarriedFromVCard) + "KIND", true};
         }
-        std::string line = details.Group.empty() ? "" : std::string(details.Group) + ".";
-        line += name.Text;
+        std::string line = GroupOf(details) + name.Text;
         const bool whole = AppendParams(one, details, line);
         if (const std::string breaks = BreaksOf(one.Value, ValueFormOf(book_.Names, one.Name));
             !breaks.empty()) {
@@ -115,13 +114,24 @@ class CardWriter {
         Tell(contact, one, whole ? What::Kept : What::Doubtful, name);
     }
 
+    [[nodiscard]] static std::string GroupOf(const Details& details) {
+        return details.Group.empty() ? "" : std::string(details.Group) + ".";
+    }
+
     bool AppendParams(const Property& one, const Details& details, std::string& line) {
         const bool newer = version_ == Dialect::VCard40;
         const bool bytes = newer && MayBeData(one) && IsBytes(one);
         bool whole = true;
+        if (const auto uri = newer || !MayBeData(one) ? std::nullopt : SplitDataUri(one.Value)) {
+            // Before other types, as it is read.
+            line += ";ENCODING=b";
+            const std::string_view type = TypeOfMedia(one.Name, uri->Type);
+            whole = type.empty() || AppendParam(version_, "TYPE", type, line);
+        }
+        const Param* const media = bytes ? MediaParam(details) : nullptr;
         for (const Param& param : details.Params) {
             const bool preferred = SameName(param.Value, "pref") && param.Name == field::kType;
-            if (bytes && (param.Name == field::kEncoding || param.Name == field::kType)) {
+            if (bytes && (param.Name == field::kEncoding || &param == media)) {
                 continue;
             }
             if (preferred && newer) {
@@ -133,12 +143,16 @@ class CardWriter {
                     AppendParam(version_, book_.Names.Text(param.Name), param.Value, line) && whole;
             }
         }
-        if (const auto uri = newer || !MayBeData(one) ? std::nullopt : SplitDataUri(one.Value)) {
-            line += ";ENCODING=b";
-            const std::string_view type = uri->Type.substr(uri->Type.find('/') + 1);
-            whole = (type.empty() || AppendParam(version_, "TYPE", type, line)) && whole;
-        }
         return whole;
+    }
+
+    // The parameter that says what bytes are; null for none.
+    [[nodiscard]] static const Param* MediaParam(const Details& details) {
+        const auto found =
+            std::find_if(details.Params.begin(), details.Params.end(), [](const Param& param) {
+                return param.Name == field::kType && IsMediaType(param.Value);
+            });
+        return found == details.Params.end() ? nullptr : &*found;
     }
 
     // Pictures, sounds and keys, whose bytes 4.0 writes as an address that holds them.
@@ -158,7 +172,10 @@ class CardWriter {
             SameName(ParamOf(book_, one, field::kValue), "uri") && one.Name < field::kKnown;
         const ValueForm form = ValueFormOf(book_.Names, one.Name);
         if (newer && MayBeData(one) && IsBytes(one)) {
-            line.append("data:").append(MediaType(one)).append(";base64,").append(one.Value);
+            const Param* const media = MediaParam(book_.DetailsOf(one));
+            const std::string_view type = media == nullptr ? std::string_view{} : media->Value;
+            line.append("data:").append(MediaTypeOf(one.Name, type, one.Value));
+            line.append(";base64,").append(one.Value);
         } else if (uri) {
             line += uri->Base64;
         } else if (IsDate(name) && !SameName(ParamOf(book_, one, field::kValue), "text")) {
@@ -174,31 +191,22 @@ class CardWriter {
         return SameName(name, "BDAY") || SameName(name, "REV") || SameName(name, "ANNIVERSARY");
     }
 
-    [[nodiscard]] std::string MediaType(const Property& one) const {
-        std::string type(ParamOf(book_, one, field::kType));
-        const bool picture = one.Name == field::kPhoto || one.Name == field::kLogo;
-        if (type.find('/') == std::string::npos) {
-            const std::string kind = picture                     ? "image/"
-                                     : one.Name == field::kSound ? "audio/"
-                                                                 : "application/";
-            type = kind + (!type.empty() ? type : picture ? "jpeg" : "octet-stream");
-        }
-        return ToLower(type);
-    }
-
     // A member is named by its UID, else by its address, else as the list named it.
     void WriteMember(const Contact& contact, const Property& one) {
         const ListMember member = directory_.MemberOf(one);
         const VCardName name = NameIn(version_, "MEMBER");
         const bool found = member.Record != ListMember::kNobody;
-        std::string line = name.Text;
+        std::string line = GroupOf(book_.DetailsOf(one)) + name.Text;
         bool whole = AppendParams(one, book_.DetailsOf(one), line);
         std::string value(one.Value);
         if (found) {
             value = AsUrn(member.Uid);
         } else if (IsDn(one.Value) && !member.Address.empty()) {
             value = "mailto:" + member.Address;
-            whole = AppendParam(version_, kDnParam, one.Value, line) && whole;
+            // What follows from the address need not be kept.
+            whole = (one.Value == DnOf({}, member.Address) ||
+                     AppendParam(version_, kDnParam, one.Value, line)) &&
+                    whole;
         }
         line += ":";
         AppendOneLine(value, line);

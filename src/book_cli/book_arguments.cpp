@@ -105,8 +105,8 @@ class Parser {
             ->type_name(files)
             ->required()
             ->check(&CheckName);
-        Single(
-            verb->add_option("--charset", arguments_.Charset, "The letters of what is not UTF-8"))
+        Single(verb->add_option(
+                   "--charset", arguments_.Charset, "The letters of what does not say it"))
             ->type_name("NAME")
             ->check(&CheckCharset);
         verb->add_flag("--json", arguments_.Json, "Print an object a line instead of text");

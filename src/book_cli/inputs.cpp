@@ -9,6 +9,7 @@
 #include "app/printable.h"
 #include "app/run_time_error.h"
 #include "book/charset.h"
+#include "book/charset_guess.h"
 #include "book/read_ldif.h"
 #include "book/read_vcard.h"
 #include "book/source.h"
@@ -94,18 +95,23 @@ class Loader {
         (ldif ? book::ReadLdif : book::ReadVCard)(loaded_.Book, file, letters);
         loaded_.Book.HowFar = nullptr;
         if (bad > 0) {
-            loaded_.Book.Told.Add({{},
-                                   loaded_.Book.Keep(std::to_string(bad)),
-                                   file,
-                                   1,
-                                   book::FieldNames::kNone,
-                                   book::What::Doubtful,
-                                   book::Reason::NoLetter});
+            Doubt(file, std::to_string(bad), book::Reason::NoLetter);
+        }
+        const std::string twice = book::WordsEncodedTwice(loaded_.Book.SourceAt(file).Text());
+        if (!twice.empty()) {
+            Doubt(file, twice, book::Reason::EncodedTwice);
         }
         loaded_.Inputs.push_back({found.Form,
                                   std::move(found.Evidence),
                                   letters.Sentence(ldif ? "record" : "card"),
                                   letters.IsDoubtful()});
+    }
+
+    // Tells something of a file as a whole.
+    void Doubt(std::uint32_t file, const std::string& value, book::Reason reason) {
+        book::Book& book = loaded_.Book;
+        book.Told.Add(
+            {{}, book.Keep(value), file, 1, book::FieldNames::kNone, book::What::Doubtful, reason});
     }
 
     void Fail(const RunTimeError& failure) {

@@ -94,12 +94,10 @@ std::string SummaryTail(const book::Book& book) {
 
 void AddMissingMembers(book::Book& book, const Catalogue& catalogue) {
     for (const book::Contact& contact : book.Contacts) {
-        for (const book::Property& one : contact.Properties) {
-            const bool named =
-                one.Name == book::field::kMember || one.Name == book::field::kServerMember;
-            if (named && catalogue.Members().MemberOf(one).Record == book::ListMember::kNobody) {
-                book.Told.Add({book.Names.Text(one.Name),
-                               one.Value,
+        for (const book::ListMember& member : catalogue.Members().MembersOf(contact)) {
+            if (member.Record == book::ListMember::kNobody) {
+                book.Told.Add({book.Names.Text(member.Field->Name),
+                               member.Field->Value,
                                contact.From.File,
                                contact.From.Line,
                                book::FieldNames::kNone,

@@ -74,6 +74,12 @@ tells 'junk.vcf: line 1: skipped: "From me": belongs to no record'
 printf 'BEGIN:VCARD\nVERSION:3.0\nFN:Crew\nX-ADDRESSBOOKSERVER-KIND:group\nX-ADDRESSBOOKSERVER-MEMBER:urn:uuid:1\nEND:VCARD\n' >crew.vcf
 run "a member that is not there" 1 show crew.vcf
 tells "is not in these files"
+printf 'BEGIN:VCARD\nVERSION:3.0\nFN:Crew\nX-EVOLUTION-LIST:TRUE\nEMAIL:bo@example.org\nEMAIL:cy@example.org\nEND:VCARD\n' >evolution.vcf
+run "a member of Evolution that is not there" 1 show evolution.vcf bo.vcf
+tells_once 'evolution.vcf: line 1: skipped: EMAIL "cy@example.org": is not in these files'
+printf 'BEGIN:VCARD\nVERSION:3.0\nFN:J\303\203\302\266rg M\303\203\302\274ller\nEND:VCARD\n' >twice.vcf
+run "letters that were encoded twice" 0 show twice.vcf
+tells 'twice.vcf: line 1: doubtful: "JÃ¶rg, MÃ¼ller": looks encoded twice'
 run "a member of another file" 0 show crew.vcf bo.vcf
 
 # --json.
@@ -138,6 +144,14 @@ same mozilla.ldif stays.ldif
 run "several files" 0 convert old.ldif bo.vcf cy.vcf -o all.vcf
 has out "read 5   written 5"
 has all.vcf "FN:Cy"
+{ printf '\xEF\xBB\xBF'; cat bo.vcf; printf '\x1A\xEF\xBB\xBF'; cat cy.vcf; printf '\x1A'; } >joined.vcf
+run "files that were joined" 0 convert joined.vcf -o parted.vcf
+tells_nothing
+has out "read 2   written 2   carried 0   lost 0"
+has parted.vcf "FN:Cy"
+printf 'version: 1\nservices:\n  web: 2\n' >services.yaml
+run "the version of something else" 65 show services.yaml
+tells "this is a text, no address book"
 run "standard output" 0 convert bo.vcf
 same bo.vcf out
 tells "read 1   written 1   carried 0   lost 0"

@@ -16,19 +16,29 @@ DATES = ("BDAY", "REV", "ANNIVERSARY", "X-ANNIVERSARY")
 LISTS = ("NICKNAME", "CATEGORIES")
 OF_THE_CARD = re.compile(rb"(?i)\s*(BEGIN|END)\s*:\s*VCARD\s*$|VERSION:")
 QUOTED = re.compile(rb"(?i)[^:]*QUOTED-PRINTABLE[^:]*:")
+# Where a soft line end was. Blanks behind all of those of a value are indentation.
+SOFT = b"\0soft\0"
 BASE64 = re.compile(rb"(?i)[^:]*;(ENCODING=)?(BASE64|B)\b[^:]*:")
 
 
 def goes_on(line, following, version):
     """The line with the next one, if that goes on with it, or None."""
     if QUOTED.match(line) and line.endswith(b"=") and not re.match(rb"(?i)END:VCARD", following):
-        return line[:-1] + following.lstrip(b" \t")
+        return line[:-1] + SOFT + following
     base64 = BASE64.match(line)
     if re.match(rb"[ \t]", following):
         return line + (following if version == b"2.1" and not base64 else following[1:])
     if base64 and re.fullmatch(rb"[A-Za-z0-9+/=]+", following):
         return line + following
     return None
+
+
+def hardened(line):
+    """The line without the signs of its soft ends."""
+    begin, *others = line.split(SOFT)
+    if all(other[:1] in (b"", b" ", b"\t") for other in others):
+        others = [other.lstrip(b" \t") for other in others]
+    return begin + b"".join(others)
 
 
 def unfolded(data):
@@ -48,7 +58,7 @@ def unfolded(data):
             line = joined
             lines.popleft()
         if line.strip():
-            yield version, line
+            yield version, hardened(line)
 
 
 def decoded(data):

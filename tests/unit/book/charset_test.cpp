@@ -145,5 +145,20 @@ TEST(AppendUtf8, PutsOneSignForEachRunOfBadBytes) {
               1U);
 }
 
+TEST(WordsEncodedTwice, NamesUpToThreeOfThem) {
+    const std::string umlaut = "\xC3\x83\xC2\xBC";
+    EXPECT_EQ(WordsEncodedTwice("FN:M" + umlaut + "ller;" + umlaut + "x\nM" + umlaut + "ller"),
+              "M" + umlaut + "ller, " + umlaut + "x");
+    EXPECT_EQ(WordsEncodedTwice("a" + umlaut + " b" + umlaut + " c" + umlaut + " d" + umlaut),
+              "a" + umlaut + ", b" + umlaut + ", c" + umlaut);
+    EXPECT_EQ(WordsEncodedTwice("FN:" + umlaut), "");
+    EXPECT_EQ(WordsEncodedTwice("FN:M\xC3\xBCller N\xC3\x83O N\xC3\x83O"), "");
+    std::string others = umlaut + umlaut;
+    for (int i = 0; i < 9; ++i) {
+        others += "\xC3\xBC";
+    }
+    EXPECT_EQ(WordsEncodedTwice(others), "");
+}
+
 }  // namespace
 }  // namespace orvik::book

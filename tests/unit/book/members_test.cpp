@@ -60,6 +60,11 @@ TEST(Directory, FindsMembersOfCards) {
                          "EMAIL;X-EVOLUTION-DEST-CONTACT-UID=a-1:a@b\nEND:VCARD\n"),
         "Cy <c@x>\nAda <a@b> 0\n");
     EXPECT_EQ(Members(ReadVCard, people), "");
+    // What is encoded may end with the sign that names of directories have behind an attribute.
+    EXPECT_EQ(Members(ReadVCard,
+                      "BEGIN:VCARD\nVERSION:4.0\nUID:AbC1==\nFN:Ada\nEND:VCARD\n"
+                      "BEGIN:VCARD\nVERSION:4.0\nKIND:group\nMEMBER:abc1==\nEND:VCARD\n"),
+              "Ada <> 0\n");
 }
 
 }  // namespace

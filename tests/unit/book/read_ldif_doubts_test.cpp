@@ -37,6 +37,15 @@ TEST(ReadLdifDoubts, LinesOutsideOfRecordsAreSkippedTogether) {
     EXPECT_EQ(read.book.Told.Remarks().size(), 1U);
 }
 
+TEST(ReadLdifDoubts, FilesThatWereJoinedLoseNobody) {
+    Check(
+        {"\xEF\xBB\xBF"
+         "dn: cn=Al\r\ncn: Al\r\n\r\n\xEF\xBB\xBF"
+         "dn: cn=Bo\r\ncn: Bo\r\n\x1A",
+         "person\nFN:Al\nperson\nFN:Bo\n",
+         ""});
+}
+
 TEST(ReadLdifDoubts, AVersionIsNoRecordAndNeedsNoEmptyLine) {
     Check({"version: 1\ndn: cn=Al\ncn: Al\n\nversion: 1\n\ndn: cn=Bo\ncn: Bo\n",
            "person\nFN:Al\nperson\nFN:Bo\n",

@@ -68,7 +68,12 @@ TEST(ReadVCard, JoinsSoftLineEndsOfQuotedPrintableOnly) {
     EXPECT_EQ(Read("2.1",
                    "NOTE;ENCODING=QUOTED-PRINTABLE:one=0D=0A=\ntwo=0D=\n=0Athree=\n  four\n"
                    "URL:http://a?b=\nFN;QUOTED-PRINTABLE:A=6C=\n"),
-              "NOTE:one\\x0Atwo\\x0Athreefour\nURL:http://a?b=\nFN:Al\n");
+              "NOTE:one\\x0Atwo\\x0Athree  four\nURL:http://a?b=\nFN:Al\n");
+    // Writers that indent do it in each line.
+    EXPECT_EQ(Read("2.1",
+                   "NOTE;ENCODING=QUOTED-PRINTABLE:one=\n two=\n\tthree=\n\n"
+                   "TITLE;QUOTED-PRINTABLE:a=\nb=\n c=\n\t =\nd\n"),
+              "NOTE:onetwothree\nTITLE:ab c\\x09 d\n");
 }
 
 TEST(ReadVCard, SplitsBeforeItDecodes) {
@@ -163,6 +168,15 @@ void Check(const Row& row) {
     const ReadBook read(ReadVCard, row.Cards);
     EXPECT_EQ(Shown(read.book), row.Shown) << row.Cards;
     EXPECT_EQ(Told(read.book), row.Told) << row.Cards;
+}
+
+TEST(ReadVCard, TakesFilesThatWereJoined) {
+    Check(
+        {"\xEF\xBB\xBF"
+         "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Al\r\nEND:VCARD\r\n\x1A\xEF\xBB\xBF"
+         "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Bo\r\nEND:VCARD\x1A",
+         "person\nFN:Al\nperson\nFN:Bo\n",
+         ""});
 }
 
 TEST(ReadVCard, TellsWhatIsOdd) {

@@ -76,6 +76,12 @@ TEST(RoundTrip, NumbersAreNames) {
     EXPECT_EQ(Back("2.5.4.99: oid\n"), "2.5.4.99: oid\n");
 }
 
+TEST(RoundTrip, ABlankOrTabBeforeAValueStays) {
+    const std::string lines = "UID:1\r\nN:Al;;;;\r\nFN:Al\r\nTITLE:\ta\r\nNOTE: b \r\nX-F:\t\r\n";
+    const std::string card = "BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "END:VCARD\r\n";
+    EXPECT_EQ(ToCard(ToLdif(card)), card);
+}
+
 TEST(RoundTrip, ANulOfACardComesBack) {
     const std::string lines = "UID:1\r\nN:Al;;;;\r\nFN:Al\r\nNOTE:a\0b\r\nX-F:a\0b\r\n"s;
     const std::string card = "BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "END:VCARD\r\n";
@@ -166,6 +172,109 @@ TEST(RoundTrip, BreaksThatAreNoLfAreToldInPartsOfAField) {
 TEST(RoundTrip, APictureComesBackThroughEachVersion) {
     EXPECT_EQ(Back("jpegPhoto:: /9j/\n"), "jpegPhoto:: /9j/\n");
     EXPECT_EQ(Back("jpegPhoto:: /9j/\n", Dialect::VCard40), "jpegPhoto:: /9j/\n");
+    // Once, also where it is carried besides.
+    const std::string card =
+        "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:1\r\nFN:Al\r\n"
+        "item1.PHOTO:data:image/jpeg;base64,/9j/\r\nEND:VCARD\r\n";
+    ReadBook read(ReadLdif, ToLdif(card));
+    EXPECT_EQ(WriteVCard(read.book, Dialect::VCard40), card);
+}
+
+TEST(RoundTrip, OptionsOfPlacesAndPicturesComeBack) {
+    const std::string place = "userCertificate;binary:< file:///x/y\n";
+    EXPECT_EQ(Back(place), place);
+    EXPECT_EQ(Back(place, Dialect::VCard40), place);
+    const std::string card = ToCard("dn: cn=Al\ncn: Al\njpegPhoto;binary:: /9j/\n");
+    EXPECT_NE(card.find("\r\nPHOTO;ENCODING=b;TYPE=JPEG;X-ORVIK-OPTIONS=binary:/9j/\r\n"),
+              std::string::npos)
+        << card;
+    EXPECT_EQ(ToCard(ToLdif(card)), card);
+    // A place with letters that LDIF cannot name a place with.
+    const std::string other = ToCard("dn: cn=Al\ncn: Al\njpegPhoto:< file:///\xC3\xA4\n");
+    EXPECT_EQ(ToCard(ToLdif(other)), other);
+}
+
+TEST(RoundTrip, LanguagesBehindAPlainTextComeBack) {
+    const std::string lines =
+        "cn;lang-de: Alf\ntitle: Chief\ntitle;lang-de: Chef\ntitle;lang-fr-CA: Patron\n";
+    EXPECT_EQ(Back(lines), lines);
+    EXPECT_EQ(Back(lines, Dialect::VCard40), lines);
+    // Programs look for the plain name.
+    EXPECT_EQ(Back("title;lang-de: Chef\n").find("title: Chef\nx-orvik-vcard-title: "), 0U);
+    const std::string odd =
+        "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:1\r\nFN:Al\r\n"
+        "FN;LANGUAGE=\"a;b: c\":Bo\r\nFN;LANGUAGE=a^nb:Bo\r\nEND:VCARD\r\n";
+    ReadBook read(ReadLdif, ToLdif(odd));
+    EXPECT_EQ(WriteVCard(read.book, Dialect::VCard40), odd);
+}
+
+TEST(RoundTrip, MembersKeepTheirParametersAndGroups) {
+    const std::string cards =
+        "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:1\r\nFN:Al\r\nEMAIL:a@x\r\nEND:VCARD\r\n"
+        "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:2\r\nFN:Team\r\nKIND:group\r\n"
+        "MEMBER;PREF=1:1\r\nitem1.MEMBER:1\r\nMEMBER;X-P=1:mailto:b@x\r\nMEMBER:mailto:c@x\r\n"
+        "MEMBER:urn:uuid:00000000-0000-0000-0000-000000000000\r\nEND:VCARD\r\n";
+    ReadBook read(ReadLdif, ToLdif(cards));
+    EXPECT_EQ(WriteVCard(read.book, Dialect::VCard40), cards);
+}
+
+TEST(RoundTrip, ProgramsGetAddressesOfTheWebWithPlainColons) {
+    const std::string card =
+        "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nN:Al;;;;\r\nFN:Al\r\n"
+        "URL;TYPE=work:http\\://a\\:80/\\,b\\\r\nitem1.URL:http\\://c\r\nEND:VCARD\r\n";
+    const std::string ldif = ToLdif(card);
+    EXPECT_NE(ldif.find("\nmozillaWorkUrl: http://a:80/\\,b\\\n"), std::string::npos) << ldif;
+    EXPECT_NE(ldif.find("\nmozillaWorkUrl: http://c\n"), std::string::npos) << ldif;
+    EXPECT_EQ(ToCard(ldif), card);
+}
+
+TEST(RoundTrip, OneNumberMayBeOfTwoPlaces) {
+    for (const std::string lines : {"telephoneNumber: 5\nhomePhone: 5\nmobile: 5\n",
+                                    "mozillaWorkUrl: u\nmozillaHomeUrl: u\n",
+                                    "street: 1 Road\nmozillaHomeStreet: 1 Road\n"}) {
+        EXPECT_EQ(Back(lines), lines);
+    }
+}
+
+TEST(RoundTrip, WhatACardCallsAFieldOfLdifStaysOneLine) {
+    const std::string lines =
+        "UID:1\r\nFN:Al\r\nX-ORVIK-LDIF-a;X-ORVIK-OPTIONS=\"b: x^n^ndn: cn=Bo\":v\r\n"
+        "X-ORVIK-LDIF-f\xC3\xB6 bar:v\r\nX-ORVIK-LDIF-:w\r\n"
+        "item1.X-ORVIK-LDIF-c;X-P=1:v\r\n";
+    const std::string card = "BEGIN:VCARD\r\nVERSION:4.0\r\n" + lines + "END:VCARD\r\n";
+    ReadBook read(ReadLdif, ToLdif(card));
+    EXPECT_EQ(test::Told(read.book), "");
+    EXPECT_EQ(WriteVCard(read.book, Dialect::VCard40), card);
+    // A record has one name; another one is a field like others.
+    ReadBook names(ReadLdif,
+                   ToLdif("BEGIN:VCARD\nVERSION:3.0\nUID:1\nFN:Al\nX-ORVIK-LDIF-dn:cn=A\n"
+                          "X-ORVIK-LDIF-dn:cn=B\nEND:VCARD\n"));
+    const std::string shown = test::Shown(names.book);
+    EXPECT_NE(shown.find("X-ORVIK-LDIF-dn:cn=A\n"), std::string::npos) << shown;
+    EXPECT_NE(shown.find("X-ORVIK-LDIF-dn:cn=B\n"), std::string::npos) << shown;
+}
+
+TEST(RoundTrip, AddressesAtHomeAndAtWorkStayTwo) {
+    for (const std::string lines : {"ADR;TYPE=home:1;;1 Road;Town;;;\r\nitem1.ADR:1;;1 Road\r\n",
+                                    "ADR;TYPE=work:;;;;;;\r\nORG:;\r\nNICKNAME:,\r\n"}) {
+        const std::string card = "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nN:Al;;;;\r\nFN:Al\r\n" +
+                                 lines + "END:VCARD\r\n";
+        ReadBook read(ReadVCard, card);
+        ReadBook again(ReadVCard, ToCard(ToLdif(card)));
+        EXPECT_EQ(again.book.Contacts[0].Properties.size(), read.book.Contacts[0].Properties.size())
+            << ToLdif(card);
+    }
+}
+
+TEST(RoundTrip, NicknamesOfOneFieldStayOneField) {
+    for (const std::string lines : {"item1.NICKNAME:a,b\r\n",
+                                    "NICKNAME;TYPE=work:b\\,\\;,a\\\\\r\n",
+                                    "NICKNAME:a\r\nitem1.NICKNAME:a,b\r\n",
+                                    "item1.NICKNAME:a\r\nitem2.NICKNAME:b,c\r\n"}) {
+        const std::string card = "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nN:Al;;;;\r\nFN:Al\r\n" +
+                                 lines + "END:VCARD\r\n";
+        EXPECT_EQ(ToCard(ToLdif(card)), card);
+    }
 }
 
 TEST(RoundTrip, ADateThatIsTextStaysText) {

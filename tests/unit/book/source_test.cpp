@@ -70,6 +70,27 @@ TEST(Source, TellsHalfLettersAndStrayBytes) {
     EXPECT_EQ(half.BadLetters(), 1U);
 }
 
+TEST(Source, TakesAwayWhatStandsWhereFilesWereJoined) {
+    const Source joined(
+        "file", "\xEF\xBB\xBF\xEF\xBB\xBFone\r\n\x1A\xEF\xBB\xBFtwo\r\x1A\nx\x1Ay\n\x1A\x1A");
+    EXPECT_EQ(joined.Text(), "one\r\ntwo\r\nx\x1Ay\n");
+    EXPECT_EQ(joined.OffsetOf(joined.Text().data() + 5), 5U);
+    const Source end("file", "one\x1A");
+    EXPECT_EQ(end.Text(), "one");
+    const Source inside("file",
+                        "a\xEF\xBB\xBF"
+                        "b\n");
+    EXPECT_EQ(inside.Text(),
+              "a\xEF\xBB\xBF"
+              "b\n");
+    const Source wide("file",
+                      "\xFF\xFE"
+                      "a\0\n\0\xFF\xFE"
+                      "b\0"s);
+    EXPECT_EQ(wide.Text(), "a\nb");
+    EXPECT_EQ(Source("file", "\x1A").Text(), "");
+}
+
 // n, c, e and 8 for a NUL, a CR, an escape and a byte that is no ASCII.
 std::string SignsOf(const std::string& bytes) {
     const Source source("file", bytes);

@@ -1,9 +1,11 @@
 #include "book/write_vcard.h"
 
+#include <optional>
 #include <string>
 
 #include <gtest/gtest.h>
 
+#include "book/write_ldif.h"
 #include "unit/book/shown_book.h"
 
 namespace orvik::book {
@@ -52,6 +54,48 @@ TEST(WriteVCard, WritesAnewWhatCannotStay) {
             "BEGIN:VCARD\nVERSION:3.0\nUID:1\nN:;;;;\nFN:Al\n" + Card("4.0", "UID:2\r\nFN:Bo\r\n"),
             Dialect::VCard30),
         Card("3.0", "UID:1\r\nN:;;;;\r\nFN:Al\r\n") + Card("3.0", "UID:2\r\nN:;;;;\r\nFN:Bo\r\n"));
+}
+
+TEST(WriteVCard, WritesAnewWhatIsInAnotherSetAlthoughItsBytesCouldBeUtf8) {
+    const std::string card = Card("3.0", "UID:1\r\nN:\xC3\xBC;;;;\r\nFN:\xC3\xBC\r\n");
+    ReadBook asked(ReadVCard, card, "windows-1252");
+    EXPECT_EQ(WriteVCard(asked.book, Dialect::VCard30),
+              Card("3.0", "UID:1\r\nN:\xC3\x83\xC2\xBC;;;;\r\nFN:\xC3\x83\xC2\xBC\r\n"));
+    ReadBook same(ReadVCard, card, "utf-8");
+    EXPECT_EQ(WriteVCard(same.book, Dialect::VCard30), card);
+    // Letters between escapes, and in quoted-printable that names no set.
+    EXPECT_EQ(Written(Card("3.0", "UID:1\r\nN:;;;;\r\nFN:\x1B$B;3\x1B(B\r\n"), Dialect::VCard30),
+              Card("3.0", "UID:1\r\nN:;;;;\r\nFN:\xE5\xB1\xB1\r\n"));
+    EXPECT_EQ(Written(Card("3.0", "UID:1\r\nN:;;;;\r\nFN;ENCODING=QUOTED-PRINTABLE:J=F6=FC\r\n"),
+                      Dialect::VCard30),
+              Card("3.0", "UID:1\r\nN:;;;;\r\nFN:J\xC3\xB6\xC3\xBC\r\n"));
+    ReadBook record(ReadLdif, "dn: cn=A\ncn: A\nx: \xC3\xBC\n", "windows-1252");
+    const std::string shown = Shown(record.book);
+    ReadBook again(ReadLdif, WriteLdif(record.book, std::nullopt));
+    EXPECT_EQ(Shown(again.book), shown);
+}
+
+TEST(WriteVCard, TellsWhatBytesAreAndWhoseTheyAre) {
+    const std::string newer = Written(Card("3.0",
+                                           "UID:1\r\nN:;;;;\r\nFN:a\r\n"
+                                           "KEY;ENCODING=b;TYPE=WORK;TYPE=PGP:AAAA\r\n"
+                                           "PHOTO;TYPE=pref;ENCODING=b:iVBORw0KGgo=\r\n"
+                                           "LOGO;ENCODING=b:R0lGODlh\r\nSOUND;ENCODING=b:AAAA\r\n"
+                                           "PHOTO;ENCODING=b;TYPE=image/X:/9j/\r\n"),
+                                      Dialect::VCard40);
+    EXPECT_EQ(newer,
+              Card("4.0",
+                   "UID:1\r\nN:;;;;\r\nFN:a\r\nKEY;TYPE=WORK:data:application/pgp;base64,AAAA\r\n"
+                   "PHOTO;PREF=1:data:image/png;base64,iVBORw0KGgo=\r\n"
+                   "LOGO:data:image/gif;base64,R0lGODlh\r\n"
+                   "SOUND:data:audio/octet-stream;base64,AAAA\r\n"
+                   "PHOTO:data:image/x;base64,/9j/\r\n"));
+    const std::string older = Written(newer, Dialect::VCard30);
+    EXPECT_NE(older.find("\r\nSOUND;ENCODING=b:AAAA\r\n"), std::string::npos) << older;
+    EXPECT_EQ(Written(older, Dialect::VCard40), newer);
+    const std::string other =
+        Card("4.0", "UID:1\r\nN:;;;;\r\nFN:a\r\nKEY:data:text/plain;base64,AAAA\r\n");
+    EXPECT_EQ(Written(Written(other, Dialect::VCard30), Dialect::VCard40), other);
 }
 
 TEST(WriteVCard, MakesUpWhatEachCardHas) {
@@ -139,6 +183,9 @@ TEST(WriteVCard, NamesMembersByUidAndThenByAddress) {
     EXPECT_EQ(Told(read.book),
               "skipped 6 MEMBER: cn=Bo,mail=bo@x: is not in these files\n"
               "skipped 6 MEMBER: cn=Cy: is not in these files\n");
+    const std::string group = Card("4.0", "UID:1\r\nFN:a\r\nKIND:group\r\nitem1.MEMBER:x\r\n");
+    EXPECT_NE(Written(group, Dialect::VCard30).find("item1.X-ADDRESSBOOKSERVER-MEMBER:x\r\n"),
+              std::string::npos);
     ReadBook again(ReadLdif, ldif);
     EXPECT_NE(WriteVCard(again.book, Dialect::VCard30)
                   .find("X-ADDRESSBOOKSERVER-KIND:group\r\nX-ADDRESSBOOKSERVER-MEMBER:A-1\r\n"),
