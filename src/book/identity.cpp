@@ -93,15 +93,15 @@ void Identities::MakeAll() const {
             uids_.push_back(WithoutBlanksAround(own->Value));
             continue;
         }
-        const std::string record = NormalisedRecord(book_, contact);
+        std::string record = NormalisedRecord(book_, contact);
         const std::string uid = Version5Uuid(record);
         const auto found = given.find(uid);
         if (found == given.end()) {
             uids_.push_back(made_.Keep(uid));
             given.emplace(uids_.back(), 1U);
         } else {
-            const std::string number = std::to_string(++found->second);
-            uids_.push_back(made_.Keep(Version5Uuid(record + "\n" + number)));
+            record.append("\n").append(std::to_string(++found->second));
+            uids_.push_back(made_.Keep(Version5Uuid(record)));
         }
     }
 }
