@@ -31,6 +31,14 @@ def windows(name):
     return xdo("search", "--onlyvisible", "--name", name)
 
 
+def focus(window):
+    """Keys that come before a busy display has changed the focus go astray."""
+    xdo("windowfocus", window)
+    end = time.time() + 2
+    while xdo("getwindowfocus", "-f") != [window] and time.time() < end:
+        time.sleep(0.02)
+
+
 class Program:
     """A running program; keys go to its front window."""
 
@@ -39,7 +47,7 @@ class Program:
         self.process = subprocess.Popen([PROGRAM, *map(str, arguments)], env=environment, **options)
         title = f"^Orvik - {arguments[0]}$" if arguments else "^Orvik$"
         self.window = eventually(f"a window {title}", lambda: self.own(title))[0]
-        xdo("windowfocus", self.window)
+        focus(self.window)
 
     def own(self, title):
         return [w for w in windows(title) if xdo("getwindowpid", w) == [str(self.process.pid)]]
@@ -51,13 +59,13 @@ class Program:
             elif key.startswith("'"):
                 xdo("type", "--delay", "0", key[1:])
             elif key == "main":
-                xdo("windowfocus", self.window)
+                focus(self.window)
             else:
                 xdo("key", "--delay", "0", key)
             time.sleep(0.15)
 
     def front(self, title):
-        xdo("windowfocus", eventually(f"a window {title}", lambda: self.own(title))[-1])
+        focus(eventually(f"a window {title}", lambda: self.own(title))[-1])
 
     def box_is_shown(self):
         return len(self.own("^Orvik$")) > (0 if self.own("^Orvik - ") else 1)
