@@ -29,7 +29,8 @@ struct Productions {
 
 class AddressGrammar {
  public:
-    AddressGrammar(std::string_view text, const Productions& with) : text_(text), with_(with) {}
+    AddressGrammar(std::string_view text, const Productions& with)
+        : text_(text), with_(with), has_others_(Range(~Places(), 0x80, 0xFF).any()) {}
 
     // addr-spec = local-part "@" domain, of the whole text.
     [[nodiscard]] bool DerivesAddress() const {
@@ -100,7 +101,7 @@ class AddressGrammar {
     // RFC 3629
     [[nodiscard]] Places Tail(const Places& from) const { return Range(from, 0x80, 0xBF); }
     [[nodiscard]] Places Utf8NonAscii(const Places& from) const {
-        if (Range(from, 0x80, 0xFF).none()) {
+        if (!has_others_ || Range(from, 0x80, 0xFF).none()) {
             return {};
         }
         const Places two = Tail(Range(from, 0xC2, 0xDF));
@@ -122,6 +123,9 @@ class AddressGrammar {
     [[nodiscard]] Places CrLf(const Places& from) const { return Letter(Letter(from, '\r'), '\n'); }
     // FWS = ([*WSP CRLF] 1*WSP) / obs-FWS, with obs-FWS = 1*([CRLF] WSP)
     [[nodiscard]] Places Fws(const Places& from) const {
+        if (OneOf(from, " \t\r").none()) {
+            return {};
+        }
         const auto wsp = [this](const Places& some) { return Wsp(some); };
         Places ends = Some(from | CrLf(Any(from, wsp)), wsp);
         if (with_.ObsFws) {
@@ -158,6 +162,9 @@ class AddressGrammar {
     }
     // CFWS = (1*([FWS] comment) [FWS]) / FWS, or nothing
     [[nodiscard]] Places OptionalCfws(const Places& from) const {
+        if (OneOf(from, " \t\r(").none()) {
+            return from;
+        }
         const auto blanks = [this](const Places& some) {
             return with_.Blanks ? some | Fws(some) : some;
         };
@@ -169,7 +176,9 @@ class AddressGrammar {
     }
 
     [[nodiscard]] Places AlphaOrDigit(const Places& from) const {
-        return Range(from, '0', '9') | Range(from, 'A', 'Z') | Range(from, 'a', 'z');
+        return Ends(from, [](char c) {
+            return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+        });
     }
     [[nodiscard]] Places Atext(const Places& from) const {
         return AlphaOrDigit(from) | OneOf(from, "!#$%&'*+-/=?^_`{|}~") | Utf8NonAscii(from);
@@ -239,6 +248,7 @@ class AddressGrammar {
 
     std::string_view text_;
     Productions with_;
+    bool has_others_;  // letters outside ASCII
 };
 
 }  // namespace orvik::book::test
