@@ -45,24 +45,23 @@ class Checker {
             }
         }
         checked.Worst = scanner_.Worst();
-        if (checked.Class() == AddressClass::Bad) {
-            checked.Ascii.clear();
-        }
         return checked;
     }
 
  private:
     bool CheckName() {
         std::size_t words = 0;
-        bool is_quoted = false;
+        bool has_quotes = false;
         bool has_gap_inside = false;
         for (;; ++words) {
             Gap before = Gap::None;
             Gap behind = Gap::None;
+            bool is_quoted = false;
             if (!scanner_.SkipGap(before) || !TakeWord(words, is_quoted) ||
                 !scanner_.SkipGap(behind)) {
                 return false;
             }
+            has_quotes = has_quotes || is_quoted;
             has_gap_inside = has_gap_inside || (words > 0 && before != Gap::None);
             if (scanner_.IsAt('@')) {
                 NoteGapBesideAt(behind);
@@ -73,10 +72,10 @@ class Checker {
             }
             has_gap_inside = has_gap_inside || behind != Gap::None;
         }
-        if (is_quoted) {
+        if (has_quotes) {
             scanner_.Note(Flaw::Quoted);
         }
-        if (has_gap_inside || (is_quoted && words > 0)) {
+        if (has_gap_inside || (has_quotes && words > 0)) {
             scanner_.Note(Flaw::OldName);
         }
         scanner_.Skip();
@@ -165,7 +164,7 @@ class Checker {
             if (!scanner_.SkipGap(gap) || !TakeLabel(labels)) {
                 return false;
             }
-            has_gap = has_gap || (labels > 0 && gap != Gap::None);
+            has_gap = has_gap || gap != Gap::None;
             if (!scanner_.SkipGap(gap)) {
                 return false;
             }

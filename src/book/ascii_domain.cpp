@@ -78,7 +78,7 @@ std::u32string Folded(const std::u16string& text) {
     std::u32string letters;
     for (std::size_t at = 0; at < text.size();) {
         UChar32 letter = 0;
-        U16_NEXT(text.data(), at, text.size(), letter);
+        U16_NEXT(text, at, text.size(), letter);
         letters += static_cast<char32_t>(u_foldCase(letter, U_FOLD_CASE_DEFAULT));
     }
     return letters;
@@ -117,7 +117,7 @@ void AddLabel(std::string_view label, AsciiDomain& domain) {
         domain.Text += label;
         return;
     }
-    domain.IsRefused = domain.IsRefused || errors != 0 || form.empty() || form.ends_with('.');
+    domain.IsRefused = domain.IsRefused || errors != 0 || form.ends_with('.');
     domain.Text += form;
 }
 

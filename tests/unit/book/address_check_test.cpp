@@ -111,6 +111,7 @@ TEST(CheckAddress, NamesSignsThatAreInNoAddress) {
         {"\"ada\"abbott@example.org", "bad: letters behind the closing quotation mark"},
         {"\"ada\"\"abbott\"@example.org", "bad: letters behind the closing quotation mark"},
         {"\"ada\" abbott@example.org", "bad: a blank in the name"},
+        {"\"ada\".abb\"ott@example.org", "bad: the sign \" in the name"},
     };
     ExpectAll(rows);
 }

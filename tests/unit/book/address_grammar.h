@@ -1,17 +1,14 @@
-// E-mail addresses by their grammars, word for word and slowly: each production of RFC 5322, with
-// the letters of RFC 6531, is a function from the places where it may begin to those where it may
-// end. The quick code is compared with it.
+// E-mail addresses by the productions of RFC 5322, with the letters of RFC 6531. The quick code is
+// compared with it.
 
 #pragma once
 
-#include <bitset>
 #include <cstddef>
 #include <string_view>
 
-namespace orvik::book::test {
+#include "unit/book/grammar.h"
 
-inline constexpr std::size_t kLongestDerived = 319;
-using Places = std::bitset<kLongestDerived + 1>;
+namespace orvik::book::test {
 
 // Productions that can be left out, to see whether a text needs them.
 struct Productions {
@@ -27,93 +24,32 @@ struct Productions {
     bool OtherSigns = true;  // atext in a label that no sub-domain of RFC 5321 has
 };
 
-class AddressGrammar {
+class AddressGrammar : private Grammar {
  public:
-    AddressGrammar(std::string_view text, const Productions& with)
-        : text_(text), with_(with), has_others_(Range(~Places(), 0x80, 0xFF).any()) {}
+    AddressGrammar(std::string_view text, const Productions& with) : Grammar(text), with_(with) {}
 
     // addr-spec = local-part "@" domain, of the whole text.
     [[nodiscard]] bool DerivesAddress() const {
-        return Domain(Letter(LocalPart(At(0)), '@'))[text_.size()];
+        return IsWhole(Domain(Letter(LocalPart(At(0)), '@')));
     }
     // Where the "@" is behind which the domain begins.
     [[nodiscard]] std::size_t AtSign() const {
         const Places ends = LocalPart(At(0));
-        for (std::size_t i = 0; i < text_.size(); ++i) {
-            if (ends[i] && Domain(Letter(At(i), '@'))[text_.size()]) {
+        for (std::size_t i = 0; i < Text().size(); ++i) {
+            if (ends[i] && IsWhole(Domain(Letter(At(i), '@')))) {
                 return i;
             }
         }
-        return text_.size();
+        return Text().size();
     }
     // *(%x00-7F / UTF8-non-ascii)
     [[nodiscard]] bool IsUtf8() const {
         return Any(At(0), [this](const Places& from) {
             return Range(from, 0, 0x7F) | Utf8NonAscii(from);
-        })[text_.size()];
+        })[Text().size()];
     }
 
  private:
-    static Places At(std::size_t place) { return Places().set(place); }
-
-    // Behind each letter of a kind. Few places are set, so only those are looked at.
-    template <class Kind>
-    [[nodiscard]] Places Ends(const Places& from, const Kind& is_one) const {
-        Places ends;
-        for (std::size_t i = from._Find_first(); i < text_.size(); i = from._Find_next(i)) {
-            if (is_one(text_[i])) {
-                ends.set(i + 1);
-            }
-        }
-        return ends;
-    }
-    // %xLOW-HIGH
-    [[nodiscard]] Places Range(const Places& from, unsigned low, unsigned high) const {
-        return Ends(from, [=](char letter) {
-            const auto byte = static_cast<unsigned char>(letter);
-            return byte >= low && byte <= high;
-        });
-    }
-    [[nodiscard]] Places Letter(const Places& from, char letter) const {
-        const auto code = static_cast<unsigned char>(letter);
-        return Range(from, code, code);
-    }
-    [[nodiscard]] Places OneOf(const Places& from, std::string_view letters) const {
-        return Ends(from,
-                    [=](char letter) { return letters.find(letter) != std::string_view::npos; });
-    }
-    // *rule
-    template <class Rule>
-    static Places Any(const Places& from, const Rule& rule) {
-        Places all = from;
-        for (Places last = from; last.any();) {
-            last = rule(last) & ~all;
-            all |= last;
-        }
-        return all;
-    }
-    // 1*rule
-    template <class Rule>
-    static Places Some(const Places& from, const Rule& rule) {
-        return Any(rule(from), rule);
-    }
-
-    // RFC 3629
-    [[nodiscard]] Places Tail(const Places& from) const { return Range(from, 0x80, 0xBF); }
-    [[nodiscard]] Places Utf8NonAscii(const Places& from) const {
-        if (!has_others_ || Range(from, 0x80, 0xFF).none()) {
-            return {};
-        }
-        const Places two = Tail(Range(from, 0xC2, 0xDF));
-        const Places three = Range(Range(from, 0xE0, 0xE0), 0xA0, 0xBF) |
-                             Tail(Range(from, 0xE1, 0xEC) | Range(from, 0xEE, 0xEF)) |
-                             Range(Range(from, 0xED, 0xED), 0x80, 0x9F);
-        const Places four = Range(Range(from, 0xF0, 0xF0), 0x90, 0xBF) |
-                            Tail(Range(from, 0xF1, 0xF3)) |
-                            Range(Range(from, 0xF4, 0xF4), 0x80, 0x8F);
-        return two | Tail(three) | Tail(Tail(four));
-    }
-
     [[nodiscard]] Places ObsNoWsCtl(const Places& from) const {
         return with_.ObsText ? Range(from, 1, 8) | Range(from, 11, 12) | Range(from, 14, 31) |
                                    Range(from, 127, 127)
@@ -246,9 +182,7 @@ class AddressGrammar {
         return OptionalCfws(ends);
     }
 
-    std::string_view text_;
     Productions with_;
-    bool has_others_;  // letters outside ASCII
 };
 
 }  // namespace orvik::book::test

@@ -2,14 +2,16 @@
 
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <optional>
-#include <regex>
 #include <string>
 #include <string_view>
 
 #include "book/address_check.h"
 #include "book/ascii_domain.h"
 #include "unit/book/address_grammar.h"
+#include "unit/book/literal_grammar.h"
 
 namespace orvik::book::test {
 
@@ -38,38 +40,16 @@ inline std::string Stripped(std::string_view text) {
     return kept;
 }
 
-// RFC 5321, 4.1.3
-inline Flaw LiteralFlawOf(const std::string& literal) {
-    static const std::string kNumber = "(?:25[0-5]|2[0-4][0-9]|[01]?[0-9]?[0-9])";
-    static const std::string kIpv4 = kNumber + "(?:\\." + kNumber + "){3}";
-    static const std::string kHex = "[0-9A-Fa-f]{1,4}";
-    static const std::string kGroups = kHex + "(?::" + kHex + ")*";
-    static const std::regex kMachine(kIpv4);
-    static const std::regex kTag("[Ii][Pp][Vv]6:[^]*");
-    static const std::regex kFull(kHex + "(?::" + kHex + "){7}");
-    static const std::regex kFull4(kHex + "(?::" + kHex + "){5}:" + kIpv4);
-    static const std::regex kShort("(" + kGroups + ")?::(" + kGroups + ")?");
-    static const std::regex kShort4("(" + kGroups + ")?::(?:(" + kGroups + "):)?" + kIpv4);
-    if (!std::regex_match(literal, kTag)) {
-        return std::regex_match(literal, kMachine) ? Flaw::Machine : Flaw::UnknownLiteral;
+inline Flaw LiteralFlawOf(std::string_view literal) {
+    const LiteralGrammar grammar(literal);
+    if (!grammar.HasTag()) {
+        return grammar.IsIpv4() ? Flaw::Machine : Flaw::UnknownLiteral;
     }
-    const std::string address = literal.substr(5);
-    if (std::regex_match(address, kFull) || std::regex_match(address, kFull4)) {
-        return Flaw::Machine;
+    bool is_address = grammar.IsFullIpv6();
+    for (std::size_t groups = 0; groups <= 6; ++groups) {
+        is_address = is_address || grammar.IsShortIpv6(groups);
     }
-    std::smatch found;
-    const bool short4 = std::regex_match(address, found, kShort4);
-    if (!short4 && !std::regex_match(address, found, kShort)) {
-        return Flaw::NoIpAddress;
-    }
-    std::size_t groups = short4 ? 2 : 0;
-    for (const std::string& some : {found.str(1), found.str(2)}) {
-        groups += some.empty() ? 0U : 1U;
-        for (const char c : some) {
-            groups += c == ':' ? 1U : 0U;
-        }
-    }
-    return groups <= 6 ? Flaw::Machine : groups == 7 ? Flaw::OneGroup : Flaw::NoIpAddress;
+    return is_address ? Flaw::Machine : grammar.IsShortIpv6(7) ? Flaw::OneGroup : Flaw::NoIpAddress;
 }
 
 class AddressTwin {
@@ -129,10 +109,9 @@ class AddressTwin {
         if (domain.starts_with('[')) {
             Note(LiteralFlawOf(domain.substr(1, domain.size() - 2)));
         } else {
-            static const std::regex kHost("[-.0-9A-Za-z\x80-\xFF]{1,1024}");
-            static const std::regex kLongLabel("[^.]{64}");
-            static const std::regex kNumber("(^|\\.)[0-9]+$");
-            if (std::regex_match(domain, kHost)) {
+            Productions hosts;
+            hosts.OtherSigns = false;
+            if (AddressGrammar(text_, hosts).DerivesAddress()) {
                 const AsciiDomain ascii = AsciiDomainOf(domain);
                 if (ascii.IsRefused) {
                     return false;
@@ -141,9 +120,14 @@ class AddressTwin {
                 Note(ascii.IsMapped ? Flaw::MappedDomain : Flaw::None);
                 domain = ascii.Text;
             }
-            Note(std::regex_search(domain, kLongLabel) ? Flaw::LabelLong : Flaw::None);
-            Note(domain.find('.') == std::string::npos ? Flaw::OneLabel : Flaw::None);
-            Note(std::regex_search(domain, kNumber) ? Flaw::NumberAtEnd : Flaw::None);
+            std::string label;
+            for (const char c : domain) {
+                label = c == '.' ? "" : label + c;
+                Note(label.size() > 63 ? Flaw::LabelLong : Flaw::None);
+            }
+            Note(label == domain ? Flaw::OneLabel : Flaw::None);
+            const bool number = label.find_first_not_of("0123456789") == std::string::npos;
+            Note(number ? Flaw::NumberAtEnd : Flaw::None);
         }
         Note(name.size() > 64 ? Flaw::NameLong : Flaw::None);
         Note(domain.size() > 255 ? Flaw::DomainLong : Flaw::None);
