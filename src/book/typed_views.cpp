@@ -21,12 +21,20 @@ std::string AndroidNickname(std::string_view value) {
     return PartAt(value, 0) == kKind ? Unescaped(PartAt(value, 1)) : std::string();
 }
 
-std::vector<std::string> AllOf(const Contact& contact, NameId name) {
-    std::vector<std::string> texts;
+std::vector<const Property*> FieldsOf(const Contact& contact, NameId name) {
+    std::vector<const Property*> fields;
     for (const Property& one : contact.Properties) {
         if (one.Name == name && !one.Value.empty()) {
-            texts.emplace_back(one.Value);
+            fields.push_back(&one);
         }
+    }
+    return fields;
+}
+
+std::vector<std::string> AllOf(const Contact& contact, NameId name) {
+    std::vector<std::string> texts;
+    for (const Property* const one : FieldsOf(contact, name)) {
+        texts.emplace_back(one->Value);
     }
     return texts;
 }
@@ -113,6 +121,10 @@ std::vector<std::string> NicknamesOf(const Book& book, const Contact& contact) {
 
 std::vector<std::string> AddressesOf(const Contact& contact) {
     return AllOf(contact, field::kEmail);
+}
+
+std::vector<const Property*> AddressFieldsOf(const Contact& contact) {
+    return FieldsOf(contact, field::kEmail);
 }
 
 std::vector<std::string> PhonesOf(const Contact& contact) {

@@ -27,6 +27,8 @@ struct PersonName {
 [[nodiscard]] std::vector<std::string> NicknamesOf(const Book& book, const Contact& contact);
 [[nodiscard]] std::vector<std::string> AddressesOf(const Contact& contact);
 [[nodiscard]] std::vector<std::string> PhonesOf(const Contact& contact);
+// The properties that AddressesOf is made of, in the same order, as long as the contact stays.
+[[nodiscard]] std::vector<const Property*> AddressFieldsOf(const Contact& contact);
 
 // The value of a property as a person reads it; components stay as they are kept.
 [[nodiscard]] std::string TextOf(const Book& book, const Property& property);

@@ -16,11 +16,12 @@ constexpr const char* kExamples =
     "  orvik-book show book.ldif\n"
     "  orvik-book convert book.ldif -o contacts.vcf\n"
     "  orvik-book convert old.vcf work.ldif --vcard 4 -o all.vcf\n"
+    "  orvik-book check book.ldif\n"
     "  orvik-book diff book.ldif contacts.vcf\n"
     "\n"
     "A file named - is standard input.\n"
     "\n"
-    "Exit status: 0 all, 1 something skipped, lost or different, 2 usage,\n"
+    "Exit status: 0 all, 1 something skipped, lost, bad or different, 2 usage,\n"
     "65 no address book, 66 no input, 71 out of memory, 73 cannot create,\n"
     "74 input/output error, 130 interrupted.";
 
@@ -66,6 +67,7 @@ class Parser {
         app_.require_subcommand(1);
         show_ = AddVerb("show", "Say what is in address books", "FILE");
         convert_ = AddVerb("convert", "Write address books as one vCard or LDIF file", "FILE");
+        check_ = AddVerb("check", "Say which e-mail addresses can be none", "FILE");
         diff_ = AddVerb("diff", "Compare two address books", "LEFT RIGHT");
         AddConvertOptions();
     }
@@ -88,6 +90,7 @@ class Parser {
         const cli::Words words(static_cast<int>(pointers.size()), pointers.data());
         app_.parse(words.Count(), words.Pointers());
         arguments_.What = convert_->parsed() ? Verb::Convert
+                          : check_->parsed() ? Verb::Check
                           : diff_->parsed()  ? Verb::Diff
                                              : Verb::Show;
         CheckFiles();
@@ -136,7 +139,7 @@ class Parser {
 
     // Whoever writes an option before the verb is told where it belongs.
     static void CheckOrder(const std::vector<std::string>& words) {
-        constexpr std::array<std::string_view, 3> kVerbs = {"show", "convert", "diff"};
+        constexpr std::array<std::string_view, 4> kVerbs = {"show", "convert", "check", "diff"};
         constexpr std::array<std::string_view, 3> kBefore = {"-h", "--help", "--version"};
         const bool option = words.size() > 1 && words[1].size() > 1 && words[1].starts_with('-') &&
                             std::find(kBefore.begin(), kBefore.end(), words[1]) == kBefore.end();
@@ -204,6 +207,7 @@ class Parser {
     std::string set_;
     CLI::App* show_ = nullptr;
     CLI::App* convert_ = nullptr;
+    CLI::App* check_ = nullptr;
     CLI::App* diff_ = nullptr;
     CLI::Option* output_ = nullptr;
     CLI::Option* vcard_ = nullptr;

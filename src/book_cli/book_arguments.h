@@ -15,7 +15,7 @@
 
 namespace orvik::book_cli {
 
-enum class Verb : std::uint8_t { Show, Convert, Diff };
+enum class Verb : std::uint8_t { Show, Convert, Check, Diff };
 
 // What stands for standard input, and for standard output.
 inline constexpr const char* kStandardStream = "-";

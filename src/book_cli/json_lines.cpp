@@ -125,4 +125,16 @@ std::string ReportLine(const ReportEntry& entry) {
     return TextOf(line) + "\n";
 }
 
+std::string AddressLine(const AddressEntry& entry) {
+    Json line = {{"file", std::string(entry.File)},
+                 {"line", entry.Line},
+                 {"address", std::string(entry.Address)},
+                 {"class", std::string(entry.Class)},
+                 {"reason", std::string(entry.Reason)}};
+    if (!entry.Ascii.empty()) {
+        line["ascii"] = std::string(entry.Ascii);
+    }
+    return TextOf(line) + "\n";
+}
+
 }  // namespace orvik::book_cli

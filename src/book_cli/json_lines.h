@@ -55,4 +55,18 @@ struct ReportEntry {
 // {"what":"carried","file":"a.ldif","line":1,"field":...,"value":...,"target":...,"reason":...}
 [[nodiscard]] std::string ReportLine(const ReportEntry& entry);
 
+// What a line about an address says.
+struct AddressEntry {
+    std::string_view File;
+    std::size_t Line = 0;
+    std::string_view Address;
+    std::string_view Class;
+    std::string_view Reason;
+    // Empty where there is no other form.
+    std::string_view Ascii;
+};
+// {"file":"a.vcf","line":3,"address":...,"class":"odd","reason":...}, and "ascii" where there is
+// one
+[[nodiscard]] std::string AddressLine(const AddressEntry& entry);
+
 }  // namespace orvik::book_cli

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <string_view>
 
 #include "app/printable.h"
 #include "book/typed_views.h"
@@ -15,19 +14,6 @@ using book::What;
 
 // Nobody reads more at a terminal; the report has all.
 constexpr std::size_t kMostTold = 20;
-
-// The beginning of a value, without a letter that is cut.
-std::string Shortened(std::string_view value) {
-    constexpr std::size_t kLongest = 60;
-    if (value.size() <= kLongest) {
-        return std::string(value);
-    }
-    std::size_t end = kLongest;
-    while (end > 0 && (static_cast<unsigned char>(value[end]) & 0xC0U) == 0x80) {
-        --end;
-    }
-    return std::string(value.substr(0, end)) + "...";
-}
 
 void TellKind(Console& console, const book::Book& book, What kind) {
     std::size_t told = 0;
@@ -48,6 +34,18 @@ void TellKind(Console& console, const book::Book& book, What kind) {
 
 std::string Counted(std::size_t count, const std::string& one, const std::string& many) {
     return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+std::string Shortened(std::string_view value) {
+    constexpr std::size_t kLongest = 60;
+    if (value.size() <= kLongest) {
+        return std::string(value);
+    }
+    std::size_t end = kLongest;
+    while (end > 0 && (static_cast<unsigned char>(value[end]) & 0xC0U) == 0x80) {
+        --end;
+    }
+    return std::string(value.substr(0, end)) + "...";
 }
 
 std::string RemarkText(const book::Book& book, const book::Remark& remark) {

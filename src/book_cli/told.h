@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "book_cli/console.h"
@@ -17,6 +18,9 @@ namespace orvik::book_cli {
 [[nodiscard]] std::string Counted(std::size_t count,
                                   const std::string& one,
                                   const std::string& many);
+
+// Shortened: the beginning of a long value, without a letter that is cut.
+[[nodiscard]] std::string Shortened(std::string_view value);
 
 // RemarkText: "line 3: lost: TEL "5": has no place in the target", with a long value cut.
 [[nodiscard]] std::string RemarkText(const book::Book& book, const book::Remark& remark);

@@ -11,6 +11,8 @@ cli::ExitStatus Run(const Arguments& arguments, Console& console) {
     switch (arguments.What) {
         case Verb::Convert:
             return Convert(arguments, console, outputs);
+        case Verb::Check:
+            return Check(arguments, console, outputs);
         case Verb::Diff:
             return Diff(arguments, console, outputs);
         case Verb::Show:

@@ -22,6 +22,7 @@ namespace orvik::book_cli {
 [[nodiscard]] cli::ExitStatus Convert(const Arguments& arguments,
                                       Console& console,
                                       Outputs& outputs);
+[[nodiscard]] cli::ExitStatus Check(const Arguments& arguments, Console& console, Outputs& outputs);
 [[nodiscard]] cli::ExitStatus Diff(const Arguments& arguments, Console& console, Outputs& outputs);
 
 // FactsText: what a source is and holds, in two lines.

@@ -52,6 +52,9 @@ else
     starve 500 41 convert two.ldif --vcard 4
     starve 500 41 show two.ldif
     starve 500 41 show --json two.ldif
+    printf 'dn: cn=Cy\ncn:: Q3k=\nmail:: Y3lAYsO8Y2hlci5leGFtcGxl\nmail: cy@@example.org\n' >letters.ldif
+    starve 500 41 check letters.ldif
+    starve 500 41 check --json letters.ldif
     starve 500 41 diff two.ldif two.ldif
 fi
 [ "$(find . -name '.orvik*')" = "" ] || { echo "starved: litter"; failed=1; }

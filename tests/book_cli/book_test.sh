@@ -32,7 +32,7 @@ for wrong in bogus show "show --bogus old.ldif" "diff old.ldif" "diff a b c" "sh
     "convert old.ldif -o x.ldif --vcard 3" "convert old.ldif -o x.vcf --attributes mozilla" \
     "convert old.ldif -o x.vcf --vcard 2" "convert old.ldif -o x --vcard 4 --attributes mozilla" \
     "convert old.ldif -o x.ldif --attributes pine" "convert old.ldif --json" \
-    "show old.ldif --report -"; do
+    "show old.ldif --report -" check "check old.ldif -o x.vcf" "check old.ldif --vcard 4" "check - -"; do
     # shellcheck disable=SC2086
     run "usage: $wrong" 2 $wrong
     tells "--help"
@@ -181,6 +181,65 @@ run "what was skipped" 1 convert junk.vcf -o skipped.vcf --report skipped.json
 has skipped.vcf "FN:Bo"
 has skipped.json '{"what":"skipped","file":"junk.vcf","line":1,"field":"","value":"From me",'
 has out "lost 0   skipped 1"
+
+# check.
+run "check" 0 check old.ldif bo.vcf
+prints "3 checked: 3 valid, 0 odd, 0 bad"
+tells 'old.ldif: windows-1252 (assumed; e.g. "Jörg Müller"); --charset names another set'
+run "check the sample" 0 check "$samples/netscape4.ldif"
+prints "40 checked: 40 valid, 0 odd, 0 bad"
+run "check a book without addresses" 0 check cy.vcf
+prints "0 checked: 0 valid, 0 odd, 0 bad"
+{
+    printf 'BEGIN:VCARD\nVERSION:3.0\nFN:Joe\nEMAIL:joe@example.org\nTEL:joe@@\n'
+    printf 'EMAIL:\nEMAIL;TYPE=work:joe@@example.org\nEND:VCARD\n'
+    printf 'BEGIN:VCARD\nVERSION:3.0\nFN:Al\nEMAIL:al@bücher.example\nEMAIL:al@localhost\n'
+    printf 'EMAIL:/O=FIRST/OU=SITE/CN=AL\nEMAIL:"a".l@example.org\nEMAIL:al@\033[2J\nEND:VCARD\n'
+    printf 'BEGIN:VCARD\nVERSION:3.0\nFN:Jö\nEMAIL:jöö@@example.org\nEMAIL:%070d@example.org\nEND:VCARD\n' 7
+} >flagged.vcf
+cp flagged.vcf flagged.kept
+run "check what is flagged" 1 check flagged.vcf
+prints 'flagged.vcf:7  joe@@example.org        bad: two @                     kept, flagged
+flagged.vcf:13  al@localhost            odd: a domain without a dot    kept, flagged
+flagged.vcf:14  /O=FIRST/OU=SITE/CN=AL  odd: an Exchange name, no internet address  kept, flagged
+flagged.vcf:15  "a".l@example.org       deprecated: quotes, blanks or comments beside a dot of the name  kept, flagged
+flagged.vcf:16  al@\x1B[2J              bad: a control letter in the domain  kept, flagged
+flagged.vcf:21  jöö@@example.org        bad: two @                     kept, flagged
+flagged.vcf:22  000000000000000000000000000000000000000000000000000000000000...  odd: a name longer than 64 bytes  kept, flagged
+9 checked: 2 valid, 3 odd, 1 deprecated, 3 bad'
+tells_nothing
+same flagged.vcf flagged.kept
+run "check as objects" 1 check --json flagged.vcf bo.vcf
+lines out 10
+python3 - out <<'CHECK' || fail "the objects are wrong"
+import json, sys
+found = [json.loads(line) for line in open(sys.argv[1], encoding="utf-8")]
+keys = ["file", "line", "address", "class", "reason"]
+assert [list(one) for one in found] == [keys, keys, keys + ["ascii"]] + [keys] * 7, found
+assert found[1] == {"file": "flagged.vcf", "line": 7, "address": "joe@@example.org", "class": "bad",
+                    "reason": "two @"}, found[1]
+assert found[2] == {"file": "flagged.vcf", "line": 12, "address": "al@bücher.example", "class": "valid",
+                    "reason": "", "ascii": "al@xn--bcher-kva.example"}, found[2]
+assert found[6]["address"] == "al@\x1b[2J" and len(found[8]["address"]) == 82, found
+assert found[9]["file"] == "bo.vcf" and found[9]["line"] == 6, found
+CHECK
+sed '/@@\|2J/d' flagged.vcf >odd.vcf
+run "check what is odd alone" 0 check odd.vcf
+has out "6 checked: 2 valid, 3 odd, 1 deprecated, 0 bad"
+printf 'dn: cn=Al\ncn: Al\nmail: al@example.org\nmail:: YWxAQGV4YW1wbGUub3Jn\nmozillaSecondEmail: a l@example.org\n' >two.ldif
+run "check LDIF" 1 check two.ldif
+has out "two.ldif:4  al@@example.org         bad: two @"
+has out "two.ldif:5  a l@example.org         bad: a blank in the name"
+run "check with a report" 1 check two.ldif --report checked.json
+has checked.json '{"what":"read","file":"two.ldif","line":1,'
+run "check what has junk before it" 1 check junk.vcf
+prints "1 checked: 1 valid, 0 odd, 0 bad"
+tells 'junk.vcf: line 1: skipped: "From me": belongs to no record'
+test="check standard input"
+status=0
+"$program" check - <flagged.vcf >out 2>err || status=$?
+[ "$status" = 1 ] || fail "exit status $status"
+has out "-:7  joe@@example.org"
 
 # diff.
 run "equal books" 0 diff old.ldif out.vcf

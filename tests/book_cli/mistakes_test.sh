@@ -22,6 +22,8 @@ refused() {
     lines err 1
     run "convert $1" "$2" convert bo.vcf "$3" -o never.vcf --report never.json
     tells "$4"
+    run "check $1" "$2" check "$3" --report never.json
+    tells "$4"
     run "diff $1" "$2" diff bo.vcf "$3" --report never.json
     tells "$4"
     is_missing never.vcf
@@ -68,6 +70,8 @@ run "a pipe to write" 73 convert bo.vcf -o pipe.vcf --force
 tells "pipe.vcf: Path/File access error"
 run "the first that fails decides" 65 show letter.ldif gone.vcf bo.vcf
 has out "bo.vcf: vCard 3.0"
+run "the first that fails decides of a check, too" 65 check letter.ldif gone.vcf bo.vcf
+has out "1 checked: 1 valid, 0 odd, 0 bad"
 
 # Half a file, and what data may name.
 printf 'BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Bo\r\nEMAIL:bo@exa' >half.vcf
@@ -156,7 +160,7 @@ status=0
  exit "${PIPESTATUS[0]}") || status=$?
 [ "$status" = 74 ] || fail "exit status $status instead of 74"
 cmp -s full.vcf bo.vcf || fail "the old book is not whole"
-for arguments in "show bo.vcf" "show --json bo.vcf" "convert bo.vcf" "diff bo.vcf al.ldif" --help; do
+for arguments in "show bo.vcf" "show --json bo.vcf" "check bo.vcf" "check --json bo.vcf" "convert bo.vcf" "diff bo.vcf al.ldif" --help; do
     test="a full standard output: $arguments"
     status=0
     # shellcheck disable=SC2086
@@ -176,6 +180,11 @@ set +e
 status=${PIPESTATUS[0]}
 set -e
 [ "$status" = 74 ] || fail "exit status $status instead of 74"
+set +e
+"$program" check --json many.vcf 2>err | head -n 1 >/dev/null
+status=${PIPESTATUS[0]}
+set -e
+[ "$status" = 74 ] || fail "exit status $status instead of 74 of a check"
 is_missing never.vcf
 
 # What nothing can hold.

@@ -82,6 +82,10 @@ def test_colours():
     for variable in ({"NO_COLOR": "1"}, {"TERM": "dumb"}):
         shown, _ = at_terminal(["show", "bo.vcf"], **variable)
         check(f"no colours with {variable}", "\x1b" not in shown and "bo.vcf: vCard" in shown, shown)
+    pathlib.Path("flagged.vcf").write_text(CARD.replace("FN:", "EMAIL:a@@b\r\nEMAIL:a@b\r\nFN:"))
+    shown, _ = at_terminal(["check", "flagged.vcf"])
+    check("bad addresses stand out", "\x1b[1;31mbad: two @\x1b[0m   " in shown, shown)
+    check("odd ones do not", "a@b                     odd: a domain" in shown, shown)
     told = subprocess.run([PROGRAM, "show", "bo.vcf"], capture_output=True, text=True, env=environment())
     check("no colours in a file", "\x1b" not in told.stdout + told.stderr, told.stdout)
 

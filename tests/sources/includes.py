@@ -10,8 +10,10 @@ from tree import folder_of
 BEYOND = (
     ("batch/*", "CLI/*"),
     ("book/*", "glib.h"),
+    ("book/ascii_domain.cpp", "unicode/*"),
     ("book/charset*.cpp", "unicode/*"),
     ("book/charset_guess.cpp", "uchardet/*"),
+    ("book/unseen_letters.cpp", "unicode/*"),
     ("book_cli/*", "CLI/*"),
     ("book_cli/json_lines.cpp", "nlohmann/*"),
     ("cli/*", "CLI/*"),

@@ -52,6 +52,10 @@ TEST(TypedViews, FindAllOfAKind) {
     const Contact& contact = read.book.Contacts[0];
     EXPECT_EQ(NicknamesOf(read.book, contact), (List{"a,b", "c", "d", "Bob"}));
     EXPECT_EQ(AddressesOf(contact), (List{"a@b", "c@d"}));
+    const std::vector<const Property*> fields = AddressFieldsOf(contact);
+    ASSERT_EQ(fields.size(), 2U);
+    EXPECT_EQ(fields[1]->Value, "c@d");
+    EXPECT_EQ(fields[1]->Name, NameId{field::kEmail});
     EXPECT_EQ(PhonesOf(contact), (List{"1", "2"}));
     EXPECT_EQ(TextOf(read.book, contact.Properties[0]), "a,b,,c");
 }

@@ -37,6 +37,10 @@ TEST_F(BookArgumentsTest, EachVerbTakesFiles) {
     EXPECT_TRUE(show.Json);
     EXPECT_EQ(show.Charset, "cp850");
     EXPECT_FALSE(show.Force);
+    const Arguments check = Parsed({"check", "a.ldif", "-", "--json"});
+    EXPECT_EQ(check.What, Verb::Check);
+    EXPECT_THAT(check.Files, ElementsAre("a.ldif", "-"));
+    EXPECT_TRUE(check.Json);
     const Arguments diff = Parsed({"diff", "a", "b", "--report", "r", "--force"});
     EXPECT_EQ(diff.What, Verb::Diff);
     EXPECT_THAT(diff.Files, ElementsAre("a", "b"));
