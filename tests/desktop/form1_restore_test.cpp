@@ -43,6 +43,8 @@ TEST_F(Form1RestoreTest, ALongName_IsShownWithoutItsMiddle) {
     EXPECT_THAT(said.front(), HasSubstr("x/al.ldif was saved."));
     EXPECT_LT(said.front().size(), 300U);
     EXPECT_LT(Said().size(), 200U);
+    EXPECT_LT(window.windowTitle().size(), 1100);
+    EXPECT_TRUE(window.windowTitle().endsWith(QStringLiteral("x/al.ldif[*]")));
 }
 
 TEST_F(Form1RestoreTest, EntriesThatNobodyKnows_AreCounted) {

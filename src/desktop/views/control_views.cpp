@@ -4,6 +4,7 @@
 #include <QPushButton>
 
 #include "desktop/text/plain_text.h"
+#include "desktop/text/short_text.h"
 #include "desktop/text/text_codec.h"
 
 namespace orvik {
@@ -40,7 +41,9 @@ void ShowWordsOnly(QDialog& dialog) {
 }
 
 void SyncTitle(QWidget& window, std::string_view caption, TitleMark mark) {
-    QString title = ShownName(caption);
+    // No screen shows as much; Wayland takes 1265 letters.
+    constexpr qsizetype kMostOfTitle = 1000;
+    QString title = WithoutMiddle(ShownName(caption), kMostOfTitle);
     // "[*]" in a title stands for the mark, and twice for itself.
     title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
     if (mark == TitleMark::Shown) {
