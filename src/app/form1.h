@@ -255,6 +255,13 @@ class Form1 : public Form {
         std::uint64_t Ldif = 0;
     };
     Written written_;
+    // The LDIF text that was read last, by its revision, with what separator, and what came of it.
+    struct Read {
+        std::uint64_t Ldif = 0;
+        std::string Separator;
+        SharedText List;
+    };
+    Read read_;
 };
 
 }  // namespace orvik

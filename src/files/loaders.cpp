@@ -118,12 +118,10 @@ void Module1::OpenNetscape4() {
     UnreadEntries left_out;
     form1.unconvert(&left_out);
     NoteReading(LdifText, left_out.Total());
-    const SharedText list = WorkText;
     RefreshLists();
-    // The ASCII form, which the text box shows, comes back in place of the Native form that the
-    // lists needed. To read the book again would give the same.
-    WorkText = list;
-    TextMode = mode::kAscii;
+    // The second pass puts the ASCII form, which the text box shows, back in place of the Native
+    // form that the lists needed.
+    form1.unconvert();
     form1.ShowTextIfShort();
 }
 

@@ -46,11 +46,19 @@ void Form1::mnuCopyConvert_Click() {
     module_.platform.SetClipboardText(module_.LdifText);
 }
 
+// A book that is opened is read twice: the second time gives what came of the first.
 void Form1::unconvert(UnreadEntries* left_out) {
-    const bool is_ours = !module_.LdifText.empty() && written_.Ldif == module_.LdifText.Revision();
-    module_.WorkText = is_ours && left_out == nullptr
-                           ? ReadWrittenLdif(written_.Native, module_.textSep)
-                           : ReadLdif(module_.LdifText, module_.textSep, left_out);
+    const SharedText& ldif = module_.LdifText;
+    const bool is_read = !ldif.empty() && read_.Ldif == ldif.Revision() &&
+                         read_.Separator == module_.textSep && left_out == nullptr;
+    if (!is_read) {
+        const bool is_ours = !ldif.empty() && written_.Ldif == ldif.Revision();
+        read_ = {ldif.Revision(),
+                 module_.textSep,
+                 is_ours && left_out == nullptr ? ReadWrittenLdif(written_.Native, module_.textSep)
+                                                : ReadLdif(ldif, module_.textSep, left_out)};
+    }
+    module_.WorkText = read_.List;
     module_.TextMode = mode::kAscii;
 }
 

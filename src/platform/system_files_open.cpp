@@ -1,12 +1,16 @@
 #include "platform/system_files_open.h"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/sendfile.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <utility>
 
@@ -92,6 +96,17 @@ std::error_code CopyContents(int from, int to) {
     }
 }
 
+// To get all pages of a large text at once costs less than to get each when it is written. A system
+// that cannot gets them one by one.
+void GetPages(char* memory, std::size_t size) {
+    constexpr std::size_t kLarge = std::size_t{1} << 20U;
+    static const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    if (size >= kLarge) {
+        const std::size_t behind_page = page - reinterpret_cast<std::uintptr_t>(memory) % page;
+        madvise(memory + behind_page, (size - behind_page) / page * page, MADV_POPULATE_WRITE);
+    }
+}
+
 }  // namespace
 
 std::error_code SystemInput::Status(FileStatus& status) {
@@ -106,6 +121,7 @@ std::error_code SystemInput::Read(std::size_t count, std::string& bytes) {
     // Memory that is filled is not cleared first. The library may offer more of it than was asked
     // for.
     bytes.resize_and_overwrite(count, [&](char* to, std::size_t /*room*/) -> std::size_t {
+        GetPages(to, count);
         const ssize_t got = read(file_.Number(), to, count);
         if (got < 0) {
             error = LastError();
@@ -124,7 +140,10 @@ void SystemOutput::Discard() {
 }
 
 std::error_code SystemOutput::Write(std::string_view bytes, std::size_t& written) {
-    const ssize_t count = write(file_.Number(), bytes.data(), bytes.size());
+    // A system that gets more of a file at once looks for as large a piece of memory, which costs
+    // more than to come again.
+    constexpr std::size_t kAtOnce = std::size_t{256} << 10U;
+    const ssize_t count = write(file_.Number(), bytes.data(), std::min(bytes.size(), kAtOnce));
     written = count < 0 ? 0 : static_cast<std::size_t>(count);
     return count < 0 ? LastError() : std::error_code();
 }

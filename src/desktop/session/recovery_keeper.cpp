@@ -4,6 +4,7 @@
 #include <ctime>
 #include <utility>
 
+#include "app/working_text.h"
 #include "desktop/text/text_codec.h"
 
 namespace orvik {
@@ -11,8 +12,6 @@ namespace {
 
 // While a copy cannot be written it is tried again, less often.
 constexpr int kSeldom = 10;
-// Edit mode brings texts back as new ones. Longer ones it does not take.
-constexpr std::size_t kShort = 32000;
 
 }  // namespace
 
@@ -69,7 +68,7 @@ void RecoveryKeeper::setAside(const Module1& module) {
     aside_.push_back({.Number = ++last_number_,
                       .Revision = seen_->Text.Revision(),
                       .Next = module.WorkText.Revision(),
-                      .Short = seen_->Text.size() <= kShort ? seen_->Text : SharedText(),
+                      .Short = seen_->Text.size() <= kTextLimit ? seen_->Text : SharedText(),
                       .Mode = seen_->Mode});
     writer_.SetAside(
         last_number_, std::move(*seen_), std::exchange(adopted_, {}), std::exchange(earlier_, {}));
