@@ -98,6 +98,8 @@ void AddContact(const Book& book, const Contact& contact, Facts& facts, Gathered
         if (one.Name >= field::kKnown && !one.Value.empty() &&
             StartsAsName(name, kCarriedFromLdif)) {
             gathered.Unknown.insert(name.substr(kCarriedFromLdif.size()));
+        } else if (StartsAsName(name, kCarriedFromCsv)) {
+            gathered.Unknown.insert(name.substr(kCarriedFromCsv.size()));
         }
     }
 }
@@ -134,6 +136,10 @@ std::vector<Facts> FactsOf(const Book& book, std::span<const Format> formats) {
         all[i].UnknownNames.assign(gathered[i].Unknown.begin(), gathered[i].Unknown.end());
         if (formats[i] == Format::Ldif) {
             AddLdifFacts(text, all[i]);
+            continue;
+        }
+        if (formats[i] == Format::Csv) {
+            all[i].Form = "CSV";
             continue;
         }
         all[i].Form = "vCard";

@@ -35,7 +35,12 @@ std::string_view WordsFor(Reason reason) {
         "has fewer parts than it should",
         "holds nothing",
         "has signs that the target cannot hold",
-        "has no place in the target"};
+        "has no place in the target",
+        "has a quote without an end",
+        "has a quote that is not doubled",
+        "has lines that look like rows of their own",
+        "stands behind the last column",
+        "is the header once more"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];
 }

@@ -41,6 +41,11 @@ enum class Reason : std::uint8_t {
     Empty,           // a record without a field
     ChangedSigns,    // signs that the target cannot hold became others
     NotInTarget,     // the target has no such field
+    NotClosed,       // a quote that nothing closes
+    OddQuote,        // a quote inside of a cell that is not doubled
+    ManyRows,        // a cell that holds what looks like rows
+    NoColumn,        // a cell behind the last column
+    HeaderAgain,     // the header of a table inside of it
     kCount
 };
 

@@ -12,6 +12,7 @@ BEYOND = (
     ("book/*", "glib.h"),
     ("book/charset*.cpp", "unicode/*"),
     ("book/charset_guess.cpp", "uchardet/*"),
+    ("book/csv_words.cpp", "unicode/*"),
     ("book_cli/*", "CLI/*"),
     ("book_cli/json_lines.cpp", "nlohmann/*"),
     ("cli/*", "CLI/*"),
