@@ -62,6 +62,10 @@ class Table {
         while (rows.Next(row)) {
             Take(row, contacts);
         }
+        // After the names, which tell more.
+        for (std::size_t i = 0; header_piece_ == PieceCharset::Other && i < header_.size(); ++i) {
+            charset_.Example(header_bytes_[i]);
+        }
         return {std::string(columns_.Program), SentenceOf(columns_), NotThere(asked)};
     }
 
@@ -72,13 +76,12 @@ class Table {
     void TakeHeader(const CsvRow& row) {
         header_bytes_ = row.Cells;
         header_bytes_.resize(std::min(header_bytes_.size(), kMostColumns));
-        const PieceCharset piece = decoded_ || charset_.IsUtf8()
-                                       ? PieceCharset::Utf8
-                                       : charset_.Judge(row.Cells, row.Number);
+        header_piece_ = decoded_ || charset_.IsUtf8() ? PieceCharset::Utf8
+                                                      : charset_.Judge(row.Cells, row.Number);
         std::size_t bad = 0;
         for (const std::string_view cell : header_bytes_) {
             const std::string_view text =
-                decoded_ ? cell : charset_.Decode(cell, piece, book_.Texts(), bad);
+                decoded_ ? cell : charset_.Decode(cell, header_piece_, book_.Texts(), bad);
             header_.push_back(WithoutBlanksAround(text));
         }
         if (bad > 0 || row.Doubt != Reason::None) {
@@ -159,6 +162,7 @@ class Table {
     CsvForm form_;
     std::vector<std::string_view> header_bytes_;
     std::vector<std::string_view> header_;
+    PieceCharset header_piece_ = PieceCharset::Utf8;
     CsvTop top_;
     CsvColumns columns_;
 };
