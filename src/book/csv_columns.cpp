@@ -149,14 +149,15 @@ class Matcher {
         Take(i, {CsvTrust::Common, 0, field.Name, &field, {}}, CsvGround::Cells);
     }
 
-    // Whether all that a column holds is of a kind.
+    // Whether most of what a column holds is of a kind: single cells may be broken.
     template <class Is>
     [[nodiscard]] bool Hold(std::size_t i, const Is& is) const {
         if (IsEmpty(i)) {
             return false;
         }
         const auto& cells = top_.Cells[i];
-        return std::all_of(cells.begin(), cells.end(), is);
+        const auto count = std::count_if(cells.begin(), cells.end(), is);
+        return 2 * static_cast<std::size_t>(count) > cells.size();
     }
 
     template <class Is>
