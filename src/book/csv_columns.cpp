@@ -18,7 +18,7 @@ bool MayRepeat(CsvMeaning meaning) {
            meaning == CsvMeaning::Values || meaning == CsvMeaning::Carried;
 }
 
-using Key = std::pair<std::string_view, std::uint32_t>;
+using FieldKey = std::pair<std::string_view, std::uint32_t>;
 
 class Matcher {
  public:
@@ -213,8 +213,8 @@ class Matcher {
         }
     }
 
-    struct Hash {
-        std::size_t operator()(const Key& key) const {
+    struct FieldHash {
+        std::size_t operator()(const FieldKey& key) const {
             return std::hash<std::string_view>()(key.first) * 31 + key.second;
         }
     };
@@ -222,7 +222,7 @@ class Matcher {
     const CsvTop& top_;
     CsvHeaderWords words_;
     CsvColumns columns_;
-    std::unordered_set<Key, Hash> taken_;
+    std::unordered_set<FieldKey, FieldHash> taken_;
     std::vector<std::size_t> names_;
 };
 

@@ -22,16 +22,6 @@ std::string_view Taken(std::string_view& rest, std::string_view between, bool& m
     return taken;
 }
 
-std::string_view ValueAt(std::string_view cell, std::size_t number) {
-    for (bool more = true; more; --number) {
-        const std::string_view value = Taken(cell, kBetween, more);
-        if (number == 0) {
-            return WithoutBlanksAround(value);
-        }
-    }
-    return {};
-}
-
 bool IsAsciiLetterOrDigit(char c) {
     return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
@@ -105,7 +95,6 @@ void CsvContacts::Prepare() {
     posts_.resize(posts.size());
     firms_.resize(firms.size());
     kinds_.resize(columns_.All.size());
-    kind_used_.resize(columns_.All.size());
 }
 
 std::uint32_t CsvContacts::TypesOf(std::string_view types) {
@@ -138,6 +127,7 @@ bool CsvContacts::Add(const CsvRow& row, const Origin& from) {
     book_.BeginRead(contact_, from, charset_.IsUtf8());
     contact_.Form = Dialect::Csv;
     Judge(row);
+    TakeKinds(row);
     if (row.Doubt != Reason::None) {
         book_.Told.Add(
             {{}, row.DoubtAt, file_, line_, FieldNames::kNone, What::Doubtful, row.Doubt});
@@ -162,11 +152,24 @@ void CsvContacts::Judge(const CsvRow& row) {
         piece_ = charset_.Judge(row.Cells, line_);
         contact_.IsUtf8 = contact_.IsUtf8 || piece_ == PieceCharset::Broken;
     }
-    // What says home or work is asked for by the cells beside it.
+}
+
+// What says home or work is asked for by the cells beside it.
+void CsvContacts::TakeKinds(const CsvRow& row) {
     for (std::size_t i = 0; i < columns_.All.size(); ++i) {
-        if (columns_.All[i].Field->Meaning == CsvMeaning::Kind) {
-            kinds_[i] = i < row.Cells.size() ? Letters(row.Cells[i], i) : std::string_view{};
-            kind_used_[i] = false;
+        if (columns_.All[i].Field->Meaning != CsvMeaning::Kind) {
+            continue;
+        }
+        Kinds& kinds = kinds_[i];
+        kinds.Cell = i < row.Cells.size() ? Letters(row.Cells[i], i) : std::string_view{};
+        kinds.Used = 0;
+        kinds.Values.clear();
+        std::string_view rest = kinds.Cell;
+        for (bool more = columns_.ManyInCell; more;) {
+            kinds.Values.push_back(Taken(rest, kBetween, more));
+        }
+        if (kinds.Values.empty()) {
+            kinds.Values.push_back(kinds.Cell);
         }
     }
 }
@@ -362,7 +365,8 @@ void CsvContacts::TakeExtra(std::size_t column, std::string_view cell) {
 
 std::string_view CsvContacts::KindOf(std::size_t column, std::size_t number) const {
     const std::size_t kind = columns_.All[column].KindColumn;
-    return kind == CsvColumn::kNone ? std::string_view{} : ValueAt(kinds_[kind], number);
+    const bool there = kind != CsvColumn::kNone && number < kinds_[kind].Values.size();
+    return there ? kinds_[kind].Values[number] : std::string_view{};
 }
 
 void CsvContacts::PushLabelled(NameId name,
@@ -379,7 +383,7 @@ void CsvContacts::PushLabelled(NameId name,
         }
         return Push(name, value, prepared_[column].Types);
     }
-    kind_used_[kind_column] = true;
+    kinds_[kind_column].Used = std::max(kinds_[kind_column].Used, number + 1);
     const CsvKind kind = CsvKindOf(KindOf(column, number));
     if (kind.Label.empty()) {
         return Push(name, value, TypesOf(kind.Types));

@@ -51,6 +51,12 @@ class CsvContacts {
         std::array<std::string_view, 2> Parts;
         bool Used = false;
     };
+    // What a cell says of the values beside it.
+    struct Kinds {
+        std::string_view Cell;
+        std::vector<std::string_view> Values;
+        std::size_t Used = 0;  // up to the last one that belongs to a value
+    };
     // What is prepared once for each column.
     struct Prepared {
         NameId Carried = FieldNames::kNone;
@@ -61,8 +67,9 @@ class CsvContacts {
 
     void Prepare();
     void Judge(const CsvRow& row);
+    void TakeKinds(const CsvRow& row);
     void TakeCell(std::size_t column, std::string_view cell);
-    void TakeValue(std::size_t column, std::string_view value, std::size_t number);
+    void TakeValue(std::size_t column, std::string_view text, std::size_t number);
     void TakeName(std::size_t column, std::string_view value);
     void TakePost(std::size_t column, std::string_view value, std::size_t number);
     void TakeFirm(std::size_t column, std::string_view value);
@@ -98,8 +105,7 @@ class CsvContacts {
     std::vector<Property> properties_;
     PieceCharset piece_ = PieceCharset::Utf8;
     std::uint32_t line_ = 0;
-    std::vector<std::string_view> kinds_;  // by column
-    std::vector<bool> kind_used_;
+    std::vector<Kinds> kinds_;  // by column
     std::array<std::string_view, 5> name_;
     std::string_view shown_;
     std::array<std::string_view, 3> birth_;

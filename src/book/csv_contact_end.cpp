@@ -110,9 +110,10 @@ void CsvContacts::FinishAddressNames() {
 // A kind of nothing is kept all the same.
 void CsvContacts::FinishKinds(const CsvRow& row) {
     for (std::size_t i = 0; i < columns_.All.size() && i < row.Cells.size(); ++i) {
-        if (columns_.All[i].Field->Meaning == CsvMeaning::Kind && !kind_used_[i] &&
-            !WithoutBlanksAround(kinds_[i]).empty()) {
-            Carry(i, kinds_[i]);
+        if (columns_.All[i].Field->Meaning == CsvMeaning::Kind &&
+            kinds_[i].Used < kinds_[i].Values.size() &&
+            !WithoutBlanksAround(kinds_[i].Cell).empty()) {
+            Carry(i, kinds_[i].Cell);
         }
     }
 }

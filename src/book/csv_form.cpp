@@ -14,7 +14,7 @@
 namespace orvik::book {
 namespace {
 
-constexpr std::size_t kSample = 256UL * 1024;
+constexpr std::size_t kSampleBytes = 256UL * 1024;
 constexpr std::size_t kMostRows = 30;
 constexpr std::size_t kMostCells = 1000;
 constexpr std::string_view kSeparators = ",;\t|";
@@ -26,14 +26,14 @@ struct Sample {
 };
 
 void Fill(std::string_view text, char separator, Sample& sample) {
-    CsvRows rows(text.substr(0, kSample), separator, sample.Texts);
+    CsvRows rows(text.substr(0, kSampleBytes), separator, sample.Texts);
     CsvRow row;
     while (sample.Rows.size() < kMostRows && rows.Next(row)) {
         row.Cells.resize(std::min(row.Cells.size(), kMostCells));
         sample.Rows.push_back(row.Cells);
     }
     // The last one may be cut.
-    if (text.size() > kSample && sample.Rows.size() > 1 && sample.Rows.size() < kMostRows) {
+    if (text.size() > kSampleBytes && sample.Rows.size() > 1 && sample.Rows.size() < kMostRows) {
         sample.Rows.pop_back();
     }
 }
@@ -107,8 +107,10 @@ std::optional<CsvForm> NamedForm(std::string_view text) {
     if (line.size() >= 2 && line.front() == '"' && line.back() == '"') {
         line = line.substr(1, line.size() - 2);
     }
-    constexpr std::string_view kName = "sep=";
-    if (line.size() != kName.size() + 1 || !StartsAsName(line, kName) || line.back() == '"') {
+    constexpr std::string_view kStart = "sep=";
+    const bool named = line.size() == kStart.size() + 1 &&
+                       SameName(line.substr(0, kStart.size()), kStart) && line.back() != '"';
+    if (!named) {
         return std::nullopt;
     }
     return CsvForm{line.back(), true, end, "line 1 names the separator"};

@@ -174,7 +174,7 @@ Detected Detect(const Source& source) {
                 Format::Ldif, line, version ? "has the version of LDIF" : "begins a record");
         }
     }
-    const Detected other = Something(source.Text());
+    Detected other = Something(source.Text());
     // Pages and bytes have rows and addresses by chance.
     if (const auto form = other.Evidence == kText ? CsvFormOf(source.Text()) : std::nullopt) {
         return {Format::Csv, form->Evidence};

@@ -13,7 +13,7 @@ namespace orvik::book {
 namespace {
 
 // Columns are known by so many rows at most.
-constexpr std::size_t kMostRows = 200;
+constexpr std::size_t kRowsLookedAt = 200;
 // A row of more is none of an address book; the rest of it is kept as cells without a column.
 constexpr std::size_t kMostColumns = 4096;
 
@@ -40,9 +40,9 @@ std::string_view TextOf(Book& book, std::uint32_t file, Charset& charset) {
     return decoded;
 }
 
-class Table {
+class TableReader {
  public:
-    Table(Book& book, std::uint32_t file, Charset& charset)
+    TableReader(Book& book, std::uint32_t file, Charset& charset)
         : book_(book),
           file_(file),
           charset_(charset),
@@ -100,7 +100,7 @@ class Table {
         }
         top_.Header = header_;
         top_.Columns = header_.size();
-        for (std::size_t i = 0; i < kMostRows && rows.Next(row); ++i) {
+        for (std::size_t i = 0; i < kRowsLookedAt && rows.Next(row); ++i) {
             row.Cells.resize(std::min(row.Cells.size(), kMostColumns));
             top_.Columns =
                 header_.empty() ? std::max(top_.Columns, row.Cells.size()) : top_.Columns;
@@ -173,7 +173,7 @@ CsvFound ReadCsv(Book& book,
                  std::uint32_t file,
                  Charset& charset,
                  std::span<const CsvMapping> asked) {
-    return Table(book, file, charset).Read(asked);
+    return TableReader(book, file, charset).Read(asked);
 }
 
 }  // namespace orvik::book

@@ -73,6 +73,23 @@ TEST(ReadCsv, TakesAPersonOfGoogle) {
         "X-ORVIK-CSV-Phone-2-Label;X-ORVIK-HEADER=Phone 2 - Label:Work Fax\n");
 }
 
+// A kind belongs to the value in its place, and is looked up there: a cell may have very many.
+TEST(ReadCsv, TakesManyValuesOfACell) {
+    constexpr std::size_t kValues = 100000;
+    std::string values = "1";
+    std::string kinds = "Home";
+    for (std::size_t i = 1; i < kValues; ++i) {
+        values += " ::: 1";
+        kinds += " ::: Work";
+    }
+    const ReadBook read(ReadPlain,
+                        "Name,Phone 1 - Type,Phone 1 - Value\nAda," + kinds + "," + values + "\n");
+    EXPECT_EQ(read.book.Contacts.at(0).Properties.size(), kValues + 1);
+    EXPECT_EQ(Read("Name,Phone 1 - Type,Phone 1 - Value\nAda,Home ::: Work,1\n"),
+              "person\nFN:Ada\nTEL;TYPE=home:1\n"
+              "X-ORVIK-CSV-Phone-1-Type;X-ORVIK-HEADER=Phone 1 - Type:Home ::: Work\n");
+}
+
 TEST(ReadCsv, TakesAPersonOfThunderbird) {
     EXPECT_EQ(
         Read("First Name,Last Name,Display Name,Nickname,Primary Email,Screen Name,Home ZipCode,"
