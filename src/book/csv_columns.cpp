@@ -92,22 +92,58 @@ class Matcher {
         }
     }
 
+    // Words of one meaning first: the others depend on what is there.
     void ByWords() {
-        for (std::size_t i = 0; i < top_.Columns; ++i) {
-            if (!IsOpen(i)) {
-                continue;
-            }
-            const auto words = words_.ByTongue(columns_.Language, i);
-            // The word of an address may be that of a street: the cells tell.
-            const auto addresses = std::count_if(words.begin(), words.end(), IsAddressWord);
-            const bool both = addresses > 0 && addresses < std::ssize(words);
-            const bool mail = HoldAny(i, IsAddressCell);
-            for (const CsvWord* const word : words) {
-                if ((!both || IsAddressWord(word) == mail) && Take(i, *word, CsvGround::Words)) {
-                    break;
+        for (const bool last : {false, true}) {
+            for (std::size_t i = 0; i < top_.Columns; ++i) {
+                if (!IsOpen(i)) {
+                    continue;
+                }
+                auto words = words_.ByTongue(columns_.Language, i);
+                const bool one_meaning =
+                    std::all_of(words.begin(), words.end(), [&words](const CsvWord* word) {
+                        return word->Name == words[0]->Name;
+                    });
+                if (one_meaning || last) {
+                    TakeOneOf(i, words);
                 }
             }
         }
+    }
+
+    void TakeOneOf(std::size_t i, std::vector<const CsvWord*>& words) {
+        // The word of an address may be that of a street: the cells tell.
+        const auto addresses = std::count_if(words.begin(), words.end(), IsAddressWord);
+        const bool both = addresses > 0 && addresses < std::ssize(words);
+        const bool mail = HoldAny(i, IsAddressCell);
+        const std::string_view name = NameAmong(words);
+        std::stable_partition(
+            words.begin(), words.end(), [name](const CsvWord* one) { return one->Name == name; });
+        for (const CsvWord* const word : words) {
+            if ((!both || IsAddressWord(word) == mail) && Take(i, *word, CsvGround::Words)) {
+                return;
+            }
+        }
+    }
+
+    // Which of several names a word is: one of them beside the other, else the whole one. What is a
+    // nickname in one country is a family name in another.
+    [[nodiscard]] std::string_view NameAmong(const std::vector<const CsvWord*>& words) const {
+        const auto has = [&words](std::string_view name) {
+            return std::any_of(words.begin(), words.end(), [name](const CsvWord* one) {
+                return one->Name == name;
+            });
+        };
+        if (has("fn") && has("given")) {
+            return HasField("family") ? "given" : "fn";
+        }
+        if (has("fn") && has("family")) {
+            return HasField("given") ? "family" : "fn";
+        }
+        if (has("family") && has("nickname")) {
+            return HasField("family") ? "nickname" : "family";
+        }
+        return {};
     }
 
     static bool IsAddressWord(const CsvWord* word) {

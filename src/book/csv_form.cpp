@@ -43,6 +43,7 @@ struct Signs {
     std::size_t Columns = 0;    // of the first row
     std::size_t Words = 0;      // cells of the first row that name a column
     bool AddressAbove = false;  // a cell of the first row is an address
+    bool EmptyAbove = false;    // a cell of the first row is empty
     bool Addresses = false;     // a column holds addresses below the first row
     bool OtherThings = false;   // another column holds something else
     bool Even = true;           // no row has more cells, and most have as many
@@ -74,6 +75,7 @@ Signs SignsOf(const Sample& sample) {
         const CsvHeaderKey key = KeyOf(cell);
         signs.Words += !key.Text.empty() && !CsvWords::All().Find(key.Text).empty() ? 1U : 0U;
         signs.AddressAbove = signs.AddressAbove || IsAddressCell(cell);
+        signs.EmptyAbove = signs.EmptyAbove || key.Text.empty();
     }
     std::size_t equal = 0;
     for (const auto& row : sample.Rows) {
@@ -116,8 +118,9 @@ std::optional<CsvForm> NamedForm(std::string_view text) {
     return CsvForm{line.back(), true, end, "line 1 names the separator"};
 }
 
+// Headers that nobody knows are rarely empty; a person without an address would be lost as one.
 bool HasHeader(const Signs& signs) {
-    return !signs.AddressAbove;
+    return !signs.AddressAbove && (signs.Words > 0 || !signs.EmptyAbove);
 }
 
 // The separator that parts the first row into most cells, where others have as many.

@@ -111,6 +111,13 @@ TEST(CsvColumns, AreFoundByCommonWords) {
               " de: fn email1 phone.mobile zip.home org -");
     EXPECT_EQ(Matched({"\xE6\xB0\x8F\xE5\x90\x8D", "\xE3\x83\xA1\xE3\x83\xBC\xE3\x83\xAB"}),
               " ja: fn email1");
+    // One name beside the other, else the whole one.
+    EXPECT_EQ(Matched({"Nombre", "Apellidos", "Foo", "Bar"}), " es: given family - -");
+    EXPECT_EQ(Matched({"Nombre", "Correo", "Foo", "Bar"}), " es: fn email1 - -");
+    // A family name in Portugal, a nickname in Brazil.
+    EXPECT_EQ(Matched({"Nome", "Apelido", "Foo", "Bar"}), " pt: given family - -");
+    EXPECT_EQ(Matched({"Nome", "Apelido", "Sobrenome", "Foo", "Bar", "Baz"}),
+              " pt: given nickname family - - -");
     // The cells tell whether it is an address of a house or of mail.
     EXPECT_EQ(Matched({"Name", "Address"}, {{"Ada"}, {"ada@example.org"}}), " en: fn email1");
     EXPECT_EQ(Matched({"Name", "Address"}, {{"Ada"}, {"Mill Lane 3"}}), " en: fn street.home");

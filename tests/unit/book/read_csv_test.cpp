@@ -154,6 +154,16 @@ TEST(ReadCsv, TellsOfRaggedRows) {
               "doubtful 2 : \"ada@example.org: has a quote without an end\n");
 }
 
+// A person without an address is no header.
+TEST(ReadCsv, TakesTheFirstRowForWhatItIs) {
+    EXPECT_EQ(Read("Ada,\nBen,ben@example.org\nCy,cy@example.org\n"),
+              "person\nFN:Ada\nperson\nFN:Ben\nEMAIL:ben@example.org\n"
+              "person\nFN:Cy\nEMAIL:cy@example.org\n");
+    EXPECT_EQ(Read("Wer,Wohin\nBen,ben@example.org\nCy,cy@example.org\n"),
+              "person\nX-ORVIK-CSV-Wer:Ben\nEMAIL:ben@example.org\n"
+              "person\nX-ORVIK-CSV-Wer:Cy\nEMAIL:cy@example.org\n");
+}
+
 TEST(ReadCsv, KnowsWhereEachRowStands) {
     const ReadBook read(ReadPlain,
                         "sep=;\nName;Email\n\"Ada\nA.\";ada@example.org\nBen;b@example.org");
@@ -184,7 +194,8 @@ TEST(ReadCsv, TakesEachSeparatorAndSet) {
 
 // Escapes may hold separators, so the text is letters before it is rows.
 TEST(ReadCsv, TakesSetsWhoseLettersHoldSeparators) {
-    EXPECT_EQ(Read("Name,Email\n\x1B$B;3ED,\x1B(B,y@example.org\n").substr(0, 10), "person\nFN:");
+    EXPECT_EQ(Read("Name,Email\n\x1B$B$,\x1B(B,y@example.org\n"),
+              "person\nFN:\xE3\x81\x8C\nEMAIL:y@example.org\n");
     EXPECT_EQ(Shown(ReadBook(ReadPlain, "Name|Email\n\x83|X|y@example.org\n", "Shift_JIS").book),
               "person\nFN:\xE3\x83\x9DX\nEMAIL:y@example.org\n");
 }
