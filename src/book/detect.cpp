@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "book/csv_form.h"
 #include "book/field_names.h"
 #include "book/lines.h"
 #include "book/utf8.h"
@@ -51,6 +52,8 @@ constexpr std::array kPages = {
     Kind{"<?XML", "an XML document"},
     Kind{"BEGIN:VCALENDAR", "a calendar"},
 };
+
+constexpr std::string_view kText = "a text";
 
 // Attributes of which each record of a person or a list has one at least.
 constexpr std::array<std::string_view, 12> kLdifNames = {"objectclass",
@@ -157,7 +160,7 @@ Detected Something(std::string_view text) {
             return {Format::None, std::string(kind.Name)};
         }
     }
-    return {Format::None, IsBinary(text) ? "a binary file" : "a text"};
+    return {Format::None, IsBinary(text) ? "a binary file" : std::string(kText)};
 }
 
 }  // namespace
@@ -189,7 +192,12 @@ Detected Detect(const Source& source) {
                 Format::Ldif, line, version ? "has the version of LDIF" : "begins a record");
         }
     }
-    return Something(source.Text());
+    Detected other = Something(source.Text());
+    // Pages and bytes have rows and addresses by chance.
+    if (const auto form = other.Evidence == kText ? CsvFormOf(source.Text()) : std::nullopt) {
+        return {Format::Csv, form->Evidence};
+    }
+    return other;
 }
 
 }  // namespace orvik::book

@@ -10,7 +10,7 @@
 
 namespace orvik::book {
 
-enum class Format : std::uint8_t { None, Ldif, VCard };
+enum class Format : std::uint8_t { None, Ldif, VCard, Csv };
 
 struct Detected {
     Format Form = Format::None;

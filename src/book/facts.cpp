@@ -6,6 +6,8 @@
 #include <set>
 
 #include "app/text.h"
+#include "book/csv_form.h"
+#include "book/csv_rows.h"
 #include "book/ldif_fields.h"
 #include "book/ldif_lines.h"
 #include "book/lines.h"
@@ -67,6 +69,31 @@ void AddLdifFacts(std::string_view text, Facts& facts) {
     facts.NicknameNames.assign(names.begin(), names.end());
 }
 
+// Those inside of cells are no ends of rows.
+LineEnds EndsOfRows(std::string_view text) {
+    const CsvForm form = LikelyCsvForm(text);
+    Arena texts;
+    CsvRows rows(text.substr(form.From), form.Separator, texts);
+    LineEnds ends = CountLineEnds(text.substr(0, form.From));
+    for (CsvRow row; rows.Next(row);) {
+        const LineEnds one = CountLineEnds(row.Span.substr(row.Span.find_last_not_of("\r\n") + 1));
+        ends.Lf += one.Lf;
+        ends.CrLf += one.CrLf;
+        ends.Cr += one.Cr;
+    }
+    return ends;
+}
+
+std::string Shown(const LineEnds& ends) {
+    const std::size_t all = ends.Lf + ends.CrLf + ends.Cr;
+    const std::size_t others = all - std::max({ends.Lf, ends.CrLf, ends.Cr});
+    std::string name(NameOf(ends));
+    if (others > 0) {
+        name += " (" + std::to_string(others) + (others == 1 ? " other)" : " others)");
+    }
+    return name;
+}
+
 std::string_view VersionName(Dialect form) {
     switch (form) {
         case Dialect::VCard21:
@@ -98,6 +125,8 @@ void AddContact(const Book& book, const Contact& contact, Facts& facts, Gathered
         if (one.Name >= field::kKnown && !one.Value.empty() &&
             StartsAsName(name, kCarriedFromLdif)) {
             gathered.Unknown.insert(name.substr(kCarriedFromLdif.size()));
+        } else if (StartsAsName(name, kCarriedFromCsv)) {
+            gathered.Unknown.insert(name.substr(kCarriedFromCsv.size()));
         }
     }
 }
@@ -112,14 +141,7 @@ std::string_view LdifProgram(std::string_view text) {
 }
 
 std::string LineEndsOf(std::string_view text) {
-    const LineEnds ends = CountLineEnds(text);
-    const std::size_t all = ends.Lf + ends.CrLf + ends.Cr;
-    const std::size_t others = all - std::max({ends.Lf, ends.CrLf, ends.Cr});
-    std::string name(NameOf(ends));
-    if (others > 0) {
-        name += " (" + std::to_string(others) + (others == 1 ? " other)" : " others)");
-    }
-    return name;
+    return Shown(CountLineEnds(text));
 }
 
 std::vector<Facts> FactsOf(const Book& book, std::span<const Format> formats) {
@@ -134,6 +156,11 @@ std::vector<Facts> FactsOf(const Book& book, std::span<const Format> formats) {
         all[i].UnknownNames.assign(gathered[i].Unknown.begin(), gathered[i].Unknown.end());
         if (formats[i] == Format::Ldif) {
             AddLdifFacts(text, all[i]);
+            continue;
+        }
+        if (formats[i] == Format::Csv) {
+            all[i].Form = "CSV";
+            all[i].LineEnds = Shown(EndsOfRows(text));
             continue;
         }
         all[i].Form = "vCard";

@@ -24,7 +24,7 @@ struct Facts {
     std::size_t Nicknames = 0;
     // The attributes of LDIF that nicknames stand in, in lower case.
     std::vector<std::string> NicknameNames;
-    // Fields of LDIF that vCard has no name for.
+    // Fields of LDIF and columns of CSV that vCard has no name for.
     std::vector<std::string> UnknownNames;
 };
 

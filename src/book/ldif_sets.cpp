@@ -43,27 +43,27 @@ constexpr std::array<LdifNames, 7> kHome = {
     {"mozillaHomePostalCode", "", "mozillaHomePostalCode", "mozillaHomePostalCode"},
     {"mozillaHomeCountryName", "", "mozillaHomeCountryName", "mozillaHomeCountryName"}};
 
-struct Simple {
+struct SimpleField {
     NameId Name;
     LdifNames Names;
 };
 
 constexpr std::array kSimple = {
-    Simple{field::kNote, Same("description")},
-    Simple{field::kTitle, Same("title")},
-    Simple{field::kUid, Same("uid")},
-    Simple{field::kMozillaHtml,
-           {"mozillaUseHtmlMail",
-            "xmozillausehtmlmail",
-            "xmozillausehtmlmail",
-            "xmozillausehtmlmail"}},
-    Simple{field::kAim, {"nsAIMid", "nsAIMid", "nsAIMid", "nscpaimscreenname"}},
-    Simple{field::kCustom1, {"mozillaCustom1", "custom1", "mozillaCustom1", "mozillaCustom1"}},
-    Simple{field::kCustom2, {"mozillaCustom2", "custom2", "mozillaCustom2", "mozillaCustom2"}},
-    Simple{field::kCustom3, {"mozillaCustom3", "custom3", "mozillaCustom3", "mozillaCustom3"}},
-    Simple{field::kCustom4, {"mozillaCustom4", "custom4", "mozillaCustom4", "mozillaCustom4"}},
-    Simple{field::kNickname,
-           {"mozillaNickname", "xmozillanickname", "xmozillanickname", "xmozillanickname"}},
+    SimpleField{field::kNote, Same("description")},
+    SimpleField{field::kTitle, Same("title")},
+    SimpleField{field::kUid, Same("uid")},
+    SimpleField{field::kMozillaHtml,
+                {"mozillaUseHtmlMail",
+                 "xmozillausehtmlmail",
+                 "xmozillausehtmlmail",
+                 "xmozillausehtmlmail"}},
+    SimpleField{field::kAim, {"nsAIMid", "nsAIMid", "nsAIMid", "nscpaimscreenname"}},
+    SimpleField{field::kCustom1, {"mozillaCustom1", "custom1", "mozillaCustom1", "mozillaCustom1"}},
+    SimpleField{field::kCustom2, {"mozillaCustom2", "custom2", "mozillaCustom2", "mozillaCustom2"}},
+    SimpleField{field::kCustom3, {"mozillaCustom3", "custom3", "mozillaCustom3", "mozillaCustom3"}},
+    SimpleField{field::kCustom4, {"mozillaCustom4", "custom4", "mozillaCustom4", "mozillaCustom4"}},
+    SimpleField{field::kNickname,
+                {"mozillaNickname", "xmozillanickname", "xmozillanickname", "xmozillanickname"}},
 };
 
 }  // namespace
@@ -109,7 +109,7 @@ LdifNames AddressNames(bool home, std::size_t part) {
 }
 
 LdifNames SimpleNames(NameId name) {
-    for (const Simple& one : kSimple) {
+    for (const SimpleField& one : kSimple) {
         if (one.Name == name) {
             return one.Names;
         }

@@ -49,7 +49,7 @@ static_assert(sizeof(Property) <= 48);
 enum class ContactKind : std::uint8_t { Person, List };
 
 // How a record was written down.
-enum class Dialect : std::uint8_t { None, Ldif, VCard21, VCard30, VCard40 };
+enum class Dialect : std::uint8_t { None, Ldif, VCard21, VCard30, VCard40, Csv };
 
 struct Contact {
     std::span<Property> Properties;  // in the book's arena
@@ -78,6 +78,7 @@ enum class ValueForm : std::uint8_t {
 // What a field of another format is called.
 inline constexpr std::string_view kCarriedFromLdif = "X-ORVIK-LDIF-";
 inline constexpr std::string_view kCarriedFromVCard = "X-ORVIK-VCARD-";
+inline constexpr std::string_view kCarriedFromCsv = "X-ORVIK-CSV-";
 // The option of such an attribute of LDIF that stands beside what programs know, not for a part of
 // it.
 inline constexpr std::string_view kBesides = "x-more";

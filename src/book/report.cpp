@@ -36,7 +36,12 @@ std::string_view WordsFor(Reason reason) {
         "holds nothing",
         "has signs that the target cannot hold",
         "has no place in the target",
-        "looks encoded twice"};
+        "looks encoded twice",
+        "has a quote without an end",
+        "has a quote that is not doubled",
+        "has lines that look like rows of their own",
+        "stands behind the last column",
+        "is the header once more"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];
 }

@@ -42,6 +42,11 @@ enum class Reason : std::uint8_t {
     ChangedSigns,    // signs that the target cannot hold became others
     NotInTarget,     // the target has no such field
     EncodedTwice,    // UTF-8 that was taken for another set, and became UTF-8 again
+    NotClosed,       // a quote that nothing closes
+    OddQuote,        // a quote inside of a cell that is not doubled
+    ManyRows,        // a cell that holds what looks like rows
+    NoColumn,        // a cell behind the last column
+    HeaderAgain,     // the header of a table inside of it
     kCount
 };
 

@@ -17,6 +17,7 @@ constexpr const char* kExamples =
     "  orvik-book convert book.ldif -o contacts.vcf\n"
     "  orvik-book convert old.vcf work.ldif --vcard 4 -o all.vcf\n"
     "  orvik-book check book.ldif\n"
+    "  orvik-book convert outlook.csv --map \"Club=groups\" -o contacts.vcf\n"
     "  orvik-book diff book.ldif contacts.vcf\n"
     "\n"
     "A file named - is standard input.\n"
@@ -45,6 +46,14 @@ std::string CheckCharset(const std::string& name) {
     return book::CharsetConverter::Named(name) ? "" : "nobody knows the character set " + name;
 }
 
+std::string CheckMapping(const std::string& text) {
+    const book::CsvMapping mapping = book::ParseMapping(text);
+    if (mapping.Header.empty()) {
+        return "--map needs HEADER=FIELD";
+    }
+    return mapping.Field != nullptr ? "" : "nobody knows the field of " + text;
+}
+
 bool IsLdifName(std::string_view name) {
     return HasEnding(name, ".ldif") || HasEnding(name, ".ldi");
 }
@@ -57,8 +66,9 @@ bool IsVCardName(std::string_view name) {
 class Parser {
  public:
     Parser()
-        : app_("Reads address books, LDIF and vCard, with all that they hold, and writes them.",
-               "orvik-book") {
+        : app_(
+              "Reads address books, LDIF, vCard and CSV, with all that they hold, and writes them.",
+              "orvik-book") {
         app_.set_version_flag(
             "--version", "orvik-book " ORVIK_VERSION, "Print the version and exit");
         app_.set_help_flag("-h,--help", "Print this help and exit");
@@ -93,6 +103,9 @@ class Parser {
                           : check_->parsed() ? Verb::Check
                           : diff_->parsed()  ? Verb::Diff
                                              : Verb::Show;
+        for (const std::string& map : maps_) {
+            arguments_.Columns.push_back(book::ParseMapping(map));
+        }
         CheckFiles();
         if (arguments_.What == Verb::Convert) {
             FindTarget();
@@ -112,6 +125,13 @@ class Parser {
                    "--charset", arguments_.Charset, "The letters of what does not say it"))
             ->type_name("NAME")
             ->check(&CheckCharset);
+        verb->add_option(
+                "--map", maps_, "Take a column of CSV for a field, whatever its header says")
+            ->type_name("HEADER=FIELD")
+            ->expected(1)
+            ->allow_extra_args(false)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+            ->check(&CheckMapping);
         verb->add_flag("--json", arguments_.Json, "Print an object a line instead of text");
         Single(verb->add_option("--report", arguments_.Report, "Write what became of each value"))
             ->type_name("FILE")
@@ -205,6 +225,7 @@ class Parser {
     Arguments arguments_;
     std::string version_;
     std::string set_;
+    std::vector<std::string> maps_;
     CLI::App* show_ = nullptr;
     CLI::App* convert_ = nullptr;
     CLI::App* check_ = nullptr;

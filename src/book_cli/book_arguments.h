@@ -9,6 +9,7 @@
 #include <variant>
 #include <vector>
 
+#include "book/csv_columns.h"
 #include "book/ldif_sets.h"
 #include "book/record.h"
 #include "cli/exit_status.h"
@@ -31,6 +32,8 @@ struct Arguments {
     // Empty for none.
     std::string Report;
     std::string Charset;
+    // What --map says of columns; each has its field.
+    std::vector<book::CsvMapping> Columns;
     bool Json = false;
     bool Force = false;
     bool AllowLoss = false;

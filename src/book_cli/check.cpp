@@ -83,7 +83,7 @@ void PrintAddress(const Arguments& arguments,
 
 cli::ExitStatus Check(const Arguments& arguments, Console& console, Outputs& outputs) {
     Loaded loaded;
-    Load(console, arguments.Files, arguments.Charset, loaded);
+    Load(console, arguments.Files, arguments.Charset, loaded, arguments.Columns);
     Counts counts{};
     for (const book::Contact& contact : loaded.Book.Contacts) {
         for (const book::Property* const field : book::AddressFieldsOf(contact)) {

@@ -96,7 +96,7 @@ std::string ConvertedText(const Console& console,
 
 cli::ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& outputs) {
     Loaded loaded;
-    Load(console, arguments.Files, arguments.Charset, loaded);
+    Load(console, arguments.Files, arguments.Charset, loaded, arguments.Columns);
     if (loaded.Status != cli::ExitStatus::Done) {
         return loaded.Status;
     }
@@ -104,6 +104,7 @@ cli::ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& o
     const SharedText text = Written(arguments, loaded, console);
     cli::ExitStatus status = StatusOf(loaded.Book);
     if (const std::string refusal = Refusal(loaded.Book, arguments.AllowLoss); !refusal.empty()) {
+        TellColumns(console, loaded);
         TellRemarks(console, loaded);
         console.Tell(refusal);
         return Worse(status, outputs.WriteReport(ReportOf(loaded)));
@@ -121,6 +122,7 @@ cli::ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& o
         Print(ConvertedText(console, arguments, loaded.Book, unchanged), arguments, console);
     }
     status = Worse(status, outputs.FinishPrinting());
+    TellColumns(console, loaded);
     TellCharsets(console, loaded);
     TellRemarks(console, loaded);
     return arguments.Report.empty() ? status : Worse(status, outputs.WriteReport(ReportOf(loaded)));

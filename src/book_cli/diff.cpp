@@ -53,7 +53,7 @@ cli::ExitStatus Diff(const Arguments& arguments, Console& console, Outputs& outp
     const std::span<const std::string> files = arguments.Files;
     std::array<Loaded, 2> sides;
     for (std::size_t i = 0; i < sides.size(); ++i) {
-        Load(console, files.subspan(i, 1), arguments.Charset, sides[i]);
+        Load(console, files.subspan(i, 1), arguments.Charset, sides[i], arguments.Columns);
     }
     for (const Loaded& side : sides) {
         if (side.Status != cli::ExitStatus::Done) {
@@ -81,6 +81,7 @@ cli::ExitStatus Diff(const Arguments& arguments, Console& console, Outputs& outp
     status = Worse(status, outputs.FinishPrinting());
     std::string report;
     for (const Loaded& side : sides) {
+        TellColumns(console, side);
         TellCharsets(console, side);
         TellRemarks(console, side);
         status = Worse(status, StatusOf(side.Book));

@@ -10,6 +10,7 @@
 #include "app/run_time_error.h"
 #include "book/charset.h"
 #include "book/charset_guess.h"
+#include "book/read_csv.h"
 #include "book/read_ldif.h"
 #include "book/read_vcard.h"
 #include "book/source.h"
@@ -22,8 +23,11 @@ using cli::ExitStatus;
 
 class Loader {
  public:
-    Loader(Console& console, const std::string& charset, Loaded& loaded)
-        : console_(console), charset_(charset), loaded_(loaded) {}
+    Loader(Console& console,
+           const std::string& charset,
+           Loaded& loaded,
+           std::span<const book::CsvMapping> columns)
+        : console_(console), charset_(charset), loaded_(loaded), columns_(columns) {}
 
     void Load(const std::string& name) {
         console_.Begin(name);
@@ -90,9 +94,8 @@ class Loader {
         const std::size_t bad = source->BadLetters();
         const std::uint32_t file = loaded_.Book.AddSource(std::move(source));
         book::Charset letters(loaded_.Book.SourceAt(file), charset_);
-        const bool ldif = found.Form == book::Format::Ldif;
         loaded_.Book.HowFar = console_.ProgressOf("reading");
-        (ldif ? book::ReadLdif : book::ReadVCard)(loaded_.Book, file, letters);
+        const book::CsvFound table = Read(found.Form, file, letters);
         loaded_.Book.HowFar = nullptr;
         if (bad > 0) {
             Doubt(file, std::to_string(bad), book::Reason::NoLetter);
@@ -103,8 +106,27 @@ class Loader {
         }
         loaded_.Inputs.push_back({found.Form,
                                   std::move(found.Evidence),
-                                  letters.Sentence(ldif ? "record" : "card"),
-                                  letters.IsDoubtful()});
+                                  letters.Sentence(NounOf(found.Form)),
+                                  letters.IsDoubtful(),
+                                  table.Program,
+                                  table.Sentence});
+    }
+
+    static std::string_view NounOf(book::Format form) {
+        return form == book::Format::Ldif ? "record" : form == book::Format::VCard ? "card" : "row";
+    }
+
+    book::CsvFound Read(book::Format form, std::uint32_t file, book::Charset& letters) {
+        if (form == book::Format::Csv) {
+            book::CsvFound found = book::ReadCsv(loaded_.Book, file, letters, columns_);
+            for (const std::string& header : found.NotThere) {
+                console_.Tell("--map: there is no column " + Printable(header));
+            }
+            return found;
+        }
+        (form == book::Format::Ldif ? book::ReadLdif : book::ReadVCard)(
+            loaded_.Book, file, letters);
+        return {};
     }
 
     // Tells something of a file as a whole.
@@ -130,6 +152,7 @@ class Loader {
     Console& console_;
     const std::string& charset_;
     Loaded& loaded_;
+    std::span<const book::CsvMapping> columns_;
 };
 
 // The same file under another name would give each contact twice; of many files the first are
@@ -161,8 +184,9 @@ std::vector<book::Format> Loaded::Formats() const {
 void Load(Console& console,
           std::span<const std::string> names,
           const std::string& charset,
-          Loaded& loaded) {
-    Loader loader(console, charset, loaded);
+          Loaded& loaded,
+          std::span<const book::CsvMapping> columns) {
+    Loader loader(console, charset, loaded, columns);
     for (std::size_t i = 0; i < names.size(); ++i) {
         TellOfTwin(console, names.first(i), names[i]);
         loader.Load(names[i]);

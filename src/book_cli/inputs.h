@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "book/address_book.h"
+#include "book/csv_columns.h"
 #include "book/detect.h"
 #include "book_cli/console.h"
 #include "cli/exit_status.h"
@@ -19,6 +20,9 @@ struct Input {
     std::string Evidence;  // "line 1 begins a card"
     std::string Charset;   // "windows-1252 (assumed; e.g. "Al")"
     bool CharsetIsDoubtful = false;
+    // Of CSV alone: the program whose words its header has, and what was decided about its columns.
+    std::string Program = {};
+    std::string Columns = {};
 };
 
 struct Loaded {
@@ -31,10 +35,12 @@ struct Loaded {
 };
 
 // Load: reads files, "-" for standard input, and tells what is wrong with them. Nothing that they
-// name is opened. charset is empty, or the one that the user named. Errors: std::bad_alloc.
+// name is opened. charset is empty, or the one that the user named; columns are those of CSV that
+// the user decides about. Errors: std::bad_alloc.
 void Load(Console& console,
           std::span<const std::string> names,
           const std::string& charset,
-          Loaded& loaded);
+          Loaded& loaded,
+          std::span<const book::CsvMapping> columns);
 
 }  // namespace orvik::book_cli

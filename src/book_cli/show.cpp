@@ -39,7 +39,8 @@ std::string FactsText(const Console& console,
                       const std::string& name,
                       const Input& input,
                       const book::Facts& facts) {
-    std::string text = console.Strong(Printable(name)) + ": " + facts.Form;
+    std::string text = console.Strong(Printable(name)) + ": " + Printable(input.Program) +
+                       (input.Program.empty() ? "" : " ") + facts.Form;
     // Where it begins is worth a word only if something stands before it.
     if (!input.Evidence.starts_with("line 1 ")) {
         text += " (" + input.Evidence + ")";
@@ -51,6 +52,9 @@ std::string FactsText(const Console& console,
             std::to_string(facts.Phones) + "   notes " + std::to_string(facts.Notes) +
             "   nicknames " + std::to_string(facts.Nicknames);
     text += facts.NicknameNames.empty() ? "" : " (" + Listed(facts.NicknameNames) + ")";
+    if (input.Form == book::Format::Csv) {
+        text += "   columns unknown to vCard: " + std::to_string(facts.UnknownNames.size());
+    }
     if (input.Form == book::Format::Ldif) {
         text += "   fields unknown to vCard: " + std::to_string(facts.UnknownNames.size());
     }
@@ -59,7 +63,7 @@ std::string FactsText(const Console& console,
 
 cli::ExitStatus Show(const Arguments& arguments, Console& console, Outputs& outputs) {
     Loaded loaded;
-    Load(console, arguments.Files, arguments.Charset, loaded);
+    Load(console, arguments.Files, arguments.Charset, loaded, arguments.Columns);
     const Catalogue catalogue(loaded.Book);
     AddMissingMembers(loaded.Book, catalogue);
     if (arguments.Json) {
@@ -71,6 +75,7 @@ cli::ExitStatus Show(const Arguments& arguments, Console& console, Outputs& outp
         ShowFacts(loaded, console);
     }
     cli::ExitStatus status = Worse(outputs.FinishPrinting(), loaded.Status);
+    TellColumns(console, loaded);
     TellRemarks(console, loaded);
     if (!arguments.Report.empty() && !loaded.Inputs.empty()) {
         status = Worse(status, outputs.WriteReport(ReportOf(loaded)));

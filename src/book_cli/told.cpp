@@ -74,6 +74,16 @@ void TellCharsets(Console& console, const Loaded& loaded) {
     console.End();
 }
 
+void TellColumns(Console& console, const Loaded& loaded) {
+    for (std::uint32_t i = 0; i < loaded.Inputs.size(); ++i) {
+        if (!loaded.Inputs[i].Columns.empty()) {
+            console.Begin(loaded.Book.SourceAt(i).Name());
+            console.Tell(Printable(loaded.Inputs[i].Columns));
+        }
+    }
+    console.End();
+}
+
 void TellRemarks(Console& console, const Loaded& loaded) {
     for (const What kind : {What::Lost, What::Skipped, What::Doubtful}) {
         TellKind(console, loaded.Book, kind);
@@ -118,6 +128,15 @@ std::string ReportOf(const Loaded& loaded) {
                                 {},
                                 {},
                                 loaded.Inputs[i].Charset});
+        }
+        if (!loaded.Inputs[i].Columns.empty()) {
+            text += ReportLine({NameOf(What::Read),
+                                book.SourceAt(i).Name(),
+                                1,
+                                {},
+                                {},
+                                {},
+                                loaded.Inputs[i].Columns});
         }
     }
     for (const book::Contact& one : book.Contacts) {

@@ -28,6 +28,9 @@ namespace orvik::book_cli {
 // Names the character sets that are only assumed or guessed.
 void TellCharsets(Console& console, const Loaded& loaded);
 
+// Tells what was decided about the columns of CSV.
+void TellColumns(Console& console, const Loaded& loaded);
+
 // TellRemarks: names what was lost, skipped and doubtful, each up to a number of them.
 void TellRemarks(Console& console, const Loaded& loaded);
 

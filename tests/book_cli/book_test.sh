@@ -303,4 +303,39 @@ sys.exit(0 if good else 1)
 PYTHON
 done
 
+# CSV by its headers.
+printf '%s\r\n' 'Vorname;Nachname;E-Mail-Adresse;Verein?' 'Ada;Abbott;ada@example.org;Rowers' \
+    'Ben;Berg;ben@example.org;' >people.csv
+run "show a table" 0 show people.csv
+prints 'people.csv: Outlook Express CSV, ASCII, CR LF, 2 people, 0 lists
+  addresses 2   phones 0   notes 0   nicknames 0   columns unknown to vCard: 1'
+tells_once 'orvik-book: people.csv: columns matched by header, German: "Vorname" -> given name, "Nachname" -> family name, "E-Mail-Adresse" -> address, "Verein?" -> kept under its header'
+run "convert a table" 0 convert people.csv -o people.vcf --report people.json
+has out "read 2   written 2   carried as X- fields: 1 kind, 1 value   lost 0"
+tells 'columns matched by header, German: "Vorname" -> given name'
+has people.vcf "X-ORVIK-CSV-Verein;X-ORVIK-HEADER=Verein?:Rowers"
+has people.vcf "N:Abbott;Ada;;;"
+has people.json '"reason":"columns matched by header, German: '
+run "a table and its cards" 0 diff people.csv people.vcf
+has out "same 2   only left 0   only right 0   changed 0"
+run "a column as asked" 0 convert people.csv --map "Verein?=groups" --map nachname=none -o -
+has out "CATEGORIES:Rowers"
+has out "X-ORVIK-CSV-Nachname:Berg"
+tells '"Verein?" -> groups (as asked)'
+run "a column that is not there" 0 show people.csv --map Age=note
+tells "people.csv: --map: there is no column Age"
+for wrong in Verein Verein=nonsense =note; do
+    run "a wrong map: $wrong" 2 show people.csv --map "$wrong"
+    tells "--map"
+done
+printf 'Ada,ada@example.org\nBen,"ben@example.org\nCy,cy@example.org\n' >bare.csv
+run "a table without a header" 0 show bare.csv
+has out "bare.csv: CSV, ASCII, LF, 3 people"
+tells 'columns matched by their cells: column 1 -> name, column 2 -> address'
+tells 'bare.csv: line 2: doubtful: ""ben@example.org": has a quote without an end'
+run "the sample table" 0 convert "$samples/outlook.csv" -o sample.vcf
+prints 'read 6   written 6   carried 0   lost 0
+sample.vcf: vCard 3.0, UTF-8. UIDs stay the same on the next run.'
+tells 'outlook.csv: columns matched by header, English: "Name" -> name, "E-mail Address" -> address'
+
 exit $failed

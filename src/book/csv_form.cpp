@@ -1,0 +1,179 @@
+#include "book/csv_form.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "book/arena.h"
+#include "book/csv_cells.h"
+#include "book/csv_rows.h"
+#include "book/csv_words.h"
+#include "book/field_names.h"
+#include "book/value_form.h"
+
+namespace orvik::book {
+namespace {
+
+constexpr std::size_t kSampleBytes = 256UL * 1024;
+constexpr std::size_t kMostRows = 30;
+constexpr std::size_t kMostCells = 1000;
+constexpr std::string_view kSeparators = ",;\t|";
+
+// The first rows of a text, parted by one separator.
+struct Sample {
+    Arena Texts;
+    std::vector<std::vector<std::string_view>> Rows;
+};
+
+void Fill(std::string_view text, char separator, Sample& sample) {
+    CsvRows rows(text.substr(0, kSampleBytes), separator, sample.Texts);
+    CsvRow row;
+    while (sample.Rows.size() < kMostRows && rows.Next(row)) {
+        row.Cells.resize(std::min(row.Cells.size(), kMostCells));
+        sample.Rows.push_back(row.Cells);
+    }
+    // The last one may be cut.
+    if (text.size() > kSampleBytes && sample.Rows.size() > 1 && sample.Rows.size() < kMostRows) {
+        sample.Rows.pop_back();
+    }
+}
+
+// What speaks for a table.
+struct Signs {
+    std::size_t Columns = 0;    // of the first row
+    std::size_t Words = 0;      // cells of the first row that name a column
+    bool AddressAbove = false;  // a cell of the first row is an address
+    bool EmptyAbove = false;    // a cell of the first row is empty
+    bool Addresses = false;     // a column holds addresses below the first row
+    bool OtherThings = false;   // another column holds something else
+    bool Even = true;           // no row has more cells, and most have as many
+    bool Equal = true;          // all have as many
+};
+
+// Empty cells tell nothing; more than half of the others have to be addresses.
+bool HoldsAddresses(const Sample& sample, std::size_t column, std::size_t first) {
+    std::size_t filled = 0;
+    std::size_t addresses = 0;
+    for (std::size_t i = first; i < sample.Rows.size(); ++i) {
+        const auto& row = sample.Rows[i];
+        if (column < row.size() && !WithoutBlanksAround(row[column]).empty()) {
+            ++filled;
+            addresses += IsAddressCell(row[column]) ? 1U : 0U;
+        }
+    }
+    return filled > 0 && 2 * addresses > filled;
+}
+
+Signs SignsOf(const Sample& sample) {
+    Signs signs;
+    if (sample.Rows.empty()) {
+        return signs;
+    }
+    const auto& first = sample.Rows.front();
+    signs.Columns = first.size();
+    for (const std::string_view cell : first) {
+        const CsvHeaderKey key = KeyOf(cell);
+        signs.Words += !key.Text.empty() && !CsvWords::All().Find(key.Text).empty() ? 1U : 0U;
+        signs.AddressAbove = signs.AddressAbove || IsAddressCell(cell);
+        signs.EmptyAbove = signs.EmptyAbove || key.Text.empty();
+    }
+    std::size_t equal = 0;
+    for (const auto& row : sample.Rows) {
+        signs.Even = signs.Even && row.size() <= signs.Columns + 1;
+        equal += row.size() == signs.Columns ? 1U : 0U;
+    }
+    signs.Even = signs.Even && 2 * equal > sample.Rows.size();
+    signs.Equal = equal == sample.Rows.size();
+    for (std::size_t i = 0; i < signs.Columns; ++i) {
+        const bool addresses = HoldsAddresses(sample, i, signs.AddressAbove ? 0 : 1);
+        signs.Addresses = signs.Addresses || addresses;
+        signs.OtherThings = signs.OtherThings || !addresses;
+    }
+    return signs;
+}
+
+bool IsNamed(const Signs& signs) {
+    const bool words = signs.Words >= 3 && 2 * signs.Words > signs.Columns;
+    return !signs.AddressAbove && signs.Even && (words || (signs.Words >= 1 && signs.Addresses));
+}
+
+// Without a header nothing may be otherwise: texts have commas and addresses, too.
+bool IsBare(const Signs& signs, std::size_t rows) {
+    return signs.Columns > 1 && signs.Addresses && signs.OtherThings && signs.Equal && rows > 1;
+}
+
+// A line that names the separator, as spreadsheets read it.
+std::optional<CsvForm> NamedForm(std::string_view text) {
+    const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+    std::string_view line = text.substr(0, end);
+    if (line.size() >= 2 && line.front() == '"' && line.back() == '"') {
+        line = line.substr(1, line.size() - 2);
+    }
+    constexpr std::string_view kStart = "sep=";
+    const bool named = line.size() == kStart.size() + 1 &&
+                       SameName(line.substr(0, kStart.size()), kStart) && line.back() != '"';
+    if (!named) {
+        return std::nullopt;
+    }
+    return CsvForm{line.back(), true, end, "line 1 names the separator"};
+}
+
+// Headers that nobody knows are rarely empty; a person without an address would be lost as one.
+bool HasHeader(const Signs& signs) {
+    return !signs.AddressAbove && (signs.Words > 0 || !signs.EmptyAbove);
+}
+
+// The separator that parts the first row into most cells, where others have as many.
+CsvForm BestForm(std::string_view text, Signs& best, std::size_t& rows) {
+    CsvForm form;
+    std::size_t points = 0;
+    for (const char separator : kSeparators) {
+        Sample sample;
+        Fill(text, separator, sample);
+        const Signs signs = SignsOf(sample);
+        const std::size_t found = (IsNamed(signs) ? 1000000 : 0) +
+                                  (IsBare(signs, sample.Rows.size()) ? 100000 : 0) +
+                                  (signs.Even ? 10000 : 0) + 2 * signs.Words + signs.Columns;
+        if (found > points) {
+            points = found;
+            best = signs;
+            rows = sample.Rows.size();
+            form.Separator = separator;
+        }
+    }
+    form.HasHeader = HasHeader(best);
+    return form;
+}
+
+}  // namespace
+
+std::optional<CsvForm> CsvFormOf(std::string_view text) {
+    Signs signs;
+    std::size_t rows = 0;
+    if (auto named = NamedForm(text)) {
+        Sample sample;
+        Fill(text.substr(named->From), named->Separator, sample);
+        named->HasHeader = HasHeader(SignsOf(sample));
+        return named;
+    }
+    CsvForm form = BestForm(text, signs, rows);
+    if (IsNamed(signs)) {
+        form.Evidence = "line 1 names columns";
+    } else if (IsBare(signs, rows)) {
+        form.Evidence = "line 1 begins rows with addresses";
+    } else {
+        return std::nullopt;
+    }
+    return form;
+}
+
+CsvForm LikelyCsvForm(std::string_view text) {
+    if (auto form = CsvFormOf(text)) {
+        return *form;
+    }
+    Signs signs;
+    std::size_t rows = 0;
+    return BestForm(text, signs, rows);
+}
+
+}  // namespace orvik::book

@@ -1,0 +1,96 @@
+#include "book/csv_values.h"
+
+#include <algorithm>
+#include <array>
+
+#include "book/csv_cells.h"
+#include "book/field_names.h"
+#include "book/value_form.h"
+
+namespace orvik::book {
+namespace {
+
+struct Nothing {
+    std::string_view Field;
+    std::string_view Value;
+};
+
+constexpr std::array kNothings = {
+    Nothing{"gender", "Unspecified"},
+    Nothing{"gender", "Keine Angabe"},
+    Nothing{"gender", "Non specificato"},
+    Nothing{"priority", "Normal"},
+    Nothing{"priority", "Normale"},
+    Nothing{"sensitivity", "Normal"},
+    Nothing{"sensitivity", "Normale"},
+    Nothing{"private", "False"},
+    Nothing{"private", "Aus"},
+    Nothing{"private", "Falso"},
+    Nothing{"email1.type", "SMTP"},
+    Nothing{"email2.type", "SMTP"},
+    Nothing{"email3.type", "SMTP"},
+};
+
+struct Named {
+    std::string_view Text;
+    std::string_view Types;
+};
+
+constexpr std::array kKinds = {
+    Named{"home", "home"},
+    Named{"work", "work"},
+    Named{"business", "work"},
+    Named{"other", "other"},
+    Named{"mobile", "cell"},
+    Named{"main", "main"},
+    Named{"pager", "pager"},
+    Named{"fax", "fax"},
+    Named{"home fax", "home fax"},
+    Named{"work fax", "work fax"},
+    Named{"other fax", "other fax"},
+    Named{"", ""},
+};
+
+}  // namespace
+
+bool IsNothing(std::string_view field, std::string_view value) {
+    value = WithoutBlanksAround(value);
+    if (field == "birthday" || field == "anniversary") {
+        return IsNoDate(value);
+    }
+    return std::any_of(kNothings.begin(), kNothings.end(), [&](const Nothing& one) {
+        return one.Field == field && SameName(one.Value, value);
+    });
+}
+
+CsvKind CsvKindOf(std::string_view text) {
+    text = WithoutBlanksAround(text);
+    const bool preferred = text.starts_with('*');
+    if (preferred) {
+        text = WithoutBlanksAround(text.substr(1));
+    }
+    CsvKind kind;
+    const auto* const found = std::find_if(kKinds.begin(), kKinds.end(), [text](const Named& one) {
+        return SameName(one.Text, text);
+    });
+    if (found == kKinds.end()) {
+        kind.Label = text;
+    } else {
+        kind.Types = found->Types;
+    }
+    if (preferred) {
+        kind.Types += kind.Types.empty() ? "pref" : " pref";
+    }
+    return kind;
+}
+
+std::string DateOfParts(std::string_view year, std::string_view month, std::string_view day) {
+    const bool no_year = year.empty() || year.find_first_not_of('0') == std::string_view::npos;
+    // Any leap year: the 29th of February is a day.
+    const std::string whole = IsoDate(
+        std::string(no_year ? "2000" : year) + "-" + std::string(month) + "-" + std::string(day),
+        DateOrder::DayFirst);
+    return no_year && !whole.empty() ? "-" + whole.substr(4, 6) : whole;
+}
+
+}  // namespace orvik::book
