@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <utility>
 
 #include "book/csv_form.h"
 #include "book/field_names.h"
 #include "book/lines.h"
+#include "book/old/old_formats.h"
 #include "book/utf8.h"
 
 namespace orvik::book {
@@ -149,6 +152,16 @@ const Kind* OtherKind(const Source& source) {
     return source.Wide() != WideForm::None || found == kOthers.end() ? nullptr : found;
 }
 
+Detected DetectOld(const Source& source, bool is_signed) {
+    for (const OldFormat& one : OldFormats()) {
+        auto evidence = one.Signed == is_signed ? one.Evidence(source) : std::nullopt;
+        if (evidence) {
+            return {one.Form, std::move(*evidence)};
+        }
+    }
+    return {};
+}
+
 Detected Something(std::string_view text) {
     if (text.empty()) {
         return {Format::None, "an empty file"};
@@ -178,6 +191,9 @@ Detected Detect(const Source& source) {
     if (const Kind* const other = OtherKind(source)) {
         return {Format::None, std::string(other->Name)};
     }
+    if (Detected old = DetectOld(source, true); old.Form != Format::None) {
+        return old;
+    }
     Line line;
     for (Lines lines(source.Text(), source.Signs().Cr); lines.Next(line);) {
         if (line.Text.empty()) {
@@ -191,6 +207,9 @@ Detected Detect(const Source& source) {
             return Begun(
                 Format::Ldif, line, version ? "has the version of LDIF" : "begins a record");
         }
+    }
+    if (Detected old = DetectOld(source, false); old.Form != Format::None) {
+        return old;
     }
     Detected other = Something(source.Text());
     // Pages and bytes have rows and addresses by chance.

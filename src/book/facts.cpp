@@ -11,6 +11,7 @@
 #include "book/ldif_fields.h"
 #include "book/ldif_lines.h"
 #include "book/lines.h"
+#include "book/old/old_formats.h"
 #include "book/typed_views.h"
 
 namespace orvik::book {
@@ -161,6 +162,10 @@ std::vector<Facts> FactsOf(const Book& book, std::span<const Format> formats) {
         if (formats[i] == Format::Csv) {
             all[i].Form = "CSV";
             all[i].LineEnds = Shown(EndsOfRows(text));
+            continue;
+        }
+        if (const OldFormat* const old = OldFormatOf(formats[i])) {
+            all[i].Form = old->Name;
             continue;
         }
         all[i].Form = "vCard";

@@ -41,7 +41,8 @@ std::string_view WordsFor(Reason reason) {
         "has a quote that is not doubled",
         "has lines that look like rows of their own",
         "stands behind the last column",
-        "is the header once more"};
+        "is the header once more",
+        "was parted at a blank into given and family name, as all such names of the file"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];
 }

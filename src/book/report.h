@@ -47,6 +47,7 @@ enum class Reason : std::uint8_t {
     ManyRows,        // a cell that holds what looks like rows
     NoColumn,        // a cell behind the last column
     HeaderAgain,     // the header of a table inside of it
+    GuessedName,     // a name in one piece that was parted
     kCount
 };
 

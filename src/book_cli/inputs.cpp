@@ -10,6 +10,7 @@
 #include "app/run_time_error.h"
 #include "book/charset.h"
 #include "book/charset_guess.h"
+#include "book/old/old_formats.h"
 #include "book/read_csv.h"
 #include "book/read_ldif.h"
 #include "book/read_vcard.h"
@@ -113,7 +114,11 @@ class Loader {
     }
 
     static std::string_view NounOf(book::Format form) {
-        return form == book::Format::Ldif ? "record" : form == book::Format::VCard ? "card" : "row";
+        const book::OldFormat* const old = book::OldFormatOf(form);
+        return old != nullptr                ? old->Noun
+               : form == book::Format::Ldif  ? "record"
+               : form == book::Format::VCard ? "card"
+                                             : "row";
     }
 
     book::CsvFound Read(book::Format form, std::uint32_t file, book::Charset& letters) {
@@ -124,8 +129,10 @@ class Loader {
             }
             return found;
         }
-        (form == book::Format::Ldif ? book::ReadLdif : book::ReadVCard)(
-            loaded_.Book, file, letters);
+        const book::OldFormat* const old = book::OldFormatOf(form);
+        (old != nullptr               ? old->Read
+         : form == book::Format::Ldif ? book::ReadLdif
+                                      : book::ReadVCard)(loaded_.Book, file, letters);
         return {};
     }
 

@@ -1,0 +1,123 @@
+#include "book/old/entry_builder.h"
+
+#include <algorithm>
+
+#include "book/value_form.h"
+
+namespace orvik::book {
+namespace {
+
+std::string FieldOf(std::string_view family, std::string_view given) {
+    std::string value;
+    AppendEscaped(WithoutBlanksAround(family), value);
+    value += ';';
+    AppendEscaped(WithoutBlanksAround(given), value);
+    return value + ";;;";
+}
+
+}  // namespace
+
+EntryBuilder::EntryBuilder(Book& book, std::uint32_t file, Charset& charset)
+    : book_(book),
+      file_(file),
+      charset_(charset),
+      plain_(charset.IsUtf8() && book.SourceAt(file).BadLetters() == 0) {}
+
+void EntryBuilder::Begin(std::string_view bytes,
+                         std::uint32_t line,
+                         std::uint32_t lines,
+                         ContactKind kind,
+                         std::span<const std::string_view> values) {
+    const Origin from{file_,
+                      line,
+                      lines,
+                      book_.SourceAt(file_).OffsetOf(bytes.data()),
+                      static_cast<std::uint32_t>(bytes.size())};
+    book_.BeginRead(contact_, from, charset_.IsUtf8());
+    contact_.Kind = kind;
+    piece_ = PieceCharset::Utf8;
+    if (!charset_.IsUtf8()) {
+        piece_ = charset_.Judge(values, line);
+        contact_.IsUtf8 = contact_.IsUtf8 || piece_ == PieceCharset::Broken;
+    }
+}
+
+std::string_view EntryBuilder::Letters(std::string_view value, std::string_view field) {
+    if (plain_) {
+        return value;
+    }
+    std::size_t bad = 0;
+    const std::string_view text = charset_.Decode(value, piece_, book_.Texts(), bad);
+    if (bad > 0 || book_.SourceAt(file_).IsBroken(text)) {
+        Doubt(field, text, Reason::NoLetter);
+    }
+    return text;
+}
+
+void EntryBuilder::Push(NameId name,
+                        std::string_view value,
+                        std::uint32_t line,
+                        std::uint32_t details) {
+    properties_.push_back({value, name, file_, line, details});
+}
+
+void EntryBuilder::PushKept(NameId name,
+                            const std::string& value,
+                            std::uint32_t line,
+                            std::uint32_t details) {
+    Push(name, book_.Keep(value), line, details);
+}
+
+void EntryBuilder::PushName(std::string_view name, std::uint32_t line) {
+    if (piece_ == PieceCharset::Other) {
+        charset_.Example(name);
+    }
+    Push(field::kFn, name, line);
+    const std::string_view plain = WithoutBlanksAround(name);
+    const std::size_t comma = plain.find(',');
+    const std::size_t blank = plain.find_last_of(" \t");
+    if (plain.empty()) {
+        return;
+    }
+    if (comma != std::string_view::npos) {
+        return PushKept(field::kN, FieldOf(plain.substr(0, comma), plain.substr(comma + 1)), line);
+    }
+    if (blank == std::string_view::npos) {
+        return PushKept(field::kN, FieldOf({}, plain), line);
+    }
+    PushKept(field::kN, FieldOf(plain.substr(blank + 1), plain.substr(0, blank)), line);
+    if (!guessed_) {
+        guessed_ = true;
+        Doubt("N", plain, Reason::GuessedName);
+    }
+}
+
+void EntryBuilder::PushCarried(std::string_view format,
+                               std::string_view field,
+                               std::string_view value,
+                               std::uint32_t line) {
+    std::string name = "X-ORVIK-";
+    name.append(format).append("-").append(field);
+    Push(book_.Names.Intern(name), value, line);
+}
+
+std::uint32_t EntryBuilder::Types(std::string_view types) {
+    std::vector<Param> params;
+    while (!types.empty()) {
+        const std::size_t end = std::min(types.find(' '), types.size());
+        params.push_back({field::kType, book_.Keep(types.substr(0, end))});
+        types.remove_prefix(std::min(end + 1, types.size()));
+    }
+    return book_.KeepDetails({}, params);
+}
+
+void EntryBuilder::Doubt(std::string_view field, std::string_view value, Reason why) {
+    book_.Told.Add(
+        {field, value, file_, contact_.From.Line, FieldNames::kNone, What::Doubtful, why});
+}
+
+void EntryBuilder::End() {
+    book_.AddRead(contact_, properties_);
+}
+
+}  // namespace orvik::book
