@@ -163,7 +163,7 @@ class Side {
         return PlainUid(uids_.UidAt(contact));
     }
     [[nodiscard]] std::string ContentKey(std::size_t contact) const {
-        return Version5Uuid(Joined(Lines(contact)));
+        return TextOf(Version5Uuid(Joined(Lines(contact))));
     }
     // Empty for one without a name, who could be anybody.
     [[nodiscard]] std::string NameKey(std::size_t contact) const {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <unordered_map>
 
@@ -22,13 +23,31 @@ struct SumFreer {
     void operator()(GChecksum* sum) const { g_checksum_free(sum); }
 };
 
+// Empty for a contact that came without one.
+std::string_view OwnUid(const Contact& contact) {
+    const auto own =
+        std::find_if(contact.Properties.begin(), contact.Properties.end(), [](const Property& one) {
+            return one.Name == field::kUid && !WithoutBlanksAround(one.Value).empty();
+        });
+    return own == contact.Properties.end() ? std::string_view{} : WithoutBlanksAround(own->Value);
+}
+
+// Each byte of a sum is as good as any other.
+struct FirstBytes {
+    std::size_t operator()(const Uuid& uuid) const {
+        std::size_t hash = 0;
+        std::memcpy(&hash, uuid.data(), sizeof(hash));
+        return hash;
+    }
+};
+
 bool IsOfTheRecord(NameId name) {
     return name != field::kUid && name != field::kRev && name != field::kProdId;
 }
 
 }  // namespace
 
-std::string Version5Uuid(std::string_view name) {
+Uuid Version5Uuid(std::string_view name) {
     const std::unique_ptr<GChecksum, SumFreer> sum(g_checksum_new(G_CHECKSUM_SHA1));
     g_checksum_update(sum.get(), kNameSpace.data(), kNameSpace.size());
     g_checksum_update(
@@ -36,16 +55,22 @@ std::string Version5Uuid(std::string_view name) {
     std::array<guint8, 20> digest{};
     gsize length = digest.size();
     g_checksum_get_digest(sum.get(), digest.data(), &length);
-    digest[6] = static_cast<guint8>((digest[6] & 0x0FU) | 0x50U);
-    digest[8] = static_cast<guint8>((digest[8] & 0x3FU) | 0x80U);
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    std::string uuid;
-    for (std::size_t i = 0; i < kNameSpace.size(); ++i) {
-        uuid += i == 4 || i == 6 || i == 8 || i == 10 ? "-" : "";
-        uuid += kDigits[digest[i] >> 4U];
-        uuid += kDigits[digest[i] & 0x0FU];
-    }
+    Uuid uuid{};
+    std::copy_n(digest.begin(), uuid.size(), uuid.begin());
+    uuid[6] = static_cast<std::uint8_t>((uuid[6] & 0x0FU) | 0x50U);
+    uuid[8] = static_cast<std::uint8_t>((uuid[8] & 0x3FU) | 0x80U);
     return uuid;
+}
+
+std::string TextOf(const Uuid& uuid) {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    std::string text;
+    for (std::size_t i = 0; i < uuid.size(); ++i) {
+        text += i == 4 || i == 6 || i == 8 || i == 10 ? "-" : "";
+        text += kDigits[uuid[i] >> 4U];
+        text += kDigits[uuid[i] & 0x0FU];
+    }
+    return text;
 }
 
 std::string NormalisedRecord(const Book& book, const Contact& contact) {
@@ -80,28 +105,30 @@ std::string AsUrn(std::string_view uid) {
     return (uuid ? "urn:uuid:" : "") + std::string(uid);
 }
 
+std::string Identities::UidAt(std::size_t contact) const {
+    if (const std::string_view own = OwnUid(book_.Contacts[contact]); !own.empty()) {
+        return std::string(own);
+    }
+    if (made_.empty()) {
+        MakeAll();
+    }
+    return TextOf(made_[contact]);
+}
+
 void Identities::MakeAll() const {
     // How often the UID of a record came by itself.
-    std::unordered_map<std::string_view, std::uint32_t> given;
-    uids_.reserve(book_.Contacts.size());
+    std::unordered_map<Uuid, std::uint32_t, FirstBytes> given;
+    made_.reserve(book_.Contacts.size());
     for (const Contact& contact : book_.Contacts) {
-        const auto own = std::find_if(
-            contact.Properties.begin(), contact.Properties.end(), [](const Property& one) {
-                return one.Name == field::kUid && !WithoutBlanksAround(one.Value).empty();
-            });
-        if (own != contact.Properties.end()) {
-            uids_.push_back(WithoutBlanksAround(own->Value));
+        Uuid& made = made_.emplace_back();
+        if (!OwnUid(contact).empty()) {
             continue;
         }
         std::string record = NormalisedRecord(book_, contact);
-        const std::string uid = Version5Uuid(record);
-        const auto found = given.find(uid);
-        if (found == given.end()) {
-            uids_.push_back(made_.Keep(uid));
-            given.emplace(uids_.back(), 1U);
-        } else {
-            record.append("\n").append(std::to_string(++found->second));
-            uids_.push_back(made_.Keep(Version5Uuid(record)));
+        made = Version5Uuid(record);
+        if (const std::uint32_t number = ++given[made]; number > 1) {
+            record.append("\n").append(std::to_string(number));
+            made = Version5Uuid(record);
         }
     }
 }

@@ -2,15 +2,19 @@
 
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "book/address_book.h"
-#include "book/arena.h"
 
 namespace orvik::book {
+
+// A UUID as RFC 9562 numbers it: millions of them fit into memory, their texts do not.
+using Uuid = std::array<std::uint8_t, 16>;
 
 // The UID of each contact of a book: its own, else a version 5 UUID of what it holds. Of several
 // equal records the second and the next have their number in the name.
@@ -20,23 +24,20 @@ class Identities {
     explicit Identities(const Book& book) : book_(book) {}
 
     // By the number of the contact.
-    [[nodiscard]] std::string_view UidAt(std::size_t contact) const {
-        if (uids_.empty()) {
-            MakeAll();
-        }
-        return uids_[contact];
-    }
+    [[nodiscard]] std::string UidAt(std::size_t contact) const;
 
  private:
     void MakeAll() const;
 
     const Book& book_;
-    mutable Arena made_;
-    mutable std::vector<std::string_view> uids_;
+    mutable std::vector<Uuid> made_;  // zeros for a contact that has its own
 };
 
 // Version5Uuid: the UUID that RFC 9562 makes of a name in Orvik's own name space.
-[[nodiscard]] std::string Version5Uuid(std::string_view name);
+[[nodiscard]] Uuid Version5Uuid(std::string_view name);
+
+// TextOf: a UUID as it is written down, "3b5e0c8a-6d41-4f27-9ce4-1572a0bd3896".
+[[nodiscard]] std::string TextOf(const Uuid& uuid);
 
 // NormalisedRecord: kind, names and values of a contact, sorted, without blanks around them,
 // without UID and what changes with each saving.
