@@ -41,7 +41,11 @@ std::string_view WordsFor(Reason reason) {
         "has a quote that is not doubled",
         "has lines that look like rows of their own",
         "stands behind the last column",
-        "is the header once more"};
+        "is the header once more",
+        "is kept without its kind",
+        "has letters that the target's set has not",
+        "is a list, and the target knows none",
+        "is a list in a list: its members are put into the outer one"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];
 }

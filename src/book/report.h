@@ -47,6 +47,10 @@ enum class Reason : std::uint8_t {
     ManyRows,        // a cell that holds what looks like rows
     NoColumn,        // a cell behind the last column
     HeaderAgain,     // the header of a table inside of it
+    NoKind,          // a phone or an address whose kind the target cannot tell
+    NoSuchLetter,    // letters that are not in the target's set
+    NoLists,         // a list, of which the target knows none
+    ListInList,      // a list in a list, where the target knows members only
     kCount
 };
 
