@@ -64,6 +64,7 @@ CsvTarget CarriedTarget(const Book& book, const Property& one, CsvProgram progra
     const CsvHeaderKey key = KeyOf(target.Header);
     const CsvWords& words = CsvWords::All();
     const CsvTable& table = CsvTableOf(program);
+    // What was kept under its header had no field, so words for fields are not meant.
     std::string_view name;
     bool sure = true;
     for (const CsvWords::Hit hit : words.Find(key.Text)) {
@@ -73,8 +74,10 @@ CsvTarget CarriedTarget(const Book& book, const Property& one, CsvProgram progra
             sure = true;
             break;
         }
-        sure = sure && (name.empty() || name == word.Name);
-        name = word.Name;
+        if (word.Field->Meaning == CsvMeaning::Carried) {
+            sure = sure && (name.empty() || name == word.Name);
+            name = word.Name;
+        }
     }
     if (sure) {
         target.Name = name;
