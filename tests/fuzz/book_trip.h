@@ -55,7 +55,10 @@ inline void CheckTables(book::Book& book) {
     using enum book::CsvProgram;
     for (const book::CsvProgram program : {Thunderbird, Google, Outlook, OutlookNew}) {
         const std::string once = book::WriteCsv(book, program);
-        if (book::WideFormOf(once) != book::WideForm::None) {
+        // NULs, escapes, marks and ends of files make other text of it.
+        const bool signs = once.find_first_of("\x1A\x1B") != std::string::npos ||
+                           once.find("\xEF\xBB\xBF", 1) != std::string::npos;
+        if (signs || book::WideFormOf(once) != book::WideForm::None) {
             continue;
         }
         const auto back = ReadBook(ReadTable, once, program == Outlook ? "windows-1252" : "");
