@@ -154,7 +154,7 @@ bool CsvPersonWriter::FollowsFromRest(std::string_view shown) {
     };
     const auto& [family, given, middle, prefix, suffix] = parts;
     return shown == joined({given, family}, " ") || shown == joined({family, given}, " ") ||
-           shown == joined({family, given}, ", ") ||
+           shown == joined({family, given}, ", ") || shown == joined({family, given}, "") ||
            shown == joined({given, middle, family}, " ") ||
            shown == joined({prefix, given, middle, family, suffix}, " ") ||
            shown == joined({prefix, given, family, suffix}, " ");
