@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <new>
 #include <string>
 
 #include "book/read_csv.h"
@@ -19,15 +20,8 @@ void ReadTable(orvik::book::Book& book, std::uint32_t file, orvik::book::Charset
     ReadCsv(book, file, charset, {});
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int Run(const std::string& program, const std::string& name) {
     using namespace orvik::book;
-    if (argc != 3) {
-        return 2;
-    }
-    const std::string program = argv[1];
-    const std::string name = argv[2];
     std::ifstream file(name, std::ios::binary);
     const auto reader = name.ends_with(".ldif")  ? ReadLdif
                         : name.ends_with(".vcf") ? ReadVCard
@@ -41,4 +35,16 @@ int main(int argc, char** argv) {
               << std::flush;
     std::cerr << test::Told(read.book) << "kept " << read.book.Told.Count(What::Kept) << "\n";
     return std::cout ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return argc == 3 ? Run(argv[1], argv[2]) : 2;
+    } catch (const std::bad_alloc&) {
+        std::cerr << "orvik-book-csv: Out of memory\n";
+        constexpr int kNoMemory = 71;
+        return kNoMemory;
+    }
 }
