@@ -89,6 +89,8 @@ void CsvPersonWriter::Prepare() {
     full_name_ = layout_.Find("fn");
     note_column_ = simple_[field::kNote];
     groups_column_ = layout_.Find("label");
+    filed_column_ = layout_.Find("fileas");
+    firm_columns_ = {layout_.Find("org"), layout_.Find("dept")};
     note_name_ = book_.Names.Intern(columns[note_column_].Header);
     numbered_emails_ = NumberedOf("emailN");
     numbered_phones_ = NumberedOf("phoneN");
@@ -96,8 +98,13 @@ void CsvPersonWriter::Prepare() {
     numbered_relations_ = NumberedOf("relation");
     // Programs that number no addresses in their words have two or three columns of them.
     for (const std::string_view name : {"email1", "email2", "email3"}) {
-        if (!google_ && layout_.Find(name) != CsvLayout::kNone) {
-            numbered_emails_.push_back({layout_.Find(name), CsvLayout::kNone});
+        const std::size_t column = layout_.Find(name);
+        const std::size_t sort = layout_.Find(std::string(name) + ".type");
+        if (!google_ && column != CsvLayout::kNone) {
+            numbered_emails_.push_back({column, CsvLayout::kNone});
+        }
+        if (sort != CsvLayout::kNone) {
+            shown_addresses_.push_back({column, sort, layout_.Find(std::string(name) + ".name")});
         }
     }
 }

@@ -149,6 +149,10 @@ class CsvPersonWriter {
     std::size_t full_name_ = 0;
     std::size_t note_column_ = 0;
     std::size_t groups_column_ = 0;
+    std::size_t filed_column_ = 0;
+    std::array<std::size_t, 2> firm_columns_{};
+    // Of each address: the address, its sort, how it is shown.
+    std::vector<std::array<std::size_t, 3>> shown_addresses_;
     NameId note_name_ = 0;
     std::map<std::pair<NameId, std::uint32_t>, CsvTarget> targets_;
 
