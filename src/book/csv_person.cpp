@@ -124,7 +124,8 @@ void CsvPersonWriter::Write(const Contact& contact, std::span<const std::string_
     for (std::vector<Reach>* const all : {&emails_, &phones_, &posts_, &urls_}) {
         all->clear();
     }
-    for (auto* const all : {&post_labels_, &relations_, &carried_, &groups_}) {
+    post_labels_.clear();
+    for (auto* const all : {&relations_, &carried_, &groups_}) {
         all->clear();
     }
     notes_.clear();
@@ -172,7 +173,7 @@ void CsvPersonWriter::Take(const Property& one) {
         }
     };
     const auto add_to = [&](std::vector<Reach>& all) {
-        all.push_back({&one, KindOf(book_, one, labels_), false});
+        all.push_back({&one, KindOf(book_, one, labels_)});
     };
     switch (one.Name) {
         case field::kN:
@@ -192,7 +193,7 @@ void CsvPersonWriter::Take(const Property& one) {
         case field::kUrl:
             return add_to(urls_);
         case field::kLabel:
-            return post_labels_.push_back(&one);
+            return post_labels_.push_back({&one, posts_.size()});
         case field::kCategories:
             return groups_.push_back(&one);
         case field::kRelated:
