@@ -7,6 +7,9 @@
 
 namespace orvik::book {
 
+// What parts several values of a cell of Google.
+inline constexpr std::string_view kBetweenValues = " ::: ";
+
 // IsNothing: whether a value is what a program writes where it knows nothing, by the name of the
 // field.
 //   "birthday", "0/0/00" -> true;  "gender", "Unspecified" -> true;  "email1.type", "SMTP" -> true
@@ -20,6 +23,10 @@ struct CsvKind {
 };
 //   "* Work Fax" -> "work fax pref";  "Mobile" -> "cell";  "* Boat" -> "pref", label "Boat"
 [[nodiscard]] CsvKind CsvKindOf(std::string_view text);
+
+// WordOfTypes: the kind that these types are, as Google calls it; empty for none.
+//   "work fax" -> "Work Fax";  "cell" -> "Mobile"
+[[nodiscard]] std::string_view WordOfTypes(std::string_view types);
 
 // DateOfParts: "1980", "4", "12" -> "1980-04-12";  "", "4", "12" -> "--04-12";  empty for what is
 // no date.
