@@ -45,7 +45,10 @@ std::string_view WordsFor(Reason reason) {
         "is kept without its kind",
         "has letters that the target's set has not",
         "is a list, and the target knows none",
-        "is a list in a list: its members are put into the outer one"};
+        "is a list in a list: its members are put into the outer one",
+        "is one more than the program takes",
+        "is larger than the program takes",
+        "has members in other files"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];
 }

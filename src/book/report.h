@@ -51,6 +51,9 @@ enum class Reason : std::uint8_t {
     NoSuchLetter,    // letters that are not in the target's set
     NoLists,         // a list, of which the target knows none
     ListInList,      // a list in a list, where the target knows members only
+    TooMany,         // one more than the program takes
+    TooLarge,        // more bytes than the program takes
+    Elsewhere,       // a list whose members are in several files
     kCount
 };
 

@@ -23,14 +23,17 @@ class CardWriter {
     CardWriter(Book& book, Dialect version)
         : book_(book), version_(version), identities_(book), directory_(book, identities_) {}
 
-    std::string WriteAll() {
-        if (const auto bytes = UnchangedFile(book_, version_)) {
+    std::string WriteAll(RecordPlaces* places) {
+        if (const auto bytes = places ? std::nullopt : UnchangedFile(book_, version_)) {
             CountAllKept(book_);
             return std::string(*bytes);
         }
         text_.reserve(book_.LikelyLength());
         for (std::size_t i = 0; i < book_.Contacts.size(); ++i) {
             const Contact& contact = book_.Contacts[i];
+            if (places != nullptr) {
+                places->push_back(text_.size());
+            }
             if (const auto bytes = UnchangedRecord(book_, contact, version_)) {
                 text_.append(*bytes);
                 text_.append(text_.ends_with('\n') || text_.ends_with('\r') ? "" : "\r\n");
@@ -39,6 +42,9 @@ class CardWriter {
                 Write(contact, i);
             }
             book_.CountWritten(i + 1);
+        }
+        if (places != nullptr) {
+            places->push_back(text_.size());
         }
         return std::move(text_);
     }
@@ -213,13 +219,7 @@ class CardWriter {
         AppendFolded(line, text_);
         Tell(contact, one, whole ? What::Kept : What::Doubtful, name);
         if (!found) {
-            book_.Told.Add({book_.Names.Text(one.Name),
-                            one.Value,
-                            contact.From.File,
-                            contact.From.Line,
-                            FieldNames::kNone,
-                            What::Skipped,
-                            Reason::NotFound});
+            book_.TellMissing(contact, one);
         }
     }
 
@@ -247,8 +247,8 @@ class CardWriter {
 
 }  // namespace
 
-std::string WriteVCard(Book& book, Dialect version) {
-    return CardWriter(book, version).WriteAll();
+std::string WriteVCard(Book& book, Dialect version, RecordPlaces* places) {
+    return CardWriter(book, version).WriteAll(places);
 }
 
 }  // namespace orvik::book
