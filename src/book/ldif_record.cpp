@@ -81,6 +81,10 @@ void LdifRecordWriter::WriteHead(const Identities& identities, std::size_t numbe
     }
     if (!shown_.empty() && !HasNul(shown_)) {
         AppendLdifLine("cn", shown_, text_);
+        // KContacts calls its lists so, and knows no other name of one.
+        if (set_ == LdifAttributes::KContacts && contact_->Kind == ContactKind::List) {
+            AppendLdifLine("display-name", shown_, text_);
+        }
     }
 }
 

@@ -32,11 +32,7 @@ void Print(const std::string& text, const Arguments& arguments, Console& console
 // Where nothing says which file the program gets, the book decides.
 void ChooseForm(Arguments& arguments, const book::Book& book) {
     if (arguments.For != nullptr && arguments.Form == nullptr) {
-        const bool has_lists =
-            std::any_of(book.Contacts.begin(), book.Contacts.end(), [](const book::Contact& one) {
-                return one.Kind == book::ContactKind::List;
-            });
-        arguments.Choose(FormFor(*arguments.For, has_lists));
+        arguments.Choose(FormFor(*arguments.For, HasLists(book)));
     }
 }
 
@@ -60,10 +56,11 @@ std::string RefusalOf(const Arguments& arguments, const book::Book& book, const 
     return refusal.empty() ? Refusal(book, arguments.AllowLoss) : refusal;
 }
 
-void TellAll(Console& console, const Loaded& loaded) {
-    TellColumns(console, loaded);
-    TellCharsets(console, loaded);
-    TellRemarks(console, loaded);
+// Text that is empty where there is nothing to say.
+void TellIf(Console& console, const std::string& text) {
+    if (!text.empty()) {
+        console.Tell(text);
+    }
 }
 
 void PrintRecords(Console& console, const book::Book& book) {
@@ -87,6 +84,7 @@ ExitStatus Convert(const Arguments& asked, Console& console, Outputs& outputs) {
     if (const std::string refusal = RefusalOf(arguments, loaded.Book, written); !refusal.empty()) {
         TellColumns(console, loaded);
         TellRemarks(console, loaded);
+        TellIf(console, ListHint(arguments, loaded.Book));
         console.Tell(refusal);
         return Worse(ExitStatus::Problem, outputs.WriteReport(ReportOf(loaded)));
     }
@@ -112,10 +110,11 @@ ExitStatus Convert(const Arguments& asked, Console& console, Outputs& outputs) {
         Print(ConvertedText(console, arguments, loaded, written, parts), arguments, console);
     }
     status = Worse(status, outputs.FinishPrinting());
-    TellAll(console, loaded);
-    if (!too_much.empty()) {
-        console.Tell(too_much);
-    }
+    TellColumns(console, loaded);
+    TellCharsets(console, loaded);
+    TellRemarks(console, loaded);
+    TellIf(console, ListHint(arguments, loaded.Book));
+    TellIf(console, too_much);
     return arguments.Report.empty()
                ? status
                : Worse(status, outputs.WriteReport(ReportOf(loaded) + ReportOf(parts)));

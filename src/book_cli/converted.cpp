@@ -125,7 +125,8 @@ std::string ConvertedText(const Console& console,
     text += FilesOf(parts);
     if (arguments.Form != nullptr) {
         text += NotShown(arguments, book);
-        text.append("Import ").append(arguments.Form->Where).append("\n");
+        text.append(parts.size() > 1 ? "Import each file " : "Import ");
+        text.append(arguments.Form->Where).append("\n");
     }
     return text;
 }

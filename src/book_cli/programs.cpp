@@ -102,6 +102,7 @@ constexpr std::array kNextcloud = {
 constexpr std::array kKAddressBook = {
     ImportForm{.Ending = ".vcf",
                .Form = Dialect::VCard40,
+               .Groups = book::GroupForm::Param,
                .Where = "in KAddressBook: File > Import, then vCard and the file"},
     ImportForm{.Ending = ".ldif",
                .Form = Dialect::Ldif,

@@ -12,6 +12,7 @@
 #include "book/ldif_sets.h"
 #include "book/record.h"
 #include "book/write_csv.h"
+#include "book/write_vcard.h"
 
 namespace orvik::book_cli {
 
@@ -36,6 +37,8 @@ struct ImportForm {
     // Of LDIF and of CSV.
     std::optional<book::LdifAttributes> Set = {};
     book::CsvProgram Table = book::CsvProgram::Google;
+    // How vCard has groups that the program reads.
+    book::GroupForm Groups = book::GroupForm::Prefix;
     // Whether lists arrive as lists, or as what the program has in their place.
     bool TakesLists = false;
     ImportLimits Most = {};

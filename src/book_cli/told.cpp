@@ -114,6 +114,21 @@ void AddMissingMembers(book::Book& book, const Catalogue& catalogue) {
     }
 }
 
+std::string RemarksReport(const book::Book& book) {
+    std::string text;
+    for (const book::Remark& one : book.Told.Remarks()) {
+        const bool known = one.Target != book::FieldNames::kNone;
+        text += ReportLine({NameOf(one.Kind),
+                            book.SourceAt(one.File).Name(),
+                            one.Line,
+                            one.Field,
+                            one.Value,
+                            known ? book.Names.Text(one.Target) : std::string_view{},
+                            WordsFor(one.Why)});
+    }
+    return text;
+}
+
 std::string ReportOf(const Loaded& loaded) {
     const book::Book& book = loaded.Book;
     std::string text;
@@ -157,16 +172,7 @@ std::string ReportOf(const Loaded& loaded) {
                             {},
                             "is in an older book"});
     }
-    for (const book::Remark& one : book.Told.Remarks()) {
-        const bool known = one.Target != book::FieldNames::kNone;
-        text += ReportLine({NameOf(one.Kind),
-                            book.SourceAt(one.File).Name(),
-                            one.Line,
-                            one.Field,
-                            one.Value,
-                            known ? book.Names.Text(one.Target) : std::string_view{},
-                            WordsFor(one.Why)});
-    }
+    text += RemarksReport(book);
     if (const std::size_t kept = book.Told.Count(What::Kept); kept > 0) {
         const std::string count = std::to_string(kept);
         text += ReportLine({NameOf(What::Kept), {}, 0, {}, count, {}, "values are as they were"});
@@ -181,6 +187,22 @@ std::string ReportOf(std::span<const FilePart> parts) {
         text += ReportLine({"written", one.Name, 0, {}, count, {}, "records are in this file"});
     }
     return text;
+}
+
+std::string ListHint(const Arguments& arguments, const book::Book& book) {
+    if (arguments.Form == nullptr || arguments.Form->TakesLists || !HasLists(book)) {
+        return {};
+    }
+    const ImportForm& other = FormFor(*arguments.For, true);
+    return other.TakesLists ? std::string(arguments.For->Title) + " takes lists from a " +
+                                  std::string(other.Ending) + " file"
+                            : "";
+}
+
+bool HasLists(const book::Book& book) {
+    return std::any_of(book.Contacts.begin(), book.Contacts.end(), [](const book::Contact& one) {
+        return one.Kind == book::ContactKind::List;
+    });
 }
 
 std::string Refusal(const book::Book& book, bool allow_loss) {

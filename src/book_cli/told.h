@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "book_cli/book_arguments.h"
 #include "book_cli/console.h"
 #include "book_cli/inputs.h"
 #include "book_cli/json_lines.h"
@@ -49,8 +50,17 @@ void AddMissingMembers(book::Book& book, const Catalogue& catalogue);
 // kept.
 [[nodiscard]] std::string ReportOf(const Loaded& loaded);
 
+// The lines of a report for each value with a remark alone.
+[[nodiscard]] std::string RemarksReport(const book::Book& book);
+
 // The lines of a report for the files of a book that was split: how many records each has.
 [[nodiscard]] std::string ReportOf(std::span<const FilePart> parts);
+
+[[nodiscard]] bool HasLists(const book::Book& book);
+
+// ListHint: in which file the program would take the lists of a book that it does not take from
+// this one; empty for no list, and where there is none.
+[[nodiscard]] std::string ListHint(const Arguments& arguments, const book::Book& book);
 
 // Refusal: why a book is not written, since values of it would be lost; empty if it may be.
 [[nodiscard]] std::string Refusal(const book::Book& book, bool allow_loss);

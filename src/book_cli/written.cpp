@@ -34,6 +34,10 @@ book::RecordPlaces PlacesOfRows(std::string_view text) {
     return places;
 }
 
+book::GroupForm GroupFormOf(const Arguments& arguments) {
+    return arguments.Form == nullptr ? book::GroupForm::Prefix : arguments.Form->Groups;
+}
+
 std::string TextOf(const Arguments& arguments, book::Book& book, book::RecordPlaces* places) {
     if (arguments.Target == Dialect::Csv) {
         std::string text = book::WriteCsv(book, arguments.Form->Table);
@@ -42,8 +46,9 @@ std::string TextOf(const Arguments& arguments, book::Book& book, book::RecordPla
         }
         return text;
     }
-    return arguments.Target == Dialect::Ldif ? book::WriteLdif(book, arguments.Set, places)
-                                             : book::WriteVCard(book, arguments.Target, places);
+    return arguments.Target == Dialect::Ldif
+               ? book::WriteLdif(book, arguments.Set, places)
+               : book::WriteVCard(book, arguments.Target, places, GroupFormOf(arguments));
 }
 
 // The lists of a book. Rows of a table are people alone.
@@ -76,14 +81,16 @@ Written Write(const Arguments& arguments, Loaded& loaded, Console& console) {
                     book.Contacts.end(),
                     [](const book::Contact& one) { return one.Kind == book::ContactKind::Person; }))
               : book.Contacts.size();
-    written.Unchanged = !table && !arguments.Set && arguments.Split == 0 &&
-                        book::UnchangedFile(book, arguments.Target).has_value();
+    const auto as_read = table || arguments.Set || arguments.Split > 0
+                             ? std::nullopt
+                             : book::UnchangedFile(book, arguments.Target);
     const bool measured = arguments.Form != nullptr && arguments.Form->Most.RecordBytes > 0;
-    const bool wants_places = arguments.Split > 0 || (measured && !written.Unchanged);
+    const bool wants_places = arguments.Split > 0 || (measured && !as_read);
     book.HowFar = console.ProgressOf("writing");
     console.Begin(arguments.Output);
     written.Text = TextOf(arguments, book, wants_places ? &written.Places : nullptr);
     console.End();
+    written.Unchanged = as_read && *as_read == written.Text;
     return written;
 }
 
