@@ -5,6 +5,7 @@
 #include "book/csv_contact.h"
 #include "book/csv_values.h"
 #include "book/typed_views.h"
+#include "book/utf8.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
@@ -31,6 +32,22 @@ constexpr std::array kOtherNames = {
 };
 
 }  // namespace
+
+bool HoldsSomething(std::string_view value) {
+    return value.find_first_not_of(" \t\r\n;,") != std::string_view::npos;
+}
+
+bool MayBeNumbered(const Book& book, const Property& one) {
+    const std::string text = one.Name == field::kAdr ? Unescaped(one.Value)
+                                                     : std::string(WithoutBlanksAround(one.Value));
+    const auto is_one = [](std::string_view value) {
+        return value.find(kBetweenValues) == std::string_view::npos;
+    };
+    const bool related = one.Name == field::kRelated;
+    return HoldsSomething(one.Value) && is_one(text) &&
+           (!related || (SameName(ParamOf(book, one, field::kValue), "text") &&
+                         is_one(ParamOf(book, one, field::kType))));
+}
 
 CsvPersonWriter::CsvPersonWriter(Book& book,
                                  CsvProgram program,
@@ -136,8 +153,7 @@ void CsvPersonWriter::Take(const Property& one) {
     if (IsHousekeeping(one)) {
         return;
     }
-    const bool empty = one.Value.find_first_not_of(" \t\r\n;,") == std::string_view::npos;
-    if (empty) {
+    if (!HoldsSomething(one.Value)) {
         return Kept(one);
     }
     const auto first_or = [&](const Property*& place, std::string_view label) {
@@ -184,7 +200,7 @@ void CsvPersonWriter::Take(const Property& one) {
         case field::kGender:
             return TakeGender(one);
         case field::kNote:
-            notes_.append(notes_.empty() ? "" : row_.LineEnd()).append(one.Value);
+            notes_.append(notes_.empty() ? "" : row_.LineBreak()).append(one.Value);
             return Kept(one);
         default:
             return TakeOther(one);
@@ -289,24 +305,26 @@ bool CsvPersonWriter::Put(std::size_t column, std::string_view value) {
     if (column == CsvLayout::kNone || value.empty() || !row_.IsFree(column) || !Fits(value)) {
         return false;
     }
-    row_.Cell(column) = value;
+    row_.AppendLines(value, column);
     return true;
 }
 
 // Google parts several values of a cell.
 bool CsvPersonWriter::Fits(std::string_view value) const {
-    return !google_ || value.find(" ::: ") == std::string_view::npos;
+    return !google_ || value.find(kBetweenValues) == std::string_view::npos;
 }
 
 void CsvPersonWriter::AddNote(std::string_view label, std::string_view value) {
-    lines_.append(lines_.empty() ? "" : row_.LineEnd());
-    lines_.append(label).append(": ").append(value);
+    lines_.append(lines_.empty() ? "" : row_.LineBreak());
+    // Names of fields may be any bytes.
+    AppendUtf8(label, lines_);
+    lines_.append(": ").append(value);
 }
 
 void CsvPersonWriter::WriteNote() {
     std::string& cell = row_.Cell(note_column_);
     cell.append(notes_);
-    cell.append(cell.empty() || lines_.empty() ? "" : row_.LineEnd()).append(lines_);
+    cell.append(cell.empty() || lines_.empty() ? "" : row_.LineBreak()).append(lines_);
 }
 
 void CsvPersonWriter::Kept(const Property& one) {

@@ -64,6 +64,7 @@ CsvTarget CarriedTarget(const Book& book, const Property& one, CsvProgram progra
     const CsvHeaderKey key = KeyOf(target.Header);
     const CsvWords& words = CsvWords::All();
     const CsvTable& table = CsvTableOf(program);
+    // What was kept under its header had no field, so words for fields are not meant.
     std::string_view name;
     bool sure = true;
     for (const CsvWords::Hit hit : words.Find(key.Text)) {
@@ -73,8 +74,10 @@ CsvTarget CarriedTarget(const Book& book, const Property& one, CsvProgram progra
             sure = true;
             break;
         }
-        sure = sure && (name.empty() || name == word.Name);
-        name = word.Name;
+        if (word.Field->Meaning == CsvMeaning::Carried) {
+            sure = sure && (name.empty() || name == word.Name);
+            name = word.Name;
+        }
     }
     if (sure) {
         target.Name = name;
@@ -214,7 +217,7 @@ void CsvPersonWriter::WriteGroups(std::span<const std::string_view> lists) {
     seen_groups_.clear();
     std::string cell;
     bool everybody = false;
-    const std::string_view between = google_ ? " ::: " : ";";
+    const std::string_view between = google_ ? kBetweenValues : std::string_view(";");
     const auto add = [&](std::string_view group) {
         const bool known = !seen_groups_.emplace(group).second;
         const bool none = group == kEverybody && !google_;
@@ -248,7 +251,7 @@ void CsvPersonWriter::WriteGroups(std::span<const std::string_view> lists) {
         cell = std::string(kEverybody).append(cell.empty() ? "" : between).append(cell);
     }
     if (groups_column_ != CsvLayout::kNone) {
-        row_.Cell(groups_column_) = cell;
+        row_.AppendLines(cell, groups_column_);
     }
 }
 
@@ -262,13 +265,13 @@ void CsvPersonWriter::WriteRelations() {
     }
     for (const Property* const one : relations_) {
         const std::string_view type = ParamOf(book_, *one, field::kType);
-        const std::string text = Unescaped(one->Value);
+        const std::string_view text = WithoutBlanksAround(one->Value);
         const bool plain = IsText(*one);
         const std::string_view name = SameName(type, "child") ? "children" : type;
         const std::size_t column = SameName(type, "spouse") || SameName(type, "child")
                                        ? layout_.Find(name)
                                        : CsvLayout::kNone;
-        if (plain && google_ && next < numbered_relations_.size() && Fits(text) && Fits(type) &&
+        if (google_ && MayBeNumbered(book_, *one) && next < numbered_relations_.size() &&
             Put(numbered_relations_[next].Value, text)) {
             row_.Cell(numbered_relations_[next].Label) = Capitalised(type);
             ++next;
