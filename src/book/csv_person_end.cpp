@@ -31,6 +31,14 @@ std::string PlainDate(std::string_view value) {
     return date.starts_with("0000") ? "-" + date.substr(4) : date;
 }
 
+// Columns whose cells the reader may keep under their header.
+bool MayComeBack(CsvMeaning meaning) {
+    return meaning == CsvMeaning::Carried || meaning == CsvMeaning::Year ||
+           meaning == CsvMeaning::Month || meaning == CsvMeaning::Day ||
+           meaning == CsvMeaning::AddressName || meaning == CsvMeaning::Sort ||
+           meaning == CsvMeaning::Kind;
+}
+
 // "04" -> "4"
 std::string_view Plain(std::string_view number) {
     return number.substr(std::min(number.find_first_not_of('0'), number.size()));
@@ -64,7 +72,7 @@ CsvTarget CarriedTarget(const Book& book, const Property& one, CsvProgram progra
     const CsvHeaderKey key = KeyOf(target.Header);
     const CsvWords& words = CsvWords::All();
     const CsvTable& table = CsvTableOf(program);
-    // What was kept under its header had no field, so words for fields are not meant.
+    // What was kept under its header was no field, so words for fields are not meant.
     std::string_view name;
     bool sure = true;
     for (const CsvWords::Hit hit : words.Find(key.Text)) {
@@ -74,7 +82,7 @@ CsvTarget CarriedTarget(const Book& book, const Property& one, CsvProgram progra
             sure = true;
             break;
         }
-        if (word.Field->Meaning == CsvMeaning::Carried) {
+        if (MayComeBack(word.Field->Meaning)) {
             sure = sure && (name.empty() || name == word.Name);
             name = word.Name;
         }
@@ -154,7 +162,7 @@ bool CsvPersonWriter::FollowsFromRest(std::string_view shown) {
     };
     const auto& [family, given, middle, prefix, suffix] = parts;
     return shown == joined({given, family}, " ") || shown == joined({family, given}, " ") ||
-           shown == joined({family, given}, ", ") ||
+           shown == joined({family, given}, ", ") || shown == joined({family, given}, "") ||
            shown == joined({given, middle, family}, " ") ||
            shown == joined({prefix, given, middle, family, suffix}, " ") ||
            shown == joined({prefix, given, family, suffix}, " ");
@@ -298,14 +306,11 @@ void CsvPersonWriter::WriteCarried() {
         }
         const CsvMeaning meaning = layout_.Columns()[column].Field->Meaning;
         const bool kind = meaning == CsvMeaning::Kind;
-        const bool same = meaning == CsvMeaning::Carried || meaning == CsvMeaning::Year ||
-                          meaning == CsvMeaning::Month || meaning == CsvMeaning::Day ||
-                          meaning == CsvMeaning::AddressName || meaning == CsvMeaning::Sort;
         // The kind of nothing stands before its empty cell.
-        const bool alone = kind && row_.IsFree(column + 1);
+        const bool fits = kind ? row_.IsFree(column + 1) : MayComeBack(meaning);
         if (IsNothing(target.Name, one->Value)) {
             Kept(*one);
-        } else if ((same || alone) && row_.IsFree(column)) {
+        } else if (fits && row_.IsFree(column)) {
             row_.Cell(column) = one->Value;
             Kept(*one);
         } else {
