@@ -14,7 +14,7 @@ BEYOND = (
     ("book/charset*.cpp", "unicode/*"),
     ("book/charset_guess.cpp", "uchardet/*"),
     ("book/unseen_letters.cpp", "unicode/*"),
-    ("book/csv_words.cpp", "unicode/*"),
+    ("book/unicode_form.cpp", "unicode/*"),
     ("book_cli/*", "CLI/*"),
     ("book_cli/json_lines.cpp", "nlohmann/*"),
     ("cli/*", "CLI/*"),
