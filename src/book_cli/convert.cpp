@@ -74,30 +74,30 @@ void PrintRecords(Console& console, const book::Book& book) {
 
 }  // namespace
 
-ExitStatus Convert(const Arguments& asked, Console& console, Outputs& outputs) {
+ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& outputs) {
     Loaded loaded;
-    LoadNew(asked, console, loaded);
+    LoadNew(arguments, console, loaded);
     if (loaded.Status != ExitStatus::Done) {
         return loaded.Status;
     }
-    Arguments arguments = asked;
-    ChooseForm(arguments, loaded.Book);
-    Written written = Write(arguments, loaded, console);
-    if (const std::string refusal = RefusalOf(arguments, loaded.Book, written); !refusal.empty()) {
+    Arguments chosen = arguments;
+    ChooseForm(chosen, loaded.Book);
+    Written written = Write(chosen, loaded, console);
+    if (const std::string refusal = RefusalOf(chosen, loaded.Book, written); !refusal.empty()) {
         TellColumns(console, loaded);
         TellRemarks(console, loaded);
-        TellIf(console, ListHint(arguments, loaded.Book));
+        TellIf(console, ListHint(chosen, loaded.Book));
         console.Tell(refusal);
         return Worse(ExitStatus::Problem, outputs.WriteReport(ReportOf(loaded)));
     }
     std::string too_much;
-    if (arguments.Form != nullptr) {
-        DoubtWhatIsTooMuch(*arguments.Form, loaded.Book, written);
-        too_much = TooMuchInAll(*arguments.Form, loaded.Book, written);
+    if (chosen.Form != nullptr) {
+        DoubtWhatIsTooMuch(*chosen.Form, loaded.Book, written);
+        too_much = TooMuchInAll(*chosen.Form, loaded.Book, written);
     }
     std::vector<FilePart> parts;
-    if (arguments.Split > 0) {
-        parts = Cut(arguments, loaded.Book, written);
+    if (chosen.Split > 0) {
+        parts = Cut(chosen, loaded.Book, written);
     }
     ExitStatus status = StatusOf(loaded.Book);
     status = Worse(status,
@@ -106,18 +106,18 @@ ExitStatus Convert(const Arguments& asked, Console& console, Outputs& outputs) {
     if (status >= ExitStatus::NoBook) {
         return status;
     }
-    if (arguments.Json) {
+    if (chosen.Json) {
         PrintRecords(console, loaded.Book);
     } else {
-        Print(ConvertedText(console, arguments, loaded, written, parts), arguments, console);
+        Print(ConvertedText(console, chosen, loaded, written, parts), chosen, console);
     }
     status = Worse(status, outputs.FinishPrinting());
     TellColumns(console, loaded);
     TellCharsets(console, loaded);
     TellRemarks(console, loaded);
-    TellIf(console, ListHint(arguments, loaded.Book));
+    TellIf(console, ListHint(chosen, loaded.Book));
     TellIf(console, too_much);
-    return arguments.Report.empty()
+    return chosen.Report.empty()
                ? status
                : Worse(status, outputs.WriteReport(ReportOf(loaded) + ReportOf(parts)));
 }
