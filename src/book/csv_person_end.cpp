@@ -350,7 +350,7 @@ void CsvPersonWriter::WriteShownAddresses() {
         std::string& cell = row_.Cell(shown);
         sort = sort.empty() ? "SMTP" : sort;
         if (cell.empty() && !name.empty()) {
-            cell = name + " (" + text + ")";
+            cell.append(name).append(" (").append(text).append(")");
         }
     }
 }
