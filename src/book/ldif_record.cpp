@@ -51,6 +51,7 @@ void LdifRecordWriter::Write(const Contact& contact,
     named_ = parts_ = nicknamed_ = organised_ = work_ = home_ = false;
     identified_ = born_ = saved_ = false;
     emails_ = 0;
+    phones_.clear();
     of_evolution_ = !FirstOf(book_, contact, field::kEvolutionList).empty();
     shown_ = NameOf(book_, contact).Shown;
     book_.TellLosses(contact);
@@ -75,12 +76,16 @@ void LdifRecordWriter::WriteHead(const Identities& identities, std::size_t numbe
             AppendLdifLine("objectclass", "organizationalPerson", text_);
             AppendLdifLine("objectclass", "inetOrgPerson", text_);
         }
-        if (set_ == LdifAttributes::Mozilla) {
+        if (IsOfMozilla()) {
             AppendLdifLine("objectclass", "mozillaAbPersonAlpha", text_);
         }
     }
     if (!shown_.empty() && !HasNul(shown_)) {
         AppendLdifLine("cn", shown_, text_);
+        // KContacts calls its lists so, and knows no other name of one.
+        if (set_ == LdifAttributes::KContacts && contact_->Kind == ContactKind::List) {
+            AppendLdifLine("display-name", shown_, text_);
+        }
     }
 }
 
@@ -131,10 +136,17 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteNatural(const Property& one) {
             if (of_evolution_) {
                 return WriteMember(one);
             }
+            if (set_ == LdifAttributes::Thunderbird && emails_ >= kAddressesOfThunderbird) {
+                return Fit::None;
+            }
             Line(EmailNames(emails_++), one.Value);
             return HasTypeOnly(one, "internet") ? Fit::All : fit_of_params;
         case field::kTel: {
             const PhoneNames phone = PhoneNamesOf(book_, one);
+            if (set_ == LdifAttributes::Thunderbird &&
+                !phones_.insert(phone.Names.In(set_)).second) {
+                return Fit::None;
+            }
             return Line(phone.Names, one.Value) && phone.Exact ? Fit::All : Fit::Part;
         }
         case field::kOrg:
@@ -208,7 +220,7 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteNickname(const Property& one) {
             continue;
         }
         Line(SimpleNames(field::kNickname), text);
-        if (set_ == LdifAttributes::Mozilla) {
+        if (IsOfMozilla()) {
             // The only name that Evolution and others know.
             AppendLdifLine("xmozillanickname", text, text_);
         }
@@ -331,6 +343,10 @@ bool LdifRecordWriter::Line(const LdifNames& names, std::string_view value) {
     }
     AppendLdifLine(name, value, text_);
     return true;
+}
+
+bool LdifRecordWriter::IsOfMozilla() const {
+    return set_ == LdifAttributes::Mozilla || set_ == LdifAttributes::Thunderbird;
 }
 
 bool LdifRecordWriter::IsBare(const Property& one) const {

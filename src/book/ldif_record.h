@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -45,6 +46,7 @@ class LdifRecordWriter {
     void WriteCarried(const Property& one, Fit fit);
     void Tell(const Property& one, std::string_view attribute);
     bool Line(const LdifNames& names, std::string_view value);
+    [[nodiscard]] bool IsOfMozilla() const;
     [[nodiscard]] bool IsOfOtherClass() const;
     [[nodiscard]] bool IsRepeated(const Property& one) const;
     [[nodiscard]] bool IsOfOnePlace(const Property& one, const Property& other) const;
@@ -73,6 +75,7 @@ class LdifRecordWriter {
     bool born_ = false;
     bool saved_ = false;
     std::size_t emails_ = 0;
+    std::set<std::string_view> phones_;  // the attributes that are there
 };
 
 }  // namespace orvik::book

@@ -46,7 +46,11 @@ std::string_view WordsFor(Reason reason) {
         "is kept without its kind",
         "has letters that the target's set has not",
         "is a list, and the target knows none",
-        "is a list in a list"};
+        "is a list in a list",
+        "is one more than the program takes",
+        "is in the file, but the program does not read it",
+        "is larger than the program takes",
+        "has members in other files"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];
 }
