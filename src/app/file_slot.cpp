@@ -61,7 +61,7 @@ bool FileSlot::Rewrite(const std::string& name, const orvik::Rewrite& rewrite) {
     return Save(name, true, rewrite);
 }
 
-void FileSlot::Replace(const std::string& name, SharedText contents) {
+void FileSlot::Replace(const std::string& name, LateText contents) {
     Save(name, false, Replacing(std::move(contents)));
 }
 

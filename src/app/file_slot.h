@@ -32,7 +32,7 @@ class FileSlot {
     void Close();
 
     // These write a file as book_file.h does.
-    void Replace(const std::string& name, SharedText contents);
+    void Replace(const std::string& name, LateText contents);
     void Append(const std::string& name, std::string_view contents);
     bool Rewrite(const std::string& name, const orvik::Rewrite& rewrite);
     void TryWriting(const std::string& name);

@@ -15,6 +15,7 @@
 #include "app/file_slot.h"
 #include "app/form.h"
 #include "app/form1.h"
+#include "app/late_text.h"
 #include "app/messages.h"
 #include "app/reading_note.h"
 #include "app/saved_book.h"
@@ -108,7 +109,7 @@ class Module1 : public Windows {
     std::size_t ItemCount = 0;
 
     // The LDIF text last built or loaded.
-    SharedText LdifText;
+    LateText LdifText;
 
     bool EditMode = false;
     bool StartingUp = false;

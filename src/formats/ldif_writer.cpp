@@ -1,12 +1,16 @@
 #include "formats/ldif_writer.h"
 
-#include <algorithm>
+#include <cstddef>
 
+#include "app/run_time_error.h"
 #include "app/text.h"
 #include "app/working_text.h"
 
 namespace orvik {
 namespace {
+
+// A piece stays in the processor's cache until it is written to a file.
+constexpr std::size_t kPiece = std::size_t{128} << 10U;
 
 // The nickname serves as common name, given name and nickname, unescaped and unfolded: that is what
 // Netscape itself accepts, and our own books depend on it.
@@ -16,30 +20,51 @@ void AppendRecord(std::string& ldif, std::string_view address, std::string_view 
     ldif.append("\r\ngivenname: ").append(nickname);
     ldif.append("\r\nxmozillanickname: ").append(nickname);
     ldif.append("\r\nobjectclass: top\r\nobjectclass: person\r\nmail: ").append(address);
-    ldif.append("\r\nxnavusehtmlmail: TRUE\r\n\r\n");
+    ldif.append("\r\nxnavusehtmlmail: TRUE\r\n");
 }
 
 }  // namespace
 
-std::string WriteLdif(std::string_view native, Progress& progress) {
+void GiveLdif(std::string_view native, const TakePiece& take) {
     NativeReader reader(native);
-    PercentMeter meter(progress, reader.Separator());
-    std::string ldif;
-    // Each nickname is written four times and each address twice. Growing to this size step by step
-    // would take longer than the conversion.
-    constexpr std::size_t kRecordFrame = 150;
-    const auto entries = static_cast<std::size_t>(std::count(native.begin(), native.end(), '\r'));
-    ldif.reserve(entries / 2 * kRecordFrame + 4 * native.size());
+    std::string piece;
     std::string address;
-    while (reader.Next()) {
-        meter.Reach(reader.AddressEnd());
+    for (bool is_first = true; reader.Next(); is_first = false) {
+        if (!is_first) {
+            piece.append(kCrLf);
+        }
         address.clear();
         AppendWithout(address, reader.RawAddress(), '\n');
-        AppendRecord(ldif, address, reader.TakeNickname());
+        AppendRecord(piece, address, reader.TakeNickname());
+        if (piece.size() >= kPiece) {
+            take(piece);
+            piece.clear();
+        }
+    }
+    if (!piece.empty()) {
+        take(piece);
+    }
+}
+
+void PassLdif(std::string_view native, Progress& progress) {
+    NativeReader reader(native);
+    PercentMeter meter(progress, reader.Separator());
+    bool is_empty = true;
+    while (reader.Next()) {
+        meter.Reach(reader.AddressEnd());
         progress.Record();
+        is_empty = false;
     }
     meter.Reach(reader.Separator());
-    CutEnd(ldif, kCrLf.size());
+    if (is_empty) {
+        throw RunTimeError(Failure::InvalidProcedureCall);
+    }
+}
+
+std::string WriteLdif(std::string_view native, Progress& progress) {
+    PassLdif(native, progress);
+    std::string ldif;
+    GiveLdif(native, [&ldif](std::string_view piece) { ldif.append(piece); });
     return ldif;
 }
 
