@@ -1,5 +1,6 @@
 #include "app/file_slot.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "app/book_copies.h"
@@ -47,6 +48,16 @@ std::string FileSlot::Read(std::size_t count) {
         throw RunTimeError(Failure::InputPastEnd);
     }
     return bytes;
+}
+
+void FileSlot::ReadPieces(std::size_t count, const TakePiece& take) {
+    // A piece stays in the processor's cache until it is read.
+    constexpr std::size_t kPiece = std::size_t{128} << 10U;
+    while (count > 0) {
+        const std::string piece = Read(std::min(count, kPiece));
+        take(piece);
+        count -= piece.size();
+    }
 }
 
 void FileSlot::Close() {

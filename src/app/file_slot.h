@@ -28,6 +28,8 @@ class FileSlot {
     [[nodiscard]] std::size_t Length() const;
     // Reads the next count bytes. Errors: 52 if no file is open, 62 if the file has fewer left.
     std::string Read(std::size_t count);
+    // Gives the next count bytes piece by piece. Errors: the same, when some were given.
+    void ReadPieces(std::size_t count, const TakePiece& take);
     // Closes the file; without one it does nothing.
     void Close();
 

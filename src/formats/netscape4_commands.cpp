@@ -63,6 +63,11 @@ void Form1::unconvert(UnreadEntries* left_out) {
     module_.TextMode = mode::kAscii;
 }
 
+void Form1::TakeReadList(const SharedText& list) {
+    module_.LdifText = LateText([list](const TakePiece& take) { GiveLdifOf(list, take); });
+    read_ = {module_.LdifText.Revision(), module_.textSep, list};
+}
+
 void Form1::mnuUn_Click() {
     unconvert();
 }
