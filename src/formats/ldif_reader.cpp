@@ -107,15 +107,13 @@ std::string ReadWrittenLdif(std::string_view native, std::string_view separator)
     const std::string entry_end = EntryEnd(separator);
     LdifList maker(list, entry_end);
     NativeReader reader(native);
-    std::string address;
+    std::string kept;
     for (bool is_first = true; reader.Next(); is_first = false) {
         if (!is_first) {
             maker.EmptyLine();
         }
-        address.clear();
-        AppendWithout(address, reader.RawAddress(), '\n');
         maker.Nickname(reader.TakeNickname());
-        maker.Address(address);
+        maker.Address(WithoutLf(reader.RawAddress(), kept));
     }
     return Finish(std::move(list), separator);
 }

@@ -11,7 +11,7 @@
 namespace orvik {
 
 // GiveLdif: one LDIF record per entry of a text in the Native form; the last one ends with one
-// CR LF. take is given large pieces of it, which are whole records; nothing if there is no entry.
+// CR LF. take is given large pieces of it, which end with a record; nothing if there is no entry.
 //   "A1\r\n-nick-\r\nAl\r\n"  ->  "dn: cn=Al,mail=A1\r\ncn: Al\r\n...xnavusehtmlmail: TRUE\r\n"
 void GiveLdif(std::string_view native, const TakePiece& take);
 
