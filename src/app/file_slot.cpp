@@ -52,7 +52,7 @@ std::string FileSlot::Read(std::size_t count) {
 
 void FileSlot::ReadPieces(std::size_t count, const TakePiece& take) {
     // A piece stays in the processor's cache until it is read.
-    constexpr std::size_t kPiece = std::size_t{128} << 10U;
+    constexpr std::size_t kPiece = std::size_t{256} << 10U;
     while (count > 0) {
         const std::string piece = Read(std::min(count, kPiece));
         take(piece);

@@ -11,7 +11,7 @@ namespace orvik {
 namespace {
 
 // A piece stays in the processor's cache until it is written to a file.
-constexpr std::size_t kPiece = std::size_t{128} << 10U;
+constexpr std::size_t kPiece = std::size_t{256} << 10U;
 
 // What a record holds beside its nickname, four times, and its address, twice.
 constexpr std::size_t kMostOfFrame = 150;
