@@ -18,7 +18,7 @@ Saved SaveFile(FileSystem& files,
     BookWriter saving(files, talk, name, manner);
     if (kind == FileKind::CharacterDevice) {
         // A device such as a terminal takes the bytes as they come.
-        const std::optional<SharedText> contents = rewrite(std::nullopt);
+        const std::optional<LateText> contents = rewrite(std::nullopt);
         if (contents) {
             saving.WriteToDevice(*contents);
         }
@@ -28,7 +28,7 @@ Saved SaveFile(FileSystem& files,
         throw RunTimeError(Failure::PathFileAccess);
     }
     saving.Lock();
-    const std::optional<SharedText> contents =
+    const std::optional<LateText> contents =
         rewrite(saving.Read(kind == FileKind::Regular, wants_old));
     if (contents) {
         saving.Write(*contents);
@@ -36,7 +36,7 @@ Saved SaveFile(FileSystem& files,
     return {contents.has_value(), saving.Identity()};
 }
 
-Rewrite Replacing(SharedText contents) {
+Rewrite Replacing(LateText contents) {
     return [contents = std::move(contents)](const auto& /*old*/) { return contents; };
 }
 
@@ -54,7 +54,7 @@ bool RewriteFile(FileSystem& files,
     return SaveFile(files, nobody, name, true, rewrite, manner).Written;
 }
 
-void ReplaceFile(FileSystem& files, const std::string& name, SharedText contents) {
+void ReplaceFile(FileSystem& files, const std::string& name, LateText contents) {
     FileTalk nobody;
     SaveFile(files, nobody, name, false, Replacing(std::move(contents)));
 }

@@ -12,7 +12,7 @@
 
 #include "app/book_writer.h"
 #include "app/file_calls.h"
-#include "app/shared_text.h"
+#include "app/late_text.h"
 #include "platform/file_system.h"
 #include "platform/file_talk.h"
 
@@ -20,7 +20,7 @@ namespace orvik {
 
 // Makes the new contents of a file from the old ones, which are none where there is no file;
 // without new contents nothing is written.
-using Rewrite = std::function<std::optional<SharedText>(std::optional<std::string> old_contents)>;
+using Rewrite = std::function<std::optional<LateText>(std::optional<std::string> old_contents)>;
 
 // What became of a saving.
 struct Saved {
@@ -47,13 +47,13 @@ bool RewriteFile(FileSystem& files,
                  const SaveManner& manner = {});
 
 // Replaces the contents of a file, or creates it.
-void ReplaceFile(FileSystem& files, const std::string& name, SharedText contents);
+void ReplaceFile(FileSystem& files, const std::string& name, LateText contents);
 
 // Adds to the end of a file, or creates it.
 void AppendToFile(FileSystem& files, const std::string& name, std::string_view contents);
 
 // What SaveFile is given to replace the contents, and to add to them.
-[[nodiscard]] Rewrite Replacing(SharedText contents);
+[[nodiscard]] Rewrite Replacing(LateText contents);
 [[nodiscard]] Rewrite Adding(std::string_view contents);
 
 // Fails as writing to a file would, before the text is made. No file is left that was not there.

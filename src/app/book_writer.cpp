@@ -20,6 +20,19 @@ bool TakesNoNewFile(std::error_code error) {
     return error == std::errc::permission_denied || error == std::errc::operation_not_permitted;
 }
 
+// Writes a text as it is made; length is what was written.
+std::error_code WriteText(OutputFile& file, const LateText& text, std::uint64_t& length) {
+    std::error_code error;
+    length = 0;
+    text.Give([&](std::string_view piece) {
+        if (!error) {
+            error = WriteBytes(file, piece);
+            length += piece.size();
+        }
+    });
+    return error;
+}
+
 }  // namespace
 
 BookWriter::BookWriter(FileSystem& files,
@@ -91,14 +104,15 @@ std::optional<std::string> BookWriter::Read(bool exists, bool wanted) {
     return contents;
 }
 
-void BookWriter::WriteToDevice(std::string_view contents) const {
+void BookWriter::WriteToDevice(const LateText& contents) const {
     std::unique_ptr<OutputFile> device;
     Check(Persist([&] { return files_.OpenToWrite(path_, device); }));
-    Check(WriteBytes(*device, contents));
+    std::uint64_t length = 0;
+    Check(WriteText(*device, contents, length));
     Check(device->Close());
 }
 
-void BookWriter::Write(std::string_view contents) {
+void BookWriter::Write(const LateText& contents) {
     // Renaming would cost the file a name; one that has none is found by those alone who have it
     // open.
     if (unreadable_ || (old_ && before_.Names != 1)) {
@@ -124,7 +138,9 @@ void BookWriter::Write(std::string_view contents) {
         WriteInPlace(contents);
         return;
     }
-    Check(WriteSynced(*file, contents));
+    std::uint64_t length = 0;
+    Check(WriteText(*file, contents, length));
+    Check(Persist([&] { return file->Sync(); }));
     CheckUnchanged();
     TakePlace(std::move(file));
     if (!all_kept) {
@@ -157,12 +173,17 @@ void BookWriter::TakePlace(std::unique_ptr<OutputFile> file) {
 
 // Renaming would cost the file a name, its owner, or the right to be saved at all. A whole copy of
 // it stands on the disk until the new contents do.
-void BookWriter::WriteInPlace(std::string_view contents) {
+void BookWriter::WriteInPlace(const LateText& contents) {
     const auto hold = files_.HoldEnd();
     std::unique_ptr<OutputFile> file;
     Check(Persist([&] { return files_.OpenToWrite(path_, file); }));
+    const auto overwrite = [&] {
+        std::uint64_t length = 0;
+        Check(WriteText(*file, contents, length));
+        EndOverwriting(*file, length);
+    };
     if (!old_) {
-        Overwrite(*file, contents);
+        overwrite();
         return;
     }
     std::string kept;
@@ -182,7 +203,7 @@ void BookWriter::WriteInPlace(std::string_view contents) {
     needed = true;
     TrapFailure(
         [&] {
-            Overwrite(*file, contents);
+            overwrite();
             needed = false;
         },
         [&](const RunTimeError& failure) {
@@ -198,12 +219,12 @@ void BookWriter::PutBack(std::string_view contents) const {
     const auto hold = files_.HoldEnd();
     std::unique_ptr<OutputFile> file;
     Check(Persist([&] { return files_.OpenToWrite(path_, file); }));
-    Overwrite(*file, contents);
+    Check(WriteBytes(*file, contents));
+    EndOverwriting(*file, contents.size());
 }
 
-void BookWriter::Overwrite(OutputFile& file, std::string_view contents) const {
-    Check(WriteBytes(file, contents));
-    Check(Persist([&] { return file.SetLength(contents.size()); }));
+void BookWriter::EndOverwriting(OutputFile& file, std::uint64_t length) const {
+    Check(Persist([&] { return file.SetLength(length); }));
     Check(Persist([&] { return file.Sync(); }));
 }
 

@@ -3,12 +3,14 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
 
+#include "app/late_text.h"
 #include "platform/file_system.h"
 #include "platform/file_talk.h"
 
@@ -41,8 +43,8 @@ class BookWriter {
     std::optional<std::string> Read(bool exists, bool wanted);
 
     // The new contents, as they come or in the old ones' place.
-    void WriteToDevice(std::string_view contents) const;
-    void Write(std::string_view contents);
+    void WriteToDevice(const LateText& contents) const;
+    void Write(const LateText& contents);
     // The contents that the file had before a saving was interrupted.
     void PutBack(std::string_view contents) const;
 
@@ -56,9 +58,10 @@ class BookWriter {
                      std::unique_ptr<FolderLock>& kept) const;
     void CheckUnchanged() const;
     void TakePlace(std::unique_ptr<OutputFile> file);
-    void WriteInPlace(std::string_view contents);
+    void WriteInPlace(const LateText& contents);
     [[nodiscard]] Path KeepOld(std::string_view contents) const;
-    void Overwrite(OutputFile& file, std::string_view contents) const;
+    // What was written becomes all of the file, and is on the disk.
+    void EndOverwriting(OutputFile& file, std::uint64_t length) const;
     [[nodiscard]] bool Restored(std::string_view contents) const;
     void Identify();
 

@@ -1,5 +1,6 @@
 #include "app/file_slot.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "app/book_copies.h"
@@ -49,6 +50,16 @@ std::string FileSlot::Read(std::size_t count) {
     return bytes;
 }
 
+void FileSlot::ReadPieces(std::size_t count, const TakePiece& take) {
+    // A piece stays in the processor's cache until it is read.
+    constexpr std::size_t kPiece = std::size_t{256} << 10U;
+    while (count > 0) {
+        const std::string piece = Read(std::min(count, kPiece));
+        take(piece);
+        count -= piece.size();
+    }
+}
+
 void FileSlot::Close() {
     file_.reset();
 }
@@ -61,7 +72,7 @@ bool FileSlot::Rewrite(const std::string& name, const orvik::Rewrite& rewrite) {
     return Save(name, true, rewrite);
 }
 
-void FileSlot::Replace(const std::string& name, SharedText contents) {
+void FileSlot::Replace(const std::string& name, LateText contents) {
     Save(name, false, Replacing(std::move(contents)));
 }
 

@@ -28,11 +28,13 @@ class FileSlot {
     [[nodiscard]] std::size_t Length() const;
     // Reads the next count bytes. Errors: 52 if no file is open, 62 if the file has fewer left.
     std::string Read(std::size_t count);
+    // Gives the next count bytes piece by piece. Errors: the same, when some were given.
+    void ReadPieces(std::size_t count, const TakePiece& take);
     // Closes the file; without one it does nothing.
     void Close();
 
     // These write a file as book_file.h does.
-    void Replace(const std::string& name, SharedText contents);
+    void Replace(const std::string& name, LateText contents);
     void Append(const std::string& name, std::string_view contents);
     bool Rewrite(const std::string& name, const orvik::Rewrite& rewrite);
     void TryWriting(const std::string& name);

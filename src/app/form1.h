@@ -71,6 +71,8 @@ class Form1 : public Form {
     // unconvert: reads LdifText into the working text, in the ASCII form; what is not read goes to
     // left_out, if it is not null.
     void unconvert(UnreadEntries* left_out = nullptr);
+    // LdifText becomes a text that this list was read from, with CR.
+    void TakeReadList(const SharedText& list);
     void mnuUn_Click();
     void mnuClearPasteNet4_Click();
 

@@ -15,6 +15,7 @@
 #include "app/file_slot.h"
 #include "app/form.h"
 #include "app/form1.h"
+#include "app/late_text.h"
 #include "app/messages.h"
 #include "app/reading_note.h"
 #include "app/saved_book.h"
@@ -108,7 +109,7 @@ class Module1 : public Windows {
     std::size_t ItemCount = 0;
 
     // The LDIF text last built or loaded.
-    SharedText LdifText;
+    LateText LdifText;
 
     bool EditMode = false;
     bool StartingUp = false;
@@ -180,6 +181,11 @@ class Module1 : public Windows {
 
     // NoteReading: begins the note of a book that is read from a text.
     void NoteReading(std::string_view text, const Unread& left_out);
+
+    // ReadFile: the contents of the file that is open become the working text. Of a large Netscape
+    // 4 book it is the list that its loader makes of them, so that they are never all in memory.
+    // Errors: those of the file; then the working text stays.
+    void ReadFile(const std::string& name);
 
     // The loaders: each turns the file contents in WorkText into the working text, or refuses it.
     void OpenNetscape3();
@@ -279,6 +285,13 @@ class Module1 : public Windows {
     [[nodiscard]] bool IsSplit(const SharedText& list) const;
 
     Split last_split_;
+
+    // The list that was made when its file was read, by its revision, and what it left out.
+    struct ReadAhead {
+        std::uint64_t List = 0;
+        Unread LeftOut;
+    };
+    ReadAhead read_ahead_;
 };
 
 }  // namespace orvik

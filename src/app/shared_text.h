@@ -36,6 +36,11 @@ class SharedText {
     // Texts of one revision are copies of one another; the empty text has 0. Equal texts that were
     // made apart have different ones, and no number comes twice in one run of the program.
     [[nodiscard]] std::uint64_t Revision() const { return held_ ? held_->Number : 0; }
+    // The revision of another text.
+    static std::uint64_t NextNumber() {
+        static std::atomic<std::uint64_t> last{0};
+        return ++last;
+    }
 
     friend bool operator==(const SharedText& one, const SharedText& other) {
         return one.held_ == other.held_ || one.View() == other.View();
@@ -52,11 +57,6 @@ class SharedText {
         std::string Bytes;
         std::uint64_t Number;
     };
-
-    static std::uint64_t NextNumber() {
-        static std::atomic<std::uint64_t> last{0};
-        return ++last;
-    }
 
     std::shared_ptr<const Held> held_;
 };

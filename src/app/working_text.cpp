@@ -11,9 +11,10 @@ namespace orvik {
 namespace {
 
 // Takes one list apart. Runs of ordinary characters are appended as a whole.
+template <class Take>
 class Splitter {
  public:
-    Splitter(std::string_view text, std::string_view separator, const TakeEntry& take)
+    Splitter(std::string_view text, std::string_view separator, const Take& take)
         : text_(text), separator_(separator.empty() ? '\0' : separator.front()), take_(take) {
         for (const char c : std::string_view("\n\"<>")) {
             Mark(c);
@@ -29,7 +30,7 @@ class Splitter {
             if (!at_start_ || !TakePlainEntry(i)) {
                 at_start_ = false;
                 i = TakeOrdinary(i);
-                Take(i);
+                TakeSpecial(i);
                 ++i;
             }
         }
@@ -88,7 +89,7 @@ class Splitter {
     }
 
     // Handles the character at i, which is moved past blanks behind a closing quote.
-    void Take(std::size_t& i) {
+    void TakeSpecial(std::size_t& i) {
         const char c = text_[i - 1];
         if (i == text_.size() || (separated_ && c == separator_)) {
             EndEntry();
@@ -143,31 +144,20 @@ class Splitter {
     std::string token_;
     std::string address_;
     std::string nickname_;
-    const TakeEntry& take_;
+    const Take& take_;
 };
-
-void AddWithoutLf(std::string_view line, const std::function<void(std::string_view)>& add) {
-    while (line.starts_with('\n')) {
-        line.remove_prefix(1);
-    }
-    if (line.find('\n') == std::string_view::npos) {
-        add(line);
-        return;
-    }
-    std::string kept;
-    AppendWithout(kept, line, '\n');
-    add(kept);
-}
 
 // Gives each line of text that is ended by CR, less LF, to add; returns what stands behind the
 // last.
-std::string_view AddLines(std::string_view text, const std::function<void(std::string_view)>& add) {
+template <class AddLine>
+std::string_view AddLines(std::string_view text, const AddLine& add) {
+    std::string kept;
     for (;;) {
         const std::size_t end = text.find('\r');
         if (end == std::string_view::npos) {
             return text;
         }
-        AddWithoutLf(text.substr(0, end), add);
+        add(WithoutLf(text.substr(0, end), kept));
         text.remove_prefix(end + 1);
     }
 }
@@ -198,6 +188,18 @@ std::size_t CountLines(std::string_view text) {
 
 }  // namespace
 
+std::string_view WithoutLf(std::string_view line, std::string& kept) {
+    while (line.starts_with('\n')) {
+        line.remove_prefix(1);
+    }
+    if (line.find('\n') == std::string_view::npos) {
+        return line;
+    }
+    kept.clear();
+    AppendWithout(kept, line, '\n');
+    return kept;
+}
+
 bool HasNickLine(std::string_view text) {
     return FindNickLine(text, 0) != std::string_view::npos;
 }
@@ -220,10 +222,11 @@ NativeBlocks SplitBlocks(std::string_view text, std::string_view separator) {
     native.reserve(text.size() + 2 * most_entries * kCrLf.size() + kNick.size() + kCrLf.size());
     std::string nicks;
     nicks.reserve(text.size() / 2);
-    ForEachOfList(text, separator, [&](std::string_view address, std::string_view nickname) {
+    const auto take = [&](std::string_view address, std::string_view nickname) {
         native.append(address).append(kCrLf);
         nicks.append(nickname).append(kCrLf);
-    });
+    };
+    Splitter(text, separator, take).Run();
     if (native.empty()) {
         throw RunTimeError(Failure::InvalidProcedureCall);
     }
@@ -238,10 +241,10 @@ void ForEachOfList(std::string_view text, std::string_view separator, const Take
 
 void ForEachOfNative(std::string_view text, const TakeEntry& take) {
     NativeReader reader(text);
+    std::string kept;
     while (reader.Next()) {
         const std::string_view nickname = reader.TakeNickname();
-        AddWithoutLf(reader.RawAddress(),
-                     [&](std::string_view address) { take(address, nickname); });
+        take(WithoutLf(reader.RawAddress(), kept), nickname);
     }
 }
 
@@ -259,7 +262,8 @@ std::size_t ListNative(std::string_view text,
         add_email(line);
         ++count;
     });
-    AddWithoutLf(last, add_email);
+    std::string kept;
+    add_email(WithoutLf(last, kept));
     AddLines(Mid(text, block_end + 1 + separator.size() + 1), add_nick);
     return count;
 }

@@ -57,6 +57,9 @@ using TakeEntry = std::function<void(std::string_view address, std::string_view 
 void ForEachOfList(std::string_view text, std::string_view separator, const TakeEntry& take);
 void ForEachOfNative(std::string_view text, const TakeEntry& take);
 
+// WithoutLf: a line less LF; kept holds it where one stands inside.
+[[nodiscard]] std::string_view WithoutLf(std::string_view line, std::string& kept);
+
 // ListNative: gives each address line and each nickname line of a Native text, less LF, to its
 // list. Returns the number of address lines. A text without CR LF "-nick-" is one address block
 // whose last character is not listed.

@@ -114,10 +114,16 @@ void Module1::OpenNetscape4() {
         return;
     }
     TextMode = mode::kMoz4;
-    LdifText = WorkText;
-    UnreadEntries left_out;
-    form1.unconvert(&left_out);
-    NoteReading(LdifText, left_out.Total());
+    if (WorkText.Revision() == read_ahead_.List) {
+        form1.TakeReadList(WorkText);
+        form1.unconvert();
+        Note.LeftOut = read_ahead_.LeftOut;
+    } else {
+        LdifText = WorkText;
+        UnreadEntries left_out;
+        form1.unconvert(&left_out);
+        NoteReading(LdifText, left_out.Total());
+    }
     RefreshLists();
     // The second pass puts the ASCII form, which the text box shows, back in place of the Native
     // form that the lists needed.

@@ -57,7 +57,7 @@ void Form1::mnuMerge_Click() {
     module_.OldCaption = Caption;
     module_.File1.OpenForInput(name);
     StatusBar1.SetPanelText(1, "Opening . . .");
-    module_.WorkText = module_.File1.Read(module_.File1.Length());
+    module_.ReadFile(name);
     module_.File1.Close();
     if (module_.OpenMode == kAskAlways) {
         module_.ChooseFormat(Showing::Modeless);

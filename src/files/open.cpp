@@ -45,7 +45,7 @@ void ReadAndLoad(Module1& module, const std::string& name) {
     module.form1.StatusBar1.SetPanelText(1, "Opening . . .");
     bool was_read = false;
     GoOn(module, [&] {
-        module.WorkText = module.File1.Read(module.File1.Length());
+        module.ReadFile(name);
         was_read = true;
     });
     module.File1.Close();

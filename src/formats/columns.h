@@ -2,9 +2,11 @@
 
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
+#include "app/byte_finder.h"
 #include "app/text.h"
 
 namespace orvik {
@@ -14,14 +16,15 @@ namespace orvik {
 class Columns {
  public:
     // Begins behind the first line.
-    explicit Columns(std::string_view text) : text_(text), p_(FindFrom(text, "\n", 1) + 1) {}
+    explicit Columns(std::string_view text)
+        : text_(text), commas_(text, ','), p_(FindFrom(text, "\n", 1) + 1) {}
 
     [[nodiscard]] bool AtEnd() const { return p_ > text_.size(); }
 
     // Takes what stands before the next comma, and goes to that comma.
     bool Take(std::string_view& column) {
         const std::size_t start = p_;
-        const std::size_t found = FindNear(text_, ',', start - 1);
+        const std::size_t found = commas_.Next(start - 1);
         p_ = found == std::string_view::npos ? text_.size() + 1 : found + 1;
         column = start < p_ ? Mid(text_, start, p_ - start) : std::string_view{};
         return p_ <= text_.size();
@@ -36,15 +39,23 @@ class Columns {
         return true;
     }
 
-    // Takes the rest of the line, and goes to the next one.
-    std::string_view EndLine() {
-        const std::string_view rest = TakeUntil(text_, p_, kCrLf);
+    // Gives the columns that are left of the line to take, and goes to the next line.
+    template <class TakeColumn>
+    void EndLine(TakeColumn&& take) {
+        std::size_t start = p_ - 1;
+        p_ = FindFrom(text_, kCrLf, p_);
+        const std::size_t end = p_ - 1;
+        while (start < end) {
+            const std::size_t comma = std::min(commas_.Next(start), end);
+            take(text_.substr(start, comma - start));
+            start = comma + 1;
+        }
         p_ += kCrLf.size();
-        return rest;
     }
 
  private:
     std::string_view text_;
+    ByteFinder commas_;
     std::size_t p_;
 };
 

@@ -48,15 +48,13 @@ void EndLine(Columns& columns,
              std::string_view email,
              std::string_view nick,
              UnreadEntries* left_out) {
-    std::string_view rest = columns.EndLine();
     if (left_out == nullptr) {
+        columns.EndLine([](std::string_view /*column*/) {});
         return;
     }
     left_out->Nickname(nick);
     left_out->Address(email);
-    while (!rest.empty()) {
-        left_out->Other(TakePart(rest, ","));
-    }
+    columns.EndLine([left_out](std::string_view column) { left_out->Other(column); });
     left_out->EndEntry();
 }
 

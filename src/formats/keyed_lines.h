@@ -29,13 +29,13 @@ void TakeUnreadLines(UnreadEntries& left_out, std::string_view& file, const Keye
 // ReadKeyedLines: gives the values of the lines that CR LF or the end of the file ends to a reader,
 // which has Nickname(value), Address(value) and EmptyLine(). left_out, if it is not null, gets
 // these values and those that are dropped. A line is recognised only behind CR LF, and so never the
-// first.
+// first, unless what the file is the rest of ended so.
 template <class Reader>
 void ReadKeyedLines(std::string_view file,
                     const KeyedFormat& format,
                     Reader& reader,
-                    UnreadEntries* left_out) {
-    bool behind_crlf = false;
+                    UnreadEntries* left_out,
+                    bool behind_crlf = false) {
     // Most lines begin with another letter than a key.
     const auto begins_with = [&](std::string_view key) {
         return behind_crlf && file.front() == key.front() && file.starts_with(key);

@@ -1,45 +1,81 @@
 #include "formats/ldif_writer.h"
 
 #include <algorithm>
+#include <cstddef>
 
+#include "app/run_time_error.h"
 #include "app/text.h"
 #include "app/working_text.h"
 
 namespace orvik {
 namespace {
 
+// A piece stays in the processor's cache until it is written to a file.
+constexpr std::size_t kPiece = std::size_t{256} << 10U;
+
+// What a record holds beside its nickname, four times, and its address, twice.
+constexpr std::size_t kMostOfFrame = 150;
+
+char* Put(char* to, std::string_view text) {
+    return std::copy(text.begin(), text.end(), to);
+}
+
 // The nickname serves as common name, given name and nickname, unescaped and unfolded: that is what
-// Netscape itself accepts, and our own books depend on it.
-void AppendRecord(std::string& ldif, std::string_view address, std::string_view nickname) {
-    ldif.append("dn: cn=").append(nickname).append(",mail=").append(address);
-    ldif.append("\r\ncn: ").append(nickname);
-    ldif.append("\r\ngivenname: ").append(nickname);
-    ldif.append("\r\nxmozillanickname: ").append(nickname);
-    ldif.append("\r\nobjectclass: top\r\nobjectclass: person\r\nmail: ").append(address);
-    ldif.append("\r\nxnavusehtmlmail: TRUE\r\n\r\n");
+// Netscape itself accepts, and our own books depend on it. Returns the end of the record.
+char* PutRecord(char* to, std::string_view address, std::string_view nickname) {
+    to = Put(Put(to, "dn: cn="), nickname);
+    to = Put(Put(to, ",mail="), address);
+    to = Put(Put(to, "\r\ncn: "), nickname);
+    to = Put(Put(to, "\r\ngivenname: "), nickname);
+    to = Put(Put(to, "\r\nxmozillanickname: "), nickname);
+    to = Put(Put(to, "\r\nobjectclass: top\r\nobjectclass: person\r\nmail: "), address);
+    return Put(to, "\r\nxnavusehtmlmail: TRUE\r\n");
 }
 
 }  // namespace
 
-std::string WriteLdif(std::string_view native, Progress& progress) {
+void GiveLdif(std::string_view native, const TakePiece& take) {
+    NativeReader reader(native);
+    std::string piece(kPiece, '\0');
+    std::size_t length = 0;
+    std::string kept;
+    for (bool is_first = true; reader.Next(); is_first = false) {
+        const std::string_view address = WithoutLf(reader.RawAddress(), kept);
+        const std::string_view nickname = reader.TakeNickname();
+        const std::size_t most = kMostOfFrame + 4 * nickname.size() + 2 * address.size();
+        if (length + most > piece.size()) {
+            take(std::string_view(piece).substr(0, length));
+            length = 0;
+            piece.resize(std::max(piece.size(), most));
+        }
+        char* const to = piece.data() + length;
+        char* const end = PutRecord(is_first ? to : Put(to, kCrLf), address, nickname);
+        length += static_cast<std::size_t>(end - to);
+    }
+    if (length > 0) {
+        take(std::string_view(piece).substr(0, length));
+    }
+}
+
+void PassLdif(std::string_view native, Progress& progress) {
     NativeReader reader(native);
     PercentMeter meter(progress, reader.Separator());
-    std::string ldif;
-    // Each nickname is written four times and each address twice. Growing to this size step by step
-    // would take longer than the conversion.
-    constexpr std::size_t kRecordFrame = 150;
-    const auto entries = static_cast<std::size_t>(std::count(native.begin(), native.end(), '\r'));
-    ldif.reserve(entries / 2 * kRecordFrame + 4 * native.size());
-    std::string address;
+    bool is_empty = true;
     while (reader.Next()) {
         meter.Reach(reader.AddressEnd());
-        address.clear();
-        AppendWithout(address, reader.RawAddress(), '\n');
-        AppendRecord(ldif, address, reader.TakeNickname());
         progress.Record();
+        is_empty = false;
     }
     meter.Reach(reader.Separator());
-    CutEnd(ldif, kCrLf.size());
+    if (is_empty) {
+        throw RunTimeError(Failure::InvalidProcedureCall);
+    }
+}
+
+std::string WriteLdif(std::string_view native, Progress& progress) {
+    PassLdif(native, progress);
+    std::string ldif;
+    GiveLdif(native, [&ldif](std::string_view piece) { ldif.append(piece); });
     return ldif;
 }
 

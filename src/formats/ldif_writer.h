@@ -5,15 +5,22 @@
 #include <string>
 #include <string_view>
 
+#include "app/late_text.h"
 #include "formats/progress.h"
 
 namespace orvik {
 
-// WriteLdif: one LDIF record per entry of a text in the Native form; the last one ends with one
-// CR LF.
+// GiveLdif: one LDIF record per entry of a text in the Native form; the last one ends with one
+// CR LF. take is given large pieces of it, which end with a record; nothing if there is no entry.
 //   "A1\r\n-nick-\r\nAl\r\n"  ->  "dn: cn=Al,mail=A1\r\ncn: Al\r\n...xnavusehtmlmail: TRUE\r\n"
-// Progress counts the characters of the address block.
+void GiveLdif(std::string_view native, const TakePiece& take);
+
+// PassLdif: tells progress what writing these records passes, without them: the characters of the
+// address block, and each record.
 // Errors: RunTimeError 5 if the text holds no entry.
+void PassLdif(std::string_view native, Progress& progress);
+
+// WriteLdif: both; the records as one text.
 [[nodiscard]] std::string WriteLdif(std::string_view native, Progress& progress);
 
 }  // namespace orvik

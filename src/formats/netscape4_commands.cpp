@@ -22,7 +22,8 @@ void Form1::Convert(SharedText& text) {
     TrapFailure(
         [&] {
             ConversionProgress progress(*this, module_.platform);
-            module_.LdifText = WriteLdif(text, progress);
+            PassLdif(text, progress);
+            module_.LdifText = LateText([text](const TakePiece& take) { GiveLdif(text, take); });
             written_ = {text, module_.LdifText.Revision()};
             progress.Finish();
         },
@@ -48,7 +49,7 @@ void Form1::mnuCopyConvert_Click() {
 
 // A book that is opened is read twice: the second time gives what came of the first.
 void Form1::unconvert(UnreadEntries* left_out) {
-    const SharedText& ldif = module_.LdifText;
+    const LateText& ldif = module_.LdifText;
     const bool is_read = !ldif.empty() && read_.Ldif == ldif.Revision() &&
                          read_.Separator == module_.textSep && left_out == nullptr;
     if (!is_read) {
@@ -60,6 +61,11 @@ void Form1::unconvert(UnreadEntries* left_out) {
     }
     module_.WorkText = read_.List;
     module_.TextMode = mode::kAscii;
+}
+
+void Form1::TakeReadList(const SharedText& list) {
+    module_.LdifText = LateText([list](const TakePiece& take) { GiveLdifOf(list, take); });
+    read_ = {module_.LdifText.Revision(), module_.textSep, list};
 }
 
 void Form1::mnuUn_Click() {

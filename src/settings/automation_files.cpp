@@ -33,7 +33,7 @@ void Module1::AutoOpenFile(const std::string& name) {
     OldCaption = form1.Caption;
     File1.OpenForInput(name);
     form1.StatusBar1.SetPanelText(1, "Opening . . .");
-    WorkText = File1.Read(File1.Length());
+    ReadFile(name);
     File1.Close();
     if (OpenMode == kAskAlways) {
         ChooseFormat(Showing::Modal);

@@ -96,6 +96,33 @@ INSTANTIATE_TEST_SUITE_P(
             LdifRecord("A1", "") + "\r\n" + LdifRecord("A2", "")}),
     [](const auto& row) { return row.param.name; });
 
+TEST(GiveLdif, LongText_ComesInPiecesOfWholeRecords) {
+    constexpr int kEntries = 5000;
+    std::string native;
+    std::string nicknames;
+    std::string expected;
+    for (int i = 0; i < kEntries; ++i) {
+        const std::string number = std::to_string(i);
+        native.append(number).append("\r\n");
+        nicknames.append("Al").append(number).append("\r\n");
+        expected.append(i == 0 ? "" : "\r\n").append(LdifRecord(number, "Al" + number));
+    }
+    native.append("-nick-\r\n").append(nicknames);
+    std::vector<std::string> pieces;
+    GiveLdif(native, [&](std::string_view piece) { pieces.emplace_back(piece); });
+    EXPECT_GT(pieces.size(), 1U);
+    std::string ldif;
+    for (const std::string& piece : pieces) {
+        EXPECT_TRUE(piece.ends_with("TRUE\r\n"));
+        ldif += piece;
+    }
+    EXPECT_EQ(ldif, expected);
+}
+
+TEST(GiveLdif, NoEntry_GivesNoPiece) {
+    GiveLdif("-nick-\r\n", [](std::string_view piece) { ADD_FAILURE() << piece; });
+}
+
 TEST(WriteLdif, NoEntry_FailsWith5) {
     for (const std::string text : {"", "-nick-\r\n", "-nick-\r\nAl\r\n", "A-nick-\r\n"}) {
         EXPECT_EQ(FailureOf([&] { static_cast<void>(Write(text)); }), 5) << text;
