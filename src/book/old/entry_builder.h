@@ -13,6 +13,9 @@
 
 namespace orvik::book {
 
+// Begins the name of a member by the line in which its record begins: "x-orvik-line:12".
+inline constexpr std::string_view kLineScheme = "x-orvik-line:";
+
 class EntryBuilder {
  public:
     // All must outlive this.
@@ -27,6 +30,8 @@ class EntryBuilder {
                std::span<const std::string_view> values);
     // A value of this record as letters; field is what the format calls it, for what is told.
     std::string_view Letters(std::string_view value, std::string_view field);
+    // The same for a name, which may be shown as an example of the letters of the file.
+    std::string_view LettersOfName(std::string_view value, std::string_view field);
     // Properties of this record, in the order in which they are added; values are UTF-8. Kept: the
     // text is copied. The line is that of the property.
     void Push(NameId name, std::string_view value, std::uint32_t line, std::uint32_t details = 0);
@@ -38,6 +43,12 @@ class EntryBuilder {
     // names, and that is told once of a file.
     //   "Abbott, Ada" -> N "Abbott;Ada;;;";  "Ada Maria Abbott" -> N "Abbott;Ada Maria;;;"
     void PushName(std::string_view name, std::uint32_t line);
+    // One value of a field that holds several, NICKNAME or CATEGORIES.
+    void PushWords(NameId name, std::string_view value, std::uint32_t line);
+    // A member of this list: the record of the same file that begins in a line, or whoever has an
+    // address or, where that is empty, a name.
+    void PushMemberAt(std::uint32_t member, std::uint32_t line);
+    void PushMember(std::string_view address, std::string_view name, std::uint32_t line);
     // What the format calls a field that vCard has no name for, "X-ORVIK-<FORMAT>-<field>".
     void PushCarried(std::string_view format,
                      std::string_view field,
@@ -47,6 +58,8 @@ class EntryBuilder {
     std::uint32_t Types(std::string_view types);
     // Something odd about this record.
     void Doubt(std::string_view field, std::string_view value, Reason why);
+    // Text that is no record; not while one is begun.
+    void Skip(std::string_view text, std::uint32_t line, Reason why);
     // Takes the record; one without properties is kept, too.
     void End();
 
