@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "book/old/read_abx.h"
 #include "book/old/read_cc_mail.h"
 #include "book/old/read_juno.h"
 #include "book/old/read_netscape3.h"
@@ -19,7 +20,13 @@ struct Choice {
     orvik::fuzz::BookReader Read;
 };
 
+void ReadAbxTable(orvik::book::Book& book, std::uint32_t file, orvik::book::Charset& charset) {
+    const auto found = orvik::book::ReadAbx(book, file, charset, {});
+    orvik::fuzz::Check(!found.Sentence.empty(), "what was decided is told");
+}
+
 constexpr std::array kChoices = {
+    Choice{'a', ReadAbxTable},
     Choice{'n', orvik::book::ReadNetscape3},
     Choice{'j', orvik::book::ReadJuno},
     Choice{'c', orvik::book::ReadCcMail},

@@ -13,9 +13,6 @@
 
 namespace orvik::book {
 
-// Begins the name of a member by the line in which its record begins: "x-orvik-line:12".
-inline constexpr std::string_view kLineScheme = "x-orvik-line:";
-
 class EntryBuilder {
  public:
     // All must outlive this.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "book/old/read_abx.h"
 #include "book/old/read_cc_mail.h"
 #include "book/old/read_juno.h"
 #include "book/old/read_netscape3.h"
@@ -11,11 +12,19 @@
 namespace orvik::book {
 namespace {
 
+// What is found out about columns is for whoever asks the reader itself.
+void ReadRows(Book& book, std::uint32_t file, Charset& charset) {
+    ReadAbx(book, file, charset, {});
+}
+
 constexpr std::array kFormats = {
     OldFormat{
         Format::Netscape3, "Netscape 3 HTML", "record", true, Netscape3Evidence, ReadNetscape3},
     OldFormat{
         Format::Netscape3, "Netscape 3 HTML", "record", false, AddressPageEvidence, ReadNetscape3},
+    OldFormat{
+        Format::WordPerfect, "WordPerfect address book", "row", true, TaggedEvidence, ReadRows},
+    OldFormat{Format::WordPerfect, "WordPerfect address book", "row", false, AbxEvidence, ReadRows},
     OldFormat{Format::Juno, "Juno address book", "record", false, JunoEvidence, ReadJuno},
     OldFormat{Format::CcMail, "cc:Mail directory", "record", false, CcMailEvidence, ReadCcMail},
     // What other programs write may look like this, so it is asked last.
