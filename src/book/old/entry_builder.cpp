@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "book/ldif_dn.h"
+#include "book/record_lines.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
@@ -99,6 +101,32 @@ void EntryBuilder::PushCarried(std::string_view format,
     std::string name = "X-ORVIK-";
     name.append(format).append("-").append(field);
     Push(book_.Names.Intern(name), value, line);
+}
+
+void EntryBuilder::PushMember(std::uint32_t record_line, std::uint32_t line) {
+    PushKept(field::kMember, std::string(kLineScheme) + std::to_string(record_line), line);
+}
+
+void EntryBuilder::PushMemberNamed(std::string_view name, std::uint32_t line) {
+    if (as_text_ == 0) {
+        const Param text{field::kValue, "text"};
+        as_text_ = book_.KeepDetails({}, {&text, 1});
+    }
+    if (NeedsEscapes(name)) {
+        std::string escaped;
+        AppendEscaped(name, escaped);
+        return PushKept(field::kMember, escaped, line, as_text_);
+    }
+    Push(field::kMember, name, line, as_text_);
+}
+
+// With a name it is what LDIF calls somebody, which every writer knows.
+void EntryBuilder::PushMemberAt(std::string_view name,
+                                std::string_view address,
+                                std::uint32_t line) {
+    PushKept(field::kMember,
+             name.empty() ? "mailto:" + std::string(address) : DnOf(name, address),
+             line);
 }
 
 std::uint32_t EntryBuilder::Types(std::string_view types) {

@@ -43,6 +43,12 @@ class EntryBuilder {
                      std::string_view field,
                      std::string_view value,
                      std::uint32_t line);
+    // Members of a list: the record that begins on a line of this file; one by the name that the
+    // list says, which is looked for in all files; one by address who is no record, name may be
+    // empty.
+    void PushMember(std::uint32_t record_line, std::uint32_t line);
+    void PushMemberNamed(std::string_view name, std::uint32_t line);
+    void PushMemberAt(std::string_view name, std::string_view address, std::uint32_t line);
     // TYPE parameters, "home voice".
     std::uint32_t Types(std::string_view types);
     // Something odd about this record.
@@ -54,8 +60,9 @@ class EntryBuilder {
     Book& book_;
     std::uint32_t file_;
     Charset& charset_;
-    bool plain_;            // all letters of the file are good UTF-8
-    bool guessed_ = false;  // a name was parted at a blank, and that is told
+    bool plain_;                 // all letters of the file are good UTF-8
+    bool guessed_ = false;       // a name was parted at a blank, and that is told
+    std::uint32_t as_text_ = 0;  // the details of members by name
     Contact contact_;
     PieceCharset piece_ = PieceCharset::Utf8;
     std::vector<Property> properties_;
