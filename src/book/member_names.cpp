@@ -23,17 +23,17 @@ std::string Turned(const std::string& folded) {
     return std::string(given).append(given.empty() ? "" : " ").append(family);
 }
 
-std::string NicknameKey(std::string_view nickname) {
-    std::string text(nickname);
-    std::replace(text.begin(), text.end(), '_', ' ');
-    return FoldedWords(text);
-}
-
 std::string FileKey(std::string_view name) {
     return FoldedWords(name.substr(name.find_last_of("/\\:") + 1));
 }
 
 }  // namespace
+
+std::string NicknameKey(std::string_view nickname) {
+    std::string text(nickname);
+    std::replace(text.begin(), text.end(), '_', ' ');
+    return FoldedWords(text);
+}
 
 MemberNames::Found MemberNames::Find(std::string_view name) const {
     if (!made_) {

@@ -11,6 +11,9 @@
 
 namespace orvik::book {
 
+// NicknameKey: a nickname as it is compared: without case, _ as a blank.
+[[nodiscard]] std::string NicknameKey(std::string_view nickname);
+
 class MemberNames {
  public:
     struct Found {

@@ -56,6 +56,13 @@ std::string_view EntryBuilder::Letters(std::string_view value, std::string_view 
     return text;
 }
 
+std::string_view EntryBuilder::LettersOfName(std::string_view value, std::string_view field) {
+    if (piece_ == PieceCharset::Other) {
+        charset_.Example(WithoutBlanksAround(value));
+    }
+    return Letters(value, field);
+}
+
 void EntryBuilder::Push(NameId name,
                         std::string_view value,
                         std::uint32_t line,
@@ -71,9 +78,6 @@ void EntryBuilder::PushKept(NameId name,
 }
 
 void EntryBuilder::PushName(std::string_view name, std::uint32_t line) {
-    if (piece_ == PieceCharset::Other) {
-        charset_.Example(name);
-    }
     Push(field::kFn, name, line);
     const std::string_view plain = WithoutBlanksAround(name);
     const std::size_t comma = plain.find(',');
@@ -103,30 +107,33 @@ void EntryBuilder::PushCarried(std::string_view format,
     Push(book_.Names.Intern(name), value, line);
 }
 
-void EntryBuilder::PushMember(std::uint32_t record_line, std::uint32_t line) {
-    PushKept(field::kMember, std::string(kLineScheme) + std::to_string(record_line), line);
+void EntryBuilder::PushWords(NameId name, std::string_view value, std::uint32_t line) {
+    if (!NeedsEscapes(value)) {
+        return Push(name, value, line);
+    }
+    std::string escaped;
+    AppendEscaped(value, escaped);
+    PushKept(name, escaped, line);
 }
 
-void EntryBuilder::PushMemberNamed(std::string_view name, std::uint32_t line) {
+void EntryBuilder::PushMemberAt(std::uint32_t member, std::uint32_t line) {
+    PushKept(field::kMember, std::string(kLineScheme) + std::to_string(member), line);
+}
+
+void EntryBuilder::PushMember(std::string_view address, std::string_view name, std::uint32_t line) {
+    if (!address.empty()) {
+        // With a name it is what LDIF calls somebody, which every writer knows.
+        return PushKept(field::kMember,
+                        name.empty() ? "mailto:" + std::string(address) : DnOf(name, address),
+                        line);
+    }
     if (as_text_ == 0) {
         const Param text{field::kValue, "text"};
         as_text_ = book_.KeepDetails({}, {&text, 1});
     }
-    if (NeedsEscapes(name)) {
-        std::string escaped;
-        AppendEscaped(name, escaped);
-        return PushKept(field::kMember, escaped, line, as_text_);
-    }
-    Push(field::kMember, name, line, as_text_);
-}
-
-// With a name it is what LDIF calls somebody, which every writer knows.
-void EntryBuilder::PushMemberAt(std::string_view name,
-                                std::string_view address,
-                                std::uint32_t line) {
-    PushKept(field::kMember,
-             name.empty() ? "mailto:" + std::string(address) : DnOf(name, address),
-             line);
+    std::string escaped;
+    AppendEscaped(name, escaped);
+    PushKept(field::kMember, escaped, line, as_text_);
 }
 
 std::uint32_t EntryBuilder::Types(std::string_view types) {

@@ -27,6 +27,8 @@ class EntryBuilder {
                std::span<const std::string_view> values);
     // A value of this record as letters; field is what the format calls it, for what is told.
     std::string_view Letters(std::string_view value, std::string_view field);
+    // The same for a name, which may be shown as an example of the letters of the file.
+    std::string_view LettersOfName(std::string_view value, std::string_view field);
     // Properties of this record, in the order in which they are added; values are UTF-8. Kept: the
     // text is copied. The line is that of the property.
     void Push(NameId name, std::string_view value, std::uint32_t line, std::uint32_t details = 0);
@@ -43,12 +45,12 @@ class EntryBuilder {
                      std::string_view field,
                      std::string_view value,
                      std::uint32_t line);
-    // Members of a list: the record that begins on a line of this file; one by the name that the
-    // list says, which is looked for in all files; one by address who is no record, name may be
-    // empty.
-    void PushMember(std::uint32_t record_line, std::uint32_t line);
-    void PushMemberNamed(std::string_view name, std::uint32_t line);
-    void PushMemberAt(std::string_view name, std::string_view address, std::uint32_t line);
+    // One value of a field that holds several, NICKNAME or CATEGORIES.
+    void PushWords(NameId name, std::string_view value, std::uint32_t line);
+    // A member of this list: the record of this file that begins on a line; or whoever has an
+    // address, with a name or without; or, without an address, somebody of that name in any file.
+    void PushMemberAt(std::uint32_t member, std::uint32_t line);
+    void PushMember(std::string_view address, std::string_view name, std::uint32_t line);
     // TYPE parameters, "home voice".
     std::uint32_t Types(std::string_view types);
     // Something odd about this record.

@@ -163,11 +163,11 @@ std::unique_ptr<Book> OfLines(std::uint32_t first, std::uint32_t member) {
         entry.End();
         entry.Begin(text.substr(4), first + 1, 1, ContactKind::List, {});
         entry.Push(field::kFn, "Team", first + 1);
-        entry.PushMember(member, first + 1);
-        entry.PushMemberNamed("TWO", first + 1);
-        entry.PushMemberNamed("Else, Any", first + 1);
-        entry.PushMemberAt("Ben Berg", "ben@x", first + 1);
-        entry.PushMemberAt({}, "cy@x", first + 1);
+        entry.PushMemberAt(member, first + 1);
+        entry.PushMember({}, "TWO", first + 1);
+        entry.PushMember({}, "Else, Any", first + 1);
+        entry.PushMember("ben@x", "Ben Berg", first + 1);
+        entry.PushMember("cy@x", {}, first + 1);
         entry.End();
     }
     return book;
