@@ -12,6 +12,7 @@
 
 #include "book/csv_cells.h"
 #include "book/csv_fields.h"
+#include "book/record.h"
 
 namespace orvik::book {
 
@@ -42,6 +43,8 @@ struct CsvColumns {
     std::string_view Program;   // empty where no program's words are there
     std::string_view Language;  // "de"; empty where no words decided
     bool ManyInCell = false;    // several values of a cell are parted by " ::: "
+    // How what vCard has no name for is called, before its header.
+    std::string_view Carried = kCarriedFromCsv;
 };
 
 // A column that the user decides about.

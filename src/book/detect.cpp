@@ -50,6 +50,7 @@ constexpr std::array kOthers = {
 };
 
 constexpr std::array kPages = {
+    Kind{"<!DOCTYPE NETSCAPE-Bookmark-file", "a file of bookmarks"},
     Kind{"<!DOCTYPE", "an HTML or XML page"},
     Kind{"<HTML", "an HTML page"},
     Kind{"<?XML", "an XML document"},

@@ -10,7 +10,17 @@
 
 namespace orvik::book {
 
-enum class Format : std::uint8_t { None, Ldif, VCard, Csv };
+enum class Format : std::uint8_t {
+    None,
+    Ldif,
+    VCard,
+    Csv,
+    Netscape3,
+    Juno,
+    WordPerfect,
+    CcMail,
+    PlainList
+};
 
 struct Detected {
     Format Form = Format::None;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "book/carried_name.h"
 #include "book/ldif_dn.h"
 #include "book/record_lines.h"
 #include "book/value_form.h"
@@ -102,9 +103,10 @@ void EntryBuilder::PushCarried(std::string_view format,
                                std::string_view field,
                                std::string_view value,
                                std::uint32_t line) {
-    std::string name = "X-ORVIK-";
-    name.append(format).append("-").append(field);
-    Push(book_.Names.Intern(name), value, line);
+    const std::string start = "X-ORVIK-" + std::string(format) + "-";
+    const NameId name = book_.Names.Intern(CarriedName(start, field, 0));
+    const std::string_view own = book_.Names.Text(name).substr(start.size());
+    Push(name, value, line, KeepHeader(book_, own, field));
 }
 
 void EntryBuilder::PushWords(NameId name, std::string_view value, std::uint32_t line) {
@@ -124,7 +126,8 @@ void EntryBuilder::PushMember(std::string_view address, std::string_view name, s
     if (!address.empty()) {
         // With a name it is what LDIF calls somebody, which every writer knows.
         return PushKept(field::kMember,
-                        name.empty() ? "mailto:" + std::string(address) : DnOf(name, address),
+                        name.empty() || name == address ? "mailto:" + std::string(address)
+                                                        : DnOf(name, address),
                         line);
     }
     if (as_text_ == 0) {
@@ -149,6 +152,10 @@ std::uint32_t EntryBuilder::Types(std::string_view types) {
 void EntryBuilder::Doubt(std::string_view field, std::string_view value, Reason why) {
     book_.Told.Add(
         {field, value, file_, contact_.From.Line, FieldNames::kNone, What::Doubtful, why});
+}
+
+void EntryBuilder::Skip(std::string_view text, std::uint32_t line, Reason why) {
+    book_.Told.Add({{}, text, file_, line, FieldNames::kNone, What::Skipped, why});
 }
 
 void EntryBuilder::End() {

@@ -55,6 +55,8 @@ class EntryBuilder {
     std::uint32_t Types(std::string_view types);
     // Something odd about this record.
     void Doubt(std::string_view field, std::string_view value, Reason why);
+    // Text that is no record; not while one is begun.
+    void Skip(std::string_view text, std::uint32_t line, Reason why);
     // Takes the record; one without properties is kept, too.
     void End();
 
