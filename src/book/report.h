@@ -48,6 +48,7 @@ enum class Reason : std::uint8_t {
     NoColumn,        // a cell behind the last column
     HeaderAgain,     // the header of a table inside of it
     GuessedName,     // a name in one piece that was parted
+    SharedName,      // a member whose name more than one record has
     Deleted,         // a record that its program would not show
     kCount
 };

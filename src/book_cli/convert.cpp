@@ -123,6 +123,7 @@ cli::ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& o
     }
     status = Worse(status, outputs.FinishPrinting());
     TellColumns(console, loaded);
+    TellFoundMembers(console, loaded);
     TellCharsets(console, loaded);
     TellRemarks(console, loaded);
     return arguments.Report.empty() ? status : Worse(status, outputs.WriteReport(ReportOf(loaded)));

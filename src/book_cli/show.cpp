@@ -79,6 +79,7 @@ cli::ExitStatus Show(const Arguments& arguments, Console& console, Outputs& outp
     }
     cli::ExitStatus status = Worse(outputs.FinishPrinting(), loaded.Status);
     TellColumns(console, loaded);
+    TellFoundMembers(console, loaded);
     TellRemarks(console, loaded);
     if (!arguments.Report.empty() && !loaded.Inputs.empty()) {
         status = Worse(status, outputs.WriteReport(ReportOf(loaded)));

@@ -14,7 +14,7 @@ BEYOND = (
     ("book/charset*.cpp", "unicode/*"),
     ("book/charset_guess.cpp", "uchardet/*"),
     ("book/unseen_letters.cpp", "unicode/*"),
-    ("book/csv_words.cpp", "unicode/*"),
+    ("book/folded_words.cpp", "unicode/*"),
     ("book/old/html_text.cpp", "unicode/*"),
     ("book_cli/*", "CLI/*"),
     ("book_cli/json_lines.cpp", "nlohmann/*"),

@@ -1,9 +1,10 @@
 #include "book/old/entry_builder.h"
 
 #include <algorithm>
-#include <array>
 
 #include "book/carried_name.h"
+#include "book/ldif_dn.h"
+#include "book/record_lines.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
@@ -123,10 +124,19 @@ void EntryBuilder::PushMemberAt(std::uint32_t member, std::uint32_t line) {
 
 void EntryBuilder::PushMember(std::string_view address, std::string_view name, std::uint32_t line) {
     if (!address.empty()) {
-        return PushKept(field::kMember, "mailto:" + std::string(address), line);
+        // With a name it is what LDIF calls somebody, which every writer knows.
+        return PushKept(field::kMember,
+                        name.empty() || name == address ? "mailto:" + std::string(address)
+                                                        : DnOf(name, address),
+                        line);
     }
-    const std::array params = {Param{field::kValue, "text"}};
-    Push(field::kMember, name, line, book_.KeepDetails({}, params));
+    if (as_text_ == 0) {
+        const Param text{field::kValue, "text"};
+        as_text_ = book_.KeepDetails({}, {&text, 1});
+    }
+    std::string escaped;
+    AppendEscaped(name, escaped);
+    PushKept(field::kMember, escaped, line, as_text_);
 }
 
 std::uint32_t EntryBuilder::Types(std::string_view types) {

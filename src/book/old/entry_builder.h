@@ -40,17 +40,17 @@ class EntryBuilder {
     // names, and that is told once of a file.
     //   "Abbott, Ada" -> N "Abbott;Ada;;;";  "Ada Maria Abbott" -> N "Abbott;Ada Maria;;;"
     void PushName(std::string_view name, std::uint32_t line);
-    // One value of a field that holds several, NICKNAME or CATEGORIES.
-    void PushWords(NameId name, std::string_view value, std::uint32_t line);
-    // A member of this list: the record of the same file that begins in a line, or whoever has an
-    // address or, where that is empty, a name.
-    void PushMemberAt(std::uint32_t member, std::uint32_t line);
-    void PushMember(std::string_view address, std::string_view name, std::uint32_t line);
     // What the format calls a field that vCard has no name for, "X-ORVIK-<FORMAT>-<field>".
     void PushCarried(std::string_view format,
                      std::string_view field,
                      std::string_view value,
                      std::uint32_t line);
+    // One value of a field that holds several, NICKNAME or CATEGORIES.
+    void PushWords(NameId name, std::string_view value, std::uint32_t line);
+    // A member of this list: the record of this file that begins on a line; or whoever has an
+    // address, with a name or without; or, without an address, somebody of that name in any file.
+    void PushMemberAt(std::uint32_t member, std::uint32_t line);
+    void PushMember(std::string_view address, std::string_view name, std::uint32_t line);
     // TYPE parameters, "home voice".
     std::uint32_t Types(std::string_view types);
     // Something odd about this record.
@@ -64,8 +64,9 @@ class EntryBuilder {
     Book& book_;
     std::uint32_t file_;
     Charset& charset_;
-    bool plain_;            // all letters of the file are good UTF-8
-    bool guessed_ = false;  // a name was parted at a blank, and that is told
+    bool plain_;                 // all letters of the file are good UTF-8
+    bool guessed_ = false;       // a name was parted at a blank, and that is told
+    std::uint32_t as_text_ = 0;  // the details of members by name
     Contact contact_;
     PieceCharset piece_ = PieceCharset::Utf8;
     std::vector<Property> properties_;
