@@ -6,6 +6,7 @@
 
 #include "book/carried_name.h"
 #include "book/csv_values.h"
+#include "book/record_lines.h"
 #include "book/value_form.h"
 
 namespace orvik::book {

@@ -75,10 +75,6 @@ enum class ValueForm : std::uint8_t {
 
 [[nodiscard]] ValueForm ValueFormOf(const FieldNames& names, NameId name);
 
-// Begins what a list calls a member by the line in which its record begins, in the same file:
-// "x-orvik-line:12".
-inline constexpr std::string_view kLineScheme = "x-orvik-line:";
-
 // What a field of another format is called.
 inline constexpr std::string_view kCarriedFromLdif = "X-ORVIK-LDIF-";
 inline constexpr std::string_view kCarriedFromVCard = "X-ORVIK-VCARD-";
