@@ -74,6 +74,8 @@ class PlainListReader {
 
  private:
     void Take(std::string_view text, std::uint32_t line) {
+        constexpr std::string_view kBetween = " \t,;";
+        text.remove_prefix(std::min(text.find_first_not_of(kBetween), text.size()));
         if (text.empty()) {
             return;
         }
