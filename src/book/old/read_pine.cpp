@@ -66,7 +66,8 @@ class PineEntries {
         while ((has_line_ = lines_.Next(line_)) && line_.Text.starts_with(' ')) {
             // The end of the line and the blanks count as one.
             entry.Joined.append(entry.Lines == 1 ? text : "").append(" ");
-            entry.Joined.append(WithoutBlanksAround(line_.Text));
+            entry.Joined.append(
+                line_.Text.substr(std::min(line_.Text.find_first_not_of(' '), line_.Text.size())));
             end = line_.WithEnd.data() + line_.WithEnd.size();
             ++entry.Lines;
         }
