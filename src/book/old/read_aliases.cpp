@@ -62,7 +62,7 @@ class AliasReader {
         const std::string_view word = TakeWord(rest, false);
         if (SameName(word, "alias") || (!mutt_ && word == "group")) {
             const std::string_view groups = mutt_ ? TakeGroups(rest) : std::string_view{};
-            if (const std::string_view name = TakeWord(rest, !mutt_); !name.empty()) {
+            if (const std::string_view name = Unquoted(TakeWord(rest, true)); !name.empty()) {
                 return Add(name, {rest, line.Number, groups}, line);
             }
         }
@@ -91,6 +91,12 @@ class AliasReader {
             static_cast<void>(TakeWord(rest, false));
         }
         return {begin, static_cast<std::size_t>(rest.data() - begin)};
+    }
+
+    // Those of settings around a word.
+    static std::string_view Unquoted(std::string_view name) {
+        const bool quoted = name.size() > 2 && name.starts_with('\'') && name.ends_with('\'');
+        return quoted ? name.substr(1, name.size() - 2) : name;
     }
 
     void Add(std::string_view name, const Alias::Part& part, const LongLine& line) {
