@@ -9,6 +9,7 @@
 #include "book/field_names.h"
 #include "book/lines.h"
 #include "book/old/old_formats.h"
+#include "book/old/read_pegasus_text.h"
 #include "book/utf8.h"
 
 namespace orvik::book {
@@ -189,6 +190,11 @@ bool BeginsCard(std::string_view line) {
 }
 
 Detected Detect(const Source& source) {
+    if (IsPegasusBinary(source)) {
+        return {Format::None,
+                "a binary book of Pegasus Mail",
+                "Pegasus Mail exports it as tagged text"};
+    }
     if (const Kind* const other = OtherKind(source)) {
         return {Format::None, std::string(other->Name)};
     }

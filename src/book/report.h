@@ -49,6 +49,7 @@ enum class Reason : std::uint8_t {
     HeaderAgain,     // the header of a table inside of it
     GuessedName,     // a name in one piece that was parted
     SharedName,      // a member whose name more than one record has
+    Setting,         // something of the program that is no address
     Deleted,         // a record that its program would not show
     kCount
 };

@@ -90,7 +90,9 @@ class Loader {
     void Take(std::unique_ptr<book::Source> source) {
         book::Detected found = book::Detect(*source);
         if (found.Form == book::Format::None) {
-            Fail("this is " + found.Evidence + ", no address book", ExitStatus::NoBook);
+            Fail("this is " + found.Evidence +
+                     (found.Advice.empty() ? ", no address book" : ": " + found.Advice),
+                 ExitStatus::NoBook);
             return;
         }
         const std::size_t bad = source->BadLetters();

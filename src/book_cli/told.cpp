@@ -48,6 +48,8 @@ std::string FoundMembers(const Catalogue& catalogue, const book::Contact& list) 
     bool others = false;
     for (const book::ListMember& member : catalogue.Members().MembersOf(list)) {
         if (member.Record == book::ListMember::kNobody) {
+            // A list by the name of its file is one, even if that is not here.
+            lists += member.Name.starts_with('@') ? 1U : 0U;
             continue;
         }
         const book::Contact& found = book.Contacts[member.Record];
