@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "book/old/read_abx.h"
 #include "book/old/read_abook.h"
+#include "book/old/read_abx.h"
 #include "book/old/read_aliases.h"
 #include "book/old/read_cc_mail.h"
 #include "book/old/read_eudora.h"

@@ -116,6 +116,7 @@ TEST(DetectKinds, ListsAreNothingButAddresses) {
         {"x", "Al <al@example.org>\rben@example.org \"Ben\"\r", Format::PlainList, begins},
         {"x", "<al@example.org> Al\nben@example.org (Ben)\n", Format::PlainList, begins},
         {"x", "Berg, Al <al@example.org>; ben@example.org,\n", Format::PlainList, begins},
+        {"x", "\"al@example.org\" <Al Berg>\n", Format::PlainList, begins},
         {"x", "al@example.org Al Berg\n", Format::PlainList, begins},
         {"x",
          "# ours\nal@example.org\nben@example.org\ncy@example.org\n",
