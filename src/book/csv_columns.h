@@ -22,6 +22,8 @@ enum class CsvGround : std::uint8_t {
     Header,  // a program's own word
     Words,   // a common word
     Cells,   // what its cells look like
+    Tag,     // a number beside its header
+    Place,   // where it stands
     Asked    // the user
 };
 
@@ -60,6 +62,7 @@ struct CsvMapping {
 struct CsvTop {
     std::span<const std::string_view> Header;  // UTF-8; empty where there is none
     std::size_t Columns = 0;
+    bool Ragged = false;  // rows have fewer cells or more, without a header
     // The cells of the first rows, by column; bytes as they stand.
     std::vector<std::vector<std::string_view>> Cells;
 };

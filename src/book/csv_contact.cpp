@@ -6,6 +6,7 @@
 
 #include "book/carried_name.h"
 #include "book/csv_values.h"
+#include "book/record_lines.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
@@ -85,6 +86,23 @@ bool CsvContacts::Add(const CsvRow& row, const Origin& from) {
     if (empty) {
         return false;
     }
+    Begin(row, from);
+    book_.AddRead(contact_, properties_);
+    return true;
+}
+
+void CsvContacts::AddList(const CsvRow& row,
+                          const Origin& from,
+                          std::span<const std::uint32_t> members) {
+    Begin(row, from);
+    contact_.Kind = ContactKind::List;
+    for (const std::uint32_t line : members) {
+        Push(field::kMember, book_.Keep(std::string(kLineScheme) + std::to_string(line)));
+    }
+    book_.AddRead(contact_, properties_);
+}
+
+void CsvContacts::Begin(const CsvRow& row, const Origin& from) {
     line_ = from.Line;
     book_.BeginRead(contact_, from, charset_.IsUtf8());
     contact_.Form = Dialect::Csv;
@@ -101,8 +119,6 @@ bool CsvContacts::Add(const CsvRow& row, const Origin& from) {
     }
     Finish();
     FinishKinds(row);
-    book_.AddRead(contact_, properties_);
-    return true;
 }
 
 // All cells of a row were written in one set.

@@ -27,6 +27,8 @@ class CsvContacts {
 
     // The contact of a row; false for one that holds nothing.
     bool Add(const CsvRow& row, const Origin& from);
+    // The list of a row, whose members are the rows that begin in these lines.
+    void AddList(const CsvRow& row, const Origin& from, std::span<const std::uint32_t> members);
 
  private:
     // A postal address that several columns make up.
@@ -54,6 +56,7 @@ class CsvContacts {
         std::size_t Group = 0;  // of a postal address or a firm
     };
 
+    void Begin(const CsvRow& row, const Origin& from);
     void Prepare();
     void Judge(const CsvRow& row);
     void TakeKinds(const CsvRow& row);

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "book/old/read_abook.h"
+#include "book/old/read_abx.h"
 #include "book/old/read_aliases.h"
 #include "book/old/read_cc_mail.h"
 #include "book/old/read_eudora.h"
@@ -17,11 +18,18 @@
 namespace orvik::book {
 namespace {
 
+// What is found out about columns is for whoever asks the reader itself.
+void ReadRows(Book& book, std::uint32_t file, Charset& charset) {
+    ReadAbx(book, file, charset, {});
+}
+
 constexpr std::array kFormats = {
     OldFormat{
         Format::Netscape3, "Netscape 3 HTML", "record", true, Netscape3Evidence, ReadNetscape3},
     OldFormat{
         Format::Netscape3, "Netscape 3 HTML", "record", false, AddressPageEvidence, ReadNetscape3},
+    OldFormat{
+        Format::WordPerfect, "WordPerfect address book", "row", true, TaggedEvidence, ReadRows},
     OldFormat{Format::PegasusList,
               "Pegasus Mail distribution list",
               "entry",
@@ -34,14 +42,21 @@ constexpr std::array kFormats = {
               false,
               PegasusTextEvidence,
               ReadPegasusText},
-    OldFormat{Format::Juno, "Juno address book", "record", false, JunoEvidence, ReadJuno},
-    OldFormat{Format::CcMail, "cc:Mail directory", "record", false, CcMailEvidence, ReadCcMail},
     OldFormat{Format::Abook, "abook address book", "entry", true, AbookEvidence, ReadAbook},
     OldFormat{Format::Eudora, "Eudora nicknames", "nickname", false, EudoraEvidence, ReadEudora},
     OldFormat{Format::Mailrc, "mailrc aliases", "alias", false, MailrcEvidence, ReadMailrc},
     OldFormat{Format::Mutt, "mutt aliases", "alias", false, MuttEvidence, ReadMutt},
     OldFormat{Format::Pine, "pine address book", "entry", false, PineEvidence, ReadPine},
-    // What other programs write may look like this, so it is asked last.
+    OldFormat{Format::WordPerfect, "WordPerfect address book", "row", false, AbxEvidence, ReadRows},
+    OldFormat{Format::Juno, "Juno address book", "record", false, JunoEvidence, ReadJuno},
+    OldFormat{Format::CcMail, "cc:Mail directory", "record", false, CcMailEvidence, ReadCcMail},
+    // What other programs write may look like these, so they are asked last.
+    OldFormat{Format::PegasusList,
+              "Pegasus Mail distribution list",
+              "entry",
+              false,
+              NamedPegasusListEvidence,
+              ReadPegasusList},
     OldFormat{Format::PlainList, "plain list", "record", false, PlainListEvidence, ReadPlainList},
 };
 

@@ -1,6 +1,7 @@
 #include "book/old/read_plain_list.h"
 
-#include <array>
+#include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 #include "book/csv_cells.h"
@@ -22,6 +23,19 @@ bool IsLikelyName(std::string_view name) {
            !StartsAsName(name, "alias ") && !StartsAsName(name, "group ");
 }
 
+// Sentences may end with an address; names are few words, without small ones.
+bool IsNoSentence(std::string_view name) {
+    constexpr std::ptrdiff_t kMostBlanks = 2;
+    char before = ' ';
+    for (const char c : name) {
+        if (before == ' ' && c >= 'a' && c <= 'z') {
+            return false;
+        }
+        before = c;
+    }
+    return std::count(name.begin(), name.end(), ' ') <= kMostBlanks;
+}
+
 bool IsListed(std::string_view line) {
     while (!line.empty()) {
         const std::string_view text = WithoutBlanksAround(TakePlainEntry(line));
@@ -30,7 +44,8 @@ bool IsListed(std::string_view line) {
             return false;
         }
         if (!text.empty() && (!entry || entry->Address.find('<') != std::string_view::npos ||
-                              !IsAddressCell(entry->Address) || !IsLikelyName(entry->Name))) {
+                              !IsAddressCell(entry->Address) || !IsLikelyName(entry->Name) ||
+                              (entry->Loose && !IsNoSentence(entry->Name)))) {
             return false;
         }
     }
