@@ -111,7 +111,7 @@ def check_trips(folder, name, files):
 def check_forms(folder):
     """Each book is what it is under any name, and no other one."""
     for name, form in FORMS.items():
-        for other in ("book", "book.txt", "book.csv", "book.vcf", "book.ldif", "book.htm", "book.nv"):
+        for other in ("book", "book.txt", "book.csv", "book.vcf", "book.ldif", "book.htm", "book.nv", "book.abx", "book.pml"):
             shutil.copy(BOOKS / name, folder / other)
             found = run("show", other, cwd=folder).stdout.decode()
             if f": {form}" not in found:

@@ -5,10 +5,16 @@
 #include <cstdint>
 #include <string_view>
 
+#include "book/old/read_abook.h"
 #include "book/old/read_abx.h"
+#include "book/old/read_aliases.h"
 #include "book/old/read_cc_mail.h"
+#include "book/old/read_eudora.h"
 #include "book/old/read_juno.h"
 #include "book/old/read_netscape3.h"
+#include "book/old/read_pegasus_list.h"
+#include "book/old/read_pegasus_text.h"
+#include "book/old/read_pine.h"
 #include "book/old/read_plain_list.h"
 #include "fuzz/book_trip.h"
 #include "fuzz/fuzz_target.h"
@@ -31,6 +37,13 @@ constexpr std::array kChoices = {
     Choice{'j', orvik::book::ReadJuno},
     Choice{'c', orvik::book::ReadCcMail},
     Choice{'l', orvik::book::ReadPlainList},
+    Choice{'d', orvik::book::ReadPegasusList},
+    Choice{'p', orvik::book::ReadPegasusText},
+    Choice{'e', orvik::book::ReadEudora},
+    Choice{'m', orvik::book::ReadMailrc},
+    Choice{'u', orvik::book::ReadMutt},
+    Choice{'i', orvik::book::ReadPine},
+    Choice{'b', orvik::book::ReadAbook},
 };
 
 }  // namespace

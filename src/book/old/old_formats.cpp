@@ -30,7 +30,6 @@ constexpr std::array kFormats = {
         Format::Netscape3, "Netscape 3 HTML", "record", false, AddressPageEvidence, ReadNetscape3},
     OldFormat{
         Format::WordPerfect, "WordPerfect address book", "row", true, TaggedEvidence, ReadRows},
-    OldFormat{Format::WordPerfect, "WordPerfect address book", "row", false, AbxEvidence, ReadRows},
     OldFormat{Format::PegasusList,
               "Pegasus Mail distribution list",
               "entry",
@@ -43,14 +42,21 @@ constexpr std::array kFormats = {
               false,
               PegasusTextEvidence,
               ReadPegasusText},
-    OldFormat{Format::Juno, "Juno address book", "record", false, JunoEvidence, ReadJuno},
-    OldFormat{Format::CcMail, "cc:Mail directory", "record", false, CcMailEvidence, ReadCcMail},
     OldFormat{Format::Abook, "abook address book", "entry", true, AbookEvidence, ReadAbook},
     OldFormat{Format::Eudora, "Eudora nicknames", "nickname", false, EudoraEvidence, ReadEudora},
     OldFormat{Format::Mailrc, "mailrc aliases", "alias", false, MailrcEvidence, ReadMailrc},
     OldFormat{Format::Mutt, "mutt aliases", "alias", false, MuttEvidence, ReadMutt},
     OldFormat{Format::Pine, "pine address book", "entry", false, PineEvidence, ReadPine},
-    // What other programs write may look like this, so it is asked last.
+    OldFormat{Format::WordPerfect, "WordPerfect address book", "row", false, AbxEvidence, ReadRows},
+    OldFormat{Format::Juno, "Juno address book", "record", false, JunoEvidence, ReadJuno},
+    OldFormat{Format::CcMail, "cc:Mail directory", "record", false, CcMailEvidence, ReadCcMail},
+    // What other programs write may look like these, so they are asked last.
+    OldFormat{Format::PegasusList,
+              "Pegasus Mail distribution list",
+              "entry",
+              false,
+              NamedPegasusListEvidence,
+              ReadPegasusList},
     OldFormat{Format::PlainList, "plain list", "record", false, PlainListEvidence, ReadPlainList},
 };
 

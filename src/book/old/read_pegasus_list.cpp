@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/text.h"
+#include "book/csv_form.h"
 #include "book/lines.h"
 #include "book/old/entry_builder.h"
 #include "book/old/mailboxes.h"
@@ -153,29 +154,39 @@ bool MayBeMember(std::string_view line) {
 }  // namespace
 
 std::optional<std::string> PegasusListEvidence(const Source& source) {
-    const bool named = HasEnding(source.Name(), ".pml");
     std::uint32_t first = 0;
-    bool any = false;
     Line line;
     for (Lines lines(source.Text(), source.Signs().Cr); lines.Next(line);) {
         const auto setting = SettingOf(line.Text);
+        if (!setting && !MayBeMember(line.Text)) {
+            return std::nullopt;
+        }
         if (setting && !setting->Keyword.empty()) {
             if (!IsKeyword(setting->Keyword)) {
                 return std::nullopt;
             }
             first = first == 0 ? line.Number : first;
-        } else if (!setting && !WithoutBlanksAround(line.Text).empty()) {
-            if (!MayBeMember(line.Text)) {
-                return std::nullopt;
-            }
-            any = true;
         }
     }
-    if (first > 0) {
-        return "line " + std::to_string(first) + " is a setting of a list";
+    return first == 0 ? std::nullopt
+                      : std::optional("line " + std::to_string(first) + " is a setting of a list");
+}
+
+std::optional<std::string> NamedPegasusListEvidence(const Source& source) {
+    // What a table is, it is for better reasons.
+    if (!HasEnding(source.Name(), ".pml") || CsvFormOf(source.Text())) {
+        return std::nullopt;
     }
-    return named && any ? std::optional<std::string>("line 1 begins the members of a list")
-                        : std::nullopt;
+    bool any = false;
+    Line line;
+    for (Lines lines(source.Text(), source.Signs().Cr); lines.Next(line);) {
+        if (!MayBeMember(line.Text)) {
+            return std::nullopt;
+        }
+        any = any || !WithoutBlanksAround(line.Text).empty();
+    }
+    return any ? std::optional<std::string>("the ending of its name is that of lists")
+               : std::nullopt;
 }
 
 void ReadPegasusList(Book& book, std::uint32_t file, Charset& charset) {

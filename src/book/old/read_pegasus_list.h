@@ -12,8 +12,10 @@
 
 namespace orvik::book {
 
-// Why a source is such a list; without lines of the program's own its name has to end in .pml.
+// Why a source is such a list: by lines of the program's own.
 [[nodiscard]] std::optional<std::string> PegasusListEvidence(const Source& source);
+// The same where its name is all that tells.
+[[nodiscard]] std::optional<std::string> NamedPegasusListEvidence(const Source& source);
 
 // A line with an address becomes a person; the whole file is a list of these, of people by name,
 // and of other lists.

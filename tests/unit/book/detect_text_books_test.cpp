@@ -16,7 +16,7 @@ Detected DetectedAs(const std::string& name, const std::string& text) {
     return Detect(Source(name, text));
 }
 
-TEST(DetectOld, KnowsEachByItsContent) {
+TEST(DetectTextBooks, KnowsEachByItsContent) {
     const struct {
         std::string Text;
         Format Expected;
@@ -61,7 +61,7 @@ TEST(DetectOld, KnowsEachByItsContent) {
     }
 }
 
-TEST(DetectOld, TakesNothingElseForABook) {
+TEST(DetectTextBooks, TakesNothingElseForABook) {
     const std::array<std::string, 27> texts = {
         "#!/bin/sh\nalias ada a@x\n",
         "alias ll='ls -l'\nalias mail='mutt a@x'\n",
@@ -97,7 +97,7 @@ TEST(DetectOld, TakesNothingElseForABook) {
     }
 }
 
-TEST(DetectOld, LeavesTablesAndCardsAlone) {
+TEST(DetectTextBooks, LeavesTablesAndCardsAlone) {
     EXPECT_EQ(DetectedAs("x", "Nickname\tName\tE-mail\nada\tAbbott, Ada\ta@x.org\n").Form,
               Format::Csv);
     EXPECT_EQ(DetectedAs("x", "1\tAda Abbott\ta@x.org\n2\tBen Berg\tb@x.org\n").Form, Format::Csv);
@@ -106,7 +106,7 @@ TEST(DetectOld, LeavesTablesAndCardsAlone) {
     EXPECT_EQ(DetectedAs(".mailrc", "dn: cn=Al\ncn: Al\nalias a a@x\n").Form, Format::Ldif);
 }
 
-TEST(DetectOld, LetsTheNameDecideWhatIsOpen) {
+TEST(DetectTextBooks, LetsTheNameDecideWhatIsOpen) {
     const std::string open = "alias ada a@x\n";
     EXPECT_EQ(DetectedAs("/home/a/.mailrc", open + "\r\n").Form, Format::Mailrc);
     EXPECT_EQ(DetectedAs("/home/a/.mutt/aliases", open).Form, Format::Mutt);
@@ -122,7 +122,7 @@ TEST(DetectOld, LetsTheNameDecideWhatIsOpen) {
     EXPECT_EQ(DetectedAs(".addressbook", "lu\tLu\tlu\nada\tAda\ta@x\n").Form, Format::Pine);
 }
 
-TEST(DetectOld, SaysWhatToDoAboutBinaryBooks) {
+TEST(DetectTextBooks, SaysWhatToDoAboutBinaryBooks) {
     std::string bytes = "Friends"s + std::string(121, '\0') + "\1\0Ada Abbott"s;
     bytes.resize(128 + 458);
     const Detected found = DetectedAs("ADDR0001.PMR", bytes);
