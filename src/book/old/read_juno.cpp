@@ -260,8 +260,10 @@ std::optional<std::string> JunoEvidence(const Source& source) {
     constexpr std::array<std::string_view, 3> kTypes = {"Entry", "MList", "Version"};
     constexpr std::array<std::string_view, 6> kKeys = {
         "Name", "Email", "Alias", "Member", "Version", "Deleted"};
+    // Without a type the ending has to say it.
+    constexpr std::array<std::string_view, 2> kOwnKeys = {"Email", "Alias"};
     const bool named = ToLower(source.Name()).ends_with(".nv");
-    bool typed = named;
+    bool typed = false;
     std::uint32_t type_line = 0;
     Line line;
     for (Lines lines(source.Text(), source.Signs().Cr); lines.Next(line);) {
@@ -274,10 +276,10 @@ std::optional<std::string> JunoEvidence(const Source& source) {
         if (keyed && SameName(keyed->Key, "Type")) {
             typed = is_of(kTypes, keyed->Value);
             type_line = line.Number;
-        } else if (typed && keyed && is_of(kKeys, keyed->Key)) {
-            const std::uint32_t begun = type_line > 0 ? type_line : line.Number;
-            return "line " + std::to_string(begun) + " begins an entry";
-        } else if (!named && WithoutBlanksAround(line.Text).empty()) {
+        } else if (keyed &&
+                   (typed ? is_of(kKeys, keyed->Key) : named && is_of(kOwnKeys, keyed->Key))) {
+            return "line " + std::to_string(typed ? type_line : line.Number) + " begins an entry";
+        } else if (WithoutBlanksAround(line.Text).empty()) {
             typed = false;
         }
     }

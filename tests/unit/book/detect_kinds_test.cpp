@@ -64,6 +64,7 @@ TEST(DetectKinds, BlocksOfKeysAreKnownByTheirKeys) {
         {"x", "Type:Version\nVersion:AB 0.3.0\n", Format::Juno, "line 1 begins an entry"},
         {"x.NV", "Email:al@example.org\nAlias:al\n", Format::Juno, "line 1 begins an entry"},
         {"x", "Email:al@example.org\nAlias:al\n", Format::None, "a text"},
+        {"x.nv", "Name:Al\nDeleted:0\n", Format::None, "a text"},
         {"x", "Type:Entry\n\nName:Al\n", Format::None, "a text"},
         {"x", "Type:Letter\nName:Al\n", Format::None, "a text"},
         {"x",
@@ -100,6 +101,10 @@ TEST(DetectKinds, TheEndingTellsTablesOfWordPerfect) {
         {"x.csv", table, Format::Csv, "line 1 names columns"},
         {"x.abx", bare, Format::WordPerfect, "column 6 holds addresses"},
         {"x.csv", bare, Format::None, "a text"},
+        {"x.abx",
+         "al@example.org,Al,Berg\nben@example.org,Ben,Berg\n",
+         Format::Csv,
+         "line 1 begins rows with addresses"},
         {"x.abx", "Dear Al,\nwhere are you?\n", Format::None, "a text"},
         {"x.abx", "", Format::None, "an empty file"},
     };
