@@ -39,9 +39,9 @@ bool IsListedEntry(std::string_view text, const PlainEntry& entry) {
     const auto is_plain = [](std::string_view address) {
         return IsAddressCell(address) && address.find('<') == std::string_view::npos;
     };
-    // As the window writes what it read of a page: "al@example.org" <Al>
-    if (text.starts_with('"') && text.ends_with('>') && is_plain(entry.Name)) {
-        return IsLikelyName(entry.Address);
+    // As the window writes it, whatever the name is; of a page the address is the name.
+    if (text.starts_with('"') && text.ends_with('>')) {
+        return is_plain(entry.Address) || is_plain(entry.Name);
     }
     return is_plain(entry.Address) && IsLikelyName(entry.Name) &&
            (!entry.Loose || IsNoSentence(entry.Name));

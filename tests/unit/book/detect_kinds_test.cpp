@@ -122,6 +122,7 @@ TEST(DetectKinds, ListsAreNothingButAddresses) {
         {"x", "<al@example.org> Al\nben@example.org (Ben)\n", Format::PlainList, begins},
         {"x", "Berg, Al <al@example.org>; ben@example.org,\n", Format::PlainList, begins},
         {"x", "\"al@example.org\" <Al Berg>\n", Format::PlainList, begins},
+        {"x", "\"R&D: <x>\" <al@example.org>\n", Format::PlainList, begins},
         {"x", "al@example.org Al Berg\n", Format::PlainList, begins},
         {"x",
          "# ours\nal@example.org\nben@example.org\ncy@example.org\n",
