@@ -73,7 +73,7 @@ class AbxReader {
     }
 
     // What a row is says something of firms and rooms alone.
-    void Prepare(CsvRow& row, std::string_view kind) {
+    void Prepare(CsvRow& row, std::string_view kind) const {
         if (SameName(kind, "U")) {
             CellAt(row, found_.Kind) = {};
         }

@@ -30,6 +30,11 @@ std::string AddressOf(std::string_view href) {
                             : WithoutEntities(link);
 }
 
+std::string KeyOfBoth(std::string_view id, std::string_view address) {
+    std::string both(id);
+    return both.append(" ").append(address);
+}
+
 class Netscape3Reader {
  public:
     Netscape3Reader(Book& book, std::uint32_t file, Charset& charset)
@@ -76,7 +81,7 @@ class Netscape3Reader {
             const std::string id(Value(item, "ALIASID"));
             if (!id.empty()) {
                 by_id_.emplace(id, i);
-                by_both_.emplace(id + " " + address, i);
+                by_both_.emplace(KeyOfBoth(id, address), i);
             }
             if (!address.empty()) {
                 by_address_.emplace(address, i);
@@ -95,7 +100,7 @@ class Netscape3Reader {
         if (address.empty()) {
             return FindIn(by_id_, id);
         }
-        const std::size_t both = FindIn(by_both_, id + " " + address);
+        const std::size_t both = FindIn(by_both_, KeyOfBoth(id, address));
         return both == kNone ? FindIn(by_address_, address) : both;
     }
 
