@@ -119,8 +119,10 @@ std::string HtmlText(std::string_view piece) {
     const char* from = piece.data();
     HtmlTags tags(piece);
     for (HtmlTag tag; tags.Next(tag);) {
-        text.append(from, tag.Span.data());
-        from = tag.Span.data() + tag.Span.size();
+        const bool shown = tag.Kind != HtmlTagKind::Break && tag.Kind != HtmlTagKind::Other;
+        const char* const end = tag.Span.data() + tag.Span.size();
+        text.append(from, shown ? end : tag.Span.data());
+        from = end;
         if (tag.Kind == HtmlTagKind::Break) {
             const std::string_view rest = tags.Rest();
             const std::size_t next = std::min(rest.find_first_not_of(" \t"), rest.size());

@@ -140,6 +140,8 @@ class Parser {
             used_ = true;
         } else if (region_ == Region::Stray && !blank && found_.Stray.Text.empty()) {
             found_.Stray.Text = WithoutBlanksAround(text);
+            found_.Stray.Text =
+                found_.Stray.Text.substr(0, found_.Stray.Text.find_first_of("\r\n"));
             const auto place = static_cast<std::size_t>(found_.Stray.Text.data() - page_.data());
             const LineEnds ends = CountLineEnds(page_.substr(0, place));
             found_.Stray.Line = static_cast<std::uint32_t>(ends.Lf + ends.CrLf + ends.Cr + 1);

@@ -19,8 +19,7 @@ namespace {
 bool IsLikelyName(std::string_view name) {
     constexpr std::size_t kLongest = 100;
     constexpr std::string_view kOdd = ":;=<>{}[]|\\@#$%*+~^`";
-    return name.size() <= kLongest && name.find_first_of(kOdd) == std::string_view::npos &&
-           !StartsAsName(name, "alias ") && !StartsAsName(name, "group ");
+    return name.size() <= kLongest && name.find_first_of(kOdd) == std::string_view::npos;
 }
 
 // Sentences may end with an address; names are few words, without small ones.
@@ -74,6 +73,8 @@ class PlainListReader {
 
  private:
     void Take(std::string_view text, std::uint32_t line) {
+        constexpr std::string_view kBetween = " \t,;";
+        text.remove_prefix(std::min(text.find_first_not_of(kBetween), text.size()));
         if (text.empty()) {
             return;
         }
