@@ -45,6 +45,7 @@ std::string_view WordsFor(Reason reason) {
         "was parted at a blank into given and family name, as all such names of the file",
         "is the name of more than one record, of which the first was taken",
         "is a setting of the program",
+        "stood in the place of the name, as in all such entries of the file",
         "is marked as deleted"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];

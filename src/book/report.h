@@ -50,6 +50,7 @@ enum class Reason : std::uint8_t {
     GuessedName,     // a name in one piece that was parted
     SharedName,      // a member whose name more than one record has
     Setting,         // something of the program that is no address
+    Exchanged,       // a name in the place of the address, and the other way round
     Deleted,         // a record that its program would not show
     kCount
 };

@@ -26,14 +26,24 @@ FORMS = {
     "muttrc": "mutt aliases",
     "dot-addressbook": "pine address book",
     "abook.addressbook": "abook address book",
+    "address.htm": "Netscape 3 HTML",
+    "browser-saved.html": "Netscape 3 HTML",
+    "addrbook.nv": "Juno address book",
+    "wordperfect.abx": "WordPerfect address book",
+    "cc-mail.txt": "cc:Mail directory",
+    "list-of-forms.txt": "plain list",
+    "groups.csv": "CSV",
 }
 # Words by which programs call things; what they call is looked for.
 SYNTAX = set(
     "alias note group TITLE name first last company title address city state zip country phone fax mobile web "
     "otheremail otherphone otherweb address2 city2 phone2 fax2 mobile2 web2 email workphone nick url notes "
-    "anniversary groups Name Key Street Postal E-mail Of Phone Fax Notes number Email Dept tags abook".split())
+    "anniversary groups Name Key Street Postal E-mail Of Phone Fax Notes number Email Dept tags abook "
+    "DT DD DL BR H3 HREF mailto ALIASID ALIASOF NICKNAME FOLDED amp lt gt eacute dt dd dl br h3 href aliasid aliasof nickname "
+    "Type Entry Version MList Alias Member Deleted Primary Mobile Birth Address Work Locn Addr Cmts".split())
 # Lines that are no records, which the program names instead.
-SKIPPED = re.compile(r"set |ignore |unalias |source |macro |group -group |#|\[|program=|version=")
+SKIPPED = re.compile(r"set |ignore |unalias |source |macro |group -group |#|\[|program=|version=|<!|It will be|Do Not|"
+                     ":::TAGMAP|<(TITLE|H1|html|h1|/body)|Version:")
 failed = 0
 
 

@@ -97,6 +97,8 @@ AbxColumns ByTags(const CsvTop& top, std::span<const CsvMapping> asked) {
     CsvTop named = top;
     named.Header = words;
     AbxColumns found{MatchColumns(named, asked)};
+    found.Columns.Program = {};
+    found.Columns.ManyInCell = false;
     for (std::size_t i = 0; i < cells.size(); ++i) {
         const std::string_view tag = cells[i].Tag;
         const auto* const known =
@@ -154,7 +156,7 @@ AbxColumns AbxColumnsOf(const CsvTop& top, std::span<const CsvMapping> asked) {
     });
     constexpr std::size_t kName = 1;
     constexpr std::size_t kAddress = 5;
-    if (!named && all.size() > kAddress) {
+    if (!named && !top.Header.empty() && all.size() > kAddress) {
         TakeField(found.Columns, kName, "fn", CsvGround::Place);
         TakeField(found.Columns, kAddress, "email1", CsvGround::Place);
     }

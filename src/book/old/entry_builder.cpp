@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "book/carried_name.h"
+#include "book/csv_cells.h"
 #include "book/ldif_dn.h"
 #include "book/record_lines.h"
 #include "book/value_form.h"
@@ -79,13 +80,13 @@ void EntryBuilder::PushKept(NameId name,
 }
 
 void EntryBuilder::PushName(std::string_view name, std::uint32_t line) {
-    Push(field::kFn, name, line);
     const std::string_view plain = WithoutBlanksAround(name);
     const std::size_t comma = plain.find(',');
     const std::size_t blank = plain.find_last_of(" \t");
     if (plain.empty()) {
         return;
     }
+    Push(field::kFn, name, line);
     if (comma != std::string_view::npos) {
         return PushKept(field::kN, FieldOf(plain.substr(0, comma), plain.substr(comma + 1)), line);
     }
@@ -97,6 +98,17 @@ void EntryBuilder::PushName(std::string_view name, std::uint32_t line) {
         guessed_ = true;
         Doubt("N", plain, Reason::GuessedName);
     }
+}
+
+bool EntryBuilder::AreExchanged(std::string_view name, std::string_view address) {
+    if (address.empty() || address.find('@') != std::string_view::npos || !IsAddressCell(name)) {
+        return false;
+    }
+    if (!exchanged_) {
+        exchanged_ = true;
+        Doubt("EMAIL", name, Reason::Exchanged);
+    }
+    return true;
 }
 
 void EntryBuilder::PushCarried(std::string_view format,

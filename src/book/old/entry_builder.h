@@ -36,10 +36,14 @@ class EntryBuilder {
                   const std::string& value,
                   std::uint32_t line,
                   std::uint32_t details = 0);
-    // FN as it stands, and the N that it most likely is; all words but the last one are given
+    // FN as it stands, unless it is empty, and the N that it most likely is; all words but the last one are given
     // names, and that is told once of a file.
     //   "Abbott, Ada" -> N "Abbott;Ada;;;";  "Ada Maria Abbott" -> N "Abbott;Ada Maria;;;"
     void PushName(std::string_view name, std::uint32_t line);
+    // Whether a name and an address stand in each other's place, as they do in what the window made
+    // of pages of Netscape 3; that is told once of a file.
+    //   "ada@example.org", "Ada" -> true;  "Ada", "A1" -> false
+    bool AreExchanged(std::string_view name, std::string_view address);
     // What the format calls a field that vCard has no name for, "X-ORVIK-<FORMAT>-<field>".
     void PushCarried(std::string_view format,
                      std::string_view field,
@@ -66,6 +70,7 @@ class EntryBuilder {
     Charset& charset_;
     bool plain_;                 // all letters of the file are good UTF-8
     bool guessed_ = false;       // a name was parted at a blank, and that is told
+    bool exchanged_ = false;     // an address stood in the place of the name, and that is told
     std::uint32_t as_text_ = 0;  // the details of members by name
     Contact contact_;
     PieceCharset piece_ = PieceCharset::Utf8;

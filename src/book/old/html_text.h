@@ -8,8 +8,8 @@
 namespace orvik::book {
 
 // HtmlText: the text that a piece of a page shows: entities become letters, <BR> with the line end
-// behind it a line feed. Comments and <P> go, and so do blanks around each line; any other tag stays
-// as it stands, as does what is no entity.
+// behind it a line feed. Comments and <P> go, and so do blanks around each line; any other tag
+// stays as it stands, as does what is no entity.
 //   "R&amp;D &#233; &nix;<BR>\n  <x>" -> "R&D \u00E9 &nix;", line feed, "<x>"
 [[nodiscard]] std::string HtmlText(std::string_view piece);
 

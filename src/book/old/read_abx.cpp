@@ -35,9 +35,7 @@ class AbxReader {
         }
         EndGroup(Reason::CutOff);
         table_.ShowHeader();
-        return {std::string(found_.Columns.Program),
-                SentenceOf(found_.Columns),
-                NotThere(found_.Columns, asked)};
+        return {{}, SentenceOf(found_.Columns), NotThere(found_.Columns, asked)};
     }
 
  private:
@@ -140,8 +138,10 @@ std::optional<std::string> AbxEvidence(const Source& source) {
     if (!ToLower(source.Name()).ends_with(".abx")) {
         return std::nullopt;
     }
-    if (const auto form = CsvFormOf(source.Text())) {
-        return form->Evidence;
+    // It always writes a header.
+    const auto table = CsvFormOf(source.Text());
+    if (table) {
+        return table->HasHeader ? std::optional(table->Evidence) : std::nullopt;
     }
     constexpr std::size_t kMostRows = 30;
     constexpr std::size_t kAddress = 5;

@@ -135,6 +135,7 @@ class JunoReader {
                      block.IsList ? ContactKind::List : ContactKind::Person,
                      values);
         named_ = false;
+        exchanged_ = AreExchanged(block);
         street_.clear();
         street_line_ = 0;
         for (const TextRow& row : block.Rows) {
@@ -153,18 +154,30 @@ class JunoReader {
         entry_.End();
     }
 
+    bool AreExchanged(const JunoBlock& block) {
+        std::string_view name;
+        std::string_view address;
+        for (const TextRow& row : block.Rows) {
+            if (const auto keyed = KeyedLineOf(row.Text)) {
+                name = SameName(keyed->Key, "Name") && name.empty() ? keyed->Value : name;
+                address = SameName(keyed->Key, "Email") && address.empty() ? keyed->Value : address;
+            }
+        }
+        return !block.IsList && entry_.AreExchanged(name, address);
+    }
+
     void TakeField(const JunoBlock& block, const KeyedLine& keyed, std::uint32_t line) {
         const auto is = [&keyed](std::string_view key) { return SameName(keyed.Key, key); };
         if (keyed.Value.empty() || is("Type") || (is("Deleted") && keyed.Value == "0")) {
             return TakeType(keyed, line);
         }
-        if (is("Name") && !named_) {
+        if (is(exchanged_ ? "Email" : "Name") && !named_) {
             return TakeName(block, entry_.LettersOfName(keyed.Value, keyed.Key), line);
         }
         const std::string_view value = entry_.Letters(keyed.Value, keyed.Key);
         const auto* const phone = std::find_if(
             kPhones.begin(), kPhones.end(), [&is](const JunoPhone& one) { return is(one.Key); });
-        if (is("Email")) {
+        if (is("Email") || (exchanged_ && is("Name"))) {
             entry_.Push(field::kEmail, value, line);
         } else if (is("Alias")) {
             entry_.PushWords(field::kNickname, value, line);
@@ -236,6 +249,7 @@ class JunoReader {
     Places by_name_;
     // Of the entry that is being read.
     bool named_ = false;
+    bool exchanged_ = false;  // the name and the address
     std::string street_;
     std::uint32_t street_line_ = 0;
 };
@@ -246,8 +260,10 @@ std::optional<std::string> JunoEvidence(const Source& source) {
     constexpr std::array<std::string_view, 3> kTypes = {"Entry", "MList", "Version"};
     constexpr std::array<std::string_view, 6> kKeys = {
         "Name", "Email", "Alias", "Member", "Version", "Deleted"};
+    // Without a type the ending has to say it.
+    constexpr std::array<std::string_view, 2> kOwnKeys = {"Email", "Alias"};
     const bool named = ToLower(source.Name()).ends_with(".nv");
-    bool typed = named;
+    bool typed = false;
     std::uint32_t type_line = 0;
     Line line;
     for (Lines lines(source.Text(), source.Signs().Cr); lines.Next(line);) {
@@ -260,10 +276,10 @@ std::optional<std::string> JunoEvidence(const Source& source) {
         if (keyed && SameName(keyed->Key, "Type")) {
             typed = is_of(kTypes, keyed->Value);
             type_line = line.Number;
-        } else if (typed && keyed && is_of(kKeys, keyed->Key)) {
-            const std::uint32_t begun = type_line > 0 ? type_line : line.Number;
-            return "line " + std::to_string(begun) + " begins an entry";
-        } else if (!named && WithoutBlanksAround(line.Text).empty()) {
+        } else if (keyed &&
+                   (typed ? is_of(kKeys, keyed->Key) : named && is_of(kOwnKeys, keyed->Key))) {
+            return "line " + std::to_string(typed ? type_line : line.Number) + " begins an entry";
+        } else if (WithoutBlanksAround(line.Text).empty()) {
             typed = false;
         }
     }

@@ -141,8 +141,7 @@ class Netscape3Reader {
                      static_cast<std::uint32_t>(ends.Lf + ends.CrLf + ends.Cr + 1),
                      item.IsFolder ? ContactKind::List : ContactKind::Person,
                      values);
-        TakeName(item);
-        TakeAddress(i);
+        TakePerson(item);
         TakeNotes(item);
         for (const HtmlAttribute& one : item.Attributes) {
             TakeAttribute(item, one);
@@ -159,27 +158,30 @@ class Netscape3Reader {
     }
 
     // A folder may have nothing but a nickname.
-    void TakeName(const Netscape3Item& item) {
-        const std::string_view name =
+    void TakePerson(const Netscape3Item& item) {
+        std::string_view name =
             book_.Keep(HtmlText(entry_.LettersOfName(item.Name, item.IsFolder ? "H3" : "A")));
+        std::string_view address = OwnAddress(item);
         const std::string_view nickname = Letters(ValueOf(item.Attributes, "NICKNAME"), "NICKNAME");
+        const bool mail = IsMailLink(ValueOf(item.Attributes, "HREF"));
+        if (mail && entry_.AreExchanged(name, address)) {
+            // Blanks of what was taken for an address became underscores.
+            std::string words(address);
+            std::replace(words.begin(), words.end(), '_', ' ');
+            address = name;
+            name = book_.Keep(words);
+        }
         if (item.IsFolder) {
             entry_.Push(field::kFn, name.empty() ? nickname : name, item.Line);
-        } else if (!name.empty()) {
+        } else {
             entry_.PushName(name, item.Line);
         }
         if (!nickname.empty()) {
             entry_.PushWords(field::kNickname, nickname, item.Line);
         }
-    }
-
-    void TakeAddress(std::size_t i) {
-        const Netscape3Item& item = page_.Items[i];
-        if (addresses_[i].empty()) {
-            return;
+        if (!address.empty()) {
+            entry_.Push(mail ? field::kEmail : field::kUrl, address, item.Line);
         }
-        const bool mail = IsMailLink(ValueOf(item.Attributes, "HREF"));
-        entry_.Push(mail ? field::kEmail : field::kUrl, OwnAddress(item), item.Line);
     }
 
     std::string_view OwnAddress(const Netscape3Item& item) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "app/text.h"
@@ -90,9 +91,10 @@ class ListReader {
             if (i == 0) {
                 boxes = MailboxesOf(entry_.LettersOfName(text, {}));
             }
-            if (!boxes[i].Name.empty()) {
-                entry_.PushName(book_.Keep(boxes[i].Name), line.Number);
+            if (entry_.AreExchanged(boxes[i].Name, boxes[i].Address)) {
+                std::swap(boxes[i].Name, boxes[i].Address);
             }
+            entry_.PushName(book_.Keep(boxes[i].Name), line.Number);
             entry_.PushKept(field::kEmail, boxes[i].Address, line.Number);
             entry_.End();
             // Who is not the first in a line is found by address.

@@ -35,6 +35,18 @@ bool IsNoSentence(std::string_view name) {
     return std::count(name.begin(), name.end(), ' ') <= kMostBlanks;
 }
 
+bool IsListedEntry(std::string_view text, const PlainEntry& entry) {
+    const auto is_plain = [](std::string_view address) {
+        return IsAddressCell(address) && address.find('<') == std::string_view::npos;
+    };
+    // As the window writes it, whatever the name is; of a page the address is the name.
+    if (text.starts_with('"') && text.ends_with('>')) {
+        return is_plain(entry.Address) || is_plain(entry.Name);
+    }
+    return is_plain(entry.Address) && IsLikelyName(entry.Name) &&
+           (!entry.Loose || IsNoSentence(entry.Name));
+}
+
 bool IsListed(std::string_view line) {
     while (!line.empty()) {
         const std::string_view text = WithoutBlanksAround(TakePlainEntry(line));
@@ -42,9 +54,7 @@ bool IsListed(std::string_view line) {
         if (text.empty() && !line.empty()) {
             return false;
         }
-        if (!text.empty() && (!entry || entry->Address.find('<') != std::string_view::npos ||
-                              !IsAddressCell(entry->Address) || !IsLikelyName(entry->Name) ||
-                              (entry->Loose && !IsNoSentence(entry->Name)))) {
+        if (!text.empty() && (!entry || !IsListedEntry(text, *entry))) {
             return false;
         }
     }
@@ -86,10 +96,12 @@ class PlainListReader {
             return entry_.Skip(text, line, Reason::NotBegun);
         }
         entry_.Begin(text, line, 1, ContactKind::Person, {&text, 1});
-        if (entry && !entry->Name.empty()) {
-            entry_.PushName(entry_.LettersOfName(entry->Name, "name"), line);
-        }
-        entry_.Push(field::kEmail, entry_.Letters(entry ? entry->Address : text, "address"), line);
+        const std::string_view name =
+            entry ? entry_.LettersOfName(entry->Name, "name") : std::string_view{};
+        const std::string_view address = entry_.Letters(entry ? entry->Address : text, "address");
+        const bool exchanged = entry_.AreExchanged(name, address);
+        entry_.PushName(exchanged ? address : name, line);
+        entry_.Push(field::kEmail, exchanged ? name : address, line);
         entry_.End();
     }
 

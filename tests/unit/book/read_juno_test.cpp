@@ -76,6 +76,10 @@ TEST(ReadJuno, ForgivesWhatIsOdd) {
         std::string Told;
     } rows[] = {
         {"type: entry\rname: Al \rEMAIL:  al@b\r", "person\nFN:Al\nN:;Al;;;\nEMAIL:al@b\n", ""},
+        {"Type:Entry\nName:al@b\nEmail:Al\nAlias:al@b\n",
+         "person\nEMAIL:al@b\nFN:Al\nN:;Al;;;\nNICKNAME:al@b\n",
+         "doubtful 1 EMAIL: al@b: stood in the place of the name, as in all such entries of the "
+         "file\n"},
         {"Email:al@b\nName:Al\n", "person\nEMAIL:al@b\nFN:Al\nN:;Al;;;\n", ""},
         {"Type:Entry\nName:Al\nType:Entry\nName:Bo\n",
          "person\nFN:Al\nN:;Al;;;\nperson\nFN:Bo\nN:;Bo;;;\n",

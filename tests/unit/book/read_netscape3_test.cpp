@@ -66,6 +66,20 @@ TEST(ReadNetscape3, TakesWhatTheClassicProgramWrote) {
         "EMAIL:al>b@example.org\n");
 }
 
+// The window lists the address of a page as the nickname, and so it writes it.
+TEST(ReadNetscape3, FindsAddressesInThePlaceOfNames) {
+    const std::string page =
+        "<DL><p>\r\n<DT><A HREF=\"mailto:Ada_Abbott\" "
+        "ALIASID=\"0\">ada_a@example.org</A>\r\n<DD>\r\n"
+        "<DT><A HREF=\"mailto:Ben\" ALIASID=\"1\">ben@example.org</A>\r\n<DD>\r\n</DL><p>\r\n";
+    EXPECT_EQ(Read(page),
+              "person\nFN:Ada Abbott\nN:Abbott;Ada;;;\nEMAIL:ada_a@example.org\n"
+              "person\nFN:Ben\nN:;Ben;;;\nEMAIL:ben@example.org\n");
+    EXPECT_EQ(ToldOf(page).substr(0, ToldOf(page).find('\n')),
+              "doubtful 2 EMAIL: ada_a@example.org: stood in the place of the name, as in all such "
+              "entries of the file");
+}
+
 TEST(ReadNetscape3, FoldersAreListsOfWhatIsInThem) {
     const std::string page =
         "<DL><p>\n"

@@ -65,6 +65,10 @@ TEST(ReadPlainList, TakesAPersonForEachAddress) {
          "person\nEMAIL:root\nperson\nFN:Ada\nN:;Ada;;;\nEMAIL:A1\n",
          "skipped 1 : # ours: belongs to no record\n"
          "skipped 3 : the end: belongs to no record\n"},
+        {"\"al@b\" <Al>\n\"bo@b\" <Bo>\n",
+         "person\nFN:Al\nN:;Al;;;\nEMAIL:al@b\nperson\nFN:Bo\nN:;Bo;;;\nEMAIL:bo@b\n",
+         "doubtful 1 EMAIL: al@b: stood in the place of the name, as in all such entries of the "
+         "file\n"},
         {"J\xF6rg <j@b>\n", "person\nFN:J\xC3\xB6rg\nN:;J\xC3\xB6rg;;;\nEMAIL:j@b\n", ""},
         {",;\n, al@b\n", "person\nEMAIL:al@b\n", ""},
         {"", "", ""},
