@@ -106,6 +106,10 @@ def check_trips(folder, name, files):
         run("convert", *files, "-o", written, "--force", *arguments[1:])
         check_lines(written.read_bytes().decode(), f"{name} by {written.name}")
         expect(f"{name} by {written.name}", records(written), expected)
+        if len(files) == 1:
+            same = run("diff", files[0], written).stdout.decode()
+            if f"same {len(expected)}   only left 0   only right 0   changed 0" not in same:
+                fail(f"{name} and {written.name}: {same}")
         again = folder / ("d.ldif" if written.suffix == ".vcf" else "d.vcf")
         run("convert", written, "-o", again, "--force")
         expect(f"{name} by {written.name} and {again.name}", records(again), expected)
