@@ -72,8 +72,9 @@ class Book {
 
     // Members of lists who are no record of the book on purpose are not missed.
     void LeaveOut(const Property& member) { left_out_.insert(member.Value.data()); }
-    // Tells of a member of a list who is no record of the book.
-    void TellMissing(const Contact& list, const Property& member);
+    [[nodiscard]] bool IsLeftOut(const Property& member) const {
+        return left_out_.contains(member.Value.data());
+    }
 
     // The bytes of a contact in its source; empty for one that came from none.
     [[nodiscard]] std::string_view BytesOf(const Contact& contact) const;

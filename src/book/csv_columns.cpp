@@ -1,6 +1,7 @@
 #include "book/csv_columns.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <unordered_set>
 #include <utility>
@@ -150,7 +151,27 @@ class Matcher {
         return word->Field->Meaning == CsvMeaning::Address;
     }
 
+    // Address, given and family name, nickname, comment, and then groups, as many as there are: the
+    // rows of some programs end where the groups of their person do.
+    void ByLayout() {
+        constexpr std::array kFirst = {"email1", "given", "family", "nickname", "note"};
+        const bool fits = Hold(0, IsAddressCell) && top_.Columns > kFirst.size() &&
+                          Hold(1, IsNameCell) && Hold(2, IsNameCell);
+        for (std::size_t i = 0; fits && i < top_.Columns; ++i) {
+            if (IsOpen(i) && (i < kFirst.size() || !IsOtherThing(i))) {
+                TakeCells(i, i < kFirst.size() ? kFirst.at(i) : "label");
+            }
+        }
+    }
+
+    [[nodiscard]] bool IsOtherThing(std::size_t i) const {
+        return Hold(i, IsAddressCell) || Hold(i, IsWebCell) || Hold(i, IsPhoneCell);
+    }
+
     void ByCells() {
+        if (top_.Ragged) {
+            ByLayout();
+        }
         for (std::size_t i = 0; i < top_.Columns; ++i) {
             if (!IsOpen(i)) {
                 continue;
@@ -173,6 +194,11 @@ class Matcher {
             TakeCells(names_[1], "family");
         } else if (!names_.empty()) {
             TakeCells(names_[0], "fn");
+        }
+        for (const std::size_t i : names_) {
+            if (top_.Ragged && IsOpen(i) && HasField("email1")) {
+                TakeCells(i, "label");
+            }
         }
     }
 
@@ -275,6 +301,8 @@ std::string_view HowOf(const CsvColumns& columns) {
     };
     return !columns.Program.empty()  ? "by header"
            : is_of(CsvGround::Words) ? "by common words"
+           : is_of(CsvGround::Tag)   ? "by tags"
+           : is_of(CsvGround::Place) ? "by position, unproven"
            : is_of(CsvGround::Cells) ? "by their cells"
            : is_of(CsvGround::Asked) ? "as asked"
                                      : "by nothing";

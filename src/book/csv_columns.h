@@ -12,6 +12,7 @@
 
 #include "book/csv_cells.h"
 #include "book/csv_fields.h"
+#include "book/record.h"
 
 namespace orvik::book {
 
@@ -21,6 +22,8 @@ enum class CsvGround : std::uint8_t {
     Header,  // a program's own word
     Words,   // a common word
     Cells,   // what its cells look like
+    Tag,     // a number beside its header
+    Place,   // where it stands
     Asked    // the user
 };
 
@@ -42,6 +45,8 @@ struct CsvColumns {
     std::string_view Program;   // empty where no program's words are there
     std::string_view Language;  // "de"; empty where no words decided
     bool ManyInCell = false;    // several values of a cell are parted by " ::: "
+    // How what vCard has no name for is called, before its header.
+    std::string_view Carried = kCarriedFromCsv;
 };
 
 // A column that the user decides about.
@@ -57,6 +62,7 @@ struct CsvMapping {
 struct CsvTop {
     std::span<const std::string_view> Header;  // UTF-8; empty where there is none
     std::size_t Columns = 0;
+    bool Ragged = false;  // rows have fewer cells or more, without a header
     // The cells of the first rows, by column; bytes as they stand.
     std::vector<std::vector<std::string_view>> Cells;
 };

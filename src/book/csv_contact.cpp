@@ -4,7 +4,9 @@
 #include <map>
 #include <utility>
 
+#include "book/carried_name.h"
 #include "book/csv_values.h"
+#include "book/record_lines.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
@@ -19,42 +21,7 @@ std::string_view Taken(std::string_view& rest, std::string_view between, bool& m
     return taken;
 }
 
-bool IsAsciiLetterOrDigit(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
 }  // namespace
-
-std::string NameOfHeader(std::string_view header, std::size_t number) {
-    constexpr std::size_t kLongest = 60;
-    std::string name;
-    for (const char c : header.substr(0, kLongest)) {
-        if (IsAsciiLetterOrDigit(c)) {
-            name += c;
-        } else if (!name.empty() && name.back() != '-') {
-            name += '-';
-        }
-    }
-    name.resize(name.find_last_not_of('-') + 1);
-    return std::string(kCarriedFromCsv) +
-           (name.empty() ? "column-" + std::to_string(number + 1) : name);
-}
-
-std::string EscapedHeader(std::string_view header) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::string text;
-    for (const char c : header) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte < ' ' || byte == 0x7F || c == '"' || c == '%' || c == '^' || c == '\\') {
-            text += '%';
-            text += kDigits[byte / 16];
-            text += kDigits[byte % 16];
-        } else {
-            text += c;
-        }
-    }
-    return text;
-}
 
 CsvContacts::CsvContacts(
     Book& book, Charset& charset, std::uint32_t file, CsvColumns& columns, bool decoded)
@@ -68,7 +35,6 @@ CsvContacts::CsvContacts(
 }
 
 void CsvContacts::Prepare() {
-    const NameId param = book_.Names.Intern(kHeaderParam);
     std::map<std::pair<std::string_view, std::uint32_t>, std::size_t> posts;
     std::map<std::uint32_t, std::size_t> firms;
     prepared_.resize(columns_.All.size());
@@ -76,12 +42,9 @@ void CsvContacts::Prepare() {
         const CsvColumn& column = columns_.All[i];
         const CsvField& field = *column.Field;
         Prepared& one = prepared_[i];
-        one.Carried = book_.Names.Intern(NameOfHeader(column.Header, i));
-        const std::string_view own = book_.Names.Text(one.Carried).substr(kCarriedFromCsv.size());
-        if (!column.Header.empty() && own != column.Header) {
-            const std::array params = {Param{param, book_.Keep(EscapedHeader(column.Header))}};
-            one.CarriedDetails = book_.KeepDetails({}, params);
-        }
+        one.Carried = book_.Names.Intern(CarriedName(columns_.Carried, column.Header, i));
+        one.CarriedDetails = KeepHeader(
+            book_, book_.Names.Text(one.Carried).substr(columns_.Carried.size()), column.Header);
         one.Types = TypesOf(field.Types);
         if (field.Property == field::kAdr) {
             one.Group = posts.try_emplace({field.Types, column.Number}, posts.size()).first->second;
@@ -120,6 +83,23 @@ bool CsvContacts::Add(const CsvRow& row, const Origin& from) {
     if (empty) {
         return false;
     }
+    Begin(row, from);
+    book_.AddRead(contact_, properties_);
+    return true;
+}
+
+void CsvContacts::AddList(const CsvRow& row,
+                          const Origin& from,
+                          std::span<const std::uint32_t> members) {
+    Begin(row, from);
+    contact_.Kind = ContactKind::List;
+    for (const std::uint32_t line : members) {
+        Push(field::kMember, book_.Keep(std::string(kLineScheme) + std::to_string(line)));
+    }
+    book_.AddRead(contact_, properties_);
+}
+
+void CsvContacts::Begin(const CsvRow& row, const Origin& from) {
     line_ = from.Line;
     book_.BeginRead(contact_, from, charset_.IsUtf8());
     contact_.Form = Dialect::Csv;
@@ -136,8 +116,6 @@ bool CsvContacts::Add(const CsvRow& row, const Origin& from) {
     }
     Finish();
     FinishKinds(row);
-    book_.AddRead(contact_, properties_);
-    return true;
 }
 
 // All cells of a row were written in one set.
@@ -357,7 +335,7 @@ void CsvContacts::Carry(std::size_t column, std::string_view text) {
 // A cell behind the last column.
 void CsvContacts::TakeExtra(std::size_t column, std::string_view cell) {
     book_.Told.Add({{}, cell, file_, line_, FieldNames::kNone, What::Doubtful, Reason::NoColumn});
-    Push(book_.Names.Intern(NameOfHeader({}, column)), cell);
+    Push(book_.Names.Intern(CarriedName(columns_.Carried, {}, column)), cell);
 }
 
 std::string_view CsvContacts::KindOf(std::size_t column, std::size_t number) const {

@@ -18,17 +18,6 @@
 
 namespace orvik::book {
 
-// The parameter that keeps a header whose letters are more than a name may have.
-inline constexpr std::string_view kHeaderParam = "X-ORVIK-HEADER";
-
-// NameOfHeader: what a column is called that vCard has no name for; number counts from 0.
-//   "Hobby" -> "X-ORVIK-CSV-Hobby";  "Sch\u00FCler Nr." -> "X-ORVIK-CSV-Sch-ler-Nr"
-[[nodiscard]] std::string NameOfHeader(std::string_view header, std::size_t number);
-
-// EscapedHeader: a header as the parameter keeps it: signs that no parameter can hold are %XX.
-//   "100%" -> "100%25"
-[[nodiscard]] std::string EscapedHeader(std::string_view header);
-
 class CsvContacts {
  public:
     // All must outlive this. The columns are told which of them hold something. decoded says that
@@ -38,6 +27,8 @@ class CsvContacts {
 
     // The contact of a row; false for one that holds nothing.
     bool Add(const CsvRow& row, const Origin& from);
+    // The list of a row, whose members are the rows that begin in these lines.
+    void AddList(const CsvRow& row, const Origin& from, std::span<const std::uint32_t> members);
 
  private:
     // A postal address that several columns make up.
@@ -65,6 +56,7 @@ class CsvContacts {
         std::size_t Group = 0;  // of a postal address or a firm
     };
 
+    void Begin(const CsvRow& row, const Origin& from);
     void Prepare();
     void Judge(const CsvRow& row);
     void TakeKinds(const CsvRow& row);

@@ -102,6 +102,23 @@ bool IsBare(const Signs& signs, std::size_t rows) {
     return signs.Columns > 1 && signs.Addresses && signs.OtherThings && signs.Equal && rows > 1;
 }
 
+// Rows that end where the groups of their person do: an address stands in the same place of each,
+// and nowhere else.
+bool IsRagged(const Signs& signs, const Sample& sample) {
+    constexpr std::size_t kLast = 3;
+    if (signs.Equal || sample.Rows.size() < 2) {
+        return false;
+    }
+    const auto& first = sample.Rows.front();
+    const auto at = static_cast<std::size_t>(
+        std::find_if(first.begin(), first.end(), IsAddressCell) - first.begin());
+    return at <= kLast &&
+           std::all_of(sample.Rows.begin(), sample.Rows.end(), [at](const auto& row) {
+               return at < row.size() && IsAddressCell(row[at]) &&
+                      std::count_if(row.begin(), row.end(), IsAddressCell) == 1;
+           });
+}
+
 // A line that names the separator, as spreadsheets read it.
 std::optional<CsvForm> NamedForm(std::string_view text) {
     const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
@@ -124,20 +141,23 @@ bool HasHeader(const Signs& signs) {
 }
 
 // The separator that parts the first row into most cells, where others have as many.
-CsvForm BestForm(std::string_view text, Signs& best, std::size_t& rows) {
+CsvForm BestForm(std::string_view text, Signs& best, std::size_t& rows, bool& ragged) {
     CsvForm form;
     std::size_t points = 0;
+    ragged = false;
     for (const char separator : kSeparators) {
         Sample sample;
         Fill(text, separator, sample);
         const Signs signs = SignsOf(sample);
-        const std::size_t found = (IsNamed(signs) ? 1000000 : 0) +
-                                  (IsBare(signs, sample.Rows.size()) ? 100000 : 0) +
-                                  (signs.Even ? 10000 : 0) + 2 * signs.Words + signs.Columns;
+        const bool is_ragged = IsRagged(signs, sample);
+        const std::size_t found =
+            (IsNamed(signs) ? 1000000 : 0) + (IsBare(signs, sample.Rows.size()) ? 100000 : 0) +
+            (is_ragged ? 50000 : 0) + (signs.Even ? 10000 : 0) + 2 * signs.Words + signs.Columns;
         if (found > points) {
             points = found;
             best = signs;
             rows = sample.Rows.size();
+            ragged = is_ragged;
             form.Separator = separator;
         }
     }
@@ -150,16 +170,17 @@ CsvForm BestForm(std::string_view text, Signs& best, std::size_t& rows) {
 std::optional<CsvForm> CsvFormOf(std::string_view text) {
     Signs signs;
     std::size_t rows = 0;
+    bool ragged = false;
     if (auto named = NamedForm(text)) {
         Sample sample;
         Fill(text.substr(named->From), named->Separator, sample);
         named->HasHeader = HasHeader(SignsOf(sample));
         return named;
     }
-    CsvForm form = BestForm(text, signs, rows);
+    CsvForm form = BestForm(text, signs, rows, ragged);
     if (IsNamed(signs)) {
         form.Evidence = "line 1 names columns";
-    } else if (IsBare(signs, rows)) {
+    } else if (IsBare(signs, rows) || ragged) {
         form.Evidence = "line 1 begins rows with addresses";
     } else {
         return std::nullopt;
@@ -173,7 +194,8 @@ CsvForm LikelyCsvForm(std::string_view text) {
     }
     Signs signs;
     std::size_t rows = 0;
-    return BestForm(text, signs, rows);
+    bool ragged = false;
+    return BestForm(text, signs, rows, ragged);
 }
 
 }  // namespace orvik::book

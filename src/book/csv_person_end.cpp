@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "book/carried_name.h"
 #include "book/csv_cells.h"
 #include "book/csv_contact.h"
 #include "book/csv_person.h"

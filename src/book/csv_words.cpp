@@ -5,7 +5,7 @@
 #include <charconv>
 #include <utility>
 
-#include "book/unicode_form.h"
+#include "book/folded_words.h"
 
 namespace orvik::book {
 namespace {
@@ -53,22 +53,6 @@ std::string_view Taken(std::string_view& rest, char separator) {
     return taken;
 }
 
-// Each row of blanks becomes one, and quotes go.
-std::string Squeezed(std::string_view text) {
-    std::string squeezed;
-    for (const char c : text) {
-        const bool blank = c == ' ' || (c >= '\t' && c <= '\r');
-        if (blank && (squeezed.empty() || squeezed.back() == ' ')) {
-            continue;
-        }
-        if (c != '"') {
-            squeezed += blank ? ' ' : c;
-        }
-    }
-    squeezed.resize(squeezed.ends_with(' ') ? squeezed.size() - 1 : squeezed.size());
-    return squeezed;
-}
-
 // "phone 12 - value" -> "phone n - value" and 12.
 void TakeNumber(CsvHeaderKey& key) {
     const std::size_t end = key.Text.find(" - ");
@@ -86,13 +70,8 @@ void TakeNumber(CsvHeaderKey& key) {
 }  // namespace
 
 CsvHeaderKey KeyOf(std::string_view header) {
-    // No word is longer.
-    constexpr std::size_t kLongest = 400;
-    CsvHeaderKey key;
-    if (header.size() <= kLongest) {
-        key.Text = Squeezed(InForm(UnicodeForm::Folded, header));
-        TakeNumber(key);
-    }
+    CsvHeaderKey key{FoldedWords(header)};
+    TakeNumber(key);
     return key;
 }
 

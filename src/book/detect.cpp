@@ -9,6 +9,7 @@
 #include "book/field_names.h"
 #include "book/lines.h"
 #include "book/old/old_formats.h"
+#include "book/old/read_pegasus_text.h"
 #include "book/utf8.h"
 
 namespace orvik::book {
@@ -50,6 +51,7 @@ constexpr std::array kOthers = {
 };
 
 constexpr std::array kPages = {
+    Kind{"<!DOCTYPE NETSCAPE-Bookmark-file", "a file of bookmarks"},
     Kind{"<!DOCTYPE", "an HTML or XML page"},
     Kind{"<HTML", "an HTML page"},
     Kind{"<?XML", "an XML document"},
@@ -188,6 +190,11 @@ bool BeginsCard(std::string_view line) {
 }
 
 Detected Detect(const Source& source) {
+    if (IsPegasusBinary(source)) {
+        return {Format::None,
+                "a binary book of Pegasus Mail",
+                "Pegasus Mail exports it as tagged text"};
+    }
     if (const Kind* const other = OtherKind(source)) {
         return {Format::None, std::string(other->Name)};
     }

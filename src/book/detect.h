@@ -10,12 +10,31 @@
 
 namespace orvik::book {
 
-enum class Format : std::uint8_t { None, Ldif, VCard, Csv };
+enum class Format : std::uint8_t {
+    None,
+    Ldif,
+    VCard,
+    Csv,
+    Netscape3,
+    Juno,
+    WordPerfect,
+    CcMail,
+    PlainList,
+    PegasusList,
+    PegasusText,
+    Eudora,
+    Mailrc,
+    Mutt,
+    Pine,
+    Abook
+};
 
 struct Detected {
     Format Form = Format::None;
     // Why it is an address book, "line 3 begins a card", or what it is instead, "a PNG image".
     std::string Evidence;
+    // What to do about a file that is no address book here, but one for another program.
+    std::string Advice = {};
 };
 
 // Detect: the format of a source. Text before the first record does not matter.

@@ -54,15 +54,17 @@ class FieldsOf {
     FieldsOf(const Book& book, const Contact& contact)
         : book_(book), contact_(contact), shown_(NameOf(book, contact).Shown) {}
 
-    std::vector<std::string> Lines(const Directory& directory) && {
+    std::vector<std::string> Lines(const Directory& directory, const CalledUids& called) && {
         Add("kind", contact_.Kind == ContactKind::List ? "list" : "person");
         Add("FN", shown_);
         for (const std::string& nickname : NicknamesOf(book_, contact_)) {
             Add("NICKNAME", nickname);
         }
         for (const ListMember& member : directory.MembersOf(contact_)) {
+            const auto other = called.find(member.Record);
             Add("MEMBER",
-                !member.Uid.empty()       ? PlainUid(member.Uid)
+                other != called.end()     ? other->second
+                : !member.Uid.empty()     ? PlainUid(member.Uid)
                 : !member.Address.empty() ? ToLower(member.Address)
                                           : member.Name);
         }
@@ -157,7 +159,13 @@ class Side {
 
     [[nodiscard]] std::size_t Count() const { return taken_.size(); }
     [[nodiscard]] std::vector<std::string> Lines(std::size_t contact) const {
-        return FieldLines(book_, directory_, contact);
+        return FieldLines(book_, directory_, contact, called_);
+    }
+    // Lists of both books have the same member then.
+    void CallAs(std::size_t contact, const std::string& uid) {
+        if (uid != UidKey(contact)) {
+            called_.emplace(contact, uid);
+        }
     }
     [[nodiscard]] std::string UidKey(std::size_t contact) const {
         return PlainUid(uids_.UidAt(contact));
@@ -179,6 +187,7 @@ class Side {
     const Book& book_;
     const Identities& uids_;
     Directory directory_;
+    CalledUids called_;
     std::vector<bool> taken_;
 };
 
@@ -211,8 +220,9 @@ void Pair(Side& left, Side& right, Key key, std::vector<Compared>& found) {
 
 std::vector<std::string> FieldLines(const Book& book,
                                     const Directory& directory,
-                                    std::size_t contact) {
-    return FieldsOf(book, book.Contacts[contact]).Lines(directory);
+                                    std::size_t contact,
+                                    const CalledUids& called) {
+    return FieldsOf(book, book.Contacts[contact]).Lines(directory, called);
 }
 
 std::vector<Compared> Compare(const Book& left,
@@ -224,6 +234,11 @@ std::vector<Compared> Compare(const Book& left,
     std::vector<Compared> found(one.Count());
     for (const Key key : kKeys) {
         Pair(one, other, key, found);
+    }
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        if (found[i].Right != Compared::kNobody) {
+            other.CallAs(found[i].Right, one.UidKey(i));
+        }
     }
     for (std::size_t i = 0; i < found.size(); ++i) {
         Compared& pair = found[i];

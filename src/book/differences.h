@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "book/address_book.h"
@@ -24,12 +25,16 @@ struct Compared {
     std::vector<std::string> Fields;  // of a changed one: those that differ
 };
 
+// The UIDs by which another book knows records of this one, by their numbers, where it has others.
+using CalledUids = std::unordered_map<std::size_t, std::string>;
+
 // FieldLines: what a contact holds, as "NAME VALUE", sorted, each once, under the names and in the
 // form that vCard 4.0 has for it. Parameters do not count but for types; what names the record
 // (UID, dn), and what each saving changes, does not either.
 [[nodiscard]] std::vector<std::string> FieldLines(const Book& book,
                                                   const Directory& directory,
-                                                  std::size_t contact);
+                                                  std::size_t contact,
+                                                  const CalledUids& called = {});
 
 // Compare: the contacts of the left book in their order, then those that only the right one has.
 // Two are the same person if their UIDs are equal, or all that they hold, or name and first

@@ -108,6 +108,9 @@ std::string_view VersionName(Dialect form) {
     }
 }
 
+// Begins the names of fields that another format calls so, behind which the format stands.
+constexpr std::string_view kCarried = "X-ORVIK-";
+
 // What is gathered of one source while the contacts come by.
 struct Gathered {
     std::set<Dialect> Forms;
@@ -118,6 +121,7 @@ void AddContact(const Book& book, const Contact& contact, Facts& facts, Gathered
     ++(contact.Kind == ContactKind::List ? facts.Lists : facts.People);
     gathered.Forms.insert(contact.Form);
     facts.Nicknames += NicknamesOf(book, contact).size();
+    const bool is_old = contact.Form == Dialect::None || contact.Form == Dialect::Csv;
     for (const Property& one : contact.Properties) {
         facts.Addresses += one.Name == field::kEmail ? 1U : 0U;
         facts.Phones += one.Name == field::kTel ? 1U : 0U;
@@ -128,6 +132,9 @@ void AddContact(const Book& book, const Contact& contact, Facts& facts, Gathered
             gathered.Unknown.insert(name.substr(kCarriedFromLdif.size()));
         } else if (StartsAsName(name, kCarriedFromCsv)) {
             gathered.Unknown.insert(name.substr(kCarriedFromCsv.size()));
+        } else if (one.Name >= field::kKnown && is_old && StartsAsName(name, kCarried)) {
+            const std::string_view field = name.substr(kCarried.size());
+            gathered.Unknown.insert(field.substr(std::min(field.find('-') + 1, field.size())));
         }
     }
 }

@@ -10,6 +10,7 @@
 #include <glib.h>
 
 #include "app/text.h"
+#include "book/typed_views.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
@@ -45,6 +46,12 @@ bool IsOfTheRecord(NameId name) {
     return name != field::kUid && name != field::kRev && name != field::kProdId;
 }
 
+// "Ada Abbott <ada@example.org>"
+std::string CalledBy(const Book& book, const Contact& contact) {
+    return NameOf(book, contact).Shown.append(" <") +
+           std::string(FirstOf(book, contact, field::kEmail)) + ">";
+}
+
 }  // namespace
 
 Uuid Version5Uuid(std::string_view name) {
@@ -73,14 +80,20 @@ std::string TextOf(const Uuid& uuid) {
     return text;
 }
 
-std::string NormalisedRecord(const Book& book, const Contact& contact) {
+std::string NormalisedRecord(const Book& book,
+                             const Contact& contact,
+                             const RecordLines& lines_of) {
     std::vector<std::string> lines;
     lines.reserve(contact.Properties.size());
     for (const Property& one : contact.Properties) {
         const std::string_view value = WithoutBlanksAround(one.Value);
-        if (IsOfTheRecord(one.Name) && !value.empty()) {
-            lines.push_back(UpperName(book.Names.Text(one.Name)).append(":").append(value));
+        if (!IsOfTheRecord(one.Name) || value.empty()) {
+            continue;
         }
+        std::string& line = lines.emplace_back(UpperName(book.Names.Text(one.Name)).append(":"));
+        const auto record =
+            one.Name == field::kMember ? lines_of.RecordOf(one) : std::optional<std::size_t>{};
+        line += record ? CalledBy(book, book.Contacts[*record]) : value;
     }
     std::sort(lines.begin(), lines.end());
     std::string text = contact.Kind == ContactKind::List ? "list" : "person";
@@ -124,7 +137,7 @@ void Identities::MakeAll() const {
         if (!OwnUid(contact).empty()) {
             continue;
         }
-        std::string record = NormalisedRecord(book_, contact);
+        std::string record = NormalisedRecord(book_, contact, lines_);
         made = Version5Uuid(record);
         if (const std::uint32_t number = ++given[made]; number > 1) {
             record.append("\n").append(std::to_string(number));

@@ -5,11 +5,13 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "book/address_book.h"
+#include "book/record_lines.h"
 
 namespace orvik::book {
 
@@ -21,15 +23,20 @@ using Uuid = std::array<std::uint8_t, 16>;
 class Identities {
  public:
     // The book must outlive this. Its records are gone through when the first UID is asked for.
-    explicit Identities(const Book& book) : book_(book) {}
+    explicit Identities(const Book& book) : book_(book), lines_(book) {}
 
     // By the number of the contact.
     [[nodiscard]] std::string UidAt(std::size_t contact) const;
+    // The record that a member names by its line.
+    [[nodiscard]] std::optional<std::size_t> RecordOf(const Property& member) const {
+        return lines_.RecordOf(member);
+    }
 
  private:
     void MakeAll() const;
 
     const Book& book_;
+    RecordLines lines_;
     mutable std::vector<Uuid> made_;  // zeros for a contact that has its own
 };
 
@@ -40,8 +47,11 @@ class Identities {
 [[nodiscard]] std::string TextOf(const Uuid& uuid);
 
 // NormalisedRecord: kind, names and values of a contact, sorted, without blanks around them,
-// without UID and what changes with each saving.
-[[nodiscard]] std::string NormalisedRecord(const Book& book, const Contact& contact);
+// without UID and what changes with each saving. A member that is named by the line of its record
+// is that record's name and address, as lines move when a file is edited.
+[[nodiscard]] std::string NormalisedRecord(const Book& book,
+                                           const Contact& contact,
+                                           const RecordLines& lines);
 
 // PlainUid: a UID without "urn:uuid:", in lower case, as records are compared.
 [[nodiscard]] std::string PlainUid(std::string_view uid);

@@ -294,8 +294,15 @@ void LdifRecordWriter::WriteCarried(const Property& one, Fit fit) {
     if (fit == Fit::None) {
         attribute.append(";").append(kBesides);
     }
-    AppendLdifLine(attribute, CarriedLine(book_, one), text_);
-    Tell(one, attribute);
+    Property carried = one;
+    // Lines of a source say nothing in a file.
+    if (one.Name == field::kMember && one.Value.starts_with(kLineScheme)) {
+        const ListMember member = directory_.MemberOf(one);
+        const bool found = member.Record != ListMember::kNobody;
+        carried.Value = found ? book_.Keep(directory_.DnAt(member.Record)) : one.Value;
+    }
+    AppendLdifLine(attribute, CarriedLine(book_, carried), text_);
+    Tell(carried, attribute);
 }
 
 void LdifRecordWriter::Tell(const Property& one, std::string_view attribute) {

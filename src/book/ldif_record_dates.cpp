@@ -88,10 +88,15 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteMember(const Property& one) {
     std::string dn(one.Value);
     const Details& details = book_.DetailsOf(one);
     const NameId dn_param = book_.Names.Find(kDnParam);
-    const bool only_dn = details.Params.size() == 1 && details.Params[0].Name == dn_param;
-    bool all = !evolution && details.Group.empty() && (details.Params.empty() || only_dn);
+    const bool named = IsNamedMember(book_, one);
+    const bool only_known =
+        details.Params.size() == 1 && (details.Params[0].Name == dn_param || named);
+    bool all = !evolution && details.Group.empty() && (details.Params.empty() || only_known);
     if (found) {
         dn = directory_.DnAt(member.Record);
+    } else if (named) {
+        dn = DnOf(member.Name, {});
+        all = false;
     } else if (dn_param != FieldNames::kNone && !ParamOf(book_, one, dn_param).empty()) {
         dn = ParamOf(book_, one, dn_param);
     } else if (!IsDn(dn) && !member.Address.empty()) {
@@ -100,9 +105,7 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteMember(const Property& one) {
         dn = DnOf(dn, {});
         all = false;
     }
-    if (!found) {
-        book_.TellMissing(*contact_, one);
-    }
+    TellMember(book_, *contact_, one, member);
     AppendLdifLine("member", dn, text_);
     return all ? Fit::All : Fit::Part;
 }

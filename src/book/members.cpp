@@ -6,6 +6,7 @@
 #include "app/text.h"
 #include "book/ldif_dn.h"
 #include "book/typed_views.h"
+#include "book/value_form.h"
 
 namespace orvik::book {
 namespace {
@@ -20,6 +21,24 @@ bool IsDn(std::string_view reference) {
     return equal != std::string_view::npos && equal > 0 && reference.find_first_of(" ,@:") > equal;
 }
 
+bool IsNamedMember(const Book& book, const Property& member) {
+    return SameName(ParamOf(book, member, field::kValue), "text");
+}
+
+void TellMember(Book& book, const Contact& list, const Property& field, const ListMember& member) {
+    const bool found = member.Record != ListMember::kNobody;
+    if (found ? !member.Shared : book.IsLeftOut(field)) {
+        return;
+    }
+    book.Told.Add({book.Names.Text(field.Name),
+                   IsNamedMember(book, field) ? book.Keep(Unescaped(field.Value)) : field.Value,
+                   list.From.File,
+                   list.From.Line,
+                   FieldNames::kNone,
+                   found ? What::Doubtful : What::Skipped,
+                   found ? Reason::SharedName : Reason::NotFound});
+}
+
 std::string DnOfContact(const Book& book, const Contact& contact) {
     const NameId dn = book.Names.Find("X-ORVIK-LDIF-dn");
     const std::string_view own = dn == FieldNames::kNone ? "" : FirstOf(book, contact, dn);
@@ -30,7 +49,7 @@ std::string DnOfContact(const Book& book, const Contact& contact) {
 }
 
 Directory::Directory(const Book& book, const Identities& identities)
-    : book_(book), identities_(identities) {
+    : book_(book), identities_(identities), names_(book) {
     // Nobody is looked for where there is no list.
     if (std::none_of(book.Contacts.begin(), book.Contacts.end(), [](const Contact& contact) {
             return contact.Kind == ContactKind::List;
@@ -104,6 +123,16 @@ ListMember Directory::Referred(std::string_view reference) const {
     return member;
 }
 
+ListMember Directory::Named(std::string_view name) const {
+    ListMember member;
+    member.Name = name;
+    const MemberNames::Found found = names_.Find(name);
+    member.Record = found.Record;
+    member.Shared = found.Shared;
+    Fill(member);
+    return member;
+}
+
 ListMember Directory::OfEvolution(const Property& property) const {
     const auto param = [&](std::string_view name) {
         const NameId id = book_.Names.Find(name);
@@ -122,6 +151,15 @@ ListMember Directory::OfEvolution(const Property& property) const {
 ListMember Directory::MemberOf(const Property& property) const {
     const NameId id = book_.Names.Find(kDnParam);
     const auto dn = id == FieldNames::kNone ? "" : ParamOf(book_, property, id);
+    if (dn.empty() && IsNamedMember(book_, property)) {
+        return Named(Unescaped(property.Value));
+    }
+    if (const auto record = identities_.RecordOf(property)) {
+        ListMember member;
+        member.Record = *record;
+        Fill(member);
+        return member;
+    }
     return Referred(dn.empty() ? property.Value : dn);
 }
 

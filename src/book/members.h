@@ -1,5 +1,6 @@
-// Who is in a list. Lists name their members by address, by UID, or by the names of LDIF; each is
-// looked for among the records of the same book.
+// Who is in a list. Lists name their members by address, by UID, by the names of LDIF, by what
+// people call them, or by the line of their record; each is looked for among the records of the
+// same book.
 
 #pragma once
 
@@ -11,6 +12,7 @@
 
 #include "book/address_book.h"
 #include "book/identity.h"
+#include "book/member_names.h"
 
 namespace orvik::book {
 
@@ -19,6 +21,7 @@ struct ListMember {
     std::string Address;
     std::string Uid;                  // empty for one that is no record of the book
     std::size_t Record = kNobody;     // its number
+    bool Shared = false;              // another record has the name that the list says, too
     const Property* Field = nullptr;  // of the list; set by MembersOf
 
     static constexpr std::size_t kNobody = ~std::size_t{0};
@@ -48,6 +51,7 @@ class Directory {
 
     void Find(ListMember& member, const Index& index, std::string_view key) const;
     [[nodiscard]] ListMember Referred(std::string_view reference) const;
+    [[nodiscard]] ListMember Named(std::string_view name) const;
     void Fill(ListMember& member) const;
     [[nodiscard]] const Known& KnownAt(std::size_t record) const;
 
@@ -56,12 +60,20 @@ class Directory {
     Index by_uid_;
     Index by_dn_;
     Index by_address_;
+    MemberNames names_;
     mutable std::unordered_map<std::size_t, Known> known_;
 };
 
 // Whether a list names a member as LDIF does; a card that cannot keeps it in this parameter.
 [[nodiscard]] bool IsDn(std::string_view reference);
 inline constexpr std::string_view kDnParam = "X-ORVIK-DN";
+
+// Whether a list names a member by what people call it: MEMBER;VALUE=text. The value is written as
+// in vCard, with escapes.
+[[nodiscard]] bool IsNamedMember(const Book& book, const Property& member);
+
+// Tells what is wrong with a member of a list: no record here, or more than one of that name.
+void TellMember(Book& book, const Contact& list, const Property& field, const ListMember& member);
 
 // The name by which LDIF knows a record: the one it came with, else that of its name and address.
 [[nodiscard]] std::string DnOfContact(const Book& book, const Contact& contact);

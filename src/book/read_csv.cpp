@@ -1,179 +1,42 @@
 #include "book/read_csv.h"
 
-#include <algorithm>
 #include <string_view>
 
 #include "book/csv_contact.h"
-#include "book/csv_form.h"
-#include "book/csv_rows.h"
+#include "book/csv_sheet.h"
 #include "book/csv_words.h"
-#include "book/value_form.h"
 
 namespace orvik::book {
-namespace {
 
-// Columns are known by so many rows at most.
-constexpr std::size_t kRowsLookedAt = 200;
-// A row of more is none of an address book; the rest of it is kept as cells without a column.
-constexpr std::size_t kMostColumns = 4096;
-
-// Where separators may be parts of letters, the text is decoded as a whole.
-std::string_view TextOf(Book& book, std::uint32_t file, Charset& charset) {
-    const std::string_view text = book.SourceAt(file).Text();
-    const bool escapes = text.find("\x1B$") != std::string_view::npos;
-    const std::string_view first = text.substr(0, text.find_first_of("\r\n"));
-    if (charset.IsUtf8() || (!escapes && first.find('|') == std::string_view::npos)) {
-        return text;
+std::vector<std::string> NotThere(const CsvColumns& columns, std::span<const CsvMapping> asked) {
+    std::vector<std::string> missing;
+    for (const CsvMapping& one : asked) {
+        const std::string key = KeyOf(one.Header).Text;
+        bool there = false;
+        for (std::size_t i = 0; i < columns.All.size() && !there; ++i) {
+            const std::string_view header = columns.All[i].Header;
+            there = header.empty() ? ColumnName(i) == one.Header
+                                   : header == one.Header || KeyOf(header).Text == key;
+        }
+        if (!there) {
+            missing.push_back(one.Header);
+        }
     }
-    const PieceCharset piece = charset.Judge({&text, 1}, 1);
-    std::size_t bad = 0;
-    const std::string_view decoded = charset.Decode(text, piece, book.Texts(), bad);
-    if (bad > 0) {
-        book.Told.Add({{},
-                       book.Keep(std::to_string(bad)),
-                       file,
-                       1,
-                       FieldNames::kNone,
-                       What::Doubtful,
-                       Reason::NoLetter});
-    }
-    return decoded;
+    return missing;
 }
-
-class TableReader {
- public:
-    TableReader(Book& book, std::uint32_t file, Charset& charset)
-        : book_(book),
-          file_(file),
-          charset_(charset),
-          text_(TextOf(book, file, charset)),
-          decoded_(text_.data() != book.SourceAt(file).Text().data()),
-          form_(LikelyCsvForm(text_)) {}
-
-    CsvFound Read(std::span<const CsvMapping> asked) {
-        Look();
-        columns_ = MatchColumns(top_, asked);
-        CsvContacts contacts(book_, charset_, file_, columns_, decoded_);
-        CsvRows rows = Rows();
-        CsvRow row;
-        if (form_.HasHeader) {
-            rows.Next(row);
-        }
-        while (rows.Next(row)) {
-            Take(row, contacts);
-        }
-        // After the names, which tell more.
-        for (std::size_t i = 0; header_piece_ == PieceCharset::Other && i < header_.size(); ++i) {
-            charset_.Example(header_bytes_[i]);
-        }
-        return {std::string(columns_.Program), SentenceOf(columns_), NotThere(asked)};
-    }
-
- private:
-    // From the first row on; the line that names the separator is counted, too.
-    CsvRows Rows() { return {text_.substr(form_.From), form_.Separator, book_.Texts()}; }
-
-    void TakeHeader(const CsvRow& row) {
-        header_bytes_ = row.Cells;
-        header_bytes_.resize(std::min(header_bytes_.size(), kMostColumns));
-        header_piece_ = decoded_ || charset_.IsUtf8() ? PieceCharset::Utf8
-                                                      : charset_.Judge(row.Cells, row.Number);
-        std::size_t bad = 0;
-        for (const std::string_view cell : header_bytes_) {
-            const std::string_view text =
-                decoded_ ? cell : charset_.Decode(cell, header_piece_, book_.Texts(), bad);
-            header_.push_back(WithoutBlanksAround(text));
-        }
-        if (bad > 0 || row.Doubt != Reason::None) {
-            const Reason reason = bad > 0 ? Reason::NoLetter : row.Doubt;
-            book_.Told.Add(
-                {{}, row.DoubtAt, file_, row.Number, FieldNames::kNone, What::Doubtful, reason});
-        }
-    }
-
-    // The header and the cells of the first rows, by which columns are known.
-    void Look() {
-        CsvRows rows = Rows();
-        CsvRow row;
-        if (form_.HasHeader && rows.Next(row)) {
-            TakeHeader(row);
-        }
-        top_.Header = header_;
-        top_.Columns = header_.size();
-        for (std::size_t i = 0; i < kRowsLookedAt && rows.Next(row); ++i) {
-            row.Cells.resize(std::min(row.Cells.size(), kMostColumns));
-            top_.Columns =
-                header_.empty() ? std::max(top_.Columns, row.Cells.size()) : top_.Columns;
-            top_.Cells.resize(std::max(top_.Cells.size(), row.Cells.size()));
-            for (std::size_t k = 0; k < row.Cells.size(); ++k) {
-                if (!WithoutBlanksAround(row.Cells[k]).empty()) {
-                    top_.Cells[k].push_back(row.Cells[k]);
-                }
-            }
-        }
-    }
-
-    void Take(const CsvRow& row, CsvContacts& contacts) {
-        // The end of a file of DOS.
-        if (row.Cells.size() == 1 && row.Cells[0] == "\x1A") {
-            return;
-        }
-        const bool again = row.Cells.size() > 1 && row.Cells == header_bytes_;
-        if (again) {
-            book_.Told.Add({{},
-                            row.Cells[0],
-                            file_,
-                            row.Number,
-                            FieldNames::kNone,
-                            What::Skipped,
-                            Reason::HeaderAgain});
-            return;
-        }
-        Origin from{file_, row.Number, row.Last - row.Number + 1, 0, 0};
-        if (!decoded_) {
-            from.Offset = book_.SourceAt(file_).OffsetOf(row.Span.data());
-            from.Bytes = static_cast<std::uint32_t>(row.Span.size());
-        }
-        contacts.Add(row, from);
-    }
-
-    [[nodiscard]] std::vector<std::string> NotThere(std::span<const CsvMapping> asked) const {
-        std::vector<std::string> missing;
-        for (const CsvMapping& one : asked) {
-            const std::string key = KeyOf(one.Header).Text;
-            bool there = false;
-            for (std::size_t i = 0; i < columns_.All.size() && !there; ++i) {
-                const std::string_view header = columns_.All[i].Header;
-                there = header.empty() ? ColumnName(i) == one.Header
-                                       : header == one.Header || KeyOf(header).Text == key;
-            }
-            if (!there) {
-                missing.push_back(one.Header);
-            }
-        }
-        return missing;
-    }
-
-    Book& book_;
-    std::uint32_t file_;
-    Charset& charset_;
-    std::string_view text_;
-    bool decoded_;  // the text is no longer the source's
-    CsvForm form_;
-    std::vector<std::string_view> header_bytes_;
-    std::vector<std::string_view> header_;
-    PieceCharset header_piece_ = PieceCharset::Utf8;
-    CsvTop top_;
-    CsvColumns columns_;
-};
-
-}  // namespace
 
 CsvFound ReadCsv(Book& book,
                  std::uint32_t file,
                  Charset& charset,
                  std::span<const CsvMapping> asked) {
-    return TableReader(book, file, charset).Read(asked);
+    CsvSheet table(book, file, charset);
+    CsvColumns columns = MatchColumns(table.Top(), asked);
+    CsvContacts contacts(book, charset, file, columns, table.IsDecoded());
+    for (CsvRow row; table.Next(row);) {
+        contacts.Add(row, table.OriginOf(row));
+    }
+    table.ShowHeader();
+    return {std::string(columns.Program), SentenceOf(columns), NotThere(columns, asked)};
 }
 
 }  // namespace orvik::book

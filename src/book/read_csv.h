@@ -20,6 +20,10 @@ struct CsvFound {
     std::vector<std::string> NotThere;  // headers that the user asked for and that are not there
 };
 
+// NotThere: the headers that a user asked for and that no column has.
+[[nodiscard]] std::vector<std::string> NotThere(const CsvColumns& columns,
+                                                std::span<const CsvMapping> asked);
+
 // ReadCsv: adds a contact for each row of a source to its book, and what was odd about it to its
 // report. A column that is no field of vCard is kept as X-ORVIK-CSV-header. Time is linear.
 CsvFound ReadCsv(Book& book,

@@ -50,7 +50,11 @@ std::string_view WordsFor(Reason reason) {
         "is one more than the program takes",
         "is in the file, but the program does not read it",
         "is larger than the program takes",
-        "has members in other files"};
+        "has members in other files",
+        "is the name of more than one record, of which the first was taken",
+        "is a setting of the program",
+        "stood in the place of the name, as in all such entries of the file",
+        "is marked as deleted"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];
 }

@@ -56,6 +56,10 @@ enum class Reason : std::uint8_t {
     NotRead,         // a value that the program finds in the file and passes over
     TooLarge,        // more bytes than the program takes
     Elsewhere,       // a list whose members are in several files
+    SharedName,      // a member whose name more than one record has
+    Setting,         // something of the program that is no address
+    Exchanged,       // a name in the place of the address, and the other way round
+    Deleted,         // a record that its program would not show
     kCount
 };
 

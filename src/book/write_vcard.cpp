@@ -154,7 +154,11 @@ class CardWriter {
         return line;
     }
 
-    bool AppendParams(const Property& one, const Details& details, std::string& line) {
+    // as_uid: the value is a UID, whatever it was.
+    bool AppendParams(const Property& one,
+                      const Details& details,
+                      std::string& line,
+                      bool as_uid = false) {
         const bool newer = version_ == Dialect::VCard40;
         const bool bytes = newer && MayBeData(one) && IsBytes(one);
         bool whole = true;
@@ -167,7 +171,8 @@ class CardWriter {
         const Param* const media = bytes ? MediaParam(details) : nullptr;
         for (const Param& param : details.Params) {
             const bool preferred = SameName(param.Value, "pref") && param.Name == field::kType;
-            if (bytes && (param.Name == field::kEncoding || &param == media)) {
+            if ((bytes && (param.Name == field::kEncoding || &param == media)) ||
+                (as_uid && param.Name == field::kValue)) {
                 continue;
             }
             if (preferred && newer) {
@@ -233,7 +238,7 @@ class CardWriter {
         const VCardName name = NameIn(version_, "MEMBER");
         const bool found = member.Record != ListMember::kNobody;
         std::string line = StartOf(one, name.Text);
-        bool whole = AppendParams(one, book_.DetailsOf(one), line);
+        bool whole = AppendParams(one, book_.DetailsOf(one), line, found);
         std::string value(one.Value);
         if (found) {
             value = AsUrn(member.Uid);
@@ -248,9 +253,7 @@ class CardWriter {
         AppendOneLine(value, line);
         AppendFolded(line, text_);
         Tell(contact, one, whole ? What::Kept : What::Doubtful, name);
-        if (!found) {
-            book_.TellMissing(contact, one);
-        }
+        TellMember(book_, contact, one, member);
     }
 
     void Tell(const Contact& contact, const Property& one, What what, const VCardName& name) {

@@ -96,7 +96,8 @@ class Parser {
  public:
     Parser()
         : app_(
-              "Reads address books, LDIF, vCard and CSV, with all that they hold, and writes them.",
+              "Reads address books, LDIF, vCard, CSV and those of old programs, with all that they "
+              "hold, and writes them.",
               "orvik-book") {
         app_.set_version_flag(
             "--version", "orvik-book " ORVIK_VERSION, "Print the version and exit");

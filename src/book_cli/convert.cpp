@@ -113,6 +113,7 @@ ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& output
     }
     status = Worse(status, outputs.FinishPrinting());
     TellColumns(console, loaded);
+    TellFoundMembers(console, loaded);
     TellCharsets(console, loaded);
     TellRemarks(console, loaded);
     TellIf(console, ListHint(chosen, loaded.Book));

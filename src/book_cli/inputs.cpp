@@ -11,6 +11,7 @@
 #include "book/charset.h"
 #include "book/charset_guess.h"
 #include "book/old/old_formats.h"
+#include "book/old/read_abx.h"
 #include "book/read_csv.h"
 #include "book/read_ldif.h"
 #include "book/read_vcard.h"
@@ -89,7 +90,9 @@ class Loader {
     void Take(std::unique_ptr<book::Source> source) {
         book::Detected found = book::Detect(*source);
         if (found.Form == book::Format::None) {
-            Fail("this is " + found.Evidence + ", no address book", ExitStatus::NoBook);
+            Fail("this is " + found.Evidence +
+                     (found.Advice.empty() ? ", no address book" : ": " + found.Advice),
+                 ExitStatus::NoBook);
             return;
         }
         const std::size_t bad = source->BadLetters();
@@ -122,8 +125,9 @@ class Loader {
     }
 
     book::CsvFound Read(book::Format form, std::uint32_t file, book::Charset& letters) {
-        if (form == book::Format::Csv) {
-            book::CsvFound found = book::ReadCsv(loaded_.Book, file, letters, columns_);
+        if (form == book::Format::Csv || form == book::Format::WordPerfect) {
+            const auto read = form == book::Format::Csv ? book::ReadCsv : book::ReadAbx;
+            book::CsvFound found = read(loaded_.Book, file, letters, columns_);
             for (const std::string& header : found.NotThere) {
                 console_.Tell("--map: there is no column " + Printable(header));
             }

@@ -37,10 +37,17 @@ std::string ParamsOf(const book::Book& book, const book::Property& one) {
     return text + "}";
 }
 
-std::string PropertyOf(const book::Book& book, const book::Property& one) {
+// A member that is named by the line of its record has that record's UID.
+std::string ValueOf(const Catalogue& from, const book::Property& one) {
+    const auto record = one.Name == book::field::kMember ? from.Uids().RecordOf(one) : std::nullopt;
+    return record ? book::AsUrn(from.Uids().UidAt(*record)) : book::TextOf(from.Book(), one);
+}
+
+std::string PropertyOf(const Catalogue& from, const book::Property& one) {
+    const book::Book& book = from.Book();
     std::string text = "{\"name\":" + TextOf(book.Names.Text(one.Name)) +
                        ",\"params\":" + ParamsOf(book, one) +
-                       ",\"value\":" + TextOf(book::TextOf(book, one)) +
+                       ",\"value\":" + TextOf(ValueOf(from, one)) +
                        ",\"file\":" + TextOf(book.SourceAt(one.File).Name()) +
                        ",\"line\":" + std::to_string(one.Line);
     if (const std::string_view group = book.DetailsOf(one).Group; !group.empty()) {
@@ -78,8 +85,8 @@ void PrintObject(std::ostream& out, const Catalogue& from, std::size_t number) {
             return TextOf(
                 {{"name", member.Name}, {"address", member.Address}, {"uid", member.Uid}});
         });
-    PrintArray(out, "properties", contact.Properties, [&book](const book::Property& one) {
-        return PropertyOf(book, one);
+    PrintArray(out, "properties", contact.Properties, [&from](const book::Property& one) {
+        return PropertyOf(from, one);
     });
     out << R"(,"origin":{"file":)" << TextOf(book.SourceAt(contact.From.File).Name())
         << ",\"line\":" << contact.From.Line << "}}";

@@ -1,12 +1,16 @@
 #include "book_cli/new_since.h"
 
+#include <array>
 #include <cstddef>
 #include <deque>
+#include <string>
 #include <utility>
 
 #include "book/differences.h"
 #include "book/ldif_dn.h"
 #include "book/members.h"
+#include "book/record_lines.h"
+#include "book/value_form.h"
 #include "book_cli/json_lines.h"
 
 namespace orvik::book_cli {
@@ -15,12 +19,22 @@ namespace {
 // A member that will be no record any more: one that is named otherwise than by its address could
 // not be found by anybody.
 void KeepByAddress(book::Book& book, book::Contact& list, const book::ListMember& member) {
+    const bool by_name = book::IsNamedMember(book, *member.Field);
     const auto number = static_cast<std::size_t>(member.Field - list.Properties.data());
     const bool of_evolution = member.Field->Name == book::field::kEmail;
     const bool told =
         book::IsDn(member.Field->Value) && !book::PartsOfDn(member.Field->Value).Address.empty();
+    const bool by_line = member.Field->Value.starts_with(book::kLineScheme);
     if (!of_evolution && !told && !member.Address.empty()) {
         book.SetValue(list, number, "mailto:" + member.Address);
+        // An address is no name.
+        list.Properties[number].Details = by_name ? 0 : list.Properties[number].Details;
+    } else if (by_line) {
+        std::string name;
+        book::AppendEscaped(member.Name, name);
+        book.SetValue(list, number, name);
+        const std::array params = {book::Param{book::field::kValue, "text"}};
+        list.Properties[number].Details = book.KeepDetails({}, params);
     }
     book.LeaveOut(list.Properties[number]);
 }

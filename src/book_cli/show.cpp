@@ -2,6 +2,7 @@
 #include <cstdint>
 
 #include "app/printable.h"
+#include "book/old/old_formats.h"
 #include "book_cli/json_lines.h"
 #include "book_cli/told.h"
 #include "book_cli/verbs.h"
@@ -52,10 +53,12 @@ std::string FactsText(const Console& console,
             std::to_string(facts.Phones) + "   notes " + std::to_string(facts.Notes) +
             "   nicknames " + std::to_string(facts.Nicknames);
     text += facts.NicknameNames.empty() ? "" : " (" + Listed(facts.NicknameNames) + ")";
-    if (input.Form == book::Format::Csv) {
+    if (input.Form == book::Format::Csv || input.Form == book::Format::WordPerfect) {
         text += "   columns unknown to vCard: " + std::to_string(facts.UnknownNames.size());
     }
-    if (input.Form == book::Format::Ldif) {
+    const bool old =
+        input.Form != book::Format::WordPerfect && book::OldFormatOf(input.Form) != nullptr;
+    if (input.Form == book::Format::Ldif || (old && !facts.UnknownNames.empty())) {
         text += "   fields unknown to vCard: " + std::to_string(facts.UnknownNames.size());
     }
     return text + "\n";
@@ -76,6 +79,7 @@ cli::ExitStatus Show(const Arguments& arguments, Console& console, Outputs& outp
     }
     cli::ExitStatus status = Worse(outputs.FinishPrinting(), loaded.Status);
     TellColumns(console, loaded);
+    TellFoundMembers(console, loaded);
     TellRemarks(console, loaded);
     if (!arguments.Report.empty() && !loaded.Inputs.empty()) {
         status = Worse(status, outputs.WriteReport(ReportOf(loaded)));

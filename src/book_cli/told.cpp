@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <set>
 
 #include "app/printable.h"
 #include "book/typed_views.h"
@@ -28,6 +29,53 @@ void TellKind(Console& console, const book::Book& book, What kind) {
         console.Tell(std::to_string(told - kMostTold) + " more " + std::string(NameOf(kind)) +
                      "; --report FILE names all");
     }
+}
+
+// "list "Team": 3 members found in PMAIL1.TXT, PMAIL2.TXT; 1 list inside"; empty for a list with
+// nobody from another file.
+std::string FoundMembers(const Catalogue& catalogue, const book::Contact& list) {
+    const book::Book& book = catalogue.Book();
+    const bool named = std::any_of(
+        list.Properties.begin(), list.Properties.end(), [&book](const book::Property& one) {
+            return one.Name == book::field::kMember && IsNamedMember(book, one);
+        });
+    if (list.Kind != book::ContactKind::List || !named) {
+        return {};
+    }
+    std::set<std::uint32_t> files;
+    std::size_t people = 0;
+    std::size_t lists = 0;
+    bool others = false;
+    for (const book::ListMember& member : catalogue.Members().MembersOf(list)) {
+        if (member.Record == book::ListMember::kNobody) {
+            // A list by the name of its file is one, even if that is not here.
+            lists += member.Name.starts_with('@') ? 1U : 0U;
+            continue;
+        }
+        const book::Contact& found = book.Contacts[member.Record];
+        others = others || found.From.File != list.From.File;
+        if (found.Kind == book::ContactKind::List) {
+            ++lists;
+        } else if (found.From.File != list.From.File) {
+            ++people;
+            files.insert(found.From.File);
+        }
+    }
+    if (!others) {
+        return {};
+    }
+    std::string text = "list \"" + Printable(Shortened(book::NameOf(book, list).Shown)) + "\"";
+    const char* before = ": ";
+    if (people > 0) {
+        text += before + Counted(people, "member", "members") + " found";
+        before = " in ";
+        for (const std::uint32_t file : files) {
+            text += before + Printable(book.SourceAt(file).Name());
+            before = ", ";
+        }
+        before = "; ";
+    }
+    return text + (lists > 0 ? before + Counted(lists, "list", "lists") + " inside" : "");
 }
 
 }  // namespace
@@ -88,6 +136,25 @@ void TellColumns(Console& console, const Loaded& loaded) {
     console.End();
 }
 
+void TellFoundMembers(Console& console, const Loaded& loaded) {
+    if (loaded.Inputs.size() < 2) {
+        return;
+    }
+    const Catalogue catalogue(loaded.Book);
+    std::size_t told = 0;
+    for (const book::Contact& contact : loaded.Book.Contacts) {
+        const std::string text = FoundMembers(catalogue, contact);
+        if (!text.empty() && ++told <= kMostTold) {
+            console.Begin(loaded.Book.SourceAt(contact.From.File).Name());
+            console.Tell(text);
+        }
+    }
+    console.End();
+    if (told > kMostTold) {
+        console.Tell(std::to_string(told - kMostTold) + " more lists with members in other files");
+    }
+}
+
 void TellRemarks(Console& console, const Loaded& loaded) {
     for (const What kind : {What::Lost, What::Skipped, What::Doubtful}) {
         TellKind(console, loaded.Book, kind);
@@ -107,9 +174,7 @@ std::string SummaryTail(const book::Book& book) {
 void AddMissingMembers(book::Book& book, const Catalogue& catalogue) {
     for (const book::Contact& contact : book.Contacts) {
         for (const book::ListMember& member : catalogue.Members().MembersOf(contact)) {
-            if (member.Record == book::ListMember::kNobody) {
-                book.TellMissing(contact, *member.Field);
-            }
+            TellMember(book, contact, *member.Field, member);
         }
     }
 }

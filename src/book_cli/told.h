@@ -37,6 +37,10 @@ void TellCharsets(Console& console, const Loaded& loaded);
 // Tells what was decided about the columns of CSV.
 void TellColumns(Console& console, const Loaded& loaded);
 
+// TellFoundMembers: tells of each list whose members are named in words, and are in other files,
+// how many were found and where.
+void TellFoundMembers(Console& console, const Loaded& loaded);
+
 // TellRemarks: names what was lost, skipped and doubtful, each up to a number of them.
 void TellRemarks(Console& console, const Loaded& loaded);
 

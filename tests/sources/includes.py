@@ -15,6 +15,7 @@ BEYOND = (
     ("book/charset_guess.cpp", "uchardet/*"),
     ("book/unseen_letters.cpp", "unicode/*"),
     ("book/unicode_form.cpp", "unicode/*"),
+    ("book/old/html_text.cpp", "unicode/*"),
     ("book_cli/*", "CLI/*"),
     ("book_cli/json_lines.cpp", "nlohmann/*"),
     ("cli/*", "CLI/*"),

@@ -2,6 +2,10 @@
 
 #include <algorithm>
 
+#include "book/carried_name.h"
+#include "book/csv_cells.h"
+#include "book/ldif_dn.h"
+#include "book/record_lines.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
@@ -54,6 +58,13 @@ std::string_view EntryBuilder::Letters(std::string_view value, std::string_view 
     return text;
 }
 
+std::string_view EntryBuilder::LettersOfName(std::string_view value, std::string_view field) {
+    if (piece_ == PieceCharset::Other) {
+        charset_.Example(WithoutBlanksAround(value));
+    }
+    return Letters(value, field);
+}
+
 void EntryBuilder::Push(NameId name,
                         std::string_view value,
                         std::uint32_t line,
@@ -69,16 +80,13 @@ void EntryBuilder::PushKept(NameId name,
 }
 
 void EntryBuilder::PushName(std::string_view name, std::uint32_t line) {
-    if (piece_ == PieceCharset::Other) {
-        charset_.Example(name);
-    }
-    Push(field::kFn, name, line);
     const std::string_view plain = WithoutBlanksAround(name);
     const std::size_t comma = plain.find(',');
     const std::size_t blank = plain.find_last_of(" \t");
     if (plain.empty()) {
         return;
     }
+    Push(field::kFn, name, line);
     if (comma != std::string_view::npos) {
         return PushKept(field::kN, FieldOf(plain.substr(0, comma), plain.substr(comma + 1)), line);
     }
@@ -92,13 +100,55 @@ void EntryBuilder::PushName(std::string_view name, std::uint32_t line) {
     }
 }
 
+bool EntryBuilder::AreExchanged(std::string_view name, std::string_view address) {
+    if (address.empty() || address.find('@') != std::string_view::npos || !IsAddressCell(name)) {
+        return false;
+    }
+    if (!exchanged_) {
+        exchanged_ = true;
+        Doubt("EMAIL", name, Reason::Exchanged);
+    }
+    return true;
+}
+
 void EntryBuilder::PushCarried(std::string_view format,
                                std::string_view field,
                                std::string_view value,
                                std::uint32_t line) {
-    std::string name = "X-ORVIK-";
-    name.append(format).append("-").append(field);
-    Push(book_.Names.Intern(name), value, line);
+    const std::string start = "X-ORVIK-" + std::string(format) + "-";
+    const NameId name = book_.Names.Intern(CarriedName(start, field, 0));
+    const std::string_view own = book_.Names.Text(name).substr(start.size());
+    Push(name, value, line, KeepHeader(book_, own, field));
+}
+
+void EntryBuilder::PushWords(NameId name, std::string_view value, std::uint32_t line) {
+    if (!NeedsEscapes(value)) {
+        return Push(name, value, line);
+    }
+    std::string escaped;
+    AppendEscaped(value, escaped);
+    PushKept(name, escaped, line);
+}
+
+void EntryBuilder::PushMemberAt(std::uint32_t member, std::uint32_t line) {
+    PushKept(field::kMember, std::string(kLineScheme) + std::to_string(member), line);
+}
+
+void EntryBuilder::PushMember(std::string_view address, std::string_view name, std::uint32_t line) {
+    if (!address.empty()) {
+        // With a name it is what LDIF calls somebody, which every writer knows.
+        return PushKept(field::kMember,
+                        name.empty() || name == address ? "mailto:" + std::string(address)
+                                                        : DnOf(name, address),
+                        line);
+    }
+    if (as_text_ == 0) {
+        const Param text{field::kValue, "text"};
+        as_text_ = book_.KeepDetails({}, {&text, 1});
+    }
+    std::string escaped;
+    AppendEscaped(name, escaped);
+    PushKept(field::kMember, escaped, line, as_text_);
 }
 
 std::uint32_t EntryBuilder::Types(std::string_view types) {
@@ -114,6 +164,10 @@ std::uint32_t EntryBuilder::Types(std::string_view types) {
 void EntryBuilder::Doubt(std::string_view field, std::string_view value, Reason why) {
     book_.Told.Add(
         {field, value, file_, contact_.From.Line, FieldNames::kNone, What::Doubtful, why});
+}
+
+void EntryBuilder::Skip(std::string_view text, std::uint32_t line, Reason why) {
+    book_.Told.Add({{}, text, file_, line, FieldNames::kNone, What::Skipped, why});
 }
 
 void EntryBuilder::End() {

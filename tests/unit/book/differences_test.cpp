@@ -52,6 +52,19 @@ TEST(CompareTest, EqualUidsAreOnePerson) {
               "changed 0=1 TEL; same 1=0");
 }
 
+// Records without a UID have others in each format.
+TEST(CompareTest, ListsHaveTheMembersThatBelongTogether) {
+    const auto list = [](std::string_view member) {
+        return "BEGIN:VCARD\nVERSION:4.0\nKIND:group\nFN:Crew\nMEMBER:" + std::string(member) +
+               "\nEND:VCARD\n";
+    };
+    const std::string left = Card("UID:1\nFN:Al\nEMAIL:a@x") + list("1");
+    EXPECT_EQ(Shown(OfCards(left, Card("UID:2\nFN:Al\nEMAIL:a@x\nTEL:5") + list("2"))),
+              "changed 0=0 TEL; same 1=1");
+    EXPECT_EQ(Shown(OfCards(left, Card("UID:2\nFN:Bo\nEMAIL:b@x") + list("2"))),
+              "left 0; changed 1=1 MEMBER; right=0");
+}
+
 TEST(CompareTest, SoAreRecordsThatHoldTheSame) {
     EXPECT_EQ(Shown(OfCards(Card("UID:1\nFN:Al\nEMAIL:a@b"), Card("UID:2\nFN:Al\nEMAIL:a@b"))),
               "same 0=0");

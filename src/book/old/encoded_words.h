@@ -1,0 +1,20 @@
+// Words of other letters in ASCII, by RFC 2047: =?UTF-8?Q?J=C3=B6rg?=
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orvik::book {
+
+// DecodedWords: a text with such words as letters. Blanks between two of them do not count, and a
+// letter may be in two of them; a word that cannot be read, or of a set that nobody knows, stays.
+//   "=?iso-8859-1?q?J=F6rg?= Berg" -> "J\u00F6rg Berg"
+[[nodiscard]] std::string DecodedWords(std::string_view text);
+
+// Whether there may be such a word.
+[[nodiscard]] inline bool HasEncodedWords(std::string_view text) {
+    return text.find("=?") != std::string_view::npos && text.find("?=") != std::string_view::npos;
+}
+
+}  // namespace orvik::book

@@ -1,0 +1,26 @@
+// An entry of a plain list: an address, with or without a name, in each form that people write.
+
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace orvik::book {
+
+struct PlainEntry {
+    std::string_view Name;  // without its quotes; empty for none
+    std::string_view Address;
+    bool Loose = false;  // parted by blanks alone
+};
+
+// PlainEntryOf: nothing for a text without an address, which has an at or stands in brackets or
+// before a name in quotes.
+//   '"Al" <A1>', 'Al <A1>', 'A1 "Al"', '<A1> Al', 'a1@b (Al)', 'a1@b Al' -> Al, A1
+[[nodiscard]] std::optional<PlainEntry> PlainEntryOf(std::string_view text);
+
+// TakePlainEntry: the text up to the next comma or semicolon that ends an entry; rest moves behind
+// it. A comma behind a text without an address is part of a name.
+//   rest "Abbott, Al <a@b>, c@d" -> "Abbott, Al <a@b>", rest " c@d"
+[[nodiscard]] std::string_view TakePlainEntry(std::string_view& rest);
+
+}  // namespace orvik::book

@@ -1,0 +1,21 @@
+// The address book of abook. Format: docs/formats/abook.md.
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "book/address_book.h"
+#include "book/charset.h"
+#include "book/source.h"
+
+namespace orvik::book {
+
+// Why a source is such a book.
+[[nodiscard]] std::optional<std::string> AbookEvidence(const Source& source);
+
+// Each section that is not about the format becomes a person.
+void ReadAbook(Book& book, std::uint32_t file, Charset& charset);
+
+}  // namespace orvik::book
