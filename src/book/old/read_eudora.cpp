@@ -260,10 +260,13 @@ class EudoraReader {
                 several ? std::min(value.find_first_of(",\n"), value.size()) : value.size();
             const std::string_view one = WithoutBlanksAround(value.substr(0, end));
             if (!one.empty()) {
-                std::string line_by_line;
-                const bool url = known.Field == field::kUrl;
-                url ? AppendOneLine(one, line_by_line) : void(line_by_line = one);
-                entry_.PushKept(known.Field, line_by_line, line, entry_.Types(known.Types));
+                std::string text(one);
+                if (known.Field == field::kUrl) {
+                    // It is kept on one line.
+                    text.clear();
+                    AppendOneLine(one, text);
+                }
+                entry_.PushKept(known.Field, text, line, entry_.Types(known.Types));
             }
             value.remove_prefix(std::min(end + 1, value.size()));
         }
