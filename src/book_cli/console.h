@@ -46,6 +46,7 @@ class Console : public FileTalk {
     void Begin(std::string_view file) { around_.Messages.BeginStep(file); }
     void End();
     void Tell(std::string_view text) { around_.Messages.Tell(text); }
+    void TellLines(std::string_view text) { around_.Messages.TellLines(text); }
     // "reading: 42%", as long as somebody watches.
     [[nodiscard]] std::function<void(std::size_t done, std::size_t all)> ProgressOf(
         std::string_view doing);

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstddef>
 #include <string_view>
 #include <utility>
@@ -18,12 +17,7 @@ using cli::ExitStatus;
 // The text for a person goes where the book does not go.
 void Print(const std::string& text, const Arguments& arguments, Console& console) {
     if (arguments.Output == kStandardStream) {
-        std::string_view rest = text;
-        while (!rest.empty()) {
-            const std::size_t end = rest.find('\n');
-            console.Tell(rest.substr(0, end));
-            rest.remove_prefix(std::min(end, rest.size() - 1) + 1);
-        }
+        console.TellLines(text);
     } else {
         console.Out() << text;
     }
@@ -99,6 +93,8 @@ ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& output
     if (chosen.Split > 0) {
         parts = Cut(chosen, loaded.Book, written);
     }
+    // Before the book is written, as it takes memory.
+    TellFoundMembers(console, loaded);
     ExitStatus status = StatusOf(loaded.Book);
     status = Worse(status,
                    parts.empty() ? outputs.WriteBook(std::exchange(written.Text, {}))
@@ -113,7 +109,6 @@ ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& output
     }
     status = Worse(status, outputs.FinishPrinting());
     TellColumns(console, loaded);
-    TellFoundMembers(console, loaded);
     TellCharsets(console, loaded);
     TellRemarks(console, loaded);
     TellIf(console, ListHint(chosen, loaded.Book));

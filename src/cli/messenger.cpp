@@ -18,12 +18,27 @@ void Messenger::BeginStep(std::string_view file) {
 
 void Messenger::Tell(std::string_view text) {
     ClearProgress();
+    stream_ << LineOf(text);
+}
+
+void Messenger::TellLines(std::string_view text) {
+    ClearProgress();
+    // One that lacks the memory for the second line tells none.
+    std::string lines;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        lines.append(LineOf(text.substr(0, end)));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    stream_ << lines;
+}
+
+std::string Messenger::LineOf(std::string_view text) const {
     std::string line = program_ + ": ";
     if (!file_.empty()) {
         line.append(Printable(file_)).append(": ");
     }
-    line.append(PrintableLine(text)).append("\n");
-    stream_ << line;
+    return line.append(PrintableLine(text)).append("\n");
 }
 
 void Messenger::Progress(std::string_view text) {

@@ -31,6 +31,8 @@ class Messenger {
     // A line of its own; line breaks in the text become blanks, what else a terminal would not show
     // as it stands an escape (app/printable.h).
     void Tell(std::string_view text);
+    // Each line of a text as a line of its own; all of them or none.
+    void TellLines(std::string_view text);
     // Shows how far the step is, on a line that the next one covers.
     void Progress(std::string_view text);
 
@@ -38,6 +40,7 @@ class Messenger {
     using Clock = std::chrono::steady_clock;
 
     void ClearProgress();
+    [[nodiscard]] std::string LineOf(std::string_view text) const;
 
     std::string program_;
     std::ostream& stream_;
