@@ -28,8 +28,10 @@ class LateText {
     LateText() = default;
     explicit LateText(Maker maker)
         : state_(std::make_shared<State>(State{SharedText::NextNumber(), {}, std::move(maker)})) {}
-    // NOLINTBEGIN(google-explicit-constructor,hicpp-explicit-conversions): a text is a text
+    // A text is a text, and this one converts to no SharedText.
+    // NOLINTBEGIN(google-explicit-constructor,hicpp-explicit-conversions)
     template <std::convertible_to<SharedText> Text>
+    // NOLINTNEXTLINE(bugprone-forwarding-reference-overload)
     LateText(Text&& text) {
         SharedText made(std::forward<Text>(text));
         if (!made.empty()) {
