@@ -19,6 +19,7 @@ constexpr const char* kExamples =
     "  orvik-book check book.ldif\n"
     "  orvik-book convert outlook.csv --map \"Club=groups\" -o contacts.vcf\n"
     "  orvik-book diff book.ldif contacts.vcf\n"
+    "  orvik-book find Mail/Inbox Maildir letter.eml --min 2 -o people.vcf\n"
     "\n"
     "A file named - is standard input.\n"
     "\n"
@@ -67,7 +68,8 @@ class Parser {
  public:
     Parser()
         : app_(
-              "Reads address books, LDIF, vCard and CSV, with all that they hold, and writes them.",
+              "Reads address books, LDIF, vCard and CSV, with all that they hold, and writes them. "
+              "Finds the people in mail.",
               "orvik-book") {
         app_.set_version_flag(
             "--version", "orvik-book " ORVIK_VERSION, "Print the version and exit");
@@ -79,7 +81,14 @@ class Parser {
         convert_ = AddVerb("convert", "Write address books as one vCard or LDIF file", "FILE");
         check_ = AddVerb("check", "Say which e-mail addresses can be none", "FILE");
         diff_ = AddVerb("diff", "Compare two address books", "LEFT RIGHT");
-        AddConvertOptions();
+        find_ = app_.add_subcommand("find", "Find the people in mail, and write them");
+        find_->failure_message(&cli::UsageMessage);
+        AddFindOptions(*find_, arguments_.Files, arguments_.Find);
+        AddPrinting(*find_);
+        AddTarget(*find_);
+        AddTarget(*convert_);
+        convert_->add_flag(
+            "--allow-loss", arguments_.AllowLoss, "Write what can be, even if values are lost");
     }
 
     [[nodiscard]] CLI::App& App() { return app_; }
@@ -102,12 +111,16 @@ class Parser {
         arguments_.What = convert_->parsed() ? Verb::Convert
                           : check_->parsed() ? Verb::Check
                           : diff_->parsed()  ? Verb::Diff
+                          : find_->parsed()  ? Verb::Find
                                              : Verb::Show;
         for (const std::string& map : maps_) {
             arguments_.Columns.push_back(book::ParseMapping(map));
         }
+        if (arguments_.What == Verb::Find) {
+            SortOutMine(arguments_.Files, arguments_.Find);
+        }
         CheckFiles();
-        if (arguments_.What == Verb::Convert) {
+        if (arguments_.What == Verb::Convert || arguments_.What == Verb::Find) {
             FindTarget();
         }
         return arguments_;
@@ -132,34 +145,38 @@ class Parser {
             ->allow_extra_args(false)
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
             ->check(&CheckMapping);
-        verb->add_flag("--json", arguments_.Json, "Print an object a line instead of text");
-        Single(verb->add_option("--report", arguments_.Report, "Write what became of each value"))
-            ->type_name("FILE")
-            ->check(&CheckNoStream);
-        verb->add_flag("--force", arguments_.Force, "Replace files that are there without asking");
+        AddPrinting(*verb);
         return verb;
     }
 
-    void AddConvertOptions() {
-        output_ = Single(convert_->add_option("-o,--output",
-                                              arguments_.Output,
-                                              "Where to write, - for standard output; .vcf and "
-                                              ".ldif tell the format"));
-        output_->type_name("FILE")->check(&CheckName);
-        vcard_ = Single(convert_->add_option("--vcard", version_, "Write vCard 3.0 or 4.0"));
-        vcard_->type_name("3|4")->check(CLI::IsMember({"3", "4"}));
-        attributes_ = Single(convert_->add_option(
-            "--attributes", set_, "Write LDIF with the attributes of a program"));
-        attributes_->type_name("PROGRAM")
+    void AddPrinting(CLI::App& verb) {
+        verb.add_flag("--json", arguments_.Json, "Print an object a line instead of text");
+        Single(verb.add_option("--report", arguments_.Report, "Write what became of each value"))
+            ->type_name("FILE")
+            ->check(&CheckNoStream);
+        verb.add_flag("--force", arguments_.Force, "Replace files that are there without asking");
+    }
+
+    void AddTarget(CLI::App& verb) {
+        Single(verb.add_option("-o,--output",
+                               arguments_.Output,
+                               "Where to write, - for standard output; .vcf and .ldif tell the "
+                               "format"))
+            ->type_name("FILE")
+            ->check(&CheckName);
+        CLI::Option* const vcard =
+            Single(verb.add_option("--vcard", version_, "Write vCard 3.0 or 4.0"));
+        vcard->type_name("3|4")->check(CLI::IsMember({"3", "4"}));
+        Single(verb.add_option("--attributes", set_, "Write LDIF with the attributes of a program"))
+            ->type_name("PROGRAM")
             ->check(CLI::IsMember({"netscape", "mozilla", "kcontacts", "evolution"}))
-            ->excludes(vcard_);
-        convert_->add_flag(
-            "--allow-loss", arguments_.AllowLoss, "Write what can be, even if values are lost");
+            ->excludes(vcard);
     }
 
     // Whoever writes an option before the verb is told where it belongs.
     static void CheckOrder(const std::vector<std::string>& words) {
-        constexpr std::array<std::string_view, 4> kVerbs = {"show", "convert", "check", "diff"};
+        constexpr std::array<std::string_view, 5> kVerbs = {
+            "show", "convert", "check", "diff", "find"};
         constexpr std::array<std::string_view, 3> kBefore = {"-h", "--help", "--version"};
         const bool option = words.size() > 1 && words[1].size() > 1 && words[1].starts_with('-') &&
                             std::find(kBefore.begin(), kBefore.end(), words[1]) == kBefore.end();
@@ -190,21 +207,22 @@ class Parser {
         if (name.ends_with('/')) {
             throw CLI::ValidationError("-o", name + " is a folder; a file in it needs a name");
         }
-        if (stream && arguments_.Json) {
+        // The people of mail are printed instead.
+        if (stream && arguments_.Json && arguments_.What == Verb::Convert) {
             throw CLI::ValidationError("--json", "needs -o FILE: both would go to standard output");
         }
-        if (vcard_->count() > 0 && IsLdifName(name)) {
+        if (!version_.empty() && IsLdifName(name)) {
             throw CLI::ValidationError("--vcard", "the ending of " + name + " asks for LDIF");
         }
-        if (attributes_->count() > 0 && IsVCardName(name)) {
+        if (!set_.empty() && IsVCardName(name)) {
             throw CLI::ValidationError("--attributes", "the ending of " + name + " asks for vCard");
         }
-        if (attributes_->count() > 0 || IsLdifName(name)) {
+        if (!set_.empty() || IsLdifName(name)) {
             arguments_.Target = book::Dialect::Ldif;
             arguments_.Set = AskedSet();
         } else if (version_ == "4") {
             arguments_.Target = book::Dialect::VCard40;
-        } else if (vcard_->count() == 0 && !stream && !IsVCardName(name)) {
+        } else if (version_.empty() && !stream && !IsVCardName(name)) {
             throw CLI::ValidationError(
                 "-o", "the ending of " + name + " tells no format; --vcard and --attributes do");
         }
@@ -230,9 +248,7 @@ class Parser {
     CLI::App* convert_ = nullptr;
     CLI::App* check_ = nullptr;
     CLI::App* diff_ = nullptr;
-    CLI::Option* output_ = nullptr;
-    CLI::Option* vcard_ = nullptr;
-    CLI::Option* attributes_ = nullptr;
+    CLI::App* find_ = nullptr;
 };
 
 }  // namespace

@@ -31,6 +31,8 @@ std::string Carried(const book::Book& book) {
            Counted(values, "value", "values");
 }
 
+}  // namespace
+
 std::string TargetName(const Arguments& arguments, bool unchanged) {
     using enum book::LdifAttributes;
     const book::LdifAttributes set = arguments.Set.value_or(Mozilla);
@@ -45,22 +47,25 @@ std::string TargetName(const Arguments& arguments, bool unchanged) {
     return name + (unchanged ? ", byte for byte as it was" : "");
 }
 
-std::string Written(const Arguments& arguments, Loaded& loaded, Console& console) {
-    loaded.Book.HowFar = console.ProgressOf("writing");
+std::string Written(const Arguments& arguments, book::Book& book, Console& console) {
+    book.HowFar = console.ProgressOf("writing");
     console.Begin(arguments.Output);
     std::string text = arguments.Target == book::Dialect::Ldif
-                           ? book::WriteLdif(loaded.Book, arguments.Set)
-                           : book::WriteVCard(loaded.Book, arguments.Target);
+                           ? book::WriteLdif(book, arguments.Set)
+                           : book::WriteVCard(book, arguments.Target);
     console.End();
     return text;
 }
+
+namespace {
 
 bool IsUnchanged(const Arguments& arguments, const book::Book& book) {
     return !arguments.Set && book::UnchangedFile(book, arguments.Target).has_value();
 }
 
-// The text for a person goes where the book does not go.
-void Print(const std::string& text, const Arguments& arguments, Console& console) {
+}  // namespace
+
+void PrintForPerson(const std::string& text, const Arguments& arguments, Console& console) {
     if (arguments.Output == kStandardStream) {
         std::string_view rest = text;
         while (!rest.empty()) {
@@ -72,8 +77,6 @@ void Print(const std::string& text, const Arguments& arguments, Console& console
         console.Out() << text;
     }
 }
-
-}  // namespace
 
 std::string ConvertedText(const Console& console,
                           const Arguments& arguments,
@@ -101,7 +104,7 @@ cli::ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& o
         return loaded.Status;
     }
     const bool unchanged = IsUnchanged(arguments, loaded.Book);
-    const SharedText text = Written(arguments, loaded, console);
+    const SharedText text = Written(arguments, loaded.Book, console);
     cli::ExitStatus status = StatusOf(loaded.Book);
     if (const std::string refusal = Refusal(loaded.Book, arguments.AllowLoss); !refusal.empty()) {
         TellColumns(console, loaded);
@@ -119,7 +122,8 @@ cli::ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& o
             PrintRecord(console.Out(), catalogue, i);
         }
     } else {
-        Print(ConvertedText(console, arguments, loaded.Book, unchanged), arguments, console);
+        PrintForPerson(
+            ConvertedText(console, arguments, loaded.Book, unchanged), arguments, console);
     }
     status = Worse(status, outputs.FinishPrinting());
     TellColumns(console, loaded);

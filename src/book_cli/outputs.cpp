@@ -32,8 +32,8 @@ ExitStatus Trap(Console& console, const std::function<void()>& act) {
 }  // namespace
 
 ExitStatus Outputs::Check() {
-    const bool converts = arguments_.What == Verb::Convert;
-    book_.Name = converts && arguments_.Output != kStandardStream ? arguments_.Output : "";
+    const bool writes = arguments_.What == Verb::Convert || arguments_.What == Verb::Find;
+    book_.Name = writes && arguments_.Output != kStandardStream ? arguments_.Output : "";
     report_.Name = arguments_.Report;
     if (IsRead(kOutputPath)) {
         return Refuse("Standard output is a file that is read", kStandardStream);

@@ -25,6 +25,15 @@ namespace orvik::book_cli {
 [[nodiscard]] cli::ExitStatus Check(const Arguments& arguments, Console& console, Outputs& outputs);
 [[nodiscard]] cli::ExitStatus Diff(const Arguments& arguments, Console& console, Outputs& outputs);
 
+[[nodiscard]] cli::ExitStatus Find(const Arguments& arguments, Console& console, Outputs& outputs);
+
+// What is written, "vCard 3.0, UTF-8"; unchanged says that it is what was read.
+[[nodiscard]] std::string TargetName(const Arguments& arguments, bool unchanged);
+// The book in the format that is asked for.
+[[nodiscard]] std::string Written(const Arguments& arguments, book::Book& book, Console& console);
+// Text for a person goes where the book does not go.
+void PrintForPerson(const std::string& text, const Arguments& arguments, Console& console);
+
 // FactsText: what a source is and holds, in two lines.
 //   "a.ldif: LDIF, ASCII, LF, 1 person, 0 lists" and the counts
 [[nodiscard]] std::string FactsText(const Console& console,

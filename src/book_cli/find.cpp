@@ -1,0 +1,139 @@
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "app/printable.h"
+#include "book/mail/mail_search.h"
+#include "book/mail/people_book.h"
+#include "book_cli/find_told.h"
+#include "book_cli/json_lines.h"
+#include "book_cli/told.h"
+#include "book_cli/verbs.h"
+
+namespace orvik::book_cli {
+namespace {
+
+// What is printed is no mail, though it may go to a file in a folder that is looked through.
+constexpr const char* kOutputPath = "/dev/stdout";
+
+// The people that are asked for, the most frequent ones first.
+std::vector<std::uint32_t> Chosen(const book::People& people,
+                                  const FindArguments& asked,
+                                  FindTold& told,
+                                  FindCounts& counts) {
+    std::unordered_set<std::string> mine;
+    for (const std::string& one : asked.Mine) {
+        mine.insert(book::FoldedAddress(one));
+    }
+    std::vector<std::uint32_t> chosen;
+    for (std::uint32_t i = 0; i < people.All().size(); ++i) {
+        const auto& [key, person] = people.All()[i];
+        const std::string& place = people.PlaceAt(person.Places.front().File);
+        if (mine.contains(key)) {
+            ++counts.Mine;
+            told.AddLeftOut(place, person.Address, "is one of --me");
+        } else if (!asked.NoReply && book::IsNoReply(key)) {
+            ++counts.NoReply;
+            told.AddLeftOut(place, person.Address, "nobody reads what is sent there");
+        } else {
+            ++counts.Addresses;
+            counts.Twice += person.Count >= 2 ? 1U : 0U;
+            if (person.Count >= asked.Least) {
+                chosen.push_back(i);
+            }
+        }
+    }
+    std::stable_sort(chosen.begin(), chosen.end(), [&](std::uint32_t one, std::uint32_t other) {
+        return people.All()[one].Who.Count > people.All()[other].Who.Count;
+    });
+    return chosen;
+}
+
+FoundEntry EntryOf(const book::People& people, const book::Person& person) {
+    FoundEntry entry;
+    entry.Count = person.Count;
+    entry.First = book::TimeText(person.First);
+    entry.Last = book::TimeText(person.Last);
+    for (const book::Person::Place& place : person.Places) {
+        entry.Seen.push_back({people.PlaceAt(place.File), book::FieldsOf(place), place.Count});
+    }
+    entry.SeenElsewhere = person.MorePlaces;
+    return entry;
+}
+
+void PrintPeople(Console& console,
+                 const book::Book& book,
+                 const book::People& people,
+                 const std::vector<std::uint32_t>& chosen) {
+    const Catalogue catalogue(book);
+    for (std::size_t i = 0; i < chosen.size() && console.Out(); ++i) {
+        PrintFound(console.Out(), catalogue, i, EntryOf(people, people.All()[chosen[i]].Who));
+    }
+}
+
+void Tell(Console& console, std::string_view lines) {
+    while (!lines.empty()) {
+        const std::size_t end = std::min(lines.find('\n'), lines.size());
+        console.Tell(lines.substr(0, end));
+        lines.remove_prefix(std::min(end + 1, lines.size()));
+    }
+}
+
+std::string WrittenText(const Console& console, const Arguments& arguments, std::size_t people) {
+    if (arguments.Output == kStandardStream) {
+        return {};
+    }
+    return console.Strong(Printable(arguments.Output)) + ": " + Grouped(people) +
+           (people == 1 ? " person, " : " people, ") + TargetName(arguments, false) + ".\n";
+}
+
+}  // namespace
+
+cli::ExitStatus Find(const Arguments& arguments, Console& console, Outputs& outputs) {
+    FindTold told(console, !arguments.Report.empty());
+    std::string path;
+    const book::MailSearch* running = nullptr;
+    book::MailSearch search(console.Files(),
+                            {arguments.Find.HeadersOnly, arguments.Find.Since},
+                            {[&](const book::SearchNote& note) { told.Take(note); },
+                             [&](const std::string& begun) {
+                                 path = begun;
+                                 told.ShowHowFar(path, running->Totals().Messages, 0, 0);
+                             },
+                             [&](std::uint64_t done, std::uint64_t all) {
+                                 told.ShowHowFar(path, running->Totals().Messages, done, all);
+                             }});
+    running = &search;
+    told.Begin();
+    book::SearchMail(console.Files(),
+                     arguments.Files,
+                     {arguments.Output, arguments.Report, kOutputPath},
+                     search);
+    FindCounts counts;
+    const auto chosen = Chosen(search.Found(), arguments.Find, told, counts);
+    told.End();
+    book::Book book;
+    book::AddPeople(search.Found(), chosen, book);
+    cli::ExitStatus status = told.Status();
+    const bool prints = arguments.Json && arguments.Output == kStandardStream;
+    if (!prints) {
+        status = Worse(status, outputs.WriteBook(Written(arguments, book, console)));
+        if (status >= cli::ExitStatus::CannotCreate) {
+            return status;
+        }
+    }
+    std::string text = FoundText(search.Totals(), counts, !arguments.Report.empty());
+    text += prints ? "" : WrittenText(console, arguments, chosen.size());
+    if (arguments.Json) {
+        PrintPeople(console, book, search.Found(), chosen);
+        Tell(console, text);
+    } else {
+        PrintForPerson(text, arguments, console);
+    }
+    status = Worse(status, outputs.FinishPrinting());
+    return arguments.Report.empty() ? status : Worse(status, outputs.WriteReport(told.Report()));
+}
+
+}  // namespace orvik::book_cli
