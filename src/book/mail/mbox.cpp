@@ -63,6 +63,14 @@ bool HasDate(std::string_view line) {
     return false;
 }
 
+// Some programs know neither sender nor date, and leave no empty line before.
+bool IsBare(std::string_view line) {
+    constexpr std::string_view kBlanks = " \t\r";
+    const std::size_t last = line.find_last_not_of(kBlanks);
+    line = line.substr(0, last + 1);
+    return line == "From" || line == "From -";
+}
+
 bool IsEmptyLine(std::string_view line) {
     return line.empty() || line == "\r";
 }
@@ -90,7 +98,7 @@ bool IsMarker(bool behind_empty, std::string_view line, std::string_view next) {
         return false;
     }
     if (IsMailHeader(next)) {
-        return behind_empty || HasDate(line);
+        return behind_empty || IsBare(line) || HasDate(line);
     }
     return behind_empty && IsEmptyLine(next) && HasDate(line);
 }

@@ -27,8 +27,8 @@ struct MboxMessage {
 //   "Subject: x" -> true;  "From the start" -> false;  ">From al Mon..." -> true
 [[nodiscard]] bool IsMailHeader(std::string_view line);
 
-// IsMarker: whether a line "From ..." begins a message: by its date, or an empty line before it,
-// and by the header behind it. Lengths that a header states are not looked at: programs that change
+// IsMarker: whether a line "From ..." begins a message: by its date, an empty line before it, or
+// that it says nothing, and by the header behind it. Lengths that a header states are not looked at: programs that change
 // a folder do not keep them right.
 [[nodiscard]] bool IsMarker(bool behind_empty, std::string_view line, std::string_view next);
 
