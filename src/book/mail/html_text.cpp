@@ -113,7 +113,7 @@ std::size_t LengthOfTag(std::string_view text) {
 }
 
 std::string_view NameOfTag(std::string_view tag) {
-    std::size_t end = tag.starts_with("</") ? 2 : 1;
+    std::size_t end = std::min<std::size_t>(tag.size(), tag.starts_with("</") ? 2 : 1);
     const std::size_t begin = end;
     while (end < tag.size() && IsLetterOrDigit(tag[end])) {
         ++end;

@@ -24,8 +24,16 @@ std::string_view TextOf(const char* text) {
     return text == nullptr ? std::string_view() : std::string_view(text);
 }
 
-// The bytes of a part as they stand in the message, which is in memory.
-std::string_view RawOf(GMimePart* part) {
+// Where a part stands in its message, which is in memory.
+struct RawPart {
+    std::string_view All;
+    std::size_t Begin = 0;
+    std::size_t End = 0;
+
+    [[nodiscard]] std::string_view Text() const { return All.substr(Begin, End - Begin); }
+};
+
+RawPart RawOf(GMimePart* part) {
     GMimeDataWrapper* const content = g_mime_part_get_content(part);
     GMimeStream* const stream =
         content == nullptr ? nullptr : g_mime_data_wrapper_get_stream(content);
@@ -35,9 +43,24 @@ std::string_view RawOf(GMimePart* part) {
     const GByteArray* const bytes = g_mime_stream_mem_get_byte_array(GMIME_STREAM_MEM(stream));
     const auto begin = static_cast<std::size_t>(std::max<gint64>(stream->bound_start, 0));
     const std::size_t end =
-        stream->bound_end < 0 ? bytes->len : static_cast<std::size_t>(stream->bound_end);
+        stream->bound_end < 0
+            ? bytes->len
+            : std::min<std::size_t>(static_cast<std::size_t>(stream->bound_end), bytes->len);
     const std::string_view all(reinterpret_cast<const char*>(bytes->data), bytes->len);
-    return begin < end ? all.substr(begin, end - begin) : std::string_view();
+    return {all, std::min(begin, end), end};
+}
+
+// What stands before a body instead of a header: the library drops lines that are no fields.
+std::string_view LinesBefore(const RawPart& body) {
+    constexpr std::string_view kBreaks = "\r\n";
+    std::string_view text = body.All.substr(0, body.Begin);
+    text = text.substr(0, text.find_last_not_of(kBreaks) + 1);
+    const std::size_t unix_gap = text.rfind("\n\n");
+    const std::size_t dos_gap = text.rfind("\n\r\n");
+    const std::size_t gap = unix_gap == std::string_view::npos  ? dos_gap
+                            : dos_gap == std::string_view::npos ? unix_gap
+                                                                : std::max(unix_gap, dos_gap);
+    return gap == std::string_view::npos ? std::string_view() : text.substr(gap);
 }
 
 void UnrefBytes(GByteArray* bytes) {
@@ -139,6 +162,11 @@ class MessageReader::Walk {
                       int depth) {
         const MailTime before = time_;
         TakeHeader(header, {});
+        const bool headless =
+            g_mime_header_list_get_count(g_mime_object_get_header_list(header)) == 0;
+        if (headless && GMIME_IS_PART(body) != 0) {
+            TakeAny(LinesBefore(RawOf(GMIME_PART(body))));
+        }
         TakeObject(body, number, depth);
         time_ = before;
     }
@@ -219,7 +247,7 @@ class MessageReader::Walk {
 
     // The bytes that a part stands for; bytes holds them where they are not in the message.
     std::string_view ContentOf(GMimePart* part, const std::string& number, std::string& bytes) {
-        const std::string_view raw = RawOf(part);
+        const std::string_view raw = RawOf(part).Text();
         bool whole = true;
         switch (g_mime_part_get_content_encoding(part)) {
             case GMIME_CONTENT_ENCODING_BASE64:
