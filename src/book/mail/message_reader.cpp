@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 #include <gmime/gmime.h>
 
@@ -164,11 +165,25 @@ class MessageReader::Walk {
         TakeHeader(header, {});
         const bool headless =
             g_mime_header_list_get_count(g_mime_object_get_header_list(header)) == 0;
-        if (headless && GMIME_IS_PART(body) != 0) {
-            TakeAny(LinesBefore(RawOf(GMIME_PART(body))));
+        if (headless) {
+            TakeHeadless(body);
         }
         TakeObject(body, number, depth);
         time_ = before;
+    }
+
+    // An enclosed text that is called a message, but has no header.
+    void TakeHeadless(GMimeObject* body) {
+        const RawPart raw = GMIME_IS_PART(body) != 0 ? RawOf(GMIME_PART(body)) : RawPart();
+        if (raw.Begin > 0) {
+            return TakeAny(LinesBefore(raw));
+        }
+        // The library has lost where it was, so all of the message is looked at, once.
+        if (!std::exchange(saw_all_, true)) {
+            const GByteArray* const bytes = library_.Bytes;
+            const std::string_view all(reinterpret_cast<const char*>(bytes->data), bytes->len);
+            TakeAny(all.substr(std::min(all.find("\n\n"), all.size())));
+        }
     }
 
     void TakeObject(GMimeObject* object, const std::string& number, int depth) {
@@ -338,6 +353,7 @@ class MessageReader::Walk {
     bool headers_only_;
     MailFindings& findings_;
     MailTime time_ = kNoTime;
+    bool saw_all_ = false;
 };
 
 MessageReader::MessageReader(bool headers_only) : headers_only_(headers_only) {
