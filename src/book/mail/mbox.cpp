@@ -8,6 +8,7 @@ namespace orvik::book {
 namespace {
 
 constexpr std::string_view kFrom = "From ";
+constexpr std::string_view kQuoted = ">From ";
 // A marker and the line behind it are never longer than what is looked at.
 constexpr std::size_t kLongestLine = 8192;
 
@@ -79,9 +80,6 @@ bool IsEmptyLine(std::string_view line) {
 
 bool IsMailHeader(std::string_view line) {
     constexpr std::size_t kLongestName = 76;
-    if (line.starts_with(">From ")) {
-        return true;
-    }
     std::size_t at = 0;
     while (at < line.size() && line[at] > ' ' && line[at] != ':' && line[at] < 0x7F) {
         ++at;
@@ -96,6 +94,10 @@ bool IsMailHeader(std::string_view line) {
 bool IsMarker(bool behind_empty, std::string_view line, std::string_view next) {
     if (!line.starts_with(kFrom)) {
         return false;
+    }
+    // Other programs quoted the marker of a message that they took from a folder.
+    if (next.starts_with(kQuoted)) {
+        return HasDate(line);
     }
     if (IsMailHeader(next)) {
         return behind_empty || IsBare(line) || HasDate(line);

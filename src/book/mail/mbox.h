@@ -24,7 +24,7 @@ struct MboxMessage {
 };
 
 // IsMailHeader: whether a line can be a field of a header.
-//   "Subject: x" -> true;  "From the start" -> false;  ">From al Mon..." -> true
+//   "Subject: x" -> true;  "From the start" -> false
 [[nodiscard]] bool IsMailHeader(std::string_view line);
 
 // IsMarker: whether a line "From ..." begins a message: by its date, an empty line before it, or

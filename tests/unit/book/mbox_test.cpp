@@ -55,6 +55,7 @@ TEST(MboxMarker, NeedsADateOrAnEmptyLineAndAHeader) {
         {"without seconds", false, "From a Thu Jan 1 10:00 1998", "To: x", true},
         {"an address with blanks", false, "From \"a b\"@c Thu Jan 1 10:00:00 1998", "To: x", true},
         {"before a quoted one", true, date, ">From al", true},
+        {"a sentence before a quoted one", true, "From the start", ">From al", false},
         {"an empty header", true, date, "", true},
         {"an empty header of DOS", true, date, "\r", true},
         {"an empty header, no date", true, "From al", "", false},
@@ -72,7 +73,7 @@ TEST(MboxMarker, NeedsADateOrAnEmptyLineAndAHeader) {
 }
 
 TEST(MboxHeader, IsANameAndAColon) {
-    for (const char* const line : {"Subject: x", "X-1:", "Subject :x", ">From al", "a:b"}) {
+    for (const char* const line : {"Subject: x", "X-1:", "Subject :x", "a:b"}) {
         EXPECT_TRUE(IsMailHeader(line)) << line;
     }
     for (const char* const line : {"", ":", "Dear Al:", " Subject: x", "Subject", "B\xC3\xBC: x"}) {
