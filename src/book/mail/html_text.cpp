@@ -96,6 +96,20 @@ void AppendDecoded(std::string_view text, std::string& to) {
     }
 }
 
+// Text between tags: its line breaks are blanks, and none begins a line.
+void AppendShown(std::string_view text, bool keeps_lines, std::string& to) {
+    const std::size_t before = to.size();
+    AppendDecoded(text, to);
+    if (keeps_lines) {
+        return;
+    }
+    std::replace(to.begin() + static_cast<std::ptrdiff_t>(before), to.end(), '\n', ' ');
+    if (before == 0 || to[before - 1] == '\n') {
+        const std::size_t shown = std::min(to.find_first_not_of(" \t\r", before), to.size());
+        to.erase(before, shown - before);
+    }
+}
+
 // The length of a tag that begins a text; quotes may hold a ">", but hardly over lines.
 std::size_t LengthOfTag(std::string_view text) {
     char quote = '\0';
@@ -221,12 +235,13 @@ void AppendHtmlText(std::string_view html, std::string& to) {
     // Behind the last end of a tag there is none that begins.
     const std::size_t last = html.rfind('>');
     const char* const end = html.data() + (last == std::string_view::npos ? 0 : last);
+    bool keeps_lines = false;
     while (!html.empty()) {
         const std::size_t text = std::min(html.find('<'), html.size());
-        AppendDecoded(html.substr(0, text), to);
+        AppendShown(html.substr(0, text), keeps_lines, to);
         html.remove_prefix(text);
         if (html.data() >= end) {
-            AppendDecoded(html, to);
+            AppendShown(html, keeps_lines, to);
             return;
         }
         const char next = html[1];
@@ -248,6 +263,9 @@ void AppendHtmlText(std::string_view html, std::string& to) {
             to.append(tag);
         } else if (!IsInline(name)) {
             to += '\n';
+        }
+        if (SameName(name, "pre")) {
+            keeps_lines = next != '/';
         }
         AppendLink(tag, to);
         html.remove_prefix(tag.size());

@@ -42,6 +42,8 @@ TEST(HtmlText, IsWhatAReaderSees) {
         {"x <b", "x <b"},
         {"<", "<"},
         {"<!DOCTYPE html><html>x", "\n\nx"},
+        {"To: a<br>\n b\nc", "To: a\nb c"},
+        {"<pre>To: a\n b</pre>\nc\nd", "\nTo: a\n b\nc d"},
         {"<!-- never ends", "<!-- never ends"},
         {"<!-- never ends <p>x", ""},
         {"<script>never ends", "\n"},
