@@ -119,8 +119,9 @@ cli::ExitStatus Find(const Arguments& arguments, Console& console, Outputs& outp
     cli::ExitStatus status = told.Status();
     const bool prints = arguments.Json && arguments.Output == kStandardStream;
     if (!prints) {
-        status = Worse(status, outputs.WriteBook(Written(arguments, book, console)));
-        if (status >= cli::ExitStatus::CannotCreate) {
+        const cli::ExitStatus written = outputs.WriteBook(Written(arguments, book, console));
+        status = Worse(status, written);
+        if (written != cli::ExitStatus::Done) {
             return status;
         }
     }

@@ -15,6 +15,8 @@ BEYOND = (
     ("book/charset_guess.cpp", "uchardet/*"),
     ("book/unseen_letters.cpp", "unicode/*"),
     ("book/csv_words.cpp", "unicode/*"),
+    ("book/mail/*.cpp", "gmime/*"),
+    ("book/mail/gmime_use.h", "gmime/*"),
     ("book_cli/*", "CLI/*"),
     ("book_cli/json_lines.cpp", "nlohmann/*"),
     ("cli/*", "CLI/*"),

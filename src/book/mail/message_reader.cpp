@@ -327,11 +327,11 @@ class MessageReader::Walk {
 
     // A part that holds a message, or the header of one, without the library knowing.
     void TakeMessage(std::string_view content, const std::string& number, int depth) {
-        const GRefOf<GByteArray, UnrefBytes> copy(g_byte_array_new());
-        g_byte_array_append(copy.get(),
+        const GRefOf<GByteArray, UnrefBytes> bytes(g_byte_array_new());
+        g_byte_array_append(bytes.get(),
                             reinterpret_cast<const guint8*>(content.data()),
                             static_cast<guint>(content.size()));
-        if (const GRef<GMimeObject> message = library_.Parse(copy.get())) {
+        if (const GRef<GMimeObject> message = library_.Parse(bytes.get())) {
             TakeEnclosed(message.get(), message.get(), number + ".1", depth + 1);
         }
     }
