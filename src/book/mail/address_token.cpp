@@ -235,8 +235,12 @@ bool IsCalledId(std::string_view before) {
     constexpr std::array<std::string_view, 7> kWords = {
         "message-id", "message id", "msgid", "msg-id", "message", "article", "content-id"};
     const auto ends_as = [&before](std::string_view word) {
-        return before.size() >= word.size() &&
-               SameName(before.substr(before.size() - word.size()), word);
+        if (before.size() < word.size()) {
+            return false;
+        }
+        const std::size_t begin = before.size() - word.size();
+        return SameName(before.substr(begin), word) &&
+               (begin == 0 || !IsLetterOrDigit(before[begin - 1]));
     };
     if (std::any_of(kSchemes.begin(), kSchemes.end(), ends_as)) {
         return true;
@@ -300,7 +304,12 @@ AddressToken TokenAt(std::string_view line, std::size_t at) {
     if (!good) {
         return {};
     }
-    return {LooksLikeId(name, domain) ? TokenKind::Id : TokenKind::Address, text, first};
+    const std::size_t behind = first + text.size();
+    const bool alone =
+        first > 0 && line[first - 1] == '<' && behind < line.size() && line[behind] == '>';
+    return {alone && LooksLikeId(name, domain) ? TokenKind::IdByShape : TokenKind::Address,
+            text,
+            first};
 }
 
 }  // namespace orvik::book

@@ -8,7 +8,13 @@
 
 namespace orvik::book {
 
-enum class TokenKind : std::uint8_t { None, Address, Id };
+enum class TokenKind : std::uint8_t {
+    None,
+    Address,
+    Id,
+    // Alone in brackets, and of the shape of an identifier: one, unless a name stands before it.
+    IdByShape
+};
 
 struct AddressToken {
     TokenKind Kind = TokenKind::None;

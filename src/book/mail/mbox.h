@@ -28,8 +28,8 @@ struct MboxMessage {
 [[nodiscard]] bool IsMailHeader(std::string_view line);
 
 // IsMarker: whether a line "From ..." begins a message: by its date, an empty line before it, or
-// that it says nothing, and by the header behind it. Lengths that a header states are not looked at: programs that change
-// a folder do not keep them right.
+// that it says nothing, and by the header behind it. Lengths that a header states are not looked
+// at: programs that change a folder do not keep them right.
 [[nodiscard]] bool IsMarker(bool behind_empty, std::string_view line, std::string_view next);
 
 class MboxReader {

@@ -147,10 +147,12 @@ void TextAddresses::LookAtLine(std::string_view line) {
         if (token.Kind == TokenKind::None) {
             continue;
         }
-        if (names_nobody_ || token.Kind == TokenKind::Id) {
+        const std::string_view name = NameBefore(line.substr(0, token.Begin));
+        const bool by_shape = token.Kind == TokenKind::IdByShape && name.empty();
+        if (names_nobody_ || by_shape || token.Kind == TokenKind::Id) {
             ++ids_;
         } else {
-            take_(token.Text, NameBefore(line.substr(0, token.Begin)));
+            take_(token.Text, name);
         }
     }
 }

@@ -177,6 +177,10 @@ TEST(TextAddresses, AreNoIdentifiers) {
         {"<20240101120000.4711AB@example.org>", "", 1},
         {"<000001c0$4711@example.org>", "", 1},
         {"<CAF8abcd@mail.gmail.com>", "", 1},
+        {"20240101120000.4711AB@example.org", "20240101120000.4711AB@example.org", 0},
+        {"Ada Abbott <20240101120000.4711AB@example.org>", "20240101120000.4711AB@example.org", 0},
+        {"Pyramid:ada@example.org", "ada@example.org", 0},
+        {"a particle <ada@example.org>", "ada@example.org", 0},
         {"Final-Recipient: rfc822; ada@example.org", "ada@example.org", 0},
     };
     for (const IdCase& one : cases) {
