@@ -110,4 +110,17 @@ std::string MessageOf(std::size_t number) {
     return message + BodyOf(number);
 }
 
+std::string LetterOf(std::size_t number) {
+    const std::string digits = std::to_string(number);
+    std::string letter =
+        "Received: from x by y; Thu, 1 Jan 1998 10:00:00 +0000\nMessage-ID: <1998." + digits +
+        "@mail.example>\nDate: Thu, 1 Jan 1998 10:00:00 +0000\nFrom: " + NameOf(number) + " <from" +
+        digits + "@mail.example>\nTo: \"" + NameOf(number + 1) + "\" <to" + digits +
+        "@example.org>\nSubject: letter " + digits + "\n\n";
+    for (std::size_t i = 0; i < 24; ++i) {
+        letter += "We met at the meeting of May, and the choir sang as never before.\n";
+    }
+    return letter;
+}
+
 }  // namespace orvik::bench

@@ -14,4 +14,7 @@ namespace orvik::bench {
 // base64, answers with quotations, one in eight with a picture of 30 kB.
 [[nodiscard]] std::string MessageOf(std::size_t number);
 
+// A short letter between two people who are in no other one: the most people that mail can have.
+[[nodiscard]] std::string LetterOf(std::size_t number);
+
 }  // namespace orvik::bench

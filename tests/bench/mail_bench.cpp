@@ -42,13 +42,14 @@ class Shelf {
     ~Shelf() { fs::remove_all(folder_); }
 
     // An mbox of so many bytes, made once.
-    std::string Mbox(std::size_t bytes) {
-        const fs::path path = folder_ / std::to_string(bytes);
+    std::string Mbox(std::size_t bytes, std::string (*make)(std::size_t) = MessageOf) {
+        const fs::path path =
+            folder_ / ((make == MessageOf ? "mixed" : "letters") + std::to_string(bytes));
         if (!fs::exists(path)) {
             std::ofstream file(path, std::ios::binary);
             std::size_t written = 0;
             for (std::size_t i = 0; written < bytes; ++i) {
-                const std::string message = MarkerOf(i) + MessageOf(i) + "\n";
+                const std::string message = MarkerOf(i) + make(i) + "\n";
                 file << message;
                 written += message.size();
             }
@@ -120,8 +121,7 @@ void PlainPass(const std::string& path) {
 }
 
 // One and the other in turn, so that both meet the same machine.
-void FindBesidePlainPass(benchmark::State& state) {
-    const std::string path = Mail().Mbox(kLong);
+void FindBesidePlainPass(benchmark::State& state, const std::string& path) {
     PlainPass(path);
     double plain_ms = 0;
     double find_ms = 0;
@@ -142,6 +142,14 @@ void FindBesidePlainPass(benchmark::State& state) {
     state.counters["times_plain"] = times[times.size() / 2];
     state.counters["people"] = static_cast<double>(people);
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(kLong));
+}
+
+void FindInMixedMail(benchmark::State& state) {
+    FindBesidePlainPass(state, Mail().Mbox(kLong));
+}
+
+void FindInLetters(benchmark::State& state) {
+    FindBesidePlainPass(state, Mail().Mbox(kLong, &LetterOf));
 }
 
 void CountMemory(benchmark::State& state, const std::string& path) {
@@ -166,7 +174,8 @@ void MemoryOfMaildir(benchmark::State& state) {
     CountMemory(state, Mail().Maildir(static_cast<std::size_t>(state.range(0))));
 }
 
-BENCHMARK(FindBesidePlainPass)->Iterations(7)->Unit(benchmark::kMillisecond);
+BENCHMARK(FindInMixedMail)->Iterations(7)->Unit(benchmark::kMillisecond);
+BENCHMARK(FindInLetters)->Iterations(7)->Unit(benchmark::kMillisecond);
 BENCHMARK(MemoryOfMbox)->Arg(100)->Arg(2048)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(MemoryOfMaildir)->Arg(1000)->Iterations(1)->Unit(benchmark::kMillisecond);
 

@@ -2,10 +2,11 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <string>
-#include <unordered_set>
+#include <string_view>
 #include <vector>
 
 namespace orvik::book {
@@ -38,7 +39,7 @@ struct PartNote {
 struct MailFindings {
     std::vector<Mention> Mentions;
     // The identifiers of messages and parts that the headers name, without brackets.
-    std::unordered_set<std::string> Ids;
+    std::vector<std::string> Ids;
     // How many identifiers look like addresses but are left out.
     std::size_t IdCount = 0;
     // When it was sent.

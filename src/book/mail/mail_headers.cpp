@@ -63,7 +63,7 @@ void AddIds(std::string_view name, std::string_view value, MailFindings& finding
             return;
         }
         const std::string_view id = value.substr(open + 1, close - open - 1);
-        findings.Ids.emplace(id);
+        findings.Ids.emplace_back(id);
         if (findings.MessageId.empty() && SameName(name, "Message-ID")) {
             findings.MessageId = id;
         }

@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <gmime/gmime.h>
 
@@ -195,7 +196,7 @@ class MessageReader::Walk {
         }
         // What stands inside of a part may name it.
         if (const char* const id = g_mime_object_get_content_id(object); id != nullptr) {
-            findings_.Ids.emplace(id);
+            findings_.Ids.emplace_back(id);
         }
         if (GMIME_IS_MESSAGE_PART(object) != 0) {
             GMimeMessage* const message =
@@ -244,7 +245,7 @@ class MessageReader::Walk {
         GMimeContentType* const type = g_mime_object_get_content_type(object);
         const PartKind kind = KindOfPart(TextOf(g_mime_content_type_get_media_type(type)),
                                          TextOf(g_mime_content_type_get_media_subtype(type)),
-                                         TextOf(g_mime_part_get_filename(part)));
+                                         [part] { return TextOf(g_mime_part_get_filename(part)); });
         if (kind == PartKind::Encrypted) {
             return NoteEncrypted(object, number);
         }
@@ -280,11 +281,13 @@ class MessageReader::Walk {
             default:
                 break;
         }
-        const std::string_view stated =
-            TextOf(g_mime_object_get_header(GMIME_OBJECT(part), "Content-Transfer-Encoding"));
-        if (!stated.empty() &&
-            g_mime_part_get_content_encoding(part) == GMIME_CONTENT_ENCODING_DEFAULT) {
-            Note(GMIME_OBJECT(part), number, "nobody knows the encoding " + std::string(stated));
+        if (g_mime_part_get_content_encoding(part) == GMIME_CONTENT_ENCODING_DEFAULT) {
+            const std::string_view stated =
+                TextOf(g_mime_object_get_header(GMIME_OBJECT(part), "Content-Transfer-Encoding"));
+            if (!stated.empty()) {
+                Note(
+                    GMIME_OBJECT(part), number, "nobody knows the encoding " + std::string(stated));
+            }
         }
         return raw;
     }
@@ -375,10 +378,14 @@ MailFindings MessageReader::Read(std::string_view message, std::string_view mark
         ReadText(message, findings);
     }
     // A text may repeat the identifiers that the headers hold.
-    const auto is_id = [&findings](const Mention& one) {
-        return one.Field == MailField::Body && findings.Ids.contains(one.Address);
+    std::vector<std::string>& ids = findings.Ids;
+    std::sort(ids.begin(), ids.end());
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+    const auto is_id = [&ids](const Mention& one) {
+        return one.Field == MailField::Body &&
+               std::binary_search(ids.begin(), ids.end(), one.Address);
     };
-    findings.IdCount += findings.Ids.size();
+    findings.IdCount += ids.size();
     std::erase_if(findings.Mentions, is_id);
     return findings;
 }

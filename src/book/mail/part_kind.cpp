@@ -45,15 +45,18 @@ constexpr std::array kEndings = {EndingRow{".eml", PartKind::Message},
 
 }  // namespace
 
-PartKind KindOfPart(std::string_view type, std::string_view subtype, std::string_view file) {
+PartKind KindOfPart(std::string_view type,
+                    std::string_view subtype,
+                    const std::function<std::string_view()>& file) {
     for (const TypeRow& row : kTypes) {
         if (SameName(row.Type, type) && (row.Subtype.empty() || SameName(row.Subtype, subtype))) {
             return row.Kind;
         }
     }
     if (SameName(type, "application") && SameName(subtype, "octet-stream")) {
+        const std::string_view name = file();
         for (const EndingRow& row : kEndings) {
-            if (HasEnding(file, row.Ending)) {
+            if (HasEnding(name, row.Ending)) {
                 return row.Kind;
             }
         }

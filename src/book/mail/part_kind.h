@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 namespace orvik::book {
@@ -21,7 +22,7 @@ enum class PartKind : std::uint8_t {
 //   "text" "html" "" -> Html;  "application" "octet-stream" "letter.eml" -> Message
 [[nodiscard]] PartKind KindOfPart(std::string_view type,
                                   std::string_view subtype,
-                                  std::string_view file);
+                                  const std::function<std::string_view()>& file);
 
 // Whether bytes can hold an address at all, in a set that has ASCII.
 [[nodiscard]] bool MayHoldAddress(std::string_view bytes, PartKind kind);

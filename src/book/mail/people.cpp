@@ -133,41 +133,34 @@ std::uint32_t People::PlaceNumber(const std::string& place) {
     return static_cast<std::uint32_t>(places_.size() - 1);
 }
 
-Person* People::Find(const std::string& address) {
-    constexpr std::size_t kMostRecent = 4096;
-    const auto known = recent_.find(address);
-    if (known != recent_.end()) {
-        return known->second == kNobody ? nullptr : &all_[known->second].Who;
-    }
-    if (recent_.size() >= kMostRecent) {
-        recent_.clear();
-    }
+std::uint32_t People::Find(const std::string& address) {
     std::string key = FoldedAddress(address);
     if (key.empty()) {
-        recent_.emplace(address, kNobody);
-        return nullptr;
+        return kNobody;
     }
-    auto place = by_key_.find(key);
-    if (place == by_key_.end()) {
-        all_.push_back({std::move(key), {}});
-        counted_.push_back(0);
-        place = by_key_.emplace(all_.back().Key, static_cast<std::uint32_t>(all_.size() - 1)).first;
+    const auto place = by_key_.find(key);
+    if (place != by_key_.end()) {
+        return place->second;
     }
-    recent_.emplace(address, place->second);
-    return &all_[place->second].Who;
+    const auto number = static_cast<std::uint32_t>(all_.size());
+    all_.push_back({std::move(key), {}});
+    counted_.push_back(0);
+    by_key_.emplace(all_.back().Key, number);
+    return number;
 }
 
 void People::AddMention(const Mention& mention, const std::string& place, std::uint64_t round) {
-    Person* const person = Find(mention.Address);
-    if (person == nullptr) {
+    const std::uint32_t number = Find(mention.Address);
+    if (number == kNobody) {
         return;
     }
+    Person* const person = &all_[number].Who;
     const bool header = mention.Field != MailField::Body;
     if (person->Address.empty() || (header && !person->InHeader)) {
         person->Address = mention.Address;
         person->InHeader = header;
     }
-    std::uint64_t& counted = counted_[recent_.find(mention.Address)->second];
+    std::uint64_t& counted = counted_[number];
     const bool is_new = counted != round;
     counted = round;
     person->Count += is_new ? 1U : 0U;

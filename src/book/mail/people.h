@@ -65,7 +65,8 @@ class People {
     [[nodiscard]] const std::string& PlaceAt(std::uint32_t file) const { return places_[file]; }
 
  private:
-    Person* Find(const std::string& address);
+    // The number of a person, who is new if need be; kNobody for what is no address.
+    std::uint32_t Find(const std::string& address);
     void AddMention(const Mention& mention, const std::string& place, std::uint64_t round);
     std::uint32_t PlaceNumber(const std::string& place);
 
@@ -75,8 +76,6 @@ class People {
     std::vector<std::uint64_t> counted_;
     std::deque<std::string> places_;
     std::uint64_t round_ = 0;
-    // The last addresses as they were written, since the same ones come again and again.
-    std::unordered_map<std::string, std::uint32_t> recent_;
 };
 
 }  // namespace orvik::book
