@@ -16,7 +16,7 @@ namespace orvik::book_cli {
 namespace {
 
 // What is printed is no mail, though it may go to a file in a folder that is looked through.
-constexpr const char* kOutputPath = "/dev/stdout";
+constexpr const char* kPrintedTo = "/dev/stdout";
 
 // The people that are asked for, the most frequent ones first.
 std::vector<std::uint32_t> Chosen(const book::People& people,
@@ -107,10 +107,8 @@ cli::ExitStatus Find(const Arguments& arguments, Console& console, Outputs& outp
                              }});
     running = &search;
     told.Begin();
-    book::SearchMail(console.Files(),
-                     arguments.Files,
-                     {arguments.Output, arguments.Report, kOutputPath},
-                     search);
+    book::SearchMail(
+        console.Files(), arguments.Files, {arguments.Output, arguments.Report, kPrintedTo}, search);
     FindCounts counts;
     const auto chosen = Chosen(search.Found(), arguments.Find, told, counts);
     told.End();

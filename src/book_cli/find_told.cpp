@@ -15,7 +15,7 @@ namespace {
 using Kind = book::SearchNote::Kind;
 
 // Nobody reads more at a terminal; the report has all, up to a number that nobody reads either.
-constexpr std::size_t kMostTold = 20;
+constexpr std::size_t kMostPartsTold = 20;
 constexpr std::size_t kMostLines = 200'000;
 
 // What progress is about.
@@ -128,7 +128,7 @@ void FindTold::TakeWalk(const book::SearchNote& note) {
 
 void FindTold::TellPart(const book::SearchNote& note) {
     std::size_t& told = told_[note.What == Kind::Encrypted ? 1 : 0];
-    if (++told > kMostTold) {
+    if (++told > kMostPartsTold) {
         return;
     }
     console_.Begin(note.Path);
@@ -171,8 +171,8 @@ void FindTold::ShowHowFar(const std::string& path,
 void FindTold::End() {
     console_.End();
     for (const std::size_t told : told_) {
-        if (told > kMostTold) {
-            console_.Tell(std::to_string(told - kMostTold) +
+        if (told > kMostPartsTold) {
+            console_.Tell(std::to_string(told - kMostPartsTold) +
                           " more parts; --report FILE names all");
         }
     }

@@ -17,6 +17,7 @@ BEYOND = (
     ("book/csv_words.cpp", "unicode/*"),
     ("book/mail/*.cpp", "gmime/*"),
     ("book/mail/gmime_use.h", "gmime/*"),
+    ("book/mail/raw_part.h", "gmime/*"),
     ("book_cli/*", "CLI/*"),
     ("book_cli/json_lines.cpp", "nlohmann/*"),
     ("cli/*", "CLI/*"),

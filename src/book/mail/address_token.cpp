@@ -12,8 +12,8 @@
 namespace orvik::book {
 namespace {
 
-constexpr std::size_t kLongestName = 64;
-constexpr std::size_t kLongestDomain = 255;
+constexpr std::size_t kLongestLocalPart = 64;
+constexpr std::size_t kLongestHost = 255;
 
 // Letters outside ASCII; marks and spaces of any script are none.
 bool IsLetter(char32_t code) {
@@ -70,12 +70,12 @@ Utf8Letter LetterBefore(std::string_view text, std::size_t end) {
 // Where the name before an @ begins; its own place if there is none.
 std::size_t BeginOfName(std::string_view line, std::size_t at) {
     if (at > 0 && line[at - 1] == '"') {
-        const std::size_t most = at - std::min(at, kLongestName);
+        const std::size_t most = at - std::min(at, kLongestLocalPart);
         const std::size_t open = at >= 2 ? line.rfind('"', at - 2) : std::string_view::npos;
         return open == std::string_view::npos || open < most || open + 2 >= at ? at : open;
     }
     // A name that is too long shows by one more.
-    constexpr std::size_t kMost = 4 * kLongestName;
+    constexpr std::size_t kMost = 4 * kLongestLocalPart;
     std::size_t begin = at;
     while (begin > 0 && at - begin <= kMost) {
         if (IsPlainAscii(line[begin - 1])) {
@@ -96,7 +96,7 @@ std::size_t BeginOfName(std::string_view line, std::size_t at) {
 
 std::size_t EndOfDomain(std::string_view line, std::size_t begin) {
     std::size_t end = begin;
-    while (end < line.size() && end - begin <= kLongestDomain) {
+    while (end < line.size() && end - begin <= kLongestHost) {
         const char c = line[end];
         if (IsPlainAscii(c)) {
             if (!IsLetterOrDigit(c) && c != '-' && c != '.') {
@@ -294,7 +294,7 @@ AddressToken TokenAt(std::string_view line, std::size_t at) {
         return {TokenKind::Id, line.substr(first, end - first), first};
     }
     TrimDomain(domain);
-    if (name.empty() || name.size() > kLongestName || !IsDomain(domain)) {
+    if (name.empty() || name.size() > kLongestLocalPart || !IsDomain(domain)) {
         return {};
     }
     const std::string_view text = line.substr(first, name.size() + 1 + domain.size());

@@ -20,25 +20,25 @@ struct FieldRow {
     std::string_view Name;
     MailField Field;
 };
-constexpr std::array kFields = {FieldRow{"From", MailField::From},
-                                FieldRow{"Sender", MailField::Sender},
-                                FieldRow{"Reply-To", MailField::ReplyTo},
-                                FieldRow{"To", MailField::To},
-                                FieldRow{"Cc", MailField::Cc},
-                                FieldRow{"Bcc", MailField::Bcc},
-                                FieldRow{"Resent-From", MailField::Resent},
-                                FieldRow{"Resent-Sender", MailField::Resent},
-                                FieldRow{"Resent-Reply-To", MailField::Resent},
-                                FieldRow{"Resent-To", MailField::Resent},
-                                FieldRow{"Resent-Cc", MailField::Resent},
-                                FieldRow{"Resent-Bcc", MailField::Resent}};
+constexpr std::array kPeopleFields = {FieldRow{"From", MailField::From},
+                                      FieldRow{"Sender", MailField::Sender},
+                                      FieldRow{"Reply-To", MailField::ReplyTo},
+                                      FieldRow{"To", MailField::To},
+                                      FieldRow{"Cc", MailField::Cc},
+                                      FieldRow{"Bcc", MailField::Bcc},
+                                      FieldRow{"Resent-From", MailField::Resent},
+                                      FieldRow{"Resent-Sender", MailField::Resent},
+                                      FieldRow{"Resent-Reply-To", MailField::Resent},
+                                      FieldRow{"Resent-To", MailField::Resent},
+                                      FieldRow{"Resent-Cc", MailField::Resent},
+                                      FieldRow{"Resent-Bcc", MailField::Resent}};
 
 std::optional<MailField> FieldCalled(std::string_view name) {
     const auto* const found =
-        std::find_if(kFields.begin(), kFields.end(), [name](const FieldRow& one) {
+        std::find_if(kPeopleFields.begin(), kPeopleFields.end(), [name](const FieldRow& one) {
             return SameName(one.Name, name);
         });
-    return found == kFields.end() ? std::nullopt : std::optional(found->Field);
+    return found == kPeopleFields.end() ? std::nullopt : std::optional(found->Field);
 }
 
 bool HoldsIds(std::string_view name) {

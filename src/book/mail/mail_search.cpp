@@ -77,7 +77,7 @@ class Pieces {
     bool old_mac_ = false;
 };
 
-bool IsBlank(std::string_view text) {
+bool IsAllBlank(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
 
@@ -149,7 +149,7 @@ void MailSearch::LookAtFolder(const MailWalk::File& file, const NextPiece& next)
     for (MboxMessage message; reader.Next(message);) {
         if (message.IsRest) {
             TakeRest(file, message.Text, message.Line);
-        } else if (!message.Marker.empty() || !IsBlank(message.Text)) {
+        } else if (!message.Marker.empty() || !IsAllBlank(message.Text)) {
             TakeMessage(file, message.Text, message.Marker, message.Line);
         }
     }

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
+
+#include "book/address_letters.h"
 
 namespace orvik::book {
 namespace {
@@ -10,11 +11,7 @@ namespace {
 constexpr std::string_view kFrom = "From ";
 constexpr std::string_view kQuoted = ">From ";
 // A marker and the line behind it are never longer than what is looked at.
-constexpr std::size_t kLongestLine = 8192;
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
+constexpr std::size_t kLongestLookedAt = 8192;
 
 template <std::size_t count>
 bool IsOneOf(std::string_view word, const std::array<std::string_view, count>& words) {
@@ -118,7 +115,7 @@ bool MboxReader::Fill() {
 }
 
 std::string_view MboxReader::LineAt(std::size_t at) const {
-    const std::string_view rest = std::string_view(buffer_).substr(at, kLongestLine);
+    const std::string_view rest = std::string_view(buffer_).substr(at, kLongestLookedAt);
     std::string_view line = rest.substr(0, rest.find('\n'));
     if (line.ends_with('\r')) {
         line.remove_suffix(1);
@@ -133,13 +130,13 @@ bool MboxReader::HasLines(std::size_t at, std::size_t count) {
     while (count > 0) {
         const std::size_t end = buffer_.find('\n', at_ + from);
         const bool whole = end != std::string::npos;
-        if (!whole && buffer_.size() - at_ - from < kLongestLine) {
+        if (!whole && buffer_.size() - at_ - from < kLongestLookedAt) {
             if (!Fill()) {
                 return false;
             }
             continue;
         }
-        from = whole ? end - at_ + 1 : from + kLongestLine;
+        from = whole ? end - at_ + 1 : from + kLongestLookedAt;
         --count;
     }
     return true;

@@ -10,10 +10,12 @@
 
 #include "book/field_names.h"
 #include "book/mail/gmime_use.h"
+#include "book/mail/hostile_message.h"
 #include "book/mail/html_text.h"
 #include "book/mail/mail_headers.h"
 #include "book/mail/part_kind.h"
 #include "book/mail/part_text.h"
+#include "book/mail/raw_part.h"
 #include "book/mail/text_addresses.h"
 
 namespace orvik::book {
@@ -26,63 +28,8 @@ std::string_view TextOf(const char* text) {
     return text == nullptr ? std::string_view() : std::string_view(text);
 }
 
-// Where a part stands in its message, which is in memory.
-struct RawPart {
-    std::string_view All;
-    std::size_t Begin = 0;
-    std::size_t End = 0;
-
-    [[nodiscard]] std::string_view Text() const { return All.substr(Begin, End - Begin); }
-};
-
-RawPart RawOf(GMimePart* part) {
-    GMimeDataWrapper* const content = g_mime_part_get_content(part);
-    GMimeStream* const stream =
-        content == nullptr ? nullptr : g_mime_data_wrapper_get_stream(content);
-    if (stream == nullptr || GMIME_IS_STREAM_MEM(stream) == 0) {
-        return {};
-    }
-    const GByteArray* const bytes = g_mime_stream_mem_get_byte_array(GMIME_STREAM_MEM(stream));
-    const auto begin = static_cast<std::size_t>(std::max<gint64>(stream->bound_start, 0));
-    const std::size_t end =
-        stream->bound_end < 0
-            ? bytes->len
-            : std::min<std::size_t>(static_cast<std::size_t>(stream->bound_end), bytes->len);
-    const std::string_view all(reinterpret_cast<const char*>(bytes->data), bytes->len);
-    return {all, std::min(begin, end), end};
-}
-
-// What stands before a body instead of a header: the library drops lines that are no fields.
-std::string_view LinesBefore(const RawPart& body) {
-    constexpr std::string_view kBreaks = "\r\n";
-    std::string_view text = body.All.substr(0, body.Begin);
-    text = text.substr(0, text.find_last_not_of(kBreaks) + 1);
-    const std::size_t unix_gap = text.rfind("\n\n");
-    const std::size_t dos_gap = text.rfind("\n\r\n");
-    const std::size_t gap = unix_gap == std::string_view::npos  ? dos_gap
-                            : dos_gap == std::string_view::npos ? unix_gap
-                                                                : std::max(unix_gap, dos_gap);
-    return gap == std::string_view::npos ? std::string_view() : text.substr(gap);
-}
-
 void UnrefBytes(GByteArray* bytes) {
     g_byte_array_unref(bytes);
-}
-
-// Lines that are folded, as calendars and cards have them, are put together.
-std::string Unfolded(std::string_view text) {
-    std::string whole;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const std::size_t end = text[i] == '\r' && i + 1 < text.size() ? i + 1 : i;
-        const bool folded = text[end] == '\n' && end + 1 < text.size() &&
-                            (text[end + 1] == ' ' || text[end + 1] == '\t');
-        if (folded) {
-            i = end + 1;
-        } else {
-            whole += text[i];
-        }
-    }
-    return whole;
 }
 
 }  // namespace
@@ -368,13 +315,26 @@ MessageReader::~MessageReader() = default;
 
 MailFindings MessageReader::Read(std::string_view message, std::string_view marker) {
     MailFindings findings;
+    const bool groups = HasTooManyGroups(message);
+    const bool parts = !groups && HasTooManyParts(message);
+    if (groups || parts) {
+        findings.Notes.push_back(
+            {false,
+             "1",
+             groups ? "has too many groups to be mail" : "has too many parts to be mail"});
+    }
+    // Of a message with too many parts the header is read as that of any other.
+    const std::size_t gap = std::min(message.find("\n\n"), message.find("\n\r\n"));
+    const std::size_t length = parts ? std::min(gap, message.size()) : message.size();
     g_byte_array_set_size(library_->Bytes, 0);
     g_byte_array_append(library_->Bytes,
                         reinterpret_cast<const guint8*>(message.data()),
-                        static_cast<guint>(message.size()));
+                        static_cast<guint>(groups ? 0 : length));
     if (const GRef<GMimeObject> root = library_->Parse(library_->Bytes)) {
         Walk(*library_, headers_only_, findings).Take(root.get(), marker);
-    } else if (!headers_only_) {
+        message.remove_prefix(groups ? 0 : length);
+    }
+    if (!headers_only_) {
         ReadText(message, findings);
     }
     // A text may repeat the identifiers that the headers hold.

@@ -10,7 +10,7 @@ namespace orvik::book {
 namespace {
 
 constexpr std::size_t kMostNames = 16;
-constexpr std::size_t kMostPlaces = 20;
+constexpr std::size_t kMostPlacesKept = 20;
 constexpr std::uint32_t kNobody = ~std::uint32_t{0};
 
 char Lower(char c) {
@@ -171,7 +171,7 @@ void People::AddMention(const Mention& mention, const std::string& place, std::u
     if (!places.empty() && places_[places.back().File] == place) {
         places.back().Fields |= field;
         places.back().Count += is_new ? 1U : 0U;
-    } else if (places.size() < kMostPlaces) {
+    } else if (places.size() < kMostPlacesKept) {
         places.push_back({PlaceNumber(place), field, 1});
     } else {
         person->MorePlaces = true;

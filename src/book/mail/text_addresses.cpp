@@ -10,7 +10,7 @@
 namespace orvik::book {
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kLineBlanks = " \t";
 
 bool IsBlank(char c) {
     return c == ' ' || c == '\t';
@@ -130,7 +130,7 @@ bool TextAddresses::BeginsOrEndsBlock(std::string_view line) {
 
 void TextAddresses::LookAtLine(std::string_view line) {
     const std::string_view plain = Unquoted(line);
-    const std::size_t text = std::min(plain.find_first_not_of(kBlanks), plain.size());
+    const std::size_t text = std::min(plain.find_first_not_of(kLineBlanks), plain.size());
     if (text == plain.size()) {
         names_nobody_ = false;
         return;

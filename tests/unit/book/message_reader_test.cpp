@@ -208,6 +208,20 @@ TEST(MessageReader, EndsWhereThePartsAreTooDeep) {
     EXPECT_NE("", PeopleOf(parts + "\na@x.example\n"));
 }
 
+TEST(MessageReader, IsNotHarmedByMessages) {
+    std::string groups = "To: ";
+    std::string parts = "From: a@x.example\n" + kMixed + "b@x.example\n";
+    for (int i = 0; i < 100'000; ++i) {
+        groups += "a:";
+        parts += "--b\n\n";
+    }
+    EXPECT_EQ("body:<c@x.example> [1 has too many groups to be mail]",
+              PeopleOf(groups + " c@x.example\n\n"));
+    EXPECT_EQ("From:<a@x.example> body:<b@x.example> [1 has too many parts to be mail]",
+              PeopleOf(parts));
+    EXPECT_EQ("From:<a@x.example> [1 has too many parts to be mail]", PeopleOf(parts, true));
+}
+
 TEST(MessageReader, KnowsTheDate) {
     MessageReader reader(false);
     EXPECT_EQ(883645200, reader.Read("Date: Thu, 1 Jan 1998 10:00:00 +0100\n\n", {}).Time);
