@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "book/address_book.h"
 #include "book/differences.h"
@@ -34,6 +35,27 @@ class Catalogue {
 // PrintRecord: a line {"kind":"person","uid":...,"origin":{"file":...,"line":...}}. Bytes that are
 // no text become U+FFFD.
 void PrintRecord(std::ostream& out, const Catalogue& from, std::size_t contact);
+
+// What is told of a person who was found in mail, besides the record.
+struct FoundEntry {
+    std::size_t Count = 0;
+    // Times as "2001-03-04T10:00:00Z"; empty for none.
+    std::string First;
+    std::string Last;
+    struct Place {
+        std::string_view File;
+        std::vector<std::string_view> Fields;
+        std::size_t Count = 0;
+    };
+    std::vector<Place> Seen;
+    bool SeenElsewhere = false;
+};
+// PrintFound: a record as PrintRecord does, with "count", "first", "last", "seen" and
+// "seen_elsewhere" behind it; a time that nobody knows is null.
+void PrintFound(std::ostream& out,
+                const Catalogue& from,
+                std::size_t contact,
+                const FoundEntry& found);
 
 // PrintDifference: the same of a contact that is only in one book, or changed, with what that is
 // and the names of the fields that differ.

@@ -33,7 +33,8 @@ ExitStatus Trap(Console& console, const std::function<void()>& act) {
 }  // namespace
 
 ExitStatus Outputs::Check() {
-    const bool to_file = arguments_.What == Verb::Convert && arguments_.Output != kStandardStream;
+    const bool writes = arguments_.What == Verb::Convert || arguments_.What == Verb::Find;
+    const bool to_file = writes && arguments_.Output != kStandardStream;
     book_.Name = to_file && arguments_.Split == 0 ? arguments_.Output : "";
     report_.Name = arguments_.Report;
     if (IsRead(kOutputPath)) {

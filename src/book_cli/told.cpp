@@ -84,6 +84,15 @@ std::string Counted(std::size_t count, const std::string& one, const std::string
     return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
+std::string Grouped(std::size_t number) {
+    constexpr std::size_t kGroup = 3;
+    std::string text = std::to_string(number);
+    for (std::size_t at = text.size(); at > kGroup; at -= kGroup) {
+        text.insert(at - kGroup, " ");
+    }
+    return text;
+}
+
 std::string RangeOf(const std::string& first, const std::string& last) {
     return Printable(first) + (first == last ? "" : " to " + Printable(last));
 }
@@ -101,8 +110,9 @@ std::string Shortened(std::string_view value) {
 }
 
 std::string RemarkText(const book::Book& book, const book::Remark& remark) {
-    std::string text =
-        "line " + std::to_string(remark.Line) + ": " + std::string(NameOf(remark.Kind)) + ": ";
+    // People of mail stand in no line.
+    std::string text = remark.Line == 0 ? "" : "line " + std::to_string(remark.Line) + ": ";
+    text.append(NameOf(remark.Kind)).append(": ");
     text += remark.Field;
     text += remark.Field.empty() || remark.Value.empty() ? "" : " ";
     if (!remark.Value.empty()) {

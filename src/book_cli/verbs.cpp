@@ -15,6 +15,8 @@ cli::ExitStatus Run(const Arguments& arguments, Console& console) {
             return Check(arguments, console, outputs);
         case Verb::Diff:
             return Diff(arguments, console, outputs);
+        case Verb::Find:
+            return Find(arguments, console, outputs);
         case Verb::Show:
             break;
     }

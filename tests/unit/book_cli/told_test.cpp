@@ -120,6 +120,14 @@ TEST_F(ToldTest, ProgressIsShownOncePerPercentage) {
     EXPECT_THAT(err.str(), testing::EndsWith("\r"));
 }
 
+TEST(Grouped, HasThreeDigitsInAGroup) {
+    EXPECT_EQ("0", Grouped(0));
+    EXPECT_EQ("999", Grouped(999));
+    EXPECT_EQ("1 000", Grouped(1000));
+    EXPECT_EQ("51 798", Grouped(51798));
+    EXPECT_EQ("12 345 678", Grouped(12345678));
+}
+
 TEST(ProgressTest, ReadersAndWritersSayHowFarTheyAre) {
     book::Book book;
     const std::string card = "BEGIN:VCARD\nVERSION:3.0\nFN:Al\nEND:VCARD\n";
