@@ -68,6 +68,8 @@ class Book {
     void SetValue(Contact& contact, std::size_t property, std::string_view value);
     void Add(Contact& contact, NameId name, std::string_view value);
     void Remove(Contact& contact, std::size_t property);
+    // All of its properties at once.
+    void Replace(Contact& contact, std::vector<Property>& properties);
 
     // The bytes of a contact in its source; empty for one that came from none.
     [[nodiscard]] std::string_view BytesOf(const Contact& contact) const;
@@ -84,6 +86,8 @@ class Book {
     static constexpr std::size_t kMostCopied = 4096;
 
     void CountRead(Contact& contact);
+    // The properties in the arena, where they are not too many.
+    std::span<Property> KeepFields(std::vector<Property>& properties);
     [[nodiscard]] std::string_view TextOf(const Origin& from) const;
 
     std::deque<std::unique_ptr<Source>> sources_;

@@ -36,18 +36,6 @@ std::string Counted(std::size_t count, const std::string& one, const std::string
     return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
-std::string Shortened(std::string_view value) {
-    constexpr std::size_t kLongest = 60;
-    if (value.size() <= kLongest) {
-        return std::string(value);
-    }
-    std::size_t end = kLongest;
-    while (end > 0 && (static_cast<unsigned char>(value[end]) & 0xC0U) == 0x80) {
-        --end;
-    }
-    return std::string(value.substr(0, end)) + "...";
-}
-
 std::string RemarkText(const book::Book& book, const book::Remark& remark) {
     std::string text =
         "line " + std::to_string(remark.Line) + ": " + std::string(NameOf(remark.Kind)) + ": ";

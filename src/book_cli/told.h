@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "book/utf8.h"
 #include "book_cli/console.h"
 #include "book_cli/inputs.h"
 #include "book_cli/json_lines.h"
@@ -19,8 +20,7 @@ namespace orvik::book_cli {
                                   const std::string& one,
                                   const std::string& many);
 
-// Shortened: the beginning of a long value, without a letter that is cut.
-[[nodiscard]] std::string Shortened(std::string_view value);
+using book::Shortened;
 
 // RemarkText: "line 3: lost: TEL "5": has no place in the target", with a long value cut.
 [[nodiscard]] std::string RemarkText(const book::Book& book, const book::Remark& remark);

@@ -15,6 +15,8 @@ BEYOND = (
     ("book/charset_guess.cpp", "uchardet/*"),
     ("book/unseen_letters.cpp", "unicode/*"),
     ("book/csv_words.cpp", "unicode/*"),
+    ("book/match/*.cpp", "unicode/*"),
+    ("book/order.cpp", "unicode/*"),
     ("book_cli/*", "CLI/*"),
     ("book_cli/json_lines.cpp", "nlohmann/*"),
     ("cli/*", "CLI/*"),
