@@ -45,6 +45,18 @@ void Book::TellLosses(const Contact& contact) {
     }
 }
 
+void Book::TellMissing(const Contact& list, const Property& member) {
+    if (!left_out_.contains(member.Value.data())) {
+        Told.Add({Names.Text(member.Name),
+                  member.Value,
+                  list.From.File,
+                  list.From.Line,
+                  FieldNames::kNone,
+                  What::Skipped,
+                  Reason::NotFound});
+    }
+}
+
 void Book::CountWritten(std::size_t count) const {
     if (HowFar) {
         HowFar(count, Contacts.size());

@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "book/arena.h"
@@ -71,6 +72,11 @@ class Book {
     // All of its properties at once.
     void Replace(Contact& contact, std::vector<Property>& properties);
 
+    // Members of lists who are no record of the book on purpose are not missed.
+    void LeaveOut(const Property& member) { left_out_.insert(member.Value.data()); }
+    // Tells of a member of a list who is no record of the book.
+    void TellMissing(const Contact& list, const Property& member);
+
     // The bytes of a contact in its source; empty for one that came from none.
     [[nodiscard]] std::string_view BytesOf(const Contact& contact) const;
 
@@ -98,6 +104,8 @@ class Book {
     std::deque<std::vector<Property>> long_rows_;
     std::deque<std::vector<Param>> long_params_;
     std::deque<Details> details_;
+    // Where the values of these members stand.
+    std::unordered_set<const char*> left_out_;
 };
 
 }  // namespace orvik::book

@@ -37,17 +37,17 @@ struct Named {
 };
 
 constexpr std::array kKinds = {
-    Named{"home", "home"},
-    Named{"work", "work"},
-    Named{"business", "work"},
-    Named{"other", "other"},
-    Named{"mobile", "cell"},
-    Named{"main", "main"},
-    Named{"pager", "pager"},
-    Named{"fax", "fax"},
-    Named{"home fax", "home fax"},
-    Named{"work fax", "work fax"},
-    Named{"other fax", "other fax"},
+    Named{"Home", "home"},
+    Named{"Work", "work"},
+    Named{"Business", "work"},
+    Named{"Other", "other"},
+    Named{"Mobile", "cell"},
+    Named{"Main", "main"},
+    Named{"Pager", "pager"},
+    Named{"Fax", "fax"},
+    Named{"Home Fax", "home fax"},
+    Named{"Work Fax", "work fax"},
+    Named{"Other Fax", "other fax"},
     Named{"", ""},
 };
 
@@ -82,6 +82,12 @@ CsvKind CsvKindOf(std::string_view text) {
         kind.Types += kind.Types.empty() ? "pref" : " pref";
     }
     return kind;
+}
+
+std::string_view WordOfTypes(std::string_view types) {
+    const auto* const found = std::find_if(
+        kKinds.begin(), kKinds.end(), [types](const Named& one) { return one.Types == types; });
+    return found == kKinds.end() ? std::string_view{} : found->Text;
 }
 
 std::string DateOfParts(std::string_view year, std::string_view month, std::string_view day) {

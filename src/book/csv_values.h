@@ -21,6 +21,10 @@ struct CsvKind {
 //   "* Work Fax" -> "work fax pref";  "Mobile" -> "cell";  "* Boat" -> "pref", label "Boat"
 [[nodiscard]] CsvKind CsvKindOf(std::string_view text);
 
+// WordOfTypes: the kind that these types are, as Google calls it; empty for none.
+//   "work fax" -> "Work Fax";  "cell" -> "Mobile"
+[[nodiscard]] std::string_view WordOfTypes(std::string_view types);
+
 // DateOfParts: "1980", "4", "12" -> "1980-04-12";  "", "4", "12" -> "--04-12";  empty for what is
 // no date.
 [[nodiscard]] std::string DateOfParts(std::string_view year,

@@ -183,6 +183,8 @@ class Side {
 };
 
 using Key = std::string (Side::*)(std::size_t) const;
+// From the surest on.
+constexpr std::array<Key, 3> kKeys = {&Side::UidKey, &Side::ContentKey, &Side::NameKey};
 
 // Finds for each contact of the left book that has none yet one of the right book with an equal
 // key.
@@ -220,7 +222,7 @@ std::vector<Compared> Compare(const Book& left,
     Side one(left, left_uids);
     Side other(right, right_uids);
     std::vector<Compared> found(one.Count());
-    for (const Key key : {&Side::UidKey, &Side::ContentKey, &Side::NameKey}) {
+    for (const Key key : kKeys) {
         Pair(one, other, key, found);
     }
     for (std::size_t i = 0; i < found.size(); ++i) {
@@ -239,6 +241,32 @@ std::vector<Compared> Compare(const Book& left,
         }
     }
     return found;
+}
+
+std::vector<bool> KnownIn(const Book& older,
+                          const Identities& older_uids,
+                          const Book& book,
+                          const Identities& uids) {
+    const Side there(older, older_uids);
+    const Side here(book, uids);
+    // A list is not the person that is called as it is.
+    const auto full_key = [](const Side& side, const Book& of, Key key, std::size_t i) {
+        std::string text = (side.*key)(i);
+        text.insert(0, text.empty() ? "" : of.Contacts[i].Kind == ContactKind::List ? "l" : "p");
+        return text;
+    };
+    std::vector<bool> known(here.Count(), false);
+    for (const Key key : kKeys) {
+        std::unordered_set<std::string> keys;
+        for (std::size_t i = 0; i < there.Count(); ++i) {
+            keys.insert(full_key(there, older, key, i));
+        }
+        keys.erase("");
+        for (std::size_t i = 0; i < known.size(); ++i) {
+            known[i] = known[i] || keys.contains(full_key(here, book, key, i));
+        }
+    }
+    return known;
 }
 
 }  // namespace orvik::book

@@ -39,4 +39,11 @@ struct Compared {
                                             const Book& right,
                                             const Identities& right_uids);
 
+// KnownIn: for each contact of a book whether an older one has it: of the same kind, and the same
+// person as Compare has it, however often.
+[[nodiscard]] std::vector<bool> KnownIn(const Book& older,
+                                        const Identities& older_uids,
+                                        const Book& book,
+                                        const Identities& uids);
+
 }  // namespace orvik::book

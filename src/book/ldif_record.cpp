@@ -75,12 +75,16 @@ void LdifRecordWriter::WriteHead(const Identities& identities, std::size_t numbe
             AppendLdifLine("objectclass", "organizationalPerson", text_);
             AppendLdifLine("objectclass", "inetOrgPerson", text_);
         }
-        if (set_ == LdifAttributes::Mozilla) {
+        if (IsOfMozilla()) {
             AppendLdifLine("objectclass", "mozillaAbPersonAlpha", text_);
         }
     }
     if (!shown_.empty() && !HasNul(shown_)) {
         AppendLdifLine("cn", shown_, text_);
+        // KContacts calls its lists so, and knows no other name of one.
+        if (set_ == LdifAttributes::KContacts && contact_->Kind == ContactKind::List) {
+            AppendLdifLine("display-name", shown_, text_);
+        }
     }
 }
 
@@ -130,6 +134,9 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteNatural(const Property& one) {
         case field::kEmail:
             if (of_evolution_) {
                 return WriteMember(one);
+            }
+            if (set_ == LdifAttributes::Thunderbird && emails_ >= kAddressesOfThunderbird) {
+                return Fit::None;
             }
             Line(EmailNames(emails_++), one.Value);
             return HasTypeOnly(one, "internet") ? Fit::All : fit_of_params;
@@ -208,7 +215,7 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteNickname(const Property& one) {
             continue;
         }
         Line(SimpleNames(field::kNickname), text);
-        if (set_ == LdifAttributes::Mozilla) {
+        if (IsOfMozilla()) {
             // The only name that Evolution and others know.
             AppendLdifLine("xmozillanickname", text, text_);
         }
@@ -331,6 +338,10 @@ bool LdifRecordWriter::Line(const LdifNames& names, std::string_view value) {
     }
     AppendLdifLine(name, value, text_);
     return true;
+}
+
+bool LdifRecordWriter::IsOfMozilla() const {
+    return set_ == LdifAttributes::Mozilla || set_ == LdifAttributes::Thunderbird;
 }
 
 bool LdifRecordWriter::IsBare(const Property& one) const {

@@ -45,6 +45,7 @@ class LdifRecordWriter {
     void WriteCarried(const Property& one, Fit fit);
     void Tell(const Property& one, std::string_view attribute);
     bool Line(const LdifNames& names, std::string_view value);
+    [[nodiscard]] bool IsOfMozilla() const;
     [[nodiscard]] bool IsOfOtherClass() const;
     [[nodiscard]] bool IsRepeated(const Property& one) const;
     [[nodiscard]] bool IsOfOnePlace(const Property& one, const Property& other) const;

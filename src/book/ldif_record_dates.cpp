@@ -101,13 +101,7 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteMember(const Property& one) {
         all = false;
     }
     if (!found) {
-        book_.Told.Add({book_.Names.Text(one.Name),
-                        one.Value,
-                        contact_->From.File,
-                        contact_->From.Line,
-                        FieldNames::kNone,
-                        What::Skipped,
-                        Reason::NotFound});
+        book_.TellMissing(*contact_, one);
     }
     AppendLdifLine("member", dn, text_);
     return all ? Fit::All : Fit::Part;

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -11,10 +12,11 @@
 
 namespace orvik::book {
 
-enum class LdifAttributes : std::uint8_t { Mozilla, Netscape, KContacts, Evolution };
+// Thunderbird has the attributes of Mozilla, but of several mail lines it keeps the last one.
+enum class LdifAttributes : std::uint8_t { Mozilla, Netscape, KContacts, Evolution, Thunderbird };
 
-// The attributes of one field in each set, in the order of LdifAttributes; empty where the program
-// has none.
+// The attributes of one field in each set; empty where the program has none. Thunderbird's are
+// those of Mozilla.
 struct LdifNames {
     std::string_view Mozilla;
     std::string_view Netscape;
@@ -39,6 +41,9 @@ struct PhoneNames {
 
 // What a property of another kind is called; all empty for one that no program has.
 [[nodiscard]] LdifNames SimpleNames(NameId name);
+
+// How many e-mail addresses of a person Thunderbird reads.
+inline constexpr std::size_t kAddressesOfThunderbird = 2;
 
 // The e-mail address with this number, from 0.
 [[nodiscard]] LdifNames EmailNames(std::size_t number);

@@ -42,7 +42,14 @@ std::string_view WordsFor(Reason reason) {
         "has lines that look like rows of their own",
         "stands behind the last column",
         "is the header once more",
-        "was parted at a blank into given and family name, as all such names of the file"};
+        "was parted at a blank into given and family name, as all such names of the file",
+        "is kept without its kind",
+        "has letters that the target's set has not",
+        "is a list, and the target knows none",
+        "is a list in a list: its members are put into the outer one",
+        "is one more than the program takes",
+        "is larger than the program takes",
+        "has members in other files"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];
 }

@@ -48,6 +48,13 @@ enum class Reason : std::uint8_t {
     NoColumn,        // a cell behind the last column
     HeaderAgain,     // the header of a table inside of it
     GuessedName,     // a name in one piece that was parted
+    NoKind,          // a phone or an address whose kind the target cannot tell
+    NoSuchLetter,    // letters that are not in the target's set
+    NoLists,         // a list, of which the target knows none
+    ListInList,      // a list in a list, where the target knows members only
+    TooMany,         // one more than the program takes
+    TooLarge,        // more bytes than the program takes
+    Elsewhere,       // a list whose members are in several files
     kCount
 };
 

@@ -107,7 +107,7 @@ void VCardContacts::Judge(const std::vector<TextRow>& rows) {
 
 void VCardContacts::TakeRow(const TextRow& row) {
     params_.clear();
-    const auto parts = SplitVCardLine(row.Text);
+    auto parts = SplitVCardLine(row.Text);
     if (!parts) {
         const VCardParts none{{}, {}, {}, row.Text};
         Doubt(Reason::NoField, none);
@@ -123,6 +123,9 @@ void VCardContacts::TakeRow(const TextRow& row) {
     }
     const Manner manner = TakeParams(*parts);
     const std::string_view value = TakeBreaks(name, ValueOf(name, *parts, manner));
+    if (const auto group = TakeOwnParam(kGroupParam); group && parts->Group.empty()) {
+        parts->Group = *group;
+    }
     FindKind(name, value);
     constexpr std::size_t kNameParts = 5;
     if (name == field::kN && PartCount(value) < kNameParts) {
@@ -131,23 +134,22 @@ void VCardContacts::TakeRow(const TextRow& row) {
     properties_.push_back({value, name, file_, row.Number, DetailsOf(*parts)});
 }
 
-// The parameter that Orvik added is gone when its value is read.
-std::string_view VCardContacts::TakeBreaks(NameId name, std::string_view value) {
-    if (params_.empty()) {
-        return value;
-    }
-    const NameId id = book_.Names.Find(kBreaksParam);
-    const auto found = id == FieldNames::kNone
-                           ? params_.end()
-                           : std::find_if(params_.begin(), params_.end(), [id](const Param& param) {
-                                 return param.Name == id;
-                             });
+// A parameter that Orvik added is gone when it is read.
+std::optional<std::string_view> VCardContacts::TakeOwnParam(std::string_view own) {
+    const NameId id = params_.empty() ? FieldNames::kNone : book_.Names.Find(own);
+    const auto found = std::find_if(
+        params_.begin(), params_.end(), [id](const Param& param) { return param.Name == id; });
     if (found == params_.end()) {
-        return value;
+        return std::nullopt;
     }
-    const std::string text = WithBreaks(value, found->Value, ValueFormOf(book_.Names, name));
+    const std::string_view value = found->Value;
     params_.erase(found);
-    return book_.Keep(text);
+    return value;
+}
+
+std::string_view VCardContacts::TakeBreaks(NameId name, std::string_view value) {
+    const auto breaks = TakeOwnParam(kBreaksParam);
+    return breaks ? book_.Keep(WithBreaks(value, *breaks, ValueFormOf(book_.Names, name))) : value;
 }
 
 // Fields with the same parameters follow each other, and share them.

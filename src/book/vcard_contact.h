@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,7 @@ class VCardContacts {
     void TakeTypes(NameId name, std::string_view value, const VCardParts& parts);
     std::string_view ParamText(std::string_view value, const VCardParts& parts);
     std::string_view ValueOf(NameId name, const VCardParts& parts, const Manner& manner);
+    std::optional<std::string_view> TakeOwnParam(std::string_view own);
     std::string_view TakeBreaks(NameId name, std::string_view value);
     std::string_view OldValue(ValueForm form, const VCardParts& parts, const Manner& manner);
     std::string_view Base64Of(const VCardParts& parts);

@@ -15,6 +15,9 @@ namespace orvik::book {
 
 enum class VCardEncoding : std::uint8_t { None, QuotedPrintable, Base64 };
 
+// Tells the group of a line that is written without it, for readers who pass over groups.
+inline constexpr std::string_view kGroupParam = "X-ORVIK-GROUP";
+
 struct VCardParts {
     std::string_view Group;  // before the dot; empty for none
     std::string_view Name;

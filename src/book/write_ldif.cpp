@@ -7,8 +7,9 @@
 
 namespace orvik::book {
 
-std::string WriteLdif(Book& book, std::optional<LdifAttributes> set) {
-    if (const auto bytes = set ? std::nullopt : UnchangedFile(book, Dialect::Ldif)) {
+std::string WriteLdif(Book& book, std::optional<LdifAttributes> set, RecordPlaces* places) {
+    const bool whole = !set && places == nullptr;
+    if (const auto bytes = whole ? UnchangedFile(book, Dialect::Ldif) : std::nullopt) {
         CountAllKept(book);
         return std::string(*bytes);
     }
@@ -19,6 +20,9 @@ std::string WriteLdif(Book& book, std::optional<LdifAttributes> set) {
     LdifRecordWriter writer(book, directory, set.value_or(LdifAttributes::Mozilla), text);
     for (std::size_t i = 0; i < book.Contacts.size(); ++i) {
         const Contact& contact = book.Contacts[i];
+        if (places != nullptr) {
+            places->push_back(text.size());
+        }
         text += '\n';
         if (const auto bytes = set ? std::nullopt : UnchangedRecord(book, contact, Dialect::Ldif)) {
             text.append(*bytes);
@@ -28,6 +32,9 @@ std::string WriteLdif(Book& book, std::optional<LdifAttributes> set) {
             writer.Write(contact, identities, i);
         }
         book.CountWritten(i + 1);
+    }
+    if (places != nullptr) {
+        places->push_back(text.size());
     }
     return text;
 }

@@ -14,24 +14,38 @@
 #include "book/value_form.h"
 #include "book/vcard_fields.h"
 #include "book/vcard_line_writer.h"
+#include "book/vcard_lines.h"
 
 namespace orvik::book {
 namespace {
 
 class CardWriter {
  public:
-    CardWriter(Book& book, Dialect version)
-        : book_(book), version_(version), identities_(book), directory_(book, identities_) {}
+    CardWriter(Book& book, Dialect version, GroupForm groups)
+        : book_(book),
+          version_(version),
+          groups_(groups),
+          identities_(book),
+          directory_(book, identities_) {}
 
-    std::string WriteAll() {
-        if (const auto bytes = UnchangedFile(book_, version_)) {
+    std::string WriteAll(RecordPlaces* places) {
+        const bool whole = places == nullptr &&
+                           std::none_of(book_.Contacts.begin(),
+                                        book_.Contacts.end(),
+                                        [this](const Contact& one) { return HidesLines(one); });
+        if (const auto bytes = whole ? UnchangedFile(book_, version_) : std::nullopt) {
             CountAllKept(book_);
             return std::string(*bytes);
         }
         text_.reserve(book_.LikelyLength());
         for (std::size_t i = 0; i < book_.Contacts.size(); ++i) {
             const Contact& contact = book_.Contacts[i];
-            if (const auto bytes = UnchangedRecord(book_, contact, version_)) {
+            if (places != nullptr) {
+                places->push_back(text_.size());
+            }
+            if (const auto bytes = HidesLines(contact)
+                                       ? std::nullopt
+                                       : UnchangedRecord(book_, contact, version_)) {
                 text_.append(*bytes);
                 text_.append(text_.ends_with('\n') || text_.ends_with('\r') ? "" : "\r\n");
                 book_.Told.CountMore(What::Kept, contact.Properties.size());
@@ -39,6 +53,9 @@ class CardWriter {
                 Write(contact, i);
             }
             book_.CountWritten(i + 1);
+        }
+        if (places != nullptr) {
+            places->push_back(text_.size());
         }
         return std::move(text_);
     }
@@ -102,7 +119,7 @@ class CardWriter {
             !SameName(one.Value, "group")) {
             name = {std::string(kCarriedFromVCard) + "KIND", true};
         }
-        std::string line = GroupOf(details) + name.Text;
+        std::string line = StartOf(one, name.Text);
         const bool whole = AppendParams(one, details, line);
         if (const std::string breaks = BreaksOf(one.Value, ValueFormOf(book_.Names, one.Name));
             !breaks.empty()) {
@@ -114,8 +131,25 @@ class CardWriter {
         Tell(contact, one, whole ? What::Kept : What::Doubtful, name);
     }
 
-    [[nodiscard]] static std::string GroupOf(const Details& details) {
-        return details.Group.empty() ? "" : std::string(details.Group) + ".";
+    // Whether the program would pass over the line for its group.
+    [[nodiscard]] bool IsHidden(const Property& one) const {
+        return groups_ == GroupForm::Param && one.Name != field::kAbLabel &&
+               !book_.DetailsOf(one).Group.empty();
+    }
+    [[nodiscard]] bool HidesLines(const Contact& contact) const {
+        return std::any_of(contact.Properties.begin(),
+                           contact.Properties.end(),
+                           [this](const Property& one) { return IsHidden(one); });
+    }
+
+    [[nodiscard]] std::string StartOf(const Property& one, const std::string& name) const {
+        const std::string group(book_.DetailsOf(one).Group);
+        if (!IsHidden(one)) {
+            return group.empty() ? name : group + "." + name;
+        }
+        std::string line = name;
+        static_cast<void>(AppendParam(version_, kGroupParam, group, line));
+        return line;
     }
 
     bool AppendParams(const Property& one, const Details& details, std::string& line) {
@@ -196,7 +230,7 @@ class CardWriter {
         const ListMember member = directory_.MemberOf(one);
         const VCardName name = NameIn(version_, "MEMBER");
         const bool found = member.Record != ListMember::kNobody;
-        std::string line = GroupOf(book_.DetailsOf(one)) + name.Text;
+        std::string line = StartOf(one, name.Text);
         bool whole = AppendParams(one, book_.DetailsOf(one), line);
         std::string value(one.Value);
         if (found) {
@@ -213,13 +247,7 @@ class CardWriter {
         AppendFolded(line, text_);
         Tell(contact, one, whole ? What::Kept : What::Doubtful, name);
         if (!found) {
-            book_.Told.Add({book_.Names.Text(one.Name),
-                            one.Value,
-                            contact.From.File,
-                            contact.From.Line,
-                            FieldNames::kNone,
-                            What::Skipped,
-                            Reason::NotFound});
+            book_.TellMissing(contact, one);
         }
     }
 
@@ -240,6 +268,7 @@ class CardWriter {
 
     Book& book_;
     Dialect version_;
+    GroupForm groups_;
     Identities identities_;
     Directory directory_;
     std::string text_;
@@ -247,8 +276,8 @@ class CardWriter {
 
 }  // namespace
 
-std::string WriteVCard(Book& book, Dialect version) {
-    return CardWriter(book, version).WriteAll();
+std::string WriteVCard(Book& book, Dialect version, RecordPlaces* places, GroupForm groups) {
+    return CardWriter(book, version, groups).WriteAll(places);
 }
 
 }  // namespace orvik::book

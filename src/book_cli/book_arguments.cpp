@@ -16,6 +16,7 @@ constexpr const char* kExamples =
     "  orvik-book show book.ldif\n"
     "  orvik-book convert book.ldif -o contacts.vcf\n"
     "  orvik-book convert old.vcf work.ldif --vcard 4 -o all.vcf\n"
+    "  orvik-book convert outlook.csv --to google -o google.csv\n"
     "  orvik-book check book.ldif\n"
     "  orvik-book convert outlook.csv --map \"Club=groups\" -o contacts.vcf\n"
     "  orvik-book diff book.ldif contacts.vcf\n"
@@ -54,6 +55,34 @@ std::string CheckMapping(const std::string& text) {
     return mapping.Field != nullptr ? "" : "nobody knows the field of " + text;
 }
 
+std::string CheckCount(const std::string& text) {
+    constexpr std::size_t kMostDigits = 9;
+    const bool number = !text.empty() && text.size() <= kMostDigits &&
+                        text.find_first_not_of("0123456789") == std::string::npos;
+    return number && text.find_first_not_of('0') != std::string::npos
+               ? ""
+               : "a file holds 1 to 999999999 records, not " + text;
+}
+
+std::vector<std::string> ProgramNames() {
+    std::vector<std::string> names;
+    for (const Program& one : Programs()) {
+        names.emplace_back(one.Name);
+    }
+    return names;
+}
+
+// "google, outlook": those that import CSV.
+std::string CsvPrograms() {
+    std::string text;
+    for (const Program& one : Programs()) {
+        if (FormOf(one, ".csv") != nullptr) {
+            text.append(text.empty() ? "" : ", ").append(one.Name);
+        }
+    }
+    return text;
+}
+
 bool IsLdifName(std::string_view name) {
     return HasEnding(name, ".ldif") || HasEnding(name, ".ldi");
 }
@@ -76,7 +105,7 @@ class Parser {
         app_.failure_message(&cli::UsageMessage);
         app_.require_subcommand(1);
         show_ = AddVerb("show", "Say what is in address books", "FILE");
-        convert_ = AddVerb("convert", "Write address books as one vCard or LDIF file", "FILE");
+        convert_ = AddVerb("convert", "Write address books as one vCard, LDIF or CSV file", "FILE");
         check_ = AddVerb("check", "Say which e-mail addresses can be none", "FILE");
         diff_ = AddVerb("diff", "Compare two address books", "LEFT RIGHT");
         AddConvertOptions();
@@ -153,6 +182,23 @@ class Parser {
         attributes_->type_name("PROGRAM")
             ->check(CLI::IsMember({"netscape", "mozilla", "kcontacts", "evolution"}))
             ->excludes(vcard_);
+        Single(convert_->add_option(
+                   "--to", program_, "Write what a program imports, and say where it does"))
+            ->type_name("PROGRAM")
+            ->check(CLI::IsMember(ProgramNames()))
+            ->excludes(vcard_)
+            ->excludes(attributes_);
+        split_ = Single(convert_->add_option(
+            "--split", most_, "Write files NAME-1, NAME-2 ... of at most so many records"));
+        split_->type_name("N")->check(&CheckCount);
+        convert_
+            ->add_option(
+                "--new-since", arguments_.NewSince, "Leave out the people of an older book")
+            ->type_name("OLD")
+            ->expected(1)
+            ->allow_extra_args(false)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+            ->check(&CheckName);
         convert_->add_flag(
             "--allow-loss", arguments_.AllowLoss, "Write what can be, even if values are lost");
     }
@@ -179,7 +225,10 @@ class Parser {
         if (arguments_.What == Verb::Diff && files.size() != 2) {
             throw CLI::ValidationError("diff", "compares two address books");
         }
-        if (std::count(files.begin(), files.end(), kStandardStream) > 1) {
+        const auto& older = arguments_.NewSince;
+        if (std::count(files.begin(), files.end(), kStandardStream) +
+                std::count(older.begin(), older.end(), kStandardStream) >
+            1) {
             throw CLI::ValidationError(kStandardStream, "standard input can be read once only");
         }
     }
@@ -192,6 +241,37 @@ class Parser {
         }
         if (stream && arguments_.Json) {
             throw CLI::ValidationError("--json", "needs -o FILE: both would go to standard output");
+        }
+        if (split_->count() > 0 && stream) {
+            throw CLI::ValidationError("--split", "needs -o FILE");
+        }
+        arguments_.Split = split_->count() > 0 ? std::stoul(most_) : 0;
+        arguments_.For = ProgramNamed(program_);
+        if (arguments_.For != nullptr) {
+            FindForm(*arguments_.For);
+        } else {
+            FindFormat(name, stream);
+        }
+    }
+
+    // What the program imports under the name that was given; standard output takes any.
+    void FindForm(const Program& program) {
+        const std::string& name = arguments_.Output;
+        if (const ImportForm* const form = FormOf(program, name); form != nullptr) {
+            arguments_.Choose(*form);
+        } else if (name != kStandardStream) {
+            throw CLI::ValidationError("-o",
+                                       "for " + program_ + " a file ends in " + EndingsOf(program) +
+                                           ", not as " + name + " does");
+        }
+    }
+
+    void FindFormat(const std::string& name, bool stream) {
+        if (HasEnding(name, ".csv")) {
+            throw CLI::ValidationError(
+                "-o",
+                "the columns of " + name +
+                    " depend on the program; --to names it: " + CsvPrograms());
         }
         if (vcard_->count() > 0 && IsLdifName(name)) {
             throw CLI::ValidationError("--vcard", "the ending of " + name + " asks for LDIF");
@@ -225,6 +305,8 @@ class Parser {
     Arguments arguments_;
     std::string version_;
     std::string set_;
+    std::string program_;
+    std::string most_;
     std::vector<std::string> maps_;
     CLI::App* show_ = nullptr;
     CLI::App* convert_ = nullptr;
@@ -233,9 +315,16 @@ class Parser {
     CLI::Option* output_ = nullptr;
     CLI::Option* vcard_ = nullptr;
     CLI::Option* attributes_ = nullptr;
+    CLI::Option* split_ = nullptr;
 };
 
 }  // namespace
+
+void Arguments::Choose(const ImportForm& form) {
+    Form = &form;
+    Target = form.Form;
+    Set = form.Set;
+}
 
 std::variant<Arguments, cli::ExitStatus> ParseArguments(int argc,
                                                         const char* const* argv,

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <ostream>
@@ -12,6 +13,7 @@
 #include "book/csv_columns.h"
 #include "book/ldif_sets.h"
 #include "book/record.h"
+#include "book_cli/programs.h"
 #include "cli/exit_status.h"
 
 namespace orvik::book_cli {
@@ -26,9 +28,17 @@ struct Arguments {
     // At least one; for Diff two.
     std::vector<std::string> Files;
     std::string Output = kStandardStream;
-    // What Convert writes: vCard 3.0, 4.0 or LDIF, and the attributes that were asked for.
+    // What Convert writes: vCard 3.0, 4.0, LDIF or CSV, and the attributes that were asked for.
     book::Dialect Target = book::Dialect::VCard30;
     std::optional<book::LdifAttributes> Set;
+    // The program that it is for, and what that imports; null for any program, and for a form that
+    // follows from the book.
+    const Program* For = nullptr;
+    const ImportForm* Form = nullptr;
+    // How many records a file may have; 0 for one file.
+    std::size_t Split = 0;
+    // Older books, whose people are left out.
+    std::vector<std::string> NewSince;
     // Empty for none.
     std::string Report;
     std::string Charset;
@@ -37,6 +47,9 @@ struct Arguments {
     bool Json = false;
     bool Force = false;
     bool AllowLoss = false;
+
+    // Writes what a program imports.
+    void Choose(const ImportForm& form);
 };
 
 // ParseArguments: the arguments, or the exit status where there is nothing to run: after help and

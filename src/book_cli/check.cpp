@@ -28,18 +28,14 @@ std::string Padded(std::string text, std::size_t width) {
     return text;
 }
 
-std::string TextOf(const Console& console,
-                   const std::string& file,
-                   const book::Property& field,
-                   const CheckedAddress& checked) {
+std::string TextOf(const Console& console, const AddressEntry& entry) {
     constexpr std::size_t kAddressWidth = 22;
     constexpr std::size_t kReasonWidth = 29;
-    const std::string verdict =
-        std::string(NameOf(checked.Class())) + ": " + Printable(checked.Reason());
+    const std::string verdict = std::string(entry.Class) + ": " + Printable(entry.Reason);
     const std::string padded = Padded(verdict, kReasonWidth);
-    const bool bad = checked.Class() == AddressClass::Bad;
-    return Printable(file) + ":" + std::to_string(field.Line) + "  " +
-           Padded(Printable(Shortened(field.Value)), kAddressWidth) +
+    const bool bad = entry.Class == NameOf(AddressClass::Bad);
+    return Printable(entry.File) + ":" + std::to_string(entry.Line) + "  " +
+           Padded(Printable(Shortened(entry.Address)), kAddressWidth) +
            (bad ? console.Alarming(verdict) : verdict) + padded.substr(verdict.size()) +
            "kept, flagged\n";
 }
@@ -62,50 +58,80 @@ std::string SummaryOf(const Counts& counts) {
     return text + "\n";
 }
 
-void PrintAddress(const Arguments& arguments,
-                  const Console& console,
-                  const std::string& file,
-                  const book::Property& field,
-                  const CheckedAddress& checked) {
-    if (arguments.Json) {
-        console.Out() << AddressLine({file,
-                                      field.Line,
-                                      field.Value,
-                                      NameOf(checked.Class()),
-                                      checked.Reason(),
-                                      checked.Ascii});
-    } else if (checked.Class() != AddressClass::Valid) {
-        console.Out() << TextOf(console, file, field, checked);
+// Goes through the addresses of a book: those of its people, and those of members of lists who are
+// no record of it.
+class Checker {
+ public:
+    Checker(const Arguments& arguments, const Console& console, const book::Book& book)
+        : arguments_(arguments), console_(console), catalogue_(book) {}
+
+    void CheckAll() {
+        for (const book::Contact& contact : catalogue_.Book().Contacts) {
+            for (const book::Property* const field : book::AddressFieldsOf(contact)) {
+                CheckOne(*field, field->Value);
+            }
+            for (const book::ListMember& one : catalogue_.Members().MembersOf(contact)) {
+                // Those of Evolution are addresses of the list.
+                if (one.Record == book::ListMember::kNobody && !one.Address.empty() &&
+                    one.Field->Name != book::field::kEmail) {
+                    CheckOne(*one.Field, one.Address);
+                }
+            }
+            if (!console_.Out()) {
+                break;
+            }
+        }
     }
-}
+
+    [[nodiscard]] const Counts& Found() const { return counts_; }
+    // An object for each address, if there is to be a report.
+    [[nodiscard]] const std::string& Report() const { return report_; }
+
+ private:
+    void CheckOne(const book::Property& field, std::string_view address) {
+        const CheckedAddress checked = book::CheckAddress(address);
+        ++counts_[static_cast<std::size_t>(checked.Class())];
+        const std::string reason(checked.Reason());
+        const AddressEntry entry{catalogue_.Book().SourceAt(field.File).Name(),
+                                 field.Line,
+                                 address,
+                                 NameOf(checked.Class()),
+                                 reason,
+                                 checked.Ascii};
+        if (!arguments_.Report.empty()) {
+            report_ += AddressLine(entry);
+        }
+        if (arguments_.Json) {
+            console_.Out() << AddressLine(entry);
+        } else if (checked.Class() != AddressClass::Valid) {
+            console_.Out() << TextOf(console_, entry);
+        }
+    }
+
+    const Arguments& arguments_;
+    const Console& console_;
+    Catalogue catalogue_;
+    Counts counts_{};
+    std::string report_;
+};
 
 }  // namespace
 
 cli::ExitStatus Check(const Arguments& arguments, Console& console, Outputs& outputs) {
     Loaded loaded;
     Load(console, arguments.Files, arguments.Charset, loaded, arguments.Columns);
-    Counts counts{};
-    for (const book::Contact& contact : loaded.Book.Contacts) {
-        for (const book::Property* const field : book::AddressFieldsOf(contact)) {
-            const CheckedAddress checked = book::CheckAddress(field->Value);
-            ++counts[static_cast<std::size_t>(checked.Class())];
-            PrintAddress(
-                arguments, console, loaded.Book.SourceAt(field->File).Name(), *field, checked);
-        }
-        if (!console.Out()) {
-            break;
-        }
-    }
+    Checker checker(arguments, console, loaded.Book);
+    checker.CheckAll();
     if (!arguments.Json && !loaded.Inputs.empty()) {
-        console.Out() << SummaryOf(counts);
+        console.Out() << SummaryOf(checker.Found());
     }
     cli::ExitStatus status = Worse(outputs.FinishPrinting(), loaded.Status);
     TellCharsets(console, loaded);
     TellRemarks(console, loaded);
     if (!arguments.Report.empty() && !loaded.Inputs.empty()) {
-        status = Worse(status, outputs.WriteReport(ReportOf(loaded)));
+        status = Worse(status, outputs.WriteReport(checker.Report() + RemarksReport(loaded.Book)));
     }
-    const bool has_bad = counts[static_cast<std::size_t>(AddressClass::Bad)] > 0;
+    const bool has_bad = checker.Found()[static_cast<std::size_t>(AddressClass::Bad)] > 0;
     status = Worse(status, has_bad ? cli::ExitStatus::Problem : cli::ExitStatus::Done);
     return Worse(status, StatusOf(loaded.Book));
 }

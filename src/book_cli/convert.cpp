@@ -1,63 +1,19 @@
 #include <algorithm>
 #include <cstddef>
-#include <set>
 #include <string_view>
+#include <utility>
 
-#include "app/printable.h"
-#include "book/unchanged.h"
-#include "book/write_ldif.h"
-#include "book/write_vcard.h"
 #include "book_cli/json_lines.h"
+#include "book_cli/limits.h"
+#include "book_cli/new_since.h"
 #include "book_cli/told.h"
 #include "book_cli/verbs.h"
+#include "book_cli/written.h"
 
 namespace orvik::book_cli {
 namespace {
 
-using book::What;
-
-std::string Carried(const book::Book& book) {
-    const std::size_t values = book.Told.Count(What::Carried);
-    if (values == 0) {
-        return "carried 0";
-    }
-    std::set<std::string_view> kinds;
-    for (const book::Remark& one : book.Told.Remarks()) {
-        if (one.Kind == What::Carried) {
-            kinds.insert(one.Field);
-        }
-    }
-    return "carried as X- fields: " + Counted(kinds.size(), "kind", "kinds") + ", " +
-           Counted(values, "value", "values");
-}
-
-std::string TargetName(const Arguments& arguments, bool unchanged) {
-    using enum book::LdifAttributes;
-    const book::LdifAttributes set = arguments.Set.value_or(Mozilla);
-    const bool ldif = arguments.Target == book::Dialect::Ldif;
-    const std::string name = ldif && unchanged                            ? "LDIF"
-                             : arguments.Target == book::Dialect::VCard40 ? "vCard 4.0, UTF-8"
-                             : !ldif                                      ? "vCard 3.0, UTF-8"
-                             : set == Netscape                            ? "Netscape 4 LDIF, ASCII"
-                             : set == KContacts                           ? "KContacts LDIF, ASCII"
-                             : set == Evolution                           ? "Evolution LDIF, ASCII"
-                                                                          : "Mozilla LDIF, ASCII";
-    return name + (unchanged ? ", byte for byte as it was" : "");
-}
-
-std::string Written(const Arguments& arguments, Loaded& loaded, Console& console) {
-    loaded.Book.HowFar = console.ProgressOf("writing");
-    console.Begin(arguments.Output);
-    std::string text = arguments.Target == book::Dialect::Ldif
-                           ? book::WriteLdif(loaded.Book, arguments.Set)
-                           : book::WriteVCard(loaded.Book, arguments.Target);
-    console.End();
-    return text;
-}
-
-bool IsUnchanged(const Arguments& arguments, const book::Book& book) {
-    return !arguments.Set && book::UnchangedFile(book, arguments.Target).has_value();
-}
+using cli::ExitStatus;
 
 // The text for a person goes where the book does not go.
 void Print(const std::string& text, const Arguments& arguments, Console& console) {
@@ -73,59 +29,95 @@ void Print(const std::string& text, const Arguments& arguments, Console& console
     }
 }
 
-}  // namespace
-
-std::string ConvertedText(const Console& console,
-                          const Arguments& arguments,
-                          const book::Book& book,
-                          bool unchanged) {
-    const std::size_t lost = book.Told.Count(What::Lost);
-    const std::string lost_text = "lost " + std::to_string(lost);
-    const bool stream = arguments.Output == kStandardStream;
-    std::string text = "read " + std::to_string(book.Told.Count(What::Read)) + "   written " +
-                       std::to_string(book.Contacts.size()) + "   " + Carried(book) + "   " +
-                       (lost > 0 ? console.Alarming(lost_text) : lost_text) + SummaryTail(book) +
-                       "\n";
-    text += stream ? "standard output" : console.Strong(Printable(arguments.Output));
-    text += ": " + TargetName(arguments, unchanged) + ".";
-    // LDIF has those alone that were there.
-    return text + (arguments.Target == book::Dialect::Ldif
-                       ? "\n"
-                       : " UIDs stay the same on the next run.\n");
+// Where nothing says which file the program gets, the book decides.
+void ChooseForm(Arguments& arguments, const book::Book& book) {
+    if (arguments.For != nullptr && arguments.Form == nullptr) {
+        arguments.Choose(FormFor(*arguments.For, HasLists(book)));
+    }
 }
 
-cli::ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& outputs) {
-    Loaded loaded;
+// Reads what is to be written: the files, less the people of older books.
+void LoadNew(const Arguments& arguments, Console& console, Loaded& loaded) {
     Load(console, arguments.Files, arguments.Charset, loaded, arguments.Columns);
-    if (loaded.Status != cli::ExitStatus::Done) {
+    if (arguments.NewSince.empty()) {
+        return;
+    }
+    Loaded older;
+    Load(console, arguments.NewSince, arguments.Charset, older, arguments.Columns);
+    loaded.Status = loaded.Status == ExitStatus::Done ? older.Status : loaded.Status;
+    if (loaded.Status == ExitStatus::Done) {
+        loaded.LeftOut = LeaveOutKnown(older.Book, loaded.Book);
+    }
+}
+
+// Why nothing is written; empty if it is.
+std::string RefusalOf(const Arguments& arguments, const book::Book& book, const Written& written) {
+    std::string refusal = TooManyFor(arguments, written.Records);
+    return refusal.empty() ? Refusal(book, arguments.AllowLoss) : refusal;
+}
+
+// Text that is empty where there is nothing to say.
+void TellIf(Console& console, const std::string& text) {
+    if (!text.empty()) {
+        console.Tell(text);
+    }
+}
+
+void PrintRecords(Console& console, const book::Book& book) {
+    const Catalogue catalogue(book);
+    for (std::size_t i = 0; i < book.Contacts.size() && console.Out(); ++i) {
+        PrintRecord(console.Out(), catalogue, i);
+    }
+}
+
+}  // namespace
+
+ExitStatus Convert(const Arguments& asked, Console& console, Outputs& outputs) {
+    Loaded loaded;
+    LoadNew(asked, console, loaded);
+    if (loaded.Status != ExitStatus::Done) {
         return loaded.Status;
     }
-    const bool unchanged = IsUnchanged(arguments, loaded.Book);
-    const SharedText text = Written(arguments, loaded, console);
-    cli::ExitStatus status = StatusOf(loaded.Book);
-    if (const std::string refusal = Refusal(loaded.Book, arguments.AllowLoss); !refusal.empty()) {
+    Arguments arguments = asked;
+    ChooseForm(arguments, loaded.Book);
+    Written written = Write(arguments, loaded, console);
+    if (const std::string refusal = RefusalOf(arguments, loaded.Book, written); !refusal.empty()) {
         TellColumns(console, loaded);
         TellRemarks(console, loaded);
+        TellIf(console, ListHint(arguments, loaded.Book));
         console.Tell(refusal);
-        return Worse(status, outputs.WriteReport(ReportOf(loaded)));
+        return Worse(ExitStatus::Problem, outputs.WriteReport(ReportOf(loaded)));
     }
-    status = Worse(status, outputs.WriteBook(text));
-    if (status >= cli::ExitStatus::NoBook) {
+    std::string too_much;
+    if (arguments.Form != nullptr) {
+        DoubtWhatIsTooMuch(*arguments.Form, loaded.Book, written);
+        too_much = TooMuchInAll(*arguments.Form, loaded.Book, written);
+    }
+    std::vector<FilePart> parts;
+    if (arguments.Split > 0) {
+        parts = Cut(arguments, loaded.Book, written);
+    }
+    ExitStatus status = StatusOf(loaded.Book);
+    status = Worse(status,
+                   parts.empty() ? outputs.WriteBook(std::exchange(written.Text, {}))
+                                 : outputs.WriteParts(parts));
+    if (status >= ExitStatus::NoBook) {
         return status;
     }
     if (arguments.Json) {
-        const Catalogue catalogue(loaded.Book);
-        for (std::size_t i = 0; i < loaded.Book.Contacts.size() && console.Out(); ++i) {
-            PrintRecord(console.Out(), catalogue, i);
-        }
+        PrintRecords(console, loaded.Book);
     } else {
-        Print(ConvertedText(console, arguments, loaded.Book, unchanged), arguments, console);
+        Print(ConvertedText(console, arguments, loaded, written, parts), arguments, console);
     }
     status = Worse(status, outputs.FinishPrinting());
     TellColumns(console, loaded);
     TellCharsets(console, loaded);
     TellRemarks(console, loaded);
-    return arguments.Report.empty() ? status : Worse(status, outputs.WriteReport(ReportOf(loaded)));
+    TellIf(console, ListHint(arguments, loaded.Book));
+    TellIf(console, too_much);
+    return arguments.Report.empty()
+               ? status
+               : Worse(status, outputs.WriteReport(ReportOf(loaded) + ReportOf(parts)));
 }
 
 }  // namespace orvik::book_cli

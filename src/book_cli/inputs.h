@@ -30,6 +30,8 @@ struct Loaded {
     std::vector<Input> Inputs;  // by the number of the source
     // Of the first file that is no address book or cannot be read; the others are read.
     cli::ExitStatus Status = cli::ExitStatus::Done;
+    // Contacts of the book that are not among its records any more, as an older book has them.
+    std::vector<book::Contact> LeftOut = {};
 
     [[nodiscard]] std::vector<book::Format> Formats() const;
 };

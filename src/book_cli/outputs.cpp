@@ -32,13 +32,13 @@ ExitStatus Trap(Console& console, const std::function<void()>& act) {
 }  // namespace
 
 ExitStatus Outputs::Check() {
-    const bool converts = arguments_.What == Verb::Convert;
-    book_.Name = converts && arguments_.Output != kStandardStream ? arguments_.Output : "";
+    const bool to_file = arguments_.What == Verb::Convert && arguments_.Output != kStandardStream;
+    book_.Name = to_file && arguments_.Split == 0 ? arguments_.Output : "";
     report_.Name = arguments_.Report;
     if (IsRead(kOutputPath)) {
         return Refuse("Standard output is a file that is read", kStandardStream);
     }
-    if (AreOneFile()) {
+    if (AreOneFile(book_.Name)) {
         return Refuse("The report and the book would be one file", report_.Name);
     }
     const ExitStatus status = CheckFile(book_);
@@ -49,6 +49,21 @@ ExitStatus Outputs::CheckFile(Target& target) {
     if (target.Name.empty()) {
         return ExitStatus::Done;
     }
+    bool needs_leave = false;
+    const ExitStatus status = Probe(target, needs_leave);
+    if (status != ExitStatus::Done || !needs_leave) {
+        return status;
+    }
+    console_.Begin(target.Name);
+    target.MayReplace = console_.Ask(Printable(target.Name) + " is there already. Replace it?");
+    if (!target.MayReplace) {
+        console_.Tell("The file is there already; --force replaces it");
+    }
+    console_.End();
+    return target.MayReplace ? ExitStatus::Done : ExitStatus::CannotCreate;
+}
+
+ExitStatus Outputs::Probe(Target& target, bool& needs_leave) {
     if (IsRead(target.Name)) {
         return Refuse("This file is read, and a book is never written over itself", target.Name);
     }
@@ -59,21 +74,45 @@ ExitStatus Outputs::CheckFile(Target& target) {
     if (kind == FileKind::Folder) {
         return Refuse("This is a folder; a file in it needs a name", target.Name);
     }
-    status = status != ExitStatus::Done
-                 ? status
-                 : Trap(console_, [&] { console_.Slot().TryWriting(target.Name); });
-    target.MayReplace = arguments_.Force || kind != FileKind::Regular;
-    if (status == ExitStatus::Done && !target.MayReplace) {
-        target.MayReplace = console_.Ask(Printable(target.Name) + " is there already. Replace it?");
-        if (!target.MayReplace) {
-            console_.Tell("The file is there already; --force replaces it");
-            status = ExitStatus::CannotCreate;
+    if (status == ExitStatus::Done) {
+        status = Trap(console_, [&] { console_.Slot().TryWriting(target.Name); });
+    }
+    console_.End();
+    needs_leave = !arguments_.Force && kind == FileKind::Regular;
+    // One that was not there is still to be new when it is written.
+    target.MayReplace = !needs_leave && kind != FileKind::Missing;
+    return status;
+}
+
+ExitStatus Outputs::CheckParts(const std::vector<FilePart>& parts, std::vector<Target>& targets) {
+    std::vector<Target*> there;
+    targets.reserve(parts.size());
+    for (const FilePart& part : parts) {
+        Target& target = targets.emplace_back(Target{part.Name, false});
+        if (AreOneFile(part.Name)) {
+            return Refuse("The report and the book would be one file", report_.Name);
+        }
+        bool needs_leave = false;
+        if (const ExitStatus status = Probe(target, needs_leave); status != ExitStatus::Done) {
+            return status;
+        }
+        if (needs_leave) {
+            there.push_back(&target);
         }
     }
-    // One that was not there is still to be new when it is written.
-    target.MayReplace = target.MayReplace && kind != FileKind::Missing;
-    console_.End();
-    return status;
+    if (there.empty()) {
+        return ExitStatus::Done;
+    }
+    const std::string first = Printable(there.front()->Name);
+    const bool leave = there.size() == 1
+                           ? console_.Ask(first + " is there already. Replace it?")
+                           : console_.Ask(first + " and others, " + std::to_string(there.size()) +
+                                          " in all, are there already. Replace them?");
+    for (Target* const target : there) {
+        target->MayReplace = leave;
+    }
+    return leave ? ExitStatus::Done
+                 : Refuse("The file is there already; --force replaces it", there.front()->Name);
 }
 
 // A terminal or a null device may well be both.
@@ -83,19 +122,20 @@ bool Outputs::IsRead(const std::string& name) const {
         status.Kind != FileKind::Regular) {
         return false;
     }
-    return std::any_of(
-        arguments_.Files.begin(), arguments_.Files.end(), [&](const std::string& file) {
-            return console_.Files().IsSame(file == kStandardStream ? kInputPath : file, name);
-        });
+    const auto is_it = [&](const std::string& file) {
+        return console_.Files().IsSame(file == kStandardStream ? kInputPath : file, name);
+    };
+    return std::any_of(arguments_.Files.begin(), arguments_.Files.end(), is_it) ||
+           std::any_of(arguments_.NewSince.begin(), arguments_.NewSince.end(), is_it);
 }
 
-bool Outputs::AreOneFile() const {
-    if (book_.Name.empty() || report_.Name.empty()) {
+bool Outputs::AreOneFile(const std::string& book) const {
+    if (book.empty() || report_.Name.empty()) {
         return false;
     }
     FileSystem& files = console_.Files();
-    return files.IsSame(book_.Name, report_.Name) ||
-           files.ResolveLinks(book_.Name).lexically_normal() ==
+    return files.IsSame(book, report_.Name) ||
+           files.ResolveLinks(book).lexically_normal() ==
                files.ResolveLinks(report_.Name).lexically_normal();
 }
 
@@ -109,6 +149,18 @@ ExitStatus Outputs::WriteBook(const SharedText& contents) {
 
 ExitStatus Outputs::WriteReport(const SharedText& contents) {
     return report_.Name.empty() ? ExitStatus::Done : WriteFile(report_, contents);
+}
+
+ExitStatus Outputs::WriteParts(const std::vector<FilePart>& parts) {
+    std::vector<Target> targets;
+    ExitStatus status = CheckParts(parts, targets);
+    for (std::size_t i = 0; i < parts.size() && status == ExitStatus::Done; ++i) {
+        status = WriteFile(targets[i], parts[i].Contents);
+        if (status != ExitStatus::Done && i > 0) {
+            console_.Tell("Written are only " + RangeOf(parts.front().Name, parts[i - 1].Name));
+        }
+    }
+    return status;
 }
 
 ExitStatus Outputs::WriteFile(const Target& target, const SharedText& contents) {

@@ -36,6 +36,10 @@ std::string Counted(std::size_t count, const std::string& one, const std::string
     return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
+std::string RangeOf(const std::string& first, const std::string& last) {
+    return Printable(first) + (first == last ? "" : " to " + Printable(last));
+}
+
 std::string RemarkText(const book::Book& book, const book::Remark& remark) {
     std::string text =
         "line " + std::to_string(remark.Line) + ": " + std::string(NameOf(remark.Kind)) + ": ";
@@ -92,16 +96,25 @@ void AddMissingMembers(book::Book& book, const Catalogue& catalogue) {
     for (const book::Contact& contact : book.Contacts) {
         for (const book::ListMember& member : catalogue.Members().MembersOf(contact)) {
             if (member.Record == book::ListMember::kNobody) {
-                book.Told.Add({book.Names.Text(member.Field->Name),
-                               member.Field->Value,
-                               contact.From.File,
-                               contact.From.Line,
-                               book::FieldNames::kNone,
-                               What::Skipped,
-                               book::Reason::NotFound});
+                book.TellMissing(contact, *member.Field);
             }
         }
     }
+}
+
+std::string RemarksReport(const book::Book& book) {
+    std::string text;
+    for (const book::Remark& one : book.Told.Remarks()) {
+        const bool known = one.Target != book::FieldNames::kNone;
+        text += ReportLine({NameOf(one.Kind),
+                            book.SourceAt(one.File).Name(),
+                            one.Line,
+                            one.Field,
+                            one.Value,
+                            known ? book.Names.Text(one.Target) : std::string_view{},
+                            WordsFor(one.Why)});
+    }
+    return text;
 }
 
 std::string ReportOf(const Loaded& loaded) {
@@ -137,21 +150,47 @@ std::string ReportOf(const Loaded& loaded) {
                             {},
                             {}});
     }
-    for (const book::Remark& one : book.Told.Remarks()) {
-        const bool known = one.Target != book::FieldNames::kNone;
-        text += ReportLine({NameOf(one.Kind),
-                            book.SourceAt(one.File).Name(),
-                            one.Line,
-                            one.Field,
-                            one.Value,
-                            known ? book.Names.Text(one.Target) : std::string_view{},
-                            WordsFor(one.Why)});
+    for (const book::Contact& one : loaded.LeftOut) {
+        const std::string name = book::NameOf(book, one).Shown;
+        text += ReportLine({"left out",
+                            book.SourceAt(one.From.File).Name(),
+                            one.From.Line,
+                            {},
+                            name,
+                            {},
+                            "is in an older book"});
     }
+    text += RemarksReport(book);
     if (const std::size_t kept = book.Told.Count(What::Kept); kept > 0) {
         const std::string count = std::to_string(kept);
         text += ReportLine({NameOf(What::Kept), {}, 0, {}, count, {}, "values are as they were"});
     }
     return text;
+}
+
+std::string ReportOf(std::span<const FilePart> parts) {
+    std::string text;
+    for (const FilePart& one : parts) {
+        const std::string count = std::to_string(one.Records);
+        text += ReportLine({"written", one.Name, 0, {}, count, {}, "records are in this file"});
+    }
+    return text;
+}
+
+std::string ListHint(const Arguments& arguments, const book::Book& book) {
+    if (arguments.Form == nullptr || arguments.Form->TakesLists || !HasLists(book)) {
+        return {};
+    }
+    const ImportForm& other = FormFor(*arguments.For, true);
+    return other.TakesLists ? std::string(arguments.For->Title) + " takes lists from a " +
+                                  std::string(other.Ending) + " file"
+                            : "";
+}
+
+bool HasLists(const book::Book& book) {
+    return std::any_of(book.Contacts.begin(), book.Contacts.end(), [](const book::Contact& one) {
+        return one.Kind == book::ContactKind::List;
+    });
 }
 
 std::string Refusal(const book::Book& book, bool allow_loss) {

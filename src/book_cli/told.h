@@ -3,14 +3,17 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "book/utf8.h"
+#include "book_cli/book_arguments.h"
 #include "book_cli/console.h"
 #include "book_cli/inputs.h"
 #include "book_cli/json_lines.h"
+#include "book_cli/written.h"
 #include "cli/exit_status.h"
 
 namespace orvik::book_cli {
@@ -19,6 +22,9 @@ namespace orvik::book_cli {
 [[nodiscard]] std::string Counted(std::size_t count,
                                   const std::string& one,
                                   const std::string& many);
+
+// RangeOf: "a-1.vcf", "a-3.vcf" -> "a-1.vcf to a-3.vcf"; one of both if they are the same.
+[[nodiscard]] std::string RangeOf(const std::string& first, const std::string& last);
 
 using book::Shortened;
 
@@ -43,6 +49,18 @@ void AddMissingMembers(book::Book& book, const Catalogue& catalogue);
 // The lines of a report: the contacts that were read, each value with a remark, and how many were
 // kept.
 [[nodiscard]] std::string ReportOf(const Loaded& loaded);
+
+// The lines of a report for each value with a remark alone.
+[[nodiscard]] std::string RemarksReport(const book::Book& book);
+
+// The lines of a report for the files of a book that was split: how many records each has.
+[[nodiscard]] std::string ReportOf(std::span<const FilePart> parts);
+
+[[nodiscard]] bool HasLists(const book::Book& book);
+
+// ListHint: in which file the program would take the lists of a book that it does not take from
+// this one; empty for no list, and where there is none.
+[[nodiscard]] std::string ListHint(const Arguments& arguments, const book::Book& book);
 
 // Refusal: why a book is not written, since values of it would be lost; empty if it may be.
 [[nodiscard]] std::string Refusal(const book::Book& book, bool allow_loss);

@@ -11,6 +11,7 @@
 #include "book_cli/console.h"
 #include "book_cli/inputs.h"
 #include "book_cli/outputs.h"
+#include "book_cli/written.h"
 #include "cli/exit_status.h"
 
 namespace orvik::book_cli {
@@ -32,11 +33,12 @@ namespace orvik::book_cli {
                                     const Input& input,
                                     const book::Facts& facts);
 
-// ConvertedText: what became of the values, and of the UIDs, in two lines. unchanged says whether
-// what is written are the bytes of what was read.
+// ConvertedText: what became of the values, and of the UIDs, in two lines; then how many records
+// are in which file, if there are several, and how a program imports them.
 [[nodiscard]] std::string ConvertedText(const Console& console,
                                         const Arguments& arguments,
-                                        const book::Book& book,
-                                        bool unchanged);
+                                        const Loaded& loaded,
+                                        const Written& written,
+                                        std::span<const FilePart> parts);
 
 }  // namespace orvik::book_cli

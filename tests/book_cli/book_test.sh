@@ -231,7 +231,7 @@ run "check LDIF" 1 check two.ldif
 has out "two.ldif:4  al@@example.org         bad: two @"
 has out "two.ldif:5  a l@example.org         bad: a blank in the name"
 run "check with a report" 1 check two.ldif --report checked.json
-has checked.json '{"what":"read","file":"two.ldif","line":1,'
+has checked.json '{"file":"two.ldif","line":4,"address":"al@@example.org","class":"bad","reason":"two @"}'
 run "check what has junk before it" 1 check junk.vcf
 prints "1 checked: 1 valid, 0 odd, 0 bad"
 tells 'junk.vcf: line 1: skipped: "From me": belongs to no record'

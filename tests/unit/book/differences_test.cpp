@@ -103,5 +103,27 @@ TEST(CompareTest, WhatWasConvertedIsTheSame) {
     }
 }
 
+// Whether each card is known to an older book.
+std::vector<bool> Known(std::string older, std::string newer) {
+    const test::ReadBook one(ReadVCard, std::move(older));
+    const test::ReadBook other(ReadVCard, std::move(newer));
+    return KnownIn(one.book, Identities(one.book), other.book, Identities(other.book));
+}
+
+TEST(KnownInTest, EachWayToBeOnePersonCountsHoweverOftenItIsThere) {
+    EXPECT_THAT(Known(Card("UID:1\nFN:Al") + Card("FN:Bo\nEMAIL:b@x\nTEL:5") + Card("FN:Cy\nTEL:6"),
+                      Card("UID:urn:uuid:1\nFN:Other") + Card("UID:2\nFN:Bo\nEMAIL:B@x") +
+                          Card("FN:Bo\nEMAIL:b@x") + Card("UID:3\nFN:Cy\nTEL:6") +
+                          Card("FN:Bo\nEMAIL:b@y") + Card("UID:4\nTEL:6")),
+                ElementsAre(true, true, true, true, false, false));
+}
+
+TEST(KnownInTest, AListIsNoPersonOfItsName) {
+    const std::string list = Card("FN:Crew\nX-ADDRESSBOOKSERVER-KIND:group");
+    EXPECT_THAT(Known(Card("FN:Crew"), list + Card("FN:Crew")), ElementsAre(false, true));
+    EXPECT_THAT(Known(list, list), ElementsAre(true));
+    EXPECT_THAT(Known({}, list), ElementsAre(false));
+}
+
 }  // namespace
 }  // namespace orvik::book

@@ -64,6 +64,53 @@ TEST_F(BookArgumentsTest, OptionsAndTheEndingTellWhatIsWritten) {
     EXPECT_EQ(set.Set, LdifAttributes::KContacts);
 }
 
+TEST_F(BookArgumentsTest, AProgramAndTheEndingTellWhatItGets) {
+    const Arguments ldif = Parsed({"convert", "a", "--to", "thunderbird", "-o", "b.ldif"});
+    ASSERT_NE(ldif.For, nullptr);
+    EXPECT_EQ(ldif.For->Title, "Thunderbird");
+    EXPECT_EQ(ldif.Target, Dialect::Ldif);
+    EXPECT_EQ(ldif.Set, LdifAttributes::Thunderbird);
+    const Arguments table = Parsed({"convert", "a", "--to", "outlook", "-o", "b.CSV"});
+    EXPECT_EQ(table.Target, Dialect::Csv);
+    ASSERT_NE(table.Form, nullptr);
+    EXPECT_EQ(table.Form->Table, book::CsvProgram::Outlook);
+    const Arguments open = Parsed({"convert", "a", "--to", "evolution"});
+    EXPECT_NE(open.For, nullptr);
+    EXPECT_EQ(open.Form, nullptr);
+    EXPECT_EQ(Parsed({"convert", "a"}).For, nullptr);
+    for (const char* const other : {"--vcard=3", "--attributes=mozilla", "--to=apple"}) {
+        EXPECT_EQ(std::get<ExitStatus>(Parse({"convert", "a", "--to", "google", other})),
+                  ExitStatus::Usage);
+    }
+    EXPECT_EQ(std::get<ExitStatus>(Parse({"convert", "a", "--to", "Google"})), ExitStatus::Usage);
+}
+
+TEST_F(BookArgumentsTest, AFileHoldsSoManyAndOlderBooksAreSeveral) {
+    const Arguments some = Parsed({"convert",
+                                   "a",
+                                   "-o",
+                                   "b.vcf",
+                                   "--split",
+                                   "0300",
+                                   "--new-since",
+                                   "c",
+                                   "--new-since",
+                                   "d",
+                                   "e"});
+    EXPECT_EQ(some.Split, 300U);
+    EXPECT_THAT(some.NewSince, ElementsAre("c", "d"));
+    EXPECT_THAT(some.Files, ElementsAre("a", "e"));
+    EXPECT_EQ(Parsed({"convert", "a"}).Split, 0U);
+    for (const char* const wrong :
+         {"0", "", "-1", "3x", " 3", "1000000000", "99999999999999999999"}) {
+        EXPECT_EQ(std::get<ExitStatus>(Parse({"convert", "a", "-o", "b.vcf", "--split", wrong})),
+                  ExitStatus::Usage)
+            << wrong;
+    }
+    EXPECT_EQ(std::get<ExitStatus>(Parse({"convert", "-", "--new-since", "-"})), ExitStatus::Usage);
+    EXPECT_EQ(std::get<ExitStatus>(Parse({"show", "a", "--split", "3"})), ExitStatus::Usage);
+}
+
 TEST_F(BookArgumentsTest, MistakesAreToldAndNamesAreShownAsText) {
     EXPECT_EQ(std::get<ExitStatus>(Parse({})), ExitStatus::Usage);
     EXPECT_EQ(std::get<ExitStatus>(Parse({"convert", "a", "-o", "b\x1B[2J"})), ExitStatus::Usage);

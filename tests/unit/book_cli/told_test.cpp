@@ -95,7 +95,7 @@ TEST_F(ToldTest, TheReportHasALineForEachValueWithARemark) {
 TEST_F(ToldTest, TheSummaryCountsAndLossesStandOut) {
     Arguments arguments;
     arguments.Output = "b.vcf";
-    EXPECT_EQ(ConvertedText(console, arguments, loaded.Book, true),
+    EXPECT_EQ(ConvertedText(console, arguments, loaded, {.Unchanged = true}, {}),
               "read 0   written 0   carried 0   lost 0\n"
               "\x1B[1mb.vcf\x1B[0m: vCard 3.0, UTF-8, byte for byte as it was. UIDs stay the same "
               "on the next run.\n");
@@ -103,7 +103,7 @@ TEST_F(ToldTest, TheSummaryCountsAndLossesStandOut) {
     Remark(What::Carried, "2");
     Remark(What::Lost, "3");
     Remark(What::Skipped, "4");
-    EXPECT_THAT(ConvertedText(console, arguments, loaded.Book, false),
+    EXPECT_THAT(ConvertedText(console, arguments, loaded, {}, {}),
                 HasSubstr("carried as X- fields: 1 kind, 2 values   \x1B[1;31mlost 1\x1B[0m   "
                           "skipped 1\n"));
 }

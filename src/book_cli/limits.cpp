@@ -1,0 +1,154 @@
+#include "book_cli/limits.h"
+
+#include <algorithm>
+
+#include "book/typed_views.h"
+#include "book/value_form.h"
+#include "book/vcard_fields.h"
+#include "book_cli/told.h"
+
+namespace orvik::book_cli {
+namespace {
+
+using book::Dialect;
+using book::Reason;
+
+// The bytes of a picture; 0 for one that is somewhere else.
+std::size_t BytesOfPhoto(const book::Book& book, const book::Property& photo) {
+    constexpr std::size_t kDigits = 4;
+    constexpr std::size_t kBytes = 3;
+    const auto uri = book::SplitDataUri(photo.Value);
+    const bool encoded = book::ParamOf(book, photo, book::field::kEncoding) == "b";
+    return uri       ? uri->Base64.size() / kDigits * kBytes
+           : encoded ? photo.Value.size() / kDigits * kBytes
+                     : 0;
+}
+
+class Doubts {
+ public:
+    Doubts(const ImportForm& form, book::Book& book, const Written& written)
+        : form_(form), book_(book), written_(written) {}
+
+    void AddAll() {
+        for (std::size_t i = 0; i < book_.Contacts.size(); ++i) {
+            const book::Contact& contact = book_.Contacts[i];
+            if (contact.Kind == book::ContactKind::List) {
+                AddOfList(contact);
+            } else {
+                AddOfPerson(contact);
+            }
+            if (form_.Most.RecordBytes > 0 && LengthOf(contact, i) > form_.Most.RecordBytes) {
+                Add(contact, {}, NameOf(contact), Reason::TooLarge);
+            }
+        }
+    }
+
+ private:
+    void AddOfList(const book::Contact& list) {
+        // The writer of tables tells of lists itself.
+        if (!form_.TakesLists && form_.Form != Dialect::Csv) {
+            Add(list, {}, NameOf(list), Reason::NoLists);
+        }
+    }
+
+    void AddOfPerson(const book::Contact& person) {
+        std::size_t addresses = 0;
+        for (const book::Property& one : person.Properties) {
+            const std::string_view field = book_.Names.Text(one.Name);
+            if (one.Name == book::field::kPhoto && form_.Most.PhotoBytes > 0 &&
+                BytesOfPhoto(book_, one) > form_.Most.PhotoBytes) {
+                Add(person, field, {}, Reason::TooLarge);
+            } else if (one.Name == book::field::kEmail && !one.Value.empty() &&
+                       form_.Most.Addresses > 0 && ++addresses > form_.Most.Addresses) {
+                Add(person, field, one.Value, Reason::TooMany);
+            }
+        }
+    }
+
+    [[nodiscard]] std::size_t LengthOf(const book::Contact& contact, std::size_t number) const {
+        return number + 1 < written_.Places.size()
+                   ? written_.Places[number + 1] - written_.Places[number]
+                   : book_.BytesOf(contact).size();
+    }
+
+    std::string_view NameOf(const book::Contact& contact) {
+        return book_.Keep(book::NameOf(book_, contact).Shown);
+    }
+
+    void Add(const book::Contact& contact,
+             std::string_view field,
+             std::string_view value,
+             Reason why) {
+        book_.Told.Add({field,
+                        value,
+                        contact.From.File,
+                        contact.From.Line,
+                        book::FieldNames::kNone,
+                        book::What::Doubtful,
+                        why});
+    }
+
+    const ImportForm& form_;
+    book::Book& book_;
+    const Written& written_;
+};
+
+// Another file for the same program that may hold any number of records; null for none.
+const ImportForm* Unlimited(const Program& program) {
+    const auto found = std::find_if(program.Forms.begin(),
+                                    program.Forms.end(),
+                                    [](const ImportForm& one) { return one.Most.Records == 0; });
+    return found == program.Forms.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+std::string TooManyFor(const Arguments& arguments, std::size_t records) {
+    const std::size_t most = arguments.Form == nullptr ? 0 : arguments.Form->Most.Records;
+    const std::size_t asked = arguments.Split == 0 ? records : std::min(arguments.Split, records);
+    if (most == 0 || asked <= most) {
+        return {};
+    }
+    const std::size_t files = (records + most - 1) / most;
+    std::string text(arguments.Form->Why);
+    text += ", and there are " + std::to_string(records) + ". So nothing is written; --split " +
+            std::to_string(most);
+    if (arguments.Output == kStandardStream) {
+        text.append(" -o NAME").append(arguments.Form->Ending);
+    }
+    text += " writes " + Counted(files, "file", "files");
+    if (const ImportForm* const other = Unlimited(*arguments.For); other != nullptr) {
+        text.append(", and a ").append(other->Ending).append(" file may hold all");
+    }
+    return text;
+}
+
+std::string TooMuchInAll(const ImportForm& form, const book::Book& book, const Written& written) {
+    constexpr std::size_t kMegabyte = 1024UL * 1024;
+    const std::size_t records = book.Contacts.size();
+    std::string text;
+    if (form.Most.AllRecords > 0 && records > form.Most.AllRecords) {
+        text = "iCloud keeps at most " + std::to_string(form.Most.AllRecords) +
+               " contacts of one user, and there are " + std::to_string(records);
+    }
+    std::size_t photos = 0;
+    for (const book::Contact& contact : book.Contacts) {
+        for (const book::Property& one : contact.Properties) {
+            photos += one.Name == book::field::kPhoto ? one.Value.size() : 0;
+        }
+    }
+    const std::size_t bytes = written.Text.size() - std::min(written.Text.size(), photos);
+    if (form.Most.AllBytes > 0 && bytes > form.Most.AllBytes) {
+        text += std::string(text.empty() ? "" : "; ") + "iCloud keeps at most " +
+                std::to_string(form.Most.AllBytes / kMegabyte) +
+                " MB of one user without pictures, and there are " +
+                std::to_string((bytes + kMegabyte - 1) / kMegabyte);
+    }
+    return text;
+}
+
+void DoubtWhatIsTooMuch(const ImportForm& form, book::Book& book, const Written& written) {
+    Doubts(form, book, written).AddAll();
+}
+
+}  // namespace orvik::book_cli

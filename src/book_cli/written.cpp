@@ -1,0 +1,129 @@
+#include "book_cli/written.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+
+#include "book/arena.h"
+#include "book/csv_rows.h"
+#include "book/typed_views.h"
+#include "book/unchanged.h"
+#include "book/write_csv.h"
+#include "book/write_ldif.h"
+#include "book/write_vcard.h"
+#include "book_cli/json_lines.h"
+#include "book_cli/split.h"
+
+namespace orvik::book_cli {
+namespace {
+
+using book::Dialect;
+
+// The header belongs to each file.
+book::RecordPlaces PlacesOfRows(std::string_view text) {
+    book::RecordPlaces places;
+    book::Arena texts;
+    book::CsvRows rows(text, ',', texts);
+    book::CsvRow row;
+    for (bool header = true; rows.Next(row); header = false) {
+        if (!header) {
+            places.push_back(static_cast<std::size_t>(row.Span.data() - text.data()));
+        }
+    }
+    places.push_back(text.size());
+    return places;
+}
+
+book::GroupForm GroupFormOf(const Arguments& arguments) {
+    return arguments.Form == nullptr ? book::GroupForm::Prefix : arguments.Form->Groups;
+}
+
+std::string TextOf(const Arguments& arguments, book::Book& book, book::RecordPlaces* places) {
+    if (arguments.Target == Dialect::Csv) {
+        std::string text = book::WriteCsv(book, arguments.Form->Table);
+        if (places != nullptr) {
+            *places = PlacesOfRows(text);
+        }
+        return text;
+    }
+    return arguments.Target == Dialect::Ldif
+               ? book::WriteLdif(book, arguments.Set, places)
+               : book::WriteVCard(book, arguments.Target, places, GroupFormOf(arguments));
+}
+
+// The lists of a book. Rows of a table are people alone.
+std::vector<ListGroup> GroupsOf(const book::Book& book) {
+    const Catalogue catalogue(book);
+    std::vector<ListGroup> groups;
+    for (std::size_t i = 0; i < book.Contacts.size(); ++i) {
+        if (book.Contacts[i].Kind != book::ContactKind::List) {
+            continue;
+        }
+        groups.push_back({i, {}});
+        for (const book::ListMember& one : catalogue.Members().MembersOf(book.Contacts[i])) {
+            if (one.Record != book::ListMember::kNobody) {
+                groups.back().Members.push_back(one.Record);
+            }
+        }
+    }
+    return groups;
+}
+
+}  // namespace
+
+Written Write(const Arguments& arguments, Loaded& loaded, Console& console) {
+    book::Book& book = loaded.Book;
+    Written written;
+    const bool table = arguments.Target == Dialect::Csv;
+    written.Records =
+        table ? static_cast<std::size_t>(std::count_if(
+                    book.Contacts.begin(),
+                    book.Contacts.end(),
+                    [](const book::Contact& one) { return one.Kind == book::ContactKind::Person; }))
+              : book.Contacts.size();
+    const auto as_read = table || arguments.Set || arguments.Split > 0
+                             ? std::nullopt
+                             : book::UnchangedFile(book, arguments.Target);
+    const bool measured = arguments.Form != nullptr && arguments.Form->Most.RecordBytes > 0;
+    const bool wants_places = arguments.Split > 0 || (measured && !as_read);
+    book.HowFar = console.ProgressOf("writing");
+    console.Begin(arguments.Output);
+    written.Text = TextOf(arguments, book, wants_places ? &written.Places : nullptr);
+    console.End();
+    written.Unchanged = as_read && *as_read == written.Text;
+    return written;
+}
+
+std::vector<FilePart> Cut(const Arguments& arguments, book::Book& book, const Written& written) {
+    const std::string_view text = written.Text;
+    const book::RecordPlaces& places = written.Places;
+    const auto groups =
+        arguments.Target == Dialect::Csv ? std::vector<ListGroup>() : GroupsOf(book);
+    const Layout layout = LayOut(places.size() - 1, arguments.Split, groups);
+    for (const std::size_t list : layout.Torn) {
+        const book::Contact& contact = book.Contacts[list];
+        book.Told.Add({{},
+                       book.Keep(book::NameOf(book, contact).Shown),
+                       contact.From.File,
+                       contact.From.Line,
+                       book::FieldNames::kNone,
+                       book::What::Doubtful,
+                       book::Reason::Elsewhere});
+    }
+    // A book of nobody is a file, too.
+    const std::size_t count = std::max<std::size_t>(layout.Files.size(), 1);
+    std::vector<FilePart> parts;
+    for (const std::string& name : PartNames(arguments.Output, count)) {
+        std::string part(text.substr(0, places.front()));
+        const std::size_t file = parts.size();
+        const std::size_t records = file < layout.Files.size() ? layout.Files[file].size() : 0;
+        for (std::size_t i = 0; i < records; ++i) {
+            const std::size_t record = layout.Files[file][i];
+            part.append(text.substr(places[record], places[record + 1] - places[record]));
+        }
+        parts.push_back({name, std::move(part), records});
+    }
+    return parts;
+}
+
+}  // namespace orvik::book_cli
