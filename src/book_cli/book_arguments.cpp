@@ -6,6 +6,7 @@
 
 #include "app/text.h"
 #include "book/charset_converter.h"
+#include "book_cli/clean_arguments.h"
 #include "cli/words.h"
 
 namespace orvik::book_cli {
@@ -20,6 +21,8 @@ constexpr const char* kExamples =
     "  orvik-book check book.ldif\n"
     "  orvik-book convert outlook.csv --map \"Club=groups\" -o contacts.vcf\n"
     "  orvik-book diff book.ldif contacts.vcf\n"
+    "  orvik-book dupes *.vcf book.ldif --plan plan.txt\n"
+    "  orvik-book clean --plan plan.txt --sort family -o clean.vcf\n"
     "\n"
     "A file named - is standard input.\n"
     "\n"
@@ -31,16 +34,6 @@ constexpr const char* kExamples =
 std::string Unbracketed(std::string_view word) {
     const bool list = word.starts_with('[') && word.ends_with(']');
     return (list ? "./" : "") + std::string(word);
-}
-
-std::string CheckName(const std::string& name) {
-    return name.empty() ? "a file's name is empty" : "";
-}
-
-std::string CheckNoStream(const std::string& name) {
-    return name == kStandardStream
-               ? "- would be standard output, which is not for reports; a file of this name is ./-"
-               : CheckName(name);
 }
 
 std::string CheckCharset(const std::string& name) {
@@ -105,10 +98,19 @@ class Parser {
         app_.failure_message(&cli::UsageMessage);
         app_.require_subcommand(1);
         show_ = AddVerb("show", "Say what is in address books", "FILE");
+        dupes_ = AddVerb("dupes", "Say which records may be one person", "FILE");
+        clean_ =
+            AddVerb("clean", "Merge them, as a plan says or where nothing is in doubt", "FILE");
         convert_ = AddVerb("convert", "Write address books as one vCard, LDIF or CSV file", "FILE");
         check_ = AddVerb("check", "Say which e-mail addresses can be none", "FILE");
         diff_ = AddVerb("diff", "Compare two address books", "LEFT RIGHT");
-        AddConvertOptions();
+        for (CLI::App* const verb : {convert_, clean_}) {
+            AddConvertOptions(verb);
+        }
+        AddNewSince();
+        duplicates_.AddToDupes(dupes_);
+        duplicates_.AddToClean(clean_);
+        duplicates_.AddOrder(convert_);
     }
 
     [[nodiscard]] CLI::App& App() { return app_; }
@@ -131,12 +133,15 @@ class Parser {
         arguments_.What = convert_->parsed() ? Verb::Convert
                           : check_->parsed() ? Verb::Check
                           : diff_->parsed()  ? Verb::Diff
+                          : dupes_->parsed() ? Verb::Dupes
+                          : clean_->parsed() ? Verb::Clean
                                              : Verb::Show;
         for (const std::string& map : maps_) {
             arguments_.Columns.push_back(book::ParseMapping(map));
         }
+        duplicates_.Take(arguments_);
         CheckFiles();
-        if (arguments_.What == Verb::Convert) {
+        if (arguments_.What == Verb::Convert || arguments_.What == Verb::Clean) {
             FindTarget();
         }
         return arguments_;
@@ -169,28 +174,36 @@ class Parser {
         return verb;
     }
 
-    void AddConvertOptions() {
-        output_ = Single(convert_->add_option("-o,--output",
-                                              arguments_.Output,
-                                              "Where to write, - for standard output; .vcf and "
-                                              ".ldif tell the format"));
-        output_->type_name("FILE")->check(&CheckName);
-        vcard_ = Single(convert_->add_option("--vcard", version_, "Write vCard 3.0 or 4.0"));
-        vcard_->type_name("3|4")->check(CLI::IsMember({"3", "4"}));
-        attributes_ = Single(convert_->add_option(
-            "--attributes", set_, "Write LDIF with the attributes of a program"));
-        attributes_->type_name("PROGRAM")
+    void AddConvertOptions(CLI::App* verb) {
+        CLI::Option* const output =
+            Single(verb->add_option("-o,--output",
+                                    arguments_.Output,
+                                    "Where to write, - for standard output; .vcf and "
+                                    ".ldif tell the format"));
+        output->type_name("FILE")->check(&CheckName);
+        CLI::Option* const vcard =
+            Single(verb->add_option("--vcard", version_, "Write vCard 3.0 or 4.0"));
+        vcard->type_name("3|4")->check(CLI::IsMember({"3", "4"}));
+        CLI::Option* const attributes = Single(
+            verb->add_option("--attributes", set_, "Write LDIF with the attributes of a program"));
+        attributes->type_name("PROGRAM")
             ->check(CLI::IsMember({"netscape", "mozilla", "kcontacts", "evolution"}))
-            ->excludes(vcard_);
-        Single(convert_->add_option(
+            ->excludes(vcard);
+        Single(verb->add_option(
                    "--to", program_, "Write what a program imports, and say where it does"))
             ->type_name("PROGRAM")
             ->check(CLI::IsMember(ProgramNames()))
-            ->excludes(vcard_)
-            ->excludes(attributes_);
-        split_ = Single(convert_->add_option(
-            "--split", most_, "Write files NAME-1, NAME-2 ... of at most so many records"));
-        split_->type_name("N")->check(&CheckCount);
+            ->excludes(vcard)
+            ->excludes(attributes);
+        Single(verb->add_option(
+                   "--split", most_, "Write files NAME-1, NAME-2 ... of at most so many records"))
+            ->type_name("N")
+            ->check(&CheckCount);
+        verb->add_flag(
+            "--allow-loss", arguments_.AllowLoss, "Write what can be, even if values are lost");
+    }
+
+    void AddNewSince() {
         convert_
             ->add_option(
                 "--new-since", arguments_.NewSince, "Leave out the people of an older book")
@@ -199,13 +212,12 @@ class Parser {
             ->allow_extra_args(false)
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
             ->check(&CheckName);
-        convert_->add_flag(
-            "--allow-loss", arguments_.AllowLoss, "Write what can be, even if values are lost");
     }
 
     // Whoever writes an option before the verb is told where it belongs.
     static void CheckOrder(const std::vector<std::string>& words) {
-        constexpr std::array<std::string_view, 4> kVerbs = {"show", "convert", "check", "diff"};
+        constexpr std::array<std::string_view, 6> kVerbs = {
+            "show", "convert", "check", "diff", "dupes", "clean"};
         constexpr std::array<std::string_view, 3> kBefore = {"-h", "--help", "--version"};
         const bool option = words.size() > 1 && words[1].size() > 1 && words[1].starts_with('-') &&
                             std::find(kBefore.begin(), kBefore.end(), words[1]) == kBefore.end();
@@ -214,10 +226,6 @@ class Parser {
         if (option && verb != words.end()) {
             throw CLI::ValidationError(words[1], "options stand behind the verb " + *verb);
         }
-    }
-
-    static CLI::Option* Single(CLI::Option* option) {
-        return option->expected(1)->allow_extra_args(false);
     }
 
     void CheckFiles() const {
@@ -242,10 +250,10 @@ class Parser {
         if (stream && arguments_.Json) {
             throw CLI::ValidationError("--json", "needs -o FILE: both would go to standard output");
         }
-        if (split_->count() > 0 && stream) {
+        if (!most_.empty() && stream) {
             throw CLI::ValidationError("--split", "needs -o FILE");
         }
-        arguments_.Split = split_->count() > 0 ? std::stoul(most_) : 0;
+        arguments_.Split = !most_.empty() ? std::stoul(most_) : 0;
         arguments_.For = ProgramNamed(program_);
         if (arguments_.For != nullptr) {
             FindForm(*arguments_.For);
@@ -273,18 +281,18 @@ class Parser {
                 "the columns of " + name +
                     " depend on the program; --to names it: " + CsvPrograms());
         }
-        if (vcard_->count() > 0 && IsLdifName(name)) {
+        if (!version_.empty() && IsLdifName(name)) {
             throw CLI::ValidationError("--vcard", "the ending of " + name + " asks for LDIF");
         }
-        if (attributes_->count() > 0 && IsVCardName(name)) {
+        if (!set_.empty() && IsVCardName(name)) {
             throw CLI::ValidationError("--attributes", "the ending of " + name + " asks for vCard");
         }
-        if (attributes_->count() > 0 || IsLdifName(name)) {
+        if (!set_.empty() || IsLdifName(name)) {
             arguments_.Target = book::Dialect::Ldif;
             arguments_.Set = AskedSet();
         } else if (version_ == "4") {
             arguments_.Target = book::Dialect::VCard40;
-        } else if (vcard_->count() == 0 && !stream && !IsVCardName(name)) {
+        } else if (version_.empty() && !stream && !IsVCardName(name)) {
             throw CLI::ValidationError(
                 "-o", "the ending of " + name + " tells no format; --vcard and --attributes do");
         }
@@ -312,10 +320,9 @@ class Parser {
     CLI::App* convert_ = nullptr;
     CLI::App* check_ = nullptr;
     CLI::App* diff_ = nullptr;
-    CLI::Option* output_ = nullptr;
-    CLI::Option* vcard_ = nullptr;
-    CLI::Option* attributes_ = nullptr;
-    CLI::Option* split_ = nullptr;
+    CLI::App* dupes_ = nullptr;
+    CLI::App* clean_ = nullptr;
+    CleanOptions duplicates_;
 };
 
 }  // namespace

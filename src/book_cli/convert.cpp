@@ -75,9 +75,16 @@ void PrintRecords(Console& console, const book::Book& book) {
 ExitStatus Convert(const Arguments& asked, Console& console, Outputs& outputs) {
     Loaded loaded;
     LoadNew(asked, console, loaded);
-    if (loaded.Status != ExitStatus::Done) {
-        return loaded.Status;
-    }
+    return loaded.Status == ExitStatus::Done ? WriteLoaded(asked, console, outputs, loaded, {})
+                                             : loaded.Status;
+}
+
+ExitStatus WriteLoaded(const Arguments& asked,
+                       Console& console,
+                       Outputs& outputs,
+                       Loaded& loaded,
+                       const Extra& extra) {
+    book::SortBook(loaded.Book, asked.Sort, asked.Locale);
     Arguments arguments = asked;
     ChooseForm(arguments, loaded.Book);
     Written written = Write(arguments, loaded, console);
@@ -86,7 +93,7 @@ ExitStatus Convert(const Arguments& asked, Console& console, Outputs& outputs) {
         TellRemarks(console, loaded);
         TellIf(console, ListHint(arguments, loaded.Book));
         console.Tell(refusal);
-        return Worse(ExitStatus::Problem, outputs.WriteReport(ReportOf(loaded)));
+        return Worse(ExitStatus::Problem, outputs.WriteReport(ReportOf(loaded) + extra.Report));
     }
     std::string too_much;
     if (arguments.Form != nullptr) {
@@ -107,7 +114,10 @@ ExitStatus Convert(const Arguments& asked, Console& console, Outputs& outputs) {
     if (arguments.Json) {
         PrintRecords(console, loaded.Book);
     } else {
-        Print(ConvertedText(console, arguments, loaded, written, parts), arguments, console);
+        const std::string text =
+            extra.Summary ? extra.Summary(written.Records) + PartsText(arguments, loaded, parts)
+                          : ConvertedText(console, arguments, loaded, written, parts);
+        Print(text, arguments, console);
     }
     status = Worse(status, outputs.FinishPrinting());
     TellColumns(console, loaded);
@@ -117,7 +127,8 @@ ExitStatus Convert(const Arguments& asked, Console& console, Outputs& outputs) {
     TellIf(console, too_much);
     return arguments.Report.empty()
                ? status
-               : Worse(status, outputs.WriteReport(ReportOf(loaded) + ReportOf(parts)));
+               : Worse(status,
+                       outputs.WriteReport(ReportOf(loaded) + ReportOf(parts) + extra.Report));
 }
 
 }  // namespace orvik::book_cli

@@ -122,9 +122,15 @@ std::string ConvertedText(const Console& console,
     const bool cards = arguments.Target == Dialect::VCard30 || arguments.Target == Dialect::VCard40;
     // LDIF has those alone that were there, and tables have none.
     text += cards ? " UIDs stay the same on the next run.\n" : "\n";
-    text += FilesOf(parts);
+    return text + PartsText(arguments, loaded, parts);
+}
+
+std::string PartsText(const Arguments& arguments,
+                      const Loaded& loaded,
+                      std::span<const FilePart> parts) {
+    std::string text = FilesOf(parts);
     if (arguments.Form != nullptr) {
-        text += NotShown(arguments, book);
+        text += NotShown(arguments, loaded.Book);
         text.append(parts.size() > 1 ? "Import each file " : "Import ");
         text.append(arguments.Form->Where).append("\n");
     }

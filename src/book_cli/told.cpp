@@ -36,6 +36,15 @@ std::string Counted(std::size_t count, const std::string& one, const std::string
     return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
+std::string Grouped(std::size_t number) {
+    constexpr std::size_t kGroup = 3;
+    std::string text = std::to_string(number);
+    for (std::size_t at = text.size(); at > kGroup; at -= kGroup) {
+        text.insert(at - kGroup, " ");
+    }
+    return text;
+}
+
 std::string RangeOf(const std::string& first, const std::string& last) {
     return Printable(first) + (first == last ? "" : " to " + Printable(last));
 }

@@ -23,6 +23,9 @@ namespace orvik::book_cli {
                                   const std::string& one,
                                   const std::string& many);
 
+// Grouped: a number with a blank between its thousands, "1 204".
+[[nodiscard]] std::string Grouped(std::size_t number);
+
 // RangeOf: "a-1.vcf", "a-3.vcf" -> "a-1.vcf to a-3.vcf"; one of both if they are the same.
 [[nodiscard]] std::string RangeOf(const std::string& first, const std::string& last);
 

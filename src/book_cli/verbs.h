@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -25,6 +27,20 @@ namespace orvik::book_cli {
                                       Outputs& outputs);
 [[nodiscard]] cli::ExitStatus Check(const Arguments& arguments, Console& console, Outputs& outputs);
 [[nodiscard]] cli::ExitStatus Diff(const Arguments& arguments, Console& console, Outputs& outputs);
+[[nodiscard]] cli::ExitStatus Dupes(const Arguments& arguments, Console& console, Outputs& outputs);
+[[nodiscard]] cli::ExitStatus Clean(const Arguments& arguments, Console& console);
+
+// What is said of a book that is written, besides what becomes of its values.
+struct Extra {
+    // In place of what Convert prints of numbers and files; empty for that.
+    std::function<std::string(std::size_t written)> Summary;
+    // Lines of the report.
+    std::string Report = {};
+};
+// WriteLoaded: puts a book that was read into its order, writes it as the arguments ask, and tells
+// what became of it.
+[[nodiscard]] cli::ExitStatus WriteLoaded(
+    const Arguments& asked, Console& console, Outputs& outputs, Loaded& loaded, const Extra& extra);
 
 // FactsText: what a source is and holds, in two lines.
 //   "a.ldif: LDIF, ASCII, LF, 1 person, 0 lists" and the counts
@@ -40,5 +56,10 @@ namespace orvik::book_cli {
                                         const Loaded& loaded,
                                         const Written& written,
                                         std::span<const FilePart> parts);
+
+// PartsText: the end of it: the files, if there are several, and the import.
+[[nodiscard]] std::string PartsText(const Arguments& arguments,
+                                    const Loaded& loaded,
+                                    std::span<const FilePart> parts);
 
 }  // namespace orvik::book_cli

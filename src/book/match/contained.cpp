@@ -35,9 +35,10 @@ class HolderFinder {
                 order.push_back(i);
             }
         }
-        std::stable_sort(order.begin(), order.end(), [this](std::uint32_t one, std::uint32_t other) {
-            return book_.HashesOf(one).size() > book_.HashesOf(other).size();
-        });
+        std::stable_sort(
+            order.begin(), order.end(), [this](std::uint32_t one, std::uint32_t other) {
+                return book_.HashesOf(one).size() > book_.HashesOf(other).size();
+            });
         for (const std::uint32_t record : order) {
             FindHolders(record);
         }
@@ -95,7 +96,7 @@ class HolderFinder {
         }
         found_.IsAsked[record] = true;
         const std::string why = phone_alone && tops.size() == 1 ? "a phone alone"
-                                : cut ? "very many share what it has"
+                                : cut                           ? "very many share what it has"
                                       : "several different records hold all of it";
         for (std::size_t i = 0; i < std::min(tops.size(), kMostNamed); ++i) {
             found_.Lines.push_back({Action::Ask,
@@ -115,10 +116,8 @@ class HolderFinder {
         for (auto& [top, records] : groups) {
             records.push_back(top);
             std::sort(records.begin(), records.end());
-            found_.Lines.push_back({Action::Merge,
-                                    Tier::Contained,
-                                    std::move(records),
-                                    Described(book_.From(), top)});
+            found_.Lines.push_back(
+                {Action::Merge, Tier::Contained, std::move(records), Described(book_.From(), top)});
         }
     }
 

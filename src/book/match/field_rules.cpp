@@ -101,10 +101,8 @@ FieldRules::FieldRules(const Book& book) {
         const bool single = IsIn(kSingle, field);
         const auto [place, is_new] =
             numbers.try_emplace(field, static_cast<std::uint32_t>(names_.size()));
-        rules_.push_back({ComparingOf(book.Names, field),
-                          place->second,
-                          single,
-                          IsIn(kTellApart, field)});
+        rules_.push_back(
+            {ComparingOf(book.Names, field), place->second, single, IsIn(kTellApart, field)});
         if (is_new) {
             names_.push_back(std::move(field));
         }

@@ -152,8 +152,7 @@ void FoldAscii(std::string_view text, std::string& to) {
 }
 
 bool IsApostrophe(UChar32 letter) {
-    constexpr std::array<UChar32, 7> kSigns = {
-        0x27, 0x60, 0xB4, 0x2018, 0x2019, 0x02BC, 0x2032};
+    constexpr std::array<UChar32, 7> kSigns = {0x27, 0x60, 0xB4, 0x2018, 0x2019, 0x02BC, 0x2032};
     return std::find(kSigns.begin(), kSigns.end(), letter) != kSigns.end();
 }
 
@@ -228,8 +227,7 @@ void FoldText(std::string_view text, std::string& to) {
         return;
     }
     bool blank = false;
-    const std::u16string letters =
-        Normalized(Normalizer(&unorm2_getNFDInstance), Caseless(text));
+    const std::u16string letters = Normalized(Normalizer(&unorm2_getNFDInstance), Caseless(text));
     EachLetter(letters, [&](UChar32 letter) {
         if (u_isUWhiteSpace(letter) != 0 || u_iscntrl(letter) != 0) {
             blank = !to.empty();

@@ -10,8 +10,8 @@
 
 namespace orvik::book {
 
-// FoldText: without capitals, accents and letters that nobody sees, in compatible forms (NFKC), with
-// one blank between words. The text is UTF-8; to is overwritten. Errors: std::bad_alloc.
+// FoldText: without capitals, accents and letters that nobody sees, in compatible forms (NFKC),
+// with one blank between words. The text is UTF-8; to is overwritten. Errors: std::bad_alloc.
 //   " J\xC3\x96RG  M\xC3\xBCller " -> "jorg muller"
 void FoldText(std::string_view text, std::string& to);
 
@@ -36,8 +36,8 @@ void FoldAddress(std::string_view text, std::string& to);
 //   "+1 (555) 0100-x2" -> "15550100x2";  "tel:+1-555" -> "1555"
 void FoldPhone(std::string_view text, std::string& to);
 
-// NextLetter: the letter of a text of UTF-8 at a place, which moves behind it; less than 0 for bytes
-// that are none.
+// NextLetter: the letter of a text of UTF-8 at a place, which moves behind it; less than 0 for
+// bytes that are none.
 [[nodiscard]] std::int32_t NextLetter(std::string_view text, std::size_t& at);
 
 }  // namespace orvik::book

@@ -37,7 +37,9 @@ class KeyedBook {
 
     // The first record that holds the same; itself where it is that, or no other does. A record
     // that is left out, or holds nothing, is its own.
-    [[nodiscard]] std::uint32_t FirstEqual(std::size_t record) const { return first_equal_[record]; }
+    [[nodiscard]] std::uint32_t FirstEqual(std::size_t record) const {
+        return first_equal_[record];
+    }
     // Whether a record is a person that takes part, and no earlier one holds the same.
     [[nodiscard]] bool IsCompared(std::size_t record) const {
         return first_equal_[record] == record && begin_[record] < begin_[record + 1];

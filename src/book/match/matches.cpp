@@ -59,10 +59,8 @@ class MatchFinder {
     void AddGroups(Groups& groups) {
         for (auto& [first, records] : groups) {
             records.insert(records.begin(), first);
-            found_.Lines.push_back({Action::Merge,
-                                    Tier::Same,
-                                    std::move(records),
-                                    Described(keyed_.From(), first)});
+            found_.Lines.push_back(
+                {Action::Merge, Tier::Same, std::move(records), Described(keyed_.From(), first)});
         }
     }
 
@@ -103,8 +101,7 @@ class MatchFinder {
     [[nodiscard]] std::string MemberText(const ListMember& member,
                                          const Containment& contained) const {
         if (member.Record != ListMember::kNobody) {
-            return "record " +
-                   std::to_string(contained.Into[keyed_.FirstEqual(member.Record)]);
+            return "record " + std::to_string(contained.Into[keyed_.FirstEqual(member.Record)]);
         }
         std::string address;
         FoldAddress(member.Address.empty() ? std::string_view(member.Field->Value)

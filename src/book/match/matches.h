@@ -23,9 +23,9 @@ struct Matches {
     std::size_t AskedContained = 0;
 };
 
-// FindMatches: docs/book.md has the rules as a table. Only the first two tiers are to be merged, and
-// with merges_agreeing the third one, too. Lists are looked for among lists that are the same. The
-// same book gives the same lines. n log n.
+// FindMatches: docs/book.md has the rules as a table. Only the first two tiers are to be merged,
+// and with merges_agreeing the third one, too. Lists are looked for among lists that are the same.
+// The same book gives the same lines. n log n.
 [[nodiscard]] Matches FindMatches(const Book& book, bool merges_agreeing);
 
 }  // namespace orvik::book

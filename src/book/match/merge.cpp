@@ -21,7 +21,6 @@ Merged MergeRecords(Book& book, const MergeGroups& groups) {
         for (const std::uint32_t record : group) {
             into[record] = group.front();
         }
-        merged.Away += group.size() - 1;
     }
     MergedLists lists(book, into);
     const RecordKeys keys(book);
@@ -35,8 +34,11 @@ Merged MergeRecords(Book& book, const MergeGroups& groups) {
     lists.Rename();
     std::deque<Contact> left;
     for (std::uint32_t i = 0; i < into.size(); ++i) {
+        const Contact& contact = book.Contacts[i];
         if (into[i] == i) {
-            left.push_back(book.Contacts[i]);
+            left.push_back(contact);
+        } else {
+            merged.Gone.push_back({contact.From, book.Contacts[into[i]].From});
         }
     }
     book.Contacts = std::move(left);

@@ -18,8 +18,8 @@ constexpr std::string_view kEvolutionUid = "X-EVOLUTION-DEST-CONTACT-UID";
 
 MergedLists::MergedLists(Book& book, const std::vector<std::uint32_t>& into)
     : book_(book), into_(into), identities_(book) {
-    const bool has_lists = std::any_of(
-        book.Contacts.begin(), book.Contacts.end(), [](const Contact& contact) {
+    const bool has_lists =
+        std::any_of(book.Contacts.begin(), book.Contacts.end(), [](const Contact& contact) {
             return contact.Kind == ContactKind::List;
         });
     if (!has_lists) {
@@ -29,8 +29,7 @@ MergedLists::MergedLists(Book& book, const std::vector<std::uint32_t>& into)
     for (std::uint32_t i = 0; i < book.Contacts.size(); ++i) {
         const Contact& list = book.Contacts[i];
         for (const ListMember& member : directory.MembersOf(list)) {
-            const auto property =
-                static_cast<std::uint32_t>(member.Field - list.Properties.data());
+            const auto property = static_cast<std::uint32_t>(member.Field - list.Properties.data());
             Member found{i, property, kNobody, {}};
             if (member.Record != ListMember::kNobody) {
                 found.Record = static_cast<std::uint32_t>(member.Record);
@@ -68,10 +67,12 @@ void MergedLists::RenameIn(std::uint32_t list, const std::vector<const Member*>&
         const bool own = member->List == list;
         const bool known = member->Record != kNobody;
         const std::uint32_t to = known ? into_[member->Record] : kNobody;
-        const auto [place, first] = known ? there.try_emplace(to, member->Record)
-                                          : std::pair(there.end(), addresses.insert(member->Key).second);
+        const auto [place, first] =
+            known ? there.try_emplace(to, member->Record)
+                  : std::pair(there.end(), addresses.insert(member->Key).second);
         // Whom a list named twice before, it names twice.
-        const bool twice = known ? !first && (!own || place->second != member->Record) : !first && !own;
+        const bool twice =
+            known ? !first && (!own || place->second != member->Record) : !first && !own;
         Property one = book_.Contacts[member->List].Properties[member->Property];
         if (twice) {
             if (own) {
@@ -136,8 +137,8 @@ Property MergedLists::Renamed(const Property& one, std::uint32_t to) {
     return renamed;
 }
 
-// By its UID, or by what LDIF calls it; one that has neither gets the UID that it had so far without
-// telling.
+// By its UID, or by what LDIF calls it; one that has neither gets the UID that it had so far
+// without telling.
 std::string_view MergedLists::ReferenceTo(std::uint32_t record) {
     Contact& contact = book_.Contacts[record];
     if (const auto uid = FirstOf(book_, contact, field::kUid); !uid.empty()) {

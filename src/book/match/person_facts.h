@@ -12,8 +12,8 @@
 namespace orvik::book {
 
 struct PersonFacts {
-    std::vector<FoldedName> Names;  // the first ones of very many
-    std::string Shown;              // the first of them as it is written, "" for none
+    std::vector<FoldedName> Names;         // the first ones of very many
+    std::string Shown;                     // the first of them as it is written, "" for none
     std::vector<std::uint64_t> Addresses;  // hashes, sorted
     std::vector<std::uint64_t> Phones;
     // Birthday and the like: field and value.

@@ -4,8 +4,8 @@
 //   merge|ask|keep  FILE:LINE FILE:LINE...  # TIER: reason
 //
 // LINE is the one on which a record begins. A file's name that has blanks, quotes, colons, number
-// signs, control letters or bytes that are no UTF-8 stands in quotes, with \" \\ and \xNN in it. What
-// follows a number sign, and empty lines, say nothing.
+// signs, control letters or bytes that are no UTF-8 stands in quotes, with \" \\ and \xNN in it.
+// What follows a number sign, and empty lines, say nothing.
 
 #pragma once
 

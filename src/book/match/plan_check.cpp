@@ -151,8 +151,8 @@ class PlanChecker {
                     Fail(plan_.Lines[i].Line,
                          {},
                          "this keeps apart what line " +
-                             std::to_string(std::max(merged_in_[place->second],
-                                                     merged_in_[record])) +
+                             std::to_string(
+                                 std::max(merged_in_[place->second], merged_in_[record])) +
                              " merges");
                     break;
                 }

@@ -35,19 +35,17 @@ std::string DayOf(std::string_view value) {
 std::string BytesOfValue(std::string_view value) {
     const auto uri = SplitDataUri(value);
     std::string bytes(uri ? uri->Base64 : value);
-    bytes.erase(std::remove_if(bytes.begin(),
-                               bytes.end(),
-                               [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }),
-                bytes.end());
+    bytes.erase(
+        std::remove_if(bytes.begin(),
+                       bytes.end(),
+                       [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }),
+        bytes.end());
     return bytes;
 }
 
 }  // namespace
 
-void KeyList::Add(KeyKind kind,
-                  std::uint32_t field,
-                  std::size_t property,
-                  std::string_view text) {
+void KeyList::Add(KeyKind kind, std::uint32_t field, std::size_t property, std::string_view text) {
     if (!text.empty()) {
         keys_.push_back(
             {text_.size(), text.size(), field, static_cast<std::uint32_t>(property), kind});
@@ -58,7 +56,8 @@ void KeyList::Add(KeyKind kind,
 std::uint64_t KeyList::HashOf(const Key& key) const {
     constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15U;
     const std::uint64_t text = std::hash<std::string_view>()(TextOf(key));
-    const std::uint64_t mixed = (text ^ (std::uint64_t{key.Field} + 1) * kOdd) * 0xBF58476D1CE4E5B9U;
+    const std::uint64_t mixed =
+        (text ^ (std::uint64_t{key.Field} + 1) * kOdd) * 0xBF58476D1CE4E5B9U;
     return mixed ^ (mixed >> 31U);
 }
 
@@ -166,9 +165,10 @@ void RecordKeys::AddNames(const Contact& contact, KeyList& keys) const {
             FoldedName name = FoldName(parts ? Plain(one.Value, kept) : one.Value);
             // A record may have very many names; what N adds is looked for in the first ones.
             constexpr std::size_t kMostShown = 8;
-            const bool known = parts && std::any_of(shown.begin(), shown.end(), [&](const auto& fn) {
-                return HasAllWords(fn, name);
-            });
+            const bool known =
+                parts && std::any_of(shown.begin(), shown.end(), [&](const auto& fn) {
+                    return HasAllWords(fn, name);
+                });
             const bool address = one.Value.find('@') != std::string_view::npos &&
                                  ++compared <= kMostShown && is_own_address(one.Value);
             if (!known && !address) {

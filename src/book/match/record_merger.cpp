@@ -43,10 +43,7 @@ bool IsPreferred(const Param& param) {
 
 }  // namespace
 
-RecordMerger::RecordMerger(Book& book,
-                           const RecordKeys& keys,
-                           std::uint32_t first,
-                           Merged& merged)
+RecordMerger::RecordMerger(Book& book, const RecordKeys& keys, std::uint32_t first, Merged& merged)
     : book_(book), keys_(keys), first_(first), merged_(merged) {
     const Contact& contact = book.Contacts[first];
     records_.push_back(first);
@@ -142,7 +139,8 @@ void RecordMerger::TakeOne(std::uint32_t record, std::size_t property) {
 // the person.
 void RecordMerger::TakeNaming(const Item& item) {
     const std::string& name = keys_.Rules().NameOf(item.Canonical);
-    if (name != "UID" && name != "X-ORVIK-LDIF-DN") {
+    if ((name != "UID" && name != "X-ORVIK-LDIF-DN") ||
+        raw_.contains(RawKey(item.Canonical, item.Field.Value))) {
         return;
     }
     const auto there = by_field_.find(item.Canonical);
@@ -154,8 +152,7 @@ void RecordMerger::TakeNaming(const Item& item) {
 }
 
 void RecordMerger::TakeSingle(const Item& item, std::size_t property) {
-    if (SaysNothing(item.Field.Value) ||
-        raw_.contains(RawKey(item.Canonical, item.Field.Value))) {
+    if (SaysNothing(item.Field.Value) || raw_.contains(RawKey(item.Canonical, item.Field.Value))) {
         return;
     }
     const auto there = by_field_.find(item.Canonical);
@@ -164,7 +161,8 @@ void RecordMerger::TakeSingle(const Item& item, std::size_t property) {
     }
     bool spelling = false;
     if (keys_.Rules().Of(item.Field.Name).How == Comparing::Name) {
-        spelling = FoldName(items_[there->second].Field.Value).Key == FoldName(item.Field.Value).Key;
+        spelling =
+            FoldName(items_[there->second].Field.Value).Key == FoldName(item.Field.Value).Key;
     } else {
         list_.Clear();
         keys_.AddOf(book_.Contacts[item.Record], property, list_);
@@ -203,7 +201,7 @@ void RecordMerger::TakeList(const Item& item) {
         Push(more);
     }
     for (const auto& [spelling, winner] : spellings) {
-        Carry(spelling, Item(items_[winner]), true);
+        Carry(spelling, items_[winner], true);
     }
 }
 
@@ -213,8 +211,7 @@ void RecordMerger::TakePlain(const Item& item, std::size_t property) {
     if (list_.Keys().empty()) {
         return;
     }
-    const auto there =
-        by_key_.find(KeyOf(item.Canonical, list_.TextOf(list_.Keys().front())));
+    const auto there = by_key_.find(KeyOf(item.Canonical, list_.TextOf(list_.Keys().front())));
     if (there == by_key_.end()) {
         const KeyList keys = list_;
         Push(item);
@@ -245,8 +242,10 @@ void RecordMerger::TakeLabels(std::uint32_t record) {
 
 void RecordMerger::Compete(const Item& item, std::size_t with, bool is_spelling) {
     Item& there = items_[with];
-    if (ContentOf(item.Field.Value) <= ContentOf(there.Field.Value)) {
-        return Carry(item, Item(there), is_spelling);
+    // The ASCII form of a domain is longer, and says no more.
+    const bool address = keys_.Rules().Of(item.Field.Name).How == Comparing::Address;
+    if (address || ContentOf(item.Field.Value) <= ContentOf(there.Field.Value)) {
+        return Carry(item, there, is_spelling);
     }
     const Item loser = there;
     there.Field.Value = item.Field.Value;
@@ -258,10 +257,11 @@ void RecordMerger::Compete(const Item& item, std::size_t with, bool is_spelling)
     if (is_spelling) {
         AddTypes(with, loser.Field);
     }
-    Carry(loser, Item(there), is_spelling);
+    Carry(loser, there, is_spelling);
 }
 
-void RecordMerger::Carry(const Item& loser, const Item& winner, bool is_spelling) {
+// The winner may be one of those that move.
+void RecordMerger::Carry(const Item& loser, Item winner, bool is_spelling) {
     const std::string_view own = book_.Names.Text(loser.Field.Name);
     Item item = loser;
     item.IsCarried = true;
@@ -275,10 +275,8 @@ void RecordMerger::Carry(const Item& loser, const Item& winner, bool is_spelling
     NoteRaw(item);
     items_.push_back(item);
     changed_ = true;
-    merged_.Notes.push_back({loser.Record,
-                             own,
+    merged_.Notes.push_back({own,
                              loser.Field.Value,
-                             winner.Record,
                              winner.Field.Value,
                              item.Field.Name,
                              is_spelling,
@@ -343,8 +341,8 @@ void RecordMerger::CountLost(std::uint32_t record) {
         const FieldRule& rule = keys_.Rules().Of(one.Name);
         list_.Clear();
         keys_.AddOf(contact, i, list_);
-        const bool says = rule.How == Comparing::Name ? !SaysNothing(one.Value)
-                                                      : !list_.Keys().empty();
+        const bool says =
+            rule.How == Comparing::Name ? !SaysNothing(one.Value) : !list_.Keys().empty();
         if (!says || keys_.IsMember(contact, one)) {
             continue;
         }

@@ -44,7 +44,7 @@ class RecordMerger {
     void TakePlain(const Item& item, std::size_t property);
     void TakeLabels(std::uint32_t record);
     void Compete(const Item& item, std::size_t with, bool is_spelling);
-    void Carry(const Item& loser, const Item& winner, bool is_spelling);
+    void Carry(const Item& loser, Item winner, bool is_spelling);
     void Push(Item item);
     void AddTypes(std::size_t item, const Property& other);
     [[nodiscard]] bool IsCarriedName(NameId name) const;

@@ -224,8 +224,7 @@ class SharedFinder {
         if (records.size() < 2 || !told_.insert(records).second) {
             return;
         }
-        std::string reason =
-            "share " + KeyText(records.front(), hash) + ": " + NamesOf(records);
+        std::string reason = "share " + KeyText(records.front(), hash) + ": " + NamesOf(records);
         const std::uint32_t conflict =
             ConflictOf(FactsAt(records.front()), FactsAt(records.back()));
         if (conflict != kNoConflict) {
@@ -251,8 +250,7 @@ class SharedFinder {
         }
         for (const std::uint32_t one : bare) {
             for (std::size_t i = 0; i < std::min(reached.size(), kMostNamed); ++i) {
-                AddNameLine(Action::Ask,
-                            {std::min(one, reached[i]), std::max(one, reached[i])});
+                AddNameLine(Action::Ask, {std::min(one, reached[i]), std::max(one, reached[i])});
             }
         }
         // What shares an address was told with that.
@@ -278,9 +276,9 @@ class SharedFinder {
             return FactsAt(record).IsBare();
         });
         std::string reason = Quoted(FactsAt(records.front()).Shown);
-        reason += bare                       ? ", one without an address or a phone"
+        reason += bare                    ? ", one without an address or a phone"
                   : action == Action::Ask ? ", share a phone"
-                                             : "";
+                                          : "";
         found_.Lines.push_back({action, Tier::Name, records, std::move(reason)});
     }
 
