@@ -10,9 +10,6 @@
 namespace orvik::book {
 namespace {
 
-// What is between the values of a cell.
-constexpr std::string_view kBetween = " ::: ";
-
 // The value up to the next separator; rest moves behind it.
 std::string_view Taken(std::string_view& rest, std::string_view between, bool& more) {
     const std::size_t at = rest.find(between);
@@ -166,7 +163,7 @@ void CsvContacts::TakeKinds(const CsvRow& row) {
         kinds.Values.clear();
         std::string_view rest = kinds.Cell;
         for (bool more = columns_.ManyInCell; more;) {
-            kinds.Values.push_back(Taken(rest, kBetween, more));
+            kinds.Values.push_back(Taken(rest, kBetweenValues, more));
         }
         if (kinds.Values.empty()) {
             kinds.Values.push_back(kinds.Cell);
@@ -219,7 +216,7 @@ void CsvContacts::TakeCell(std::size_t column, std::string_view cell) {
     std::string_view rest = text;
     std::size_t number = 0;
     for (bool more = true; more; ++number) {
-        const std::string_view value = WithoutBlanksAround(Taken(rest, kBetween, more));
+        const std::string_view value = WithoutBlanksAround(Taken(rest, kBetweenValues, more));
         if (!value.empty()) {
             TakeValue(column, value, number);
         }
@@ -339,7 +336,7 @@ void CsvContacts::TakeDate(std::size_t column, std::string_view value) {
 }
 
 void CsvContacts::TakeValues(std::size_t column, std::string_view cell) {
-    const std::string_view between = columns_.ManyInCell ? kBetween : ";";
+    const std::string_view between = columns_.ManyInCell ? kBetweenValues : ";";
     std::string list;
     for (bool more = true; more;) {
         const std::string_view value = WithoutBlanksAround(Taken(cell, between, more));

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include "app/text.h"
 #include "book/csv_contact.h"
 #include "book/csv_values.h"
 #include "book/typed_views.h"
+#include "book/utf8.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
@@ -31,6 +33,22 @@ constexpr std::array kOtherNames = {
 };
 
 }  // namespace
+
+bool HoldsSomething(std::string_view value) {
+    return value.find_first_not_of(" \t\r\n;,") != std::string_view::npos;
+}
+
+bool MayBeNumbered(const Book& book, const Property& one) {
+    const std::string text = one.Name == field::kAdr ? Unescaped(one.Value)
+                                                     : std::string(WithoutBlanksAround(one.Value));
+    const auto is_one = [](std::string_view value) {
+        return value.find(kBetweenValues) == std::string_view::npos;
+    };
+    const bool related = one.Name == field::kRelated;
+    return HoldsSomething(one.Value) && is_one(text) &&
+           (!related || (SameName(ParamOf(book, one, field::kValue), "text") &&
+                         is_one(ParamOf(book, one, field::kType))));
+}
 
 CsvPersonWriter::CsvPersonWriter(Book& book,
                                  CsvProgram program,
@@ -136,8 +154,7 @@ void CsvPersonWriter::Take(const Property& one) {
     if (IsHousekeeping(one)) {
         return;
     }
-    const bool empty = one.Value.find_first_not_of(" \t\r\n;,") == std::string_view::npos;
-    if (empty) {
+    if (!HoldsSomething(one.Value)) {
         return Kept(one);
     }
     const auto first_or = [&](const Property*& place, std::string_view label) {
@@ -184,7 +201,7 @@ void CsvPersonWriter::Take(const Property& one) {
         case field::kGender:
             return TakeGender(one);
         case field::kNote:
-            notes_.append(notes_.empty() ? "" : row_.LineEnd()).append(one.Value);
+            notes_.append(notes_.empty() ? "" : row_.LineBreak()).append(one.Value);
             return Kept(one);
         default:
             return TakeOther(one);
@@ -231,6 +248,13 @@ void CsvPersonWriter::TakeOther(const Property& one) {
             return SameName(known.Property, name);
         });
     const std::string text = Readable(one);
+    // Apple's dates and relations say by their label what they are.
+    if (const std::string_view label = labels_.Of(book_.DetailsOf(one).Group); !label.empty()) {
+        const std::size_t column = layout_.Find(ToLower(label));
+        const bool own = column != CsvLayout::kNone &&
+                         layout_.Columns()[column].Field->Meaning == CsvMeaning::Carried;
+        return own && Put(column, text) ? Kept(one) : Carry(one, label, text);
+    }
     const std::size_t column = other != kOtherNames.end() ? layout_.Find(other->Field)
                                : one.Name < field::kKnown ? simple_[one.Name]
                                                           : CsvLayout::kNone;
@@ -289,106 +313,26 @@ bool CsvPersonWriter::Put(std::size_t column, std::string_view value) {
     if (column == CsvLayout::kNone || value.empty() || !row_.IsFree(column) || !Fits(value)) {
         return false;
     }
-    row_.Cell(column) = value;
+    row_.AppendLines(value, column);
     return true;
 }
 
 // Google parts several values of a cell.
 bool CsvPersonWriter::Fits(std::string_view value) const {
-    return !google_ || value.find(" ::: ") == std::string_view::npos;
+    return !google_ || value.find(kBetweenValues) == std::string_view::npos;
 }
 
 void CsvPersonWriter::AddNote(std::string_view label, std::string_view value) {
-    lines_.append(lines_.empty() ? "" : row_.LineEnd());
-    lines_.append(label).append(": ").append(value);
+    lines_.append(lines_.empty() ? "" : row_.LineBreak());
+    // Names of fields may be any bytes.
+    AppendUtf8(label, lines_);
+    lines_.append(": ").append(value);
 }
 
 void CsvPersonWriter::WriteNote() {
     std::string& cell = row_.Cell(note_column_);
     cell.append(notes_);
-    cell.append(cell.empty() || lines_.empty() ? "" : row_.LineEnd()).append(lines_);
-}
-
-void CsvPersonWriter::Kept(const Property& one) {
-    if (program_ == CsvProgram::Outlook && !letters_.Has(one.Value)) {
-        return Lose(one, Reason::NoSuchLetter);
-    }
-    book_.Told.CountMore(What::Kept);
-}
-
-void CsvPersonWriter::WithoutKind(const Property& one) {
-    Tell(one, What::Doubtful, Reason::NoKind);
-}
-
-void CsvPersonWriter::Carry(const Property& one, std::string_view label, std::string_view value) {
-    AddNote(label, value);
-    Tell(one, What::Carried, Reason::NotInTarget, note_name_);
-}
-
-void CsvPersonWriter::Lose(const Property& one, Reason why) {
-    book_.Told.Add({book_.Names.Text(one.Name),
-                    one.Value,
-                    contact_->From.File,
-                    contact_->From.Line,
-                    FieldNames::kNone,
-                    What::Lost,
-                    why});
-}
-
-void CsvPersonWriter::Tell(const Property& one, What what, Reason why, NameId target) {
-    if (program_ == CsvProgram::Outlook && !letters_.Has(one.Value)) {
-        return Lose(one, Reason::NoSuchLetter);
-    }
-    book_.Told.Add({book_.Names.Text(one.Name),
-                    one.Value,
-                    contact_->From.File,
-                    contact_->From.Line,
-                    target,
-                    what,
-                    why});
-}
-
-// A value as a person reads it in notes.
-std::string CsvPersonWriter::Readable(const Property& one) const {
-    const ValueForm form = ValueFormOf(book_.Names, one.Name);
-    if (form == ValueForm::Text) {
-        return std::string(one.Value);
-    }
-    if (form == ValueForm::Verbatim) {
-        return Unescaped(one.Value);
-    }
-    std::string text;
-    std::string_view rest = one.Value;
-    for (TakenPart part{{}, true}; part.More;) {
-        part = TakePart(rest, form == ValueForm::List ? ',' : ';');
-        std::string_view values = part.Text;
-        for (TakenPart value{{}, true}; value.More;) {
-            value = TakePart(values, ',');
-            const std::string plain = Unescaped(value.Text);
-            const std::string_view shown = WithoutBlanksAround(plain);
-            text.append(text.empty() || shown.empty() ? "" : ", ").append(shown);
-        }
-    }
-    return text;
-}
-
-// What a line of the notes begins with.
-std::string CsvPersonWriter::LabelOf(const Property& one) const {
-    for (std::size_t i = 0; i < CsvFieldCount(); ++i) {
-        const CsvField& field = CsvFieldAt(i);
-        const bool whole = field.Meaning == CsvMeaning::Simple ||
-                           field.Meaning == CsvMeaning::Date ||
-                           field.Meaning == CsvMeaning::Photo ||
-                           field.Meaning == CsvMeaning::Html || field.Meaning == CsvMeaning::Values;
-        if (field.Property == one.Name && whole) {
-            return Capitalised(ShownName(field));
-        }
-    }
-    std::string_view name = book_.Names.Text(one.Name);
-    for (const std::string_view ours : {kCarriedFromLdif, kCarriedFromVCard}) {
-        name.remove_prefix(StartsAsName(name, ours) ? ours.size() : 0);
-    }
-    return one.Name == field::kImpp ? "Messenger" : std::string(name);
+    cell.append(cell.empty() || lines_.empty() ? "" : row_.LineBreak()).append(lines_);
 }
 
 }  // namespace orvik::book

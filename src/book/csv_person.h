@@ -33,6 +33,12 @@ struct CsvTarget {
 //   "X-ORVIK-CSV-Konto" for Outlook -> "Konto", account;  "X-ORVIK-CSV-Foo" -> "Foo", none
 [[nodiscard]] CsvTarget CarriedTarget(const Book& book, const Property& one, CsvProgram program);
 
+// Whether a value can have numbered columns of Google: it holds something that is not taken for
+// several values, and a relation is no reference to another record.
+[[nodiscard]] bool MayBeNumbered(const Book& book, const Property& one);
+// Whether a value holds more than blanks and signs between values.
+[[nodiscard]] bool HoldsSomething(std::string_view value);
+
 class CsvPersonWriter {
  public:
     // All must outlive this.

@@ -31,6 +31,14 @@ std::string PlainDate(std::string_view value) {
     return date.starts_with("0000") ? "-" + date.substr(4) : date;
 }
 
+// Columns whose cells the reader may keep under their header.
+bool MayComeBack(CsvMeaning meaning) {
+    return meaning == CsvMeaning::Carried || meaning == CsvMeaning::Year ||
+           meaning == CsvMeaning::Month || meaning == CsvMeaning::Day ||
+           meaning == CsvMeaning::AddressName || meaning == CsvMeaning::Sort ||
+           meaning == CsvMeaning::Kind;
+}
+
 // "04" -> "4"
 std::string_view Plain(std::string_view number) {
     return number.substr(std::min(number.find_first_not_of('0'), number.size()));
@@ -64,6 +72,7 @@ CsvTarget CarriedTarget(const Book& book, const Property& one, CsvProgram progra
     const CsvHeaderKey key = KeyOf(target.Header);
     const CsvWords& words = CsvWords::All();
     const CsvTable& table = CsvTableOf(program);
+    // What was kept under its header was no field, so words for fields are not meant.
     std::string_view name;
     bool sure = true;
     for (const CsvWords::Hit hit : words.Find(key.Text)) {
@@ -73,8 +82,10 @@ CsvTarget CarriedTarget(const Book& book, const Property& one, CsvProgram progra
             sure = true;
             break;
         }
-        sure = sure && (name.empty() || name == word.Name);
-        name = word.Name;
+        if (MayComeBack(word.Field->Meaning)) {
+            sure = sure && (name.empty() || name == word.Name);
+            name = word.Name;
+        }
     }
     if (sure) {
         target.Name = name;
@@ -151,7 +162,7 @@ bool CsvPersonWriter::FollowsFromRest(std::string_view shown) {
     };
     const auto& [family, given, middle, prefix, suffix] = parts;
     return shown == joined({given, family}, " ") || shown == joined({family, given}, " ") ||
-           shown == joined({family, given}, ", ") ||
+           shown == joined({family, given}, ", ") || shown == joined({family, given}, "") ||
            shown == joined({given, middle, family}, " ") ||
            shown == joined({prefix, given, middle, family, suffix}, " ") ||
            shown == joined({prefix, given, family, suffix}, " ");
@@ -214,7 +225,7 @@ void CsvPersonWriter::WriteGroups(std::span<const std::string_view> lists) {
     seen_groups_.clear();
     std::string cell;
     bool everybody = false;
-    const std::string_view between = google_ ? " ::: " : ";";
+    const std::string_view between = google_ ? kBetweenValues : std::string_view(";");
     const auto add = [&](std::string_view group) {
         const bool known = !seen_groups_.emplace(group).second;
         const bool none = group == kEverybody && !google_;
@@ -248,7 +259,7 @@ void CsvPersonWriter::WriteGroups(std::span<const std::string_view> lists) {
         cell = std::string(kEverybody).append(cell.empty() ? "" : between).append(cell);
     }
     if (groups_column_ != CsvLayout::kNone) {
-        row_.Cell(groups_column_) = cell;
+        row_.AppendLines(cell, groups_column_);
     }
 }
 
@@ -262,13 +273,13 @@ void CsvPersonWriter::WriteRelations() {
     }
     for (const Property* const one : relations_) {
         const std::string_view type = ParamOf(book_, *one, field::kType);
-        const std::string text = Unescaped(one->Value);
+        const std::string_view text = WithoutBlanksAround(one->Value);
         const bool plain = IsText(*one);
         const std::string_view name = SameName(type, "child") ? "children" : type;
         const std::size_t column = SameName(type, "spouse") || SameName(type, "child")
                                        ? layout_.Find(name)
                                        : CsvLayout::kNone;
-        if (plain && google_ && next < numbered_relations_.size() && Fits(text) && Fits(type) &&
+        if (google_ && MayBeNumbered(book_, *one) && next < numbered_relations_.size() &&
             Put(numbered_relations_[next].Value, text)) {
             row_.Cell(numbered_relations_[next].Label) = Capitalised(type);
             ++next;
@@ -295,14 +306,11 @@ void CsvPersonWriter::WriteCarried() {
         }
         const CsvMeaning meaning = layout_.Columns()[column].Field->Meaning;
         const bool kind = meaning == CsvMeaning::Kind;
-        const bool same = meaning == CsvMeaning::Carried || meaning == CsvMeaning::Year ||
-                          meaning == CsvMeaning::Month || meaning == CsvMeaning::Day ||
-                          meaning == CsvMeaning::AddressName || meaning == CsvMeaning::Sort;
         // The kind of nothing stands before its empty cell.
-        const bool alone = kind && row_.IsFree(column + 1);
+        const bool fits = kind ? row_.IsFree(column + 1) : MayComeBack(meaning);
         if (IsNothing(target.Name, one->Value)) {
             Kept(*one);
-        } else if ((same || alone) && row_.IsFree(column)) {
+        } else if (fits && row_.IsFree(column)) {
             row_.Cell(column) = one->Value;
             Kept(*one);
         } else {

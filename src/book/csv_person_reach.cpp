@@ -61,7 +61,7 @@ bool CsvPersonWriter::WriteKindLabel(const Reach& reach, std::size_t column) {
     const std::string label = NumberedLabel(reach.Kind, word);
     const bool starred = reach.Kind.Label.starts_with('*');
     if (column != CsvLayout::kNone && !starred && Fits(label)) {
-        row_.Cell(column) = label;
+        row_.AppendLines(label, column);
         reach.Kind.Label.empty() && word.Left != 0 ? WithoutKind(*reach.One) : Kept(*reach.One);
         return true;
     }
@@ -193,7 +193,7 @@ void CsvPersonWriter::WritePosts() {
 
 bool CsvPersonWriter::WritePost(Reach& post, PostColumns& columns) {
     constexpr std::size_t kExtended = 1;
-    if (!Fits(Unescaped(post.One->Value))) {
+    if (google_ && !MayBeNumbered(book_, *post.One)) {
         return false;
     }
     columns.Used = true;
@@ -218,7 +218,8 @@ bool CsvPersonWriter::WritePost(Reach& post, PostColumns& columns) {
             }
             const bool more = i == kExtended && columns.MoreStreet != CsvLayout::kNone;
             column = more && !row_.IsFree(column) ? columns.MoreStreet : column;
-            row_.Cell(column).append(row_.IsFree(column) ? "" : ", ").append(text);
+            row_.Cell(column).append(row_.IsFree(column) ? "" : ", ");
+            row_.AppendLines(text, column);
         }
     }
     if (whole) {

@@ -33,6 +33,19 @@ void AppendCsvCell(std::string_view value, std::string& to) {
     to += '"';
 }
 
+void CsvRowWriter::AppendLines(std::string_view text, std::size_t column) {
+    std::string& cell = cells_[column];
+    while (!text.empty()) {
+        const std::size_t line = std::min(text.find_first_of("\r\n"), text.size());
+        cell.append(text.substr(0, line));
+        text.remove_prefix(line);
+        if (!text.empty()) {
+            cell.append(line_break_);
+            text.remove_prefix(text.starts_with("\r\n") ? 2 : 1);
+        }
+    }
+}
+
 bool CsvRowWriter::End() {
     const bool empty =
         std::all_of(cells_.begin(), cells_.end(), [](const auto& cell) { return cell.empty(); });

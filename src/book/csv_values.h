@@ -7,6 +7,9 @@
 
 namespace orvik::book {
 
+// What parts several values of a cell of Google.
+inline constexpr std::string_view kBetweenValues = " ::: ";
+
 // IsNothing: whether a value is what a program writes where it knows nothing, by the name of the
 // field.
 //   "birthday", "0/0/00" -> true;  "gender", "Unspecified" -> true;  "email1.type", "SMTP" -> true

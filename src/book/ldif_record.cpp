@@ -51,6 +51,7 @@ void LdifRecordWriter::Write(const Contact& contact,
     named_ = parts_ = nicknamed_ = organised_ = work_ = home_ = false;
     identified_ = born_ = saved_ = false;
     emails_ = 0;
+    phones_.clear();
     of_evolution_ = !FirstOf(book_, contact, field::kEvolutionList).empty();
     shown_ = NameOf(book_, contact).Shown;
     book_.TellLosses(contact);
@@ -142,6 +143,10 @@ LdifRecordWriter::Fit LdifRecordWriter::WriteNatural(const Property& one) {
             return HasTypeOnly(one, "internet") ? Fit::All : fit_of_params;
         case field::kTel: {
             const PhoneNames phone = PhoneNamesOf(book_, one);
+            if (set_ == LdifAttributes::Thunderbird &&
+                !phones_.insert(phone.Names.In(set_)).second) {
+                return Fit::None;
+            }
             return Line(phone.Names, one.Value) && phone.Exact ? Fit::All : Fit::Part;
         }
         case field::kOrg:

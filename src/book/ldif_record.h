@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -74,6 +75,7 @@ class LdifRecordWriter {
     bool born_ = false;
     bool saved_ = false;
     std::size_t emails_ = 0;
+    std::set<std::string_view> phones_;  // the attributes that are there
 };
 
 }  // namespace orvik::book

@@ -12,7 +12,7 @@
 
 namespace orvik::book {
 
-// Thunderbird has the attributes of Mozilla, but of several mail lines it keeps the last one.
+// Thunderbird has the attributes of Mozilla, but of several lines of one it keeps the last.
 enum class LdifAttributes : std::uint8_t { Mozilla, Netscape, KContacts, Evolution, Thunderbird };
 
 // The attributes of one field in each set; empty where the program has none. Thunderbird's are

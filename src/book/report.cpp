@@ -48,6 +48,7 @@ std::string_view WordsFor(Reason reason) {
         "is a list, and the target knows none",
         "is a list in a list: its members are put into the outer one",
         "is one more than the program takes",
+        "is in the file, but the program does not read it",
         "is larger than the program takes",
         "has members in other files"};
     static_assert(!kWords.back().empty());

@@ -53,6 +53,7 @@ enum class Reason : std::uint8_t {
     NoLists,         // a list, of which the target knows none
     ListInList,      // a list in a list, where the target knows members only
     TooMany,         // one more than the program takes
+    NotRead,         // a value that the program finds in the file and passes over
     TooLarge,        // more bytes than the program takes
     Elsewhere,       // a list whose members are in several files
     kCount

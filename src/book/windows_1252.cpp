@@ -1,5 +1,6 @@
 #include "book/windows_1252.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -13,12 +14,11 @@
 namespace orvik::book {
 namespace {
 
-constexpr char32_t kNoLetter = 0xFFFD;
-
 // The letter that a text begins with; the text moves behind it.
 char32_t TakeLetter(std::string_view& text) {
     const Utf8Letter letter = FirstLetter(text);
-    text.remove_prefix(letter.Length);
+    // Bytes that are no letter are none of this set either.
+    text.remove_prefix(std::max<std::size_t>(letter.Length, 1));
     return letter.Code;
 }
 
@@ -69,7 +69,7 @@ bool Windows1252::Has(std::string_view text) const {
     for (text.remove_prefix(AsciiLength(text)); !text.empty();
          text.remove_prefix(AsciiLength(text))) {
         const char32_t letter = TakeLetter(text);
-        if (letter == kNoLetter || ByteOf(letter) == '\0') {
+        if (ByteOf(letter) == '\0') {
             return false;
         }
     }

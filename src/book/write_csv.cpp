@@ -43,7 +43,7 @@ class NumberedNeeds {
         CsvNumbered count;
         std::uint32_t related = 0;
         for (const Property& one : contact.Properties) {
-            if (one.Value.empty()) {
+            if (!MayBeNumbered(book_, one)) {
                 continue;
             }
             switch (one.Name) {
@@ -102,8 +102,11 @@ std::string WriteCsv(Book& book, CsvProgram program) {
     const Windows1252 letters;
     std::string text = program == CsvProgram::OutlookNew ? "\xEF\xBB\xBF" : "";
     text.reserve(book.LikelyLength() + book.Contacts.size() * layout.Columns().size());
-    CsvRowWriter row(
-        layout.Columns().size(), program == CsvProgram::Thunderbird ? "\n" : "\r\n", text);
+    const bool outlook = program == CsvProgram::Outlook || program == CsvProgram::OutlookNew;
+    CsvRowWriter row(layout.Columns().size(),
+                     program == CsvProgram::Thunderbird ? "\n" : "\r\n",
+                     outlook ? "\r\n" : "\n",
+                     text);
     for (std::size_t i = 0; i < layout.Columns().size(); ++i) {
         row.Cell(i) = layout.Columns()[i].Header;
     }

@@ -44,6 +44,8 @@ void LoadNew(const Arguments& arguments, Console& console, Loaded& loaded) {
     }
     Loaded older;
     Load(console, arguments.NewSince, arguments.Charset, older, arguments.Columns);
+    TellColumns(console, older);
+    TellCharsets(console, older);
     loaded.Status = loaded.Status == ExitStatus::Done ? older.Status : loaded.Status;
     if (loaded.Status == ExitStatus::Done) {
         loaded.LeftOut = LeaveOutKnown(older.Book, loaded.Book);

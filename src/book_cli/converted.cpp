@@ -34,7 +34,7 @@ std::string Carried(const Arguments& arguments, const book::Book& book) {
         return "carried 0";
     }
     const std::string_view how =
-        arguments.Target == Dialect::Csv ? "carried in the notes: " : "carried as X- fields: ";
+        arguments.Target == Dialect::Csv ? "carried in other columns: " : "carried as X- fields: ";
     return std::string(how) + Counted(KindsCarried(book).size(), "kind", "kinds") + ", " +
            Counted(values, "value", "values");
 }

@@ -1,7 +1,9 @@
 #include "book_cli/limits.h"
 
 #include <algorithm>
+#include <map>
 
+#include "book/ldif_sets.h"
 #include "book/typed_views.h"
 #include "book/value_form.h"
 #include "book/vcard_fields.h"
@@ -37,7 +39,7 @@ class Doubts {
             } else {
                 AddOfPerson(contact);
             }
-            if (form_.Most.RecordBytes > 0 && LengthOf(contact, i) > form_.Most.RecordBytes) {
+            if (IsOver(LengthOf(contact, i), form_.Most.RecordBytes)) {
                 Add(contact, {}, NameOf(contact), Reason::TooLarge);
             }
         }
@@ -53,17 +55,35 @@ class Doubts {
 
     void AddOfPerson(const book::Contact& person) {
         std::size_t addresses = 0;
+        std::map<std::string_view, std::size_t> phones;
         for (const book::Property& one : person.Properties) {
             const std::string_view field = book_.Names.Text(one.Name);
-            if (one.Name == book::field::kPhoto && form_.Most.PhotoBytes > 0 &&
-                BytesOfPhoto(book_, one) > form_.Most.PhotoBytes) {
-                Add(person, field, {}, Reason::TooLarge);
-            } else if (one.Name == book::field::kEmail && !one.Value.empty() &&
-                       form_.Most.Addresses > 0 && ++addresses > form_.Most.Addresses) {
+            if (one.Value.empty()) {
+                continue;
+            }
+            if (one.Name == book::field::kPhoto) {
+                AddOfPhoto(person, one);
+            } else if (one.Name == book::field::kEmail &&
+                       IsOver(++addresses, form_.Most.Addresses)) {
+                Add(person, field, one.Value, Reason::TooMany);
+            } else if (one.Name == book::field::kTel && form_.Most.PhonesOfKind > 0 &&
+                       IsOver(++phones[book::PhoneNamesOf(book_, one).Names.Mozilla],
+                              form_.Most.PhonesOfKind)) {
                 Add(person, field, one.Value, Reason::TooMany);
             }
         }
     }
+
+    void AddOfPhoto(const book::Contact& person, const book::Property& photo) {
+        const std::string_view field = book_.Names.Text(photo.Name);
+        if (!form_.TakesPhotos) {
+            Add(person, field, {}, Reason::NotRead);
+        } else if (IsOver(BytesOfPhoto(book_, photo), form_.Most.PhotoBytes)) {
+            Add(person, field, {}, Reason::TooLarge);
+        }
+    }
+
+    static bool IsOver(std::size_t count, std::size_t most) { return most > 0 && count > most; }
 
     [[nodiscard]] std::size_t LengthOf(const book::Contact& contact, std::size_t number) const {
         return number + 1 < written_.Places.size()

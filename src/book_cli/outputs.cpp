@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <optional>
+#include <set>
 
 #include "app/file_calls.h"
 #include "app/printable.h"
@@ -88,11 +89,16 @@ ExitStatus Outputs::Probe(Target& target, bool& needs_leave) {
 
 ExitStatus Outputs::CheckParts(const std::vector<FilePart>& parts, std::vector<Target>& targets) {
     std::vector<Target*> there;
+    std::set<std::string> files;
     targets.reserve(parts.size());
     for (const FilePart& part : parts) {
         Target& target = targets.emplace_back(Target{part.Name, false});
         if (AreOneFile(part.Name)) {
             return Refuse("The report and the book would be one file", report_.Name);
+        }
+        // Links may lead two names to one file.
+        if (!files.insert(KeyOf(part.Name)).second) {
+            return Refuse("This is the same file as another part of the book", part.Name);
         }
         bool needs_leave = false;
         if (const ExitStatus status = Probe(target, needs_leave); status != ExitStatus::Done) {
@@ -115,6 +121,15 @@ ExitStatus Outputs::CheckParts(const std::vector<FilePart>& parts, std::vector<T
     }
     return leave ? ExitStatus::Done
                  : Refuse("The file is there already; --force replaces it", there.front()->Name);
+}
+
+std::string Outputs::KeyOf(const std::string& name) const {
+    FileStatus status;
+    const bool known = !Persist([&] { return console_.Files().Status(name, status); });
+    return known && status.Kind == FileKind::Regular
+               ? std::to_string(status.Identity.Device) + ":" +
+                     std::to_string(status.Identity.Number)
+               : console_.Files().ResolveLinks(name).lexically_normal().string();
 }
 
 // A terminal or a null device may well be both.

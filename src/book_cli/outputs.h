@@ -47,6 +47,8 @@ class Outputs {
     [[nodiscard]] cli::ExitStatus Probe(Target& target, bool& needs_leave);
     [[nodiscard]] cli::ExitStatus CheckParts(const std::vector<FilePart>& parts,
                                              std::vector<Target>& targets);
+    // What is the same for all names of a file.
+    [[nodiscard]] std::string KeyOf(const std::string& name) const;
     [[nodiscard]] bool IsRead(const std::string& name) const;
     [[nodiscard]] bool AreOneFile(const std::string& book) const;
     [[nodiscard]] cli::ExitStatus WriteFile(const Target& target, const SharedText& contents);

@@ -19,6 +19,7 @@ constexpr ImportLimits kICloud = {.Records = 0,
                                   .RecordBytes = 256 * kKilobyte,
                                   .PhotoBytes = 224 * kKilobyte,
                                   .Addresses = 0,
+                                  .PhonesOfKind = 0,
                                   .AllRecords = 50000,
                                   .AllBytes = 48 * kKilobyte * kKilobyte};
 
@@ -34,7 +35,8 @@ constexpr std::array kThunderbird = {
                .Form = Dialect::Ldif,
                .Set = LdifAttributes::Thunderbird,
                .TakesLists = true,
-               .Most = {.Addresses = book::kAddressesOfThunderbird},
+               .TakesPhotos = false,
+               .Most = {.Addresses = book::kAddressesOfThunderbird, .PhonesOfKind = 1},
                .Where = "in Thunderbird: Address Book > Import, then LDIF and the file"},
     ImportForm{.Ending = ".csv",
                .Form = Dialect::Csv,
@@ -108,6 +110,7 @@ constexpr std::array kKAddressBook = {
                .Form = Dialect::Ldif,
                .Set = LdifAttributes::KContacts,
                .TakesLists = true,
+               .TakesPhotos = false,
                .Where = "in KAddressBook: File > Import, then LDIF and the file"},
 };
 
@@ -121,6 +124,7 @@ constexpr std::array kEvolution = {
                .Form = Dialect::Ldif,
                .Set = LdifAttributes::Evolution,
                .TakesLists = true,
+               .TakesPhotos = false,
                .Where =
                    "in Evolution: File > Import > Import a single file, then the file, its type "
                    "(LDIF) and the address book"},

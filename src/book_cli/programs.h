@@ -24,6 +24,8 @@ struct ImportLimits {
     std::size_t RecordBytes = 0;
     std::size_t PhotoBytes = 0;
     std::size_t Addresses = 0;
+    // Phones of one kind, as LDIF has kinds.
+    std::size_t PhonesOfKind = 0;
     // Records, and bytes without pictures, of all that somebody keeps there. More files are of
     // none.
     std::size_t AllRecords = 0;
@@ -41,6 +43,8 @@ struct ImportForm {
     book::GroupForm Groups = book::GroupForm::Prefix;
     // Whether lists arrive as lists, or as what the program has in their place.
     bool TakesLists = false;
+    // Whether pictures are read; tables hold none.
+    bool TakesPhotos = true;
     ImportLimits Most = {};
     // Why no file may have more records; a sentence about the program.
     std::string_view Why = {};

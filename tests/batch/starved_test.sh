@@ -41,13 +41,24 @@ tell() {
     failed=1
 }
 
-starve 100 3 --bogus
-starve 100 11 --version
-starve 300 13 --help
+list() {
+    printf 'dn: cn=Al\ncn: Al\nmail: a@example.org\nshoeSize: 42\n\ndn: cn=Crew\nobjectclass: groupOfNames\ncn: Crew\nmember: cn=Al\n'
+}
+
+if [ "$name" != orvik-book-csv ]; then
+    starve 100 3 --bogus
+    starve 100 11 --version
+    starve 300 13 --help
+fi
 if [ "$name" = orvik-batch ]; then
     starve 500 13 --open two.txt --sort address --save book.ldif
+elif [ "$name" = orvik-book-csv ]; then
+    list >two.ldif
+    starve 500 401 google two.ldif
+    starve 500 401 outlook two.ldif
+    starve 500 401 thunderbird two.ldif
 else
-    printf 'dn: cn=Al\ncn: Al\nmail: a@example.org\nshoeSize: 42\n\ndn: cn=Crew\nobjectclass: groupOfNames\ncn: Crew\nmember: cn=Al\n' >two.ldif
+    list >two.ldif
     starve 500 41 convert two.ldif --attributes kcontacts -o book.ldif
     starve 500 41 convert two.ldif --vcard 4
     starve 500 41 show two.ldif
@@ -56,6 +67,8 @@ else
     starve 500 41 check letters.ldif
     starve 500 41 check --json letters.ldif
     starve 500 41 diff two.ldif two.ldif
+    printf 'First Name,Last Name,E-mail 1 - Value,Hobby\nCy,Castell,c@example.org,Rows\n' >two.csv
+    starve 500 401 convert two.csv -o book.ldif
 fi
 [ "$(find . -name '.orvik*')" = "" ] || { echo "starved: litter"; failed=1; }
 exit $failed

@@ -1,5 +1,5 @@
-// Address books with all of their fields: reading LDIF beside memchr over the same bytes, writing,
-// and how much memory both take.
+// Address books with all of their fields: reading LDIF beside memchr over the same bytes, reading
+// and writing of each format, and how much memory it takes.
 
 #include <algorithm>
 #include <array>
@@ -19,8 +19,10 @@
 #include "bench/processor_time.h"
 #include "book/address_book.h"
 #include "book/charset.h"
+#include "book/read_csv.h"
 #include "book/read_ldif.h"
 #include "book/read_vcard.h"
+#include "book/write_csv.h"
 #include "book/write_ldif.h"
 #include "book/write_vcard.h"
 
@@ -204,6 +206,29 @@ void WritePeopleAsLdif(benchmark::State& state) {
     Finish(state, bytes);
 }
 
+void ReadTable(Book& book, std::uint32_t file, book::Charset& charset) {
+    ReadCsv(book, file, charset, {});
+}
+
+void ReadPeopleOfCsv(benchmark::State& state) {
+    const std::string& ldif = LdifOf(static_cast<std::size_t>(state.range(0)));
+    const std::string text = WriteCsv(*Read(book::ReadLdif, ldif), book::CsvProgram::Outlook);
+    for ([[maybe_unused]] const auto _ : state) {
+        benchmark::DoNotOptimize(Read(ReadTable, text));
+    }
+    Finish(state, text.size());
+}
+
+template <book::CsvProgram program>
+void WritePeopleAsCsv(benchmark::State& state) {
+    const auto book = Read(book::ReadLdif, LdifOf(static_cast<std::size_t>(state.range(0))));
+    std::size_t bytes = 0;
+    for ([[maybe_unused]] const auto _ : state) {
+        bytes = WriteCsv(*book, program).size();
+    }
+    Finish(state, bytes);
+}
+
 void Sizes(benchmark::internal::Benchmark* work) {
     work->RangeMultiplier(10)->Range(1000, 1'000'000)->Complexity(benchmark::oN);
     work->Unit(benchmark::kMillisecond);
@@ -215,6 +240,10 @@ BENCHMARK(ReadPeopleOfLdif)->Apply(Sizes);
 BENCHMARK(ReadPeopleOfVCard)->Apply(Sizes);
 BENCHMARK(WritePeopleAsVCard)->Apply(Sizes);
 BENCHMARK(WritePeopleAsLdif)->Apply(Sizes);
+BENCHMARK(ReadPeopleOfCsv)->Apply(Sizes);
+BENCHMARK(WritePeopleAsCsv<book::CsvProgram::Thunderbird>)->Apply(Sizes);
+BENCHMARK(WritePeopleAsCsv<book::CsvProgram::Google>)->Apply(Sizes);
+BENCHMARK(WritePeopleAsCsv<book::CsvProgram::Outlook>)->Apply(Sizes);
 
 }  // namespace
 }  // namespace orvik::bench

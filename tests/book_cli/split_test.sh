@@ -113,6 +113,19 @@ tells "in-1.ldif: This file is read, and a book is never written over itself"
 run "over the report" 73 convert five.ldif -o rep.vcf --split 2 --report rep-2.vcf
 tells "The report and the book would be one file"
 is_missing rep-1.vcf
+echo old >one
+for link in "ln -s" ln; do
+    $link one two-1.vcf
+    $link one two-2.vcf
+    run "two names of a file by $link" 73 convert five.ldif -o two.vcf --split 3 --force
+    tells "two-2.vcf: This is the same file as another part of the book"
+    holds one old
+    rm two-1.vcf two-2.vcf
+done
+ln -s new-file two-1.vcf
+ln -s new-file two-2.vcf
+run "two names of no file" 73 convert five.ldif -o two.vcf --split 3
+is_missing new-file
 run "a missing folder" 73 convert five.ldif -o gone/x.vcf --split 2
 tells "gone/x-1.vcf: Path not found"
 { person Al; printf 'dn: cn=Big,mail=big@example.org\ncn: Big\nmail: big@example.org\ndescription: %0100000d\n' 1; } >full.ldif

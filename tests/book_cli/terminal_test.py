@@ -61,6 +61,16 @@ def test_question():
         check(f"the file after {answer}", content == (CARD if replaced else "old"), content)
     shown, status = at_terminal(["convert", "bo.vcf", "-o", "there.vcf", "--force"])
     check("asks nothing with --force", QUESTION not in shown and status == 0, shown)
+    # Of several files all are asked for at once.
+    for number in ("1", "2"):
+        pathlib.Path(f"part-{number}.vcf").write_text("old")
+    split = ["convert", "bo.vcf", "bo.vcf", "-o", "part.vcf", "--split", "1"]
+    question = "part-1.vcf and others, 2 in all, are there already. Replace them? [y/N]"
+    for answer, status_then, content in (("n", 73, "old"), ("y", 0, CARD)):
+        shown, status = at_terminal(split, answer + "\n")
+        check(f"asks once before {answer}", shown.count("[y/N]") == 1 and question in shown, shown)
+        check(f"status of several after {answer}", status == status_then, status)
+        check(f"the last file after {answer}", pathlib.Path("part-2.vcf").read_bytes().decode() == content)
     # Where nobody sees the question nobody is asked.
     there.write_text("old")
     ours, theirs = pty.openpty()

@@ -183,5 +183,33 @@ TEST(WriteLdif, NamesMembersAsTheirRecordsAreNamed) {
         "x-orvik-vcard-x-addressbookserver-member: X-ADDRESSBOOKSERVER-MEMBER:none\n");
 }
 
+TEST(WriteLdif, GivesThunderbirdTwoAddressesAndCarriesTheRest) {
+    const std::string card = "UID:1\nFN:A\nEMAIL:a@x\nEMAIL:b@x\nEMAIL:c@x\n";
+    const std::string text = Ldif(Card(card), LdifAttributes::Thunderbird);
+    EXPECT_NE(text.find("mail: a@x\nmozillaSecondEmail: b@x\n"
+                        "x-orvik-vcard-email;x-more: EMAIL:c@x\n"),
+              std::string::npos)
+        << text;
+    EXPECT_NE(text.find("objectclass: mozillaAbPersonAlpha\n"), std::string::npos);
+    EXPECT_NE(Ldif(Card(card)).find("mail: c@x\n"), std::string::npos);
+}
+
+TEST(WriteLdif, TellsKContactsHowAListIsCalled) {
+    const std::string list = Card("UID:1\nFN:Crew\nX-ADDRESSBOOKSERVER-KIND:group\n");
+    EXPECT_NE(Ldif(list, LdifAttributes::KContacts).find("cn: Crew\ndisplay-name: Crew\n"),
+              std::string::npos);
+    EXPECT_EQ(Ldif(list).find("display-name"), std::string::npos);
+}
+
+TEST(WriteLdif, TellsWhereRecordsStand) {
+    const std::string al = "dn: cn=Al\ncn: Al\n";
+    const std::string bo = "dn: cn=Bo\ncn: Bo\n";
+    ReadBook read(ReadLdif, al + "\n\n" + bo);
+    RecordPlaces places;
+    const std::string text = WriteLdif(read.book, std::nullopt, &places);
+    EXPECT_EQ(text, "version: 1\n\n" + al + "\n" + bo);
+    EXPECT_EQ(places, (RecordPlaces{11, 12 + al.size(), text.size()}));
+}
+
 }  // namespace
 }  // namespace orvik::book

@@ -216,5 +216,42 @@ TEST(WriteVCard, CarriesFieldsOfLdif) {
     EXPECT_EQ(read.book.Told.Count(What::Lost), 0U);
 }
 
+TEST(WriteVCard, TellsWhereCardsStand) {
+    const std::string al = "BEGIN:VCARD\nVERSION:3.0\nfn:Al\nEND:VCARD\n";
+    const std::string bo = Card("3.0", "UID:2\r\nN:Bo;;;;\r\nFN:Bo\r\n");
+    ReadBook read(ReadVCard, "junk\n" + al + "\n" + bo);
+    RecordPlaces places;
+    EXPECT_EQ(WriteVCard(read.book, Dialect::VCard30, &places), al + bo);
+    EXPECT_EQ(places, (RecordPlaces{0, al.size(), al.size() + bo.size()}));
+    ReadBook none(ReadVCard, "");
+    EXPECT_EQ(WriteVCard(none.book, Dialect::VCard30, &(places = {})), "");
+    EXPECT_EQ(places, RecordPlaces{0});
+}
+
+TEST(WriteVCard, MovesGroupsIntoParametersAndBack) {
+    const std::string plain = Card(
+        "4.0", "UID:1\r\nFN:a\r\nitem1.EMAIL;TYPE=home:a@b\r\nitem1.X-ABLabel:Boat\r\nb.TEL:5\r\n");
+    const std::string moved = Card("4.0",
+                                   "UID:1\r\nFN:a\r\nEMAIL;X-ORVIK-GROUP=item1;TYPE=home:a@b\r\n"
+                                   "item1.X-ABLabel:Boat\r\nTEL;X-ORVIK-GROUP=b:5\r\n");
+    ReadBook read(ReadVCard, plain);
+    EXPECT_EQ(WriteVCard(read.book, Dialect::VCard40, nullptr, GroupForm::Param), moved);
+    EXPECT_EQ(read.book.Told.Count(What::Lost) + read.book.Told.Count(What::Carried), 0U);
+    ReadBook again(ReadVCard, moved);
+    again.book.Contacts[0].Changed = true;
+    EXPECT_EQ(WriteVCard(again.book, Dialect::VCard40), plain);
+    ReadBook without(ReadVCard, "BEGIN:VCARD\nVERSION:4.0\nFN:a\nEND:VCARD");
+    EXPECT_EQ(WriteVCard(without.book, Dialect::VCard40, nullptr, GroupForm::Param),
+              "BEGIN:VCARD\nVERSION:4.0\nFN:a\nEND:VCARD");
+}
+
+TEST(WriteVCard, DoesNotMissMembersWhoWereLeftOut) {
+    ReadBook read(ReadVCard,
+                  Card("4.0", "FN:a\r\nKIND:group\r\nMEMBER:urn:uuid:1\r\nMEMBER:urn:uuid:2\r\n"));
+    read.book.LeaveOut(read.book.Contacts[0].Properties[2]);
+    static_cast<void>(WriteVCard(read.book, Dialect::VCard30));
+    EXPECT_EQ(Told(read.book), "skipped 1 MEMBER: urn:uuid:2: is not in these files\n");
+}
+
 }  // namespace
 }  // namespace orvik::book
