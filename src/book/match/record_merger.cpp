@@ -351,10 +351,11 @@ void RecordMerger::CountLost(std::uint32_t record) {
             continue;
         }
         std::string_view rest = one.Value;
+        std::string folded;
         for (TakenPart part{{}, true}; part.More;) {
             part = TakePart(rest, ',');
-            const bool there = WithoutBlanksAround(part.Text).empty() ||
-                               raw_.contains(RawKey(rule.Field, part.Text));
+            FoldText(Unescaped(part.Text), folded);
+            const bool there = folded.empty() || raw_.contains(RawKey(rule.Field, part.Text));
             merged_.Lost += there ? 0 : 1;
         }
     }
