@@ -5,7 +5,7 @@
 
 #include "app/printable.h"
 #include "book/match/matches.h"
-#include "book/match/merge.h"
+#include "book/match/merge_records.h"
 #include "book/match/plan.h"
 #include "book/match/plan_check.h"
 #include "book_cli/json_lines.h"

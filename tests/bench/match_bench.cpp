@@ -13,7 +13,7 @@
 #include "book/address_book.h"
 #include "book/charset.h"
 #include "book/match/matches.h"
-#include "book/match/merge.h"
+#include "book/match/merge_records.h"
 #include "book/order.h"
 #include "book/read_vcard.h"
 

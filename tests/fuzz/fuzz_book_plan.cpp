@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "book/match/matches.h"
-#include "book/match/merge.h"
+#include "book/match/merge_records.h"
 #include "book/match/plan.h"
 #include "book/match/plan_check.h"
 #include "fuzz/book_trip.h"

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "book/address_book.h"
-#include "book/match/merge.h"
+#include "book/match/merge_records.h"
 #include "book/match/record_keys.h"
 
 namespace orvik::book {

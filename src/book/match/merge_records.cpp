@@ -1,4 +1,4 @@
-#include "book/match/merge.h"
+#include "book/match/merge_records.h"
 
 #include <deque>
 #include <numeric>
