@@ -41,9 +41,7 @@ std::optional<book::MergeGroups> GroupsFor(const Arguments& arguments,
                                            const book::Book& book) {
     if (arguments.Plan.empty()) {
         const book::Matches found = book::FindMatches(book, arguments.MergesAgreeing);
-        for (const std::string& note : found.Notes) {
-            console.Tell("not compared: " + note);
-        }
+        TellNotCompared(console, found.Notes);
         return book::GroupsOf(found.Lines, book.Contacts.size());
     }
     book::CheckedPlan checked = book::CheckPlan(plan, book);

@@ -73,9 +73,7 @@ cli::ExitStatus Dupes(const Arguments& arguments, Console& console, Outputs& out
                       << " -o book.vcf\n";
     }
     status = Worse(status, outputs.FinishPrinting());
-    for (const std::string& note : found.Notes) {
-        console.Tell("not compared: " + note);
-    }
+    TellNotCompared(console, found.Notes);
     TellColumns(console, loaded);
     TellCharsets(console, loaded);
     TellRemarks(console, loaded);

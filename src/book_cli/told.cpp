@@ -85,6 +85,16 @@ void TellColumns(Console& console, const Loaded& loaded) {
     console.End();
 }
 
+void TellNotCompared(Console& console, const std::vector<std::string>& notes) {
+    for (std::size_t i = 0; i < std::min(notes.size(), kMostTold); ++i) {
+        console.Tell("not compared: " + notes[i]);
+    }
+    if (notes.size() > kMostTold) {
+        console.Tell(std::to_string(notes.size() - kMostTold) +
+                     " more were not compared; a plan names all");
+    }
+}
+
 void TellRemarks(Console& console, const Loaded& loaded) {
     for (const What kind : {What::Lost, What::Skipped, What::Doubtful}) {
         TellKind(console, loaded.Book, kind);

@@ -40,6 +40,9 @@ void TellCharsets(Console& console, const Loaded& loaded);
 // Tells what was decided about the columns of CSV.
 void TellColumns(Console& console, const Loaded& loaded);
 
+// Tells what was not compared, as too many share it.
+void TellNotCompared(Console& console, const std::vector<std::string>& notes);
+
 // TellRemarks: names what was lost, skipped and doubtful, each up to a number of them.
 void TellRemarks(Console& console, const Loaded& loaded);
 

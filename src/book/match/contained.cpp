@@ -42,6 +42,7 @@ class HolderFinder {
         for (const std::uint32_t record : order) {
             FindHolders(record);
         }
+        Verify();
         AddMerges();
         return std::move(found_);
     }
@@ -74,12 +75,11 @@ class HolderFinder {
         std::vector<std::uint32_t> tops;
         for (const std::uint32_t other : some) {
             const auto held = book_.HashesOf(other);
-            if (held.size() <= wanted.size() || !is_top_[other] ||
-                !std::includes(held.begin(), held.end(), wanted.begin(), wanted.end())) {
-                continue;
-            }
-            const auto& contacts = book_.From().Contacts;
-            if (HoldsAll(book_.Keys(), contacts[other], contacts[record])) {
+            // One record may have very many fields, and hold very many others.
+            if (held.size() > wanted.size() && is_top_[other] &&
+                std::all_of(wanted.begin(), wanted.end(), [&held](std::uint64_t hash) {
+                    return std::binary_search(held.begin(), held.end(), hash);
+                })) {
                 tops.push_back(other);
             }
         }
@@ -106,14 +106,35 @@ class HolderFinder {
         }
     }
 
-    void AddMerges() {
-        std::map<std::uint32_t, std::vector<std::uint32_t>> groups;
+    // Hashes found them; what they hold decides.
+    void Verify() {
         for (std::uint32_t i = 0; i < found_.Into.size(); ++i) {
             if (found_.Into[i] != i) {
-                groups[found_.Into[i]].push_back(i);
+                groups_[found_.Into[i]].push_back(i);
             }
         }
-        for (auto& [top, records] : groups) {
+        KeyList keys;
+        for (auto& [top, records] : groups_) {
+            book_.Keys().Fill(book_.From().Contacts[top], keys);
+            const std::vector<std::string> held = keys.Sorted();
+            std::erase_if(records, [&](std::uint32_t record) {
+                book_.Keys().Fill(book_.From().Contacts[record], keys);
+                const std::vector<std::string> wanted = keys.Sorted();
+                const bool is_held =
+                    std::all_of(wanted.begin(), wanted.end(), [&held](const std::string& key) {
+                        return std::binary_search(held.begin(), held.end(), key);
+                    });
+                found_.Into[record] = is_held ? top : record;
+                return !is_held;
+            });
+        }
+    }
+
+    void AddMerges() {
+        for (auto& [top, records] : groups_) {
+            if (records.empty()) {
+                continue;
+            }
             records.push_back(top);
             std::sort(records.begin(), records.end());
             found_.Lines.push_back(
@@ -125,6 +146,7 @@ class HolderFinder {
     std::vector<const Bucket*> narrowest_;
     std::vector<std::uint8_t> kinds_;
     std::vector<bool> is_top_;
+    std::map<std::uint32_t, std::vector<std::uint32_t>> groups_;
     Containment found_;
 };
 

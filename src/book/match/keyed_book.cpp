@@ -47,7 +47,7 @@ void KeyedBook::NamePlaces() {
         const Origin& from = contacts[i].From;
         named_[i] = from.Lines > 0;
         places.push_back(
-            {std::uint64_t{from.File} << 32U | from.Line, static_cast<std::uint32_t>(i)});
+            {std::uint64_t{from.File} << 32U | from.Line, static_cast<std::uint32_t>(i), 0});
     }
     std::sort(places.begin(), places.end());
     for (std::size_t i = 1; i < places.size(); ++i) {
@@ -67,7 +67,7 @@ void KeyedBook::AddRecord(std::size_t record, KeyList& keys) {
         hashes_.push_back(hash);
         if (key.Kind != KeyKind::Other) {
             kinds_[static_cast<std::size_t>(key.Kind)].Entries.push_back(
-                {hash, static_cast<std::uint32_t>(record)});
+                {hash, static_cast<std::uint32_t>(record), key.Property});
         }
     }
     const auto begin = hashes_.begin() + static_cast<std::ptrdiff_t>(from);
@@ -80,7 +80,7 @@ void KeyedBook::FindEqual() {
     std::vector<Entry> all;
     for (std::size_t i = 0; i < first_equal_.size(); ++i) {
         if (begin_[i] < begin_[i + 1]) {
-            all.push_back({HashOfAll(HashesOf(i)), static_cast<std::uint32_t>(i)});
+            all.push_back({HashOfAll(HashesOf(i)), static_cast<std::uint32_t>(i), 0});
         }
     }
     std::sort(all.begin(), all.end());
@@ -111,7 +111,12 @@ void KeyedBook::FillBuckets(Kind& kind) const {
     std::erase_if(entries,
                   [this](const Entry& one) { return first_equal_[one.Record] != one.Record; });
     std::sort(entries.begin(), entries.end());
-    entries.erase(std::unique(entries.begin(), entries.end()), entries.end());
+    entries.erase(std::unique(entries.begin(),
+                              entries.end(),
+                              [](const Entry& one, const Entry& other) {
+                                  return one.Hash == other.Hash && one.Record == other.Record;
+                              }),
+                  entries.end());
     kind.Records.reserve(entries.size());
     for (const Entry& one : entries) {
         kind.Records.push_back(one.Record);
@@ -121,8 +126,9 @@ void KeyedBook::FillBuckets(Kind& kind) const {
         while (to < entries.size() && entries[to].Hash == entries[from].Hash) {
             ++to;
         }
-        kind.Buckets.push_back(
-            {entries[from].Hash, std::span(kind.Records).subspan(from, to - from)});
+        kind.Buckets.push_back({entries[from].Hash,
+                                std::span(kind.Records).subspan(from, to - from),
+                                entries[from].Property});
         from = to;
     }
     entries = {};
@@ -137,15 +143,10 @@ const Bucket& KeyedBook::BucketAt(KeyKind kind, std::uint64_t hash) const {
     return *found;
 }
 
-std::string KeyedBook::TextAt(std::size_t record, std::uint64_t hash) const {
+std::string KeyedBook::AddressOf(const Bucket& bucket) const {
     KeyList keys;
-    keys_.Fill(book_.Contacts[record], keys);
-    for (const KeyList::Key& key : keys.Keys()) {
-        if (keys.HashOf(key) == hash) {
-            return std::string(keys.TextOf(key));
-        }
-    }
-    return {};
+    keys_.AddOf(book_.Contacts[bucket.Records.front()], bucket.Property, keys);
+    return keys.Keys().empty() ? "" : std::string(keys.TextOf(keys.Keys().front()));
 }
 
 }  // namespace orvik::book

@@ -18,6 +18,7 @@ namespace orvik::book {
 struct Bucket {
     std::uint64_t Hash = 0;
     std::span<const std::uint32_t> Records;
+    std::uint32_t Property = 0;  // of the first one, that has the key
 };
 
 // So many records of a bucket are compared with each other. What more of them share is hardly
@@ -58,18 +59,16 @@ class KeyedBook {
     }
     [[nodiscard]] const Bucket& BucketAt(KeyKind kind, std::uint64_t hash) const;
 
-    // The text of a record's key by its hash.
-    [[nodiscard]] std::string TextAt(std::size_t record, std::uint64_t hash) const;
+    // The text of an address that a bucket shares.
+    [[nodiscard]] std::string AddressOf(const Bucket& bucket) const;
 
  private:
     struct Entry {
         std::uint64_t Hash = 0;
         std::uint32_t Record = 0;
+        std::uint32_t Property = 0;
 
-        [[nodiscard]] bool operator<(const Entry& other) const {
-            return Hash != other.Hash ? Hash < other.Hash : Record < other.Record;
-        }
-        [[nodiscard]] bool operator==(const Entry&) const = default;
+        [[nodiscard]] auto operator<=>(const Entry&) const = default;
     };
     struct Kind {
         std::vector<Entry> Entries;

@@ -137,9 +137,18 @@ Property MergedLists::Renamed(const Property& one, std::uint32_t to) {
     return renamed;
 }
 
+// Many lists may name a record that has very many fields.
+std::string_view MergedLists::ReferenceTo(std::uint32_t record) {
+    const auto [place, is_new] = references_.try_emplace(record);
+    if (is_new) {
+        place->second = FindReference(record);
+    }
+    return place->second;
+}
+
 // By its UID, or by what LDIF calls it; one that has neither gets the UID that it had so far
 // without telling.
-std::string_view MergedLists::ReferenceTo(std::uint32_t record) {
+std::string_view MergedLists::FindReference(std::uint32_t record) {
     Contact& contact = book_.Contacts[record];
     if (const auto uid = FirstOf(book_, contact, field::kUid); !uid.empty()) {
         return uid;

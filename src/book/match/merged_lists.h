@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "book/address_book.h"
@@ -34,11 +36,13 @@ class MergedLists {
     void RenameIn(std::uint32_t list, const std::vector<const Member*>& members);
     [[nodiscard]] Property Renamed(const Property& one, std::uint32_t to);
     [[nodiscard]] std::string_view ReferenceTo(std::uint32_t record);
+    [[nodiscard]] std::string_view FindReference(std::uint32_t record);
 
     Book& book_;
     const std::vector<std::uint32_t>& into_;
     Identities identities_;
     std::vector<Member> members_;
+    std::unordered_map<std::uint32_t, std::string_view> references_;
 };
 
 }  // namespace orvik::book

@@ -21,7 +21,9 @@ std::u32string AllLetters(std::string_view text) {
 }
 
 bool IsInitialOf(std::string_view initial, std::string_view word) {
-    return word.starts_with(initial) && initial != word && AllLetters(initial).size() == 1;
+    constexpr std::size_t kLongestLetter = 4;
+    return initial.size() <= kLongestLetter && initial != word && word.starts_with(initial) &&
+           AllLetters(initial).size() == 1;
 }
 
 // Each word of less finds one of its own in more, first whole ones and then by initials.

@@ -95,15 +95,12 @@ std::uint32_t ConflictOf(const PersonFacts& one, const PersonFacts& other) {
 
 std::uint64_t SharedOf(const std::vector<std::uint64_t>& one,
                        const std::vector<std::uint64_t>& other) {
-    auto left = one.begin();
-    auto right = other.begin();
-    while (left != one.end() && right != other.end()) {
-        if (*left == *right) {
-            return *left;
-        }
-        *left < *right ? ++left : ++right;
-    }
-    return 0;
+    const auto& few = one.size() <= other.size() ? one : other;
+    const auto& many = one.size() <= other.size() ? other : one;
+    const auto found = std::find_if(few.begin(), few.end(), [&many](std::uint64_t number) {
+        return std::binary_search(many.begin(), many.end(), number);
+    });
+    return found == few.end() ? 0 : *found;
 }
 
 }  // namespace orvik::book

@@ -72,19 +72,23 @@ std::vector<std::string> KeyList::Sorted() const {
     return sorted;
 }
 
-bool RecordKeys::IsMember(const Contact& contact, const Property& one) const {
+std::function<bool(const Property&)> RecordKeys::MemberFields(const Contact& contact) const {
     if (contact.Kind != ContactKind::List) {
-        return false;
+        return [](const Property& /*one*/) { return false; };
     }
-    return one.Name == field::kMember || one.Name == field::kServerMember ||
-           (one.Name == field::kEmail && !FirstOf(book_, contact, field::kEvolutionList).empty());
+    const bool evolution = !FirstOf(book_, contact, field::kEvolutionList).empty();
+    return [evolution](const Property& one) {
+        return one.Name == field::kMember || one.Name == field::kServerMember ||
+               (evolution && one.Name == field::kEmail);
+    };
 }
 
 void RecordKeys::Fill(const Contact& contact, KeyList& keys) const {
     keys.Clear();
+    const auto is_member = MemberFields(contact);
     for (std::size_t i = 0; i < contact.Properties.size(); ++i) {
         const Property& one = contact.Properties[i];
-        if (rules_.Of(one.Name).How != Comparing::Name && !IsMember(contact, one)) {
+        if (rules_.Of(one.Name).How != Comparing::Name && !is_member(one)) {
             AddOf(contact, i, keys);
         }
     }
@@ -144,7 +148,10 @@ void RecordKeys::AddNames(const Contact& contact, KeyList& keys) const {
     const std::uint32_t name_field = rules_.Of(field::kFn).Field;
     const std::uint32_t parts_field = rules_.Of(field::kN).Field;
     const std::size_t others = keys.Keys().size();
+    // A record may have very many names; the first ones are compared with each other.
+    constexpr std::size_t kMostShown = 8;
     std::size_t compared = 0;
+    std::size_t looked = 0;
     const auto is_own_address = [&](std::string_view text) {
         FoldAddress(text, folded_);
         return std::any_of(keys.Keys().begin(),
@@ -163,12 +170,10 @@ void RecordKeys::AddNames(const Contact& contact, KeyList& keys) const {
             }
             std::string kept;
             FoldedName name = FoldName(parts ? Plain(one.Value, kept) : one.Value);
-            // A record may have very many names; what N adds is looked for in the first ones.
-            constexpr std::size_t kMostShown = 8;
-            const bool known =
-                parts && std::any_of(shown.begin(), shown.end(), [&](const auto& fn) {
-                    return HasAllWords(fn, name);
-                });
+            const bool known = parts && ++looked <= kMostShown &&
+                               std::any_of(shown.begin(), shown.end(), [&](const auto& fn) {
+                                   return HasAllWords(fn, name);
+                               });
             const bool address = one.Value.find('@') != std::string_view::npos &&
                                  ++compared <= kMostShown && is_own_address(one.Value);
             if (!known && !address) {
@@ -179,15 +184,6 @@ void RecordKeys::AddNames(const Contact& contact, KeyList& keys) const {
             }
         }
     }
-}
-
-bool HoldsAll(const RecordKeys& keys, const Contact& more, const Contact& less) {
-    KeyList list;
-    keys.Fill(more, list);
-    const std::vector<std::string> all = list.Sorted();
-    keys.Fill(less, list);
-    const std::vector<std::string> some = list.Sorted();
-    return std::includes(all.begin(), all.end(), some.begin(), some.end());
 }
 
 }  // namespace orvik::book

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -61,8 +62,8 @@ class RecordKeys {
     void AddOf(const Contact& contact, std::size_t property, KeyList& keys) const;
 
     [[nodiscard]] const FieldRules& Rules() const { return rules_; }
-    // Whether a property names a member of a list.
-    [[nodiscard]] bool IsMember(const Contact& contact, const Property& one) const;
+    // Which fields of a list name its members; none of a person do.
+    [[nodiscard]] std::function<bool(const Property&)> MemberFields(const Contact& contact) const;
 
  private:
     void AddNames(const Contact& contact, KeyList& keys) const;
@@ -72,8 +73,5 @@ class RecordKeys {
     mutable std::string folded_;
     mutable std::string joined_;
 };
-
-// HoldsAll: whether one record holds everything that another one does.
-[[nodiscard]] bool HoldsAll(const RecordKeys& keys, const Contact& more, const Contact& less);
 
 }  // namespace orvik::book

@@ -105,8 +105,11 @@ void RecordMerger::Take(std::uint32_t record) {
     renamed_.clear();
     const Contact& contact = book_.Contacts[record];
     book_.TellLosses(contact);
+    const auto is_member = keys_.MemberFields(contact);
     for (std::size_t i = 0; i < contact.Properties.size(); ++i) {
-        TakeOne(record, i);
+        if (!is_member(contact.Properties[i])) {
+            TakeOne(record, i);
+        }
     }
     TakeLabels(record);
 }
@@ -116,8 +119,7 @@ void RecordMerger::TakeOne(std::uint32_t record, std::size_t property) {
     const Property& one = contact.Properties[property];
     const FieldRule& rule = keys_.Rules().Of(one.Name);
     const Item item{one, rule.Field, record};
-    if (keys_.IsMember(contact, one) || one.Name == field::kAbLabel ||
-        WithoutBlanksAround(one.Value).empty()) {
+    if (one.Name == field::kAbLabel || WithoutBlanksAround(one.Value).empty()) {
         return;
     }
     if (IsCarriedName(one.Name)) {
@@ -336,6 +338,7 @@ void RecordMerger::AddTypes(std::size_t item, const Property& other) {
 
 void RecordMerger::CountLost(std::uint32_t record) {
     const Contact& contact = book_.Contacts[record];
+    const auto is_member = keys_.MemberFields(contact);
     for (std::size_t i = 0; i < contact.Properties.size(); ++i) {
         const Property& one = contact.Properties[i];
         const FieldRule& rule = keys_.Rules().Of(one.Name);
@@ -343,7 +346,7 @@ void RecordMerger::CountLost(std::uint32_t record) {
         keys_.AddOf(contact, i, list_);
         const bool says =
             rule.How == Comparing::Name ? !SaysNothing(one.Value) : !list_.Keys().empty();
-        if (!says || keys_.IsMember(contact, one)) {
+        if (!says || is_member(one)) {
             continue;
         }
         if (rule.How != Comparing::List) {

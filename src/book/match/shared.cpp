@@ -39,28 +39,29 @@ class SharedFinder {
     }
 
     Shared Find() && {
-        EachBucket(KeyKind::Address, [this](std::uint64_t hash, const Records& records) {
-            FindAgreeing(hash, records);
+        EachBucket(KeyKind::Address, [this](const Bucket& bucket, const Records& records) {
+            FindAgreeing(bucket, records);
         });
         std::sort(pairs_.begin(), pairs_.end());
         pairs_.erase(std::unique(pairs_.begin(), pairs_.end()), pairs_.end());
         AddAgreeing();
-        EachBucket(KeyKind::Address, [this](std::uint64_t hash, const Records& records) {
+        EachBucket(KeyKind::Address, [this](const Bucket& bucket, const Records& records) {
             if (records.size() <= kMostCompared) {
-                AddSharers(hash, UnitsOf(records));
+                AddSharers(bucket, UnitsOf(records));
             }
         });
-        EachBucket(KeyKind::Name, [this](std::uint64_t /*hash*/, const Records& records) {
+        EachBucket(KeyKind::Name, [this](const Bucket& /*bucket*/, const Records& records) {
             AddNamesakes(UnitsOf(records));
         });
         return std::move(found_);
     }
 
  private:
-    // Buckets of those who are nobody else yet.
+    // Buckets of those who are nobody else yet. Who shares many is looked at once.
     template <class Take>
     void EachBucket(KeyKind kind, const Take& take) {
         Records records;
+        std::set<Records> seen;
         for (const Bucket& bucket : book_.BucketsOf(kind)) {
             records.clear();
             for (const std::uint32_t record : bucket.Records) {
@@ -68,8 +69,9 @@ class SharedFinder {
                     records.push_back(record);
                 }
             }
-            if (records.size() > 1) {
-                take(bucket.Hash, records);
+            const bool many = records.size() > kMostCompared;
+            if (records.size() > 1 && (many || seen.insert(records).second)) {
+                take(bucket, records);
             }
         }
     }
@@ -88,9 +90,9 @@ class SharedFinder {
         return HaveCompatibleNames(left, right) && ConflictOf(left, right) == kNoConflict;
     }
 
-    void FindAgreeing(std::uint64_t hash, const Records& records) {
+    void FindAgreeing(const Bucket& bucket, const Records& records) {
         if (records.size() > kMostCompared) {
-            FindEqualNames(hash, records);
+            FindEqualNames(bucket, records);
             return;
         }
         for (std::size_t i = 0; i < records.size(); ++i) {
@@ -103,7 +105,7 @@ class SharedFinder {
     }
 
     // Very many share an address: only equal names are looked for.
-    void FindEqualNames(std::uint64_t hash, const Records& records) {
+    void FindEqualNames(const Bucket& bucket, const Records& records) {
         std::unordered_map<std::string, std::uint32_t> last;
         for (const std::uint32_t record : records) {
             const PersonFacts& facts = FactsAt(record);
@@ -117,8 +119,7 @@ class SharedFinder {
             place->second = record;
         }
         found_.Notes.push_back("address: " + std::to_string(records.size()) + " records share " +
-                               KeyText(records.front(), hash) +
-                               "; only equal names among them were looked for");
+                               TextOf(bucket) + "; only equal names among them were looked for");
     }
 
     [[nodiscard]] bool IsPair(std::uint32_t one, std::uint32_t other) const {
@@ -187,7 +188,7 @@ class SharedFinder {
             shared = SharedOf(FactsAt(records.front()).Addresses, FactsAt(records[i]).Addresses);
         }
         const std::string reason =
-            shared == 0 ? "" : "share " + KeyText(records.front(), shared) + ", ";
+            shared == 0 ? "" : "share " + TextOf(book_.BucketAt(KeyKind::Address, shared)) + ", ";
         found_.Lines.push_back(
             {action, Tier::Agree, records, reason + "names " + NamesOf(records)});
     }
@@ -218,13 +219,13 @@ class SharedFinder {
         return unknown;
     }
 
-    void AddSharers(std::uint64_t hash, const Records& units) {
+    void AddSharers(const Bucket& bucket, const Records& units) {
         const Records records =
             Unknown(units, [this](auto one, auto other) { return IsPair(one, other); });
         if (records.size() < 2 || !told_.insert(records).second) {
             return;
         }
-        std::string reason = "share " + KeyText(records.front(), hash) + ": " + NamesOf(records);
+        std::string reason = "share " + TextOf(bucket) + ": " + NamesOf(records);
         const std::uint32_t conflict =
             ConflictOf(FactsAt(records.front()), FactsAt(records.back()));
         if (conflict != kNoConflict) {
@@ -292,8 +293,8 @@ class SharedFinder {
         return names + (more > 0 ? " and " + std::to_string(more) + " more" : "");
     }
 
-    std::string KeyText(std::uint32_t record, std::uint64_t hash) {
-        return Printable(Shortened(book_.TextAt(record, hash)));
+    [[nodiscard]] std::string TextOf(const Bucket& bucket) const {
+        return Printable(Shortened(book_.AddressOf(bucket)));
     }
 
     const KeyedBook& book_;
