@@ -8,8 +8,8 @@
 namespace orvik::book {
 namespace {
 
-// Lists in lists can name one member very often.
-constexpr std::size_t kMostLabels = 10'000'000;
+// Lists in lists can name one member very often; time and length have to stay linear.
+constexpr std::size_t kMostInner = 1'000'000;
 
 bool IsMember(NameId name) {
     return name == field::kMember || name == field::kServerMember;
@@ -39,7 +39,7 @@ bool IsOfListItself(const Book& book, const Property& one) {
 }  // namespace
 
 CsvLists::CsvLists(Book& book, const Directory& directory, bool labels)
-    : book_(book), left_(kMostLabels) {
+    : book_(book), left_(kMostInner) {
     for (std::size_t i = 0; i < book.Contacts.size(); ++i) {
         const Contact& contact = book.Contacts[i];
         if (contact.Kind != ContactKind::List) {
@@ -115,15 +115,16 @@ void CsvLists::Label(const List& list) {
             if (!seen.insert(member).second) {
                 continue;
             }
-            if (left_ == 0) {
+            const bool own = record == list.Record;
+            if (!own && left_ == 0) {
                 Tell(book_.Contacts[list.Record],
                      field::kFn,
                      list.Name,
                      What::Lost,
-                     Reason::NoLists);
+                     Reason::ListInList);
                 return;
             }
-            --left_;
+            left_ -= own ? 0 : 1;
             if (book_.Contacts[member].Kind == ContactKind::List) {
                 open.push_back(member);
             } else {

@@ -41,7 +41,7 @@ class CsvLists {
     std::unordered_map<std::size_t, std::size_t> list_of_;  // by record
     std::unordered_map<std::size_t, std::vector<std::string_view>> labels_;
     std::vector<std::string_view> names_;
-    std::size_t left_ = 0;  // members that may still be given a label
+    std::size_t left_ = 0;  // members of lists in lists that may still be given a label
 };
 
 }  // namespace orvik::book

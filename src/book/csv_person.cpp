@@ -89,6 +89,8 @@ void CsvPersonWriter::Prepare() {
     full_name_ = layout_.Find("fn");
     note_column_ = simple_[field::kNote];
     groups_column_ = layout_.Find("label");
+    filed_column_ = layout_.Find("fileas");
+    firm_columns_ = {layout_.Find("org"), layout_.Find("dept")};
     note_name_ = book_.Names.Intern(columns[note_column_].Header);
     numbered_emails_ = NumberedOf("emailN");
     numbered_phones_ = NumberedOf("phoneN");
@@ -96,8 +98,13 @@ void CsvPersonWriter::Prepare() {
     numbered_relations_ = NumberedOf("relation");
     // Programs that number no addresses in their words have two or three columns of them.
     for (const std::string_view name : {"email1", "email2", "email3"}) {
-        if (!google_ && layout_.Find(name) != CsvLayout::kNone) {
-            numbered_emails_.push_back({layout_.Find(name), CsvLayout::kNone});
+        const std::size_t column = layout_.Find(name);
+        const std::size_t sort = layout_.Find(std::string(name) + ".type");
+        if (!google_ && column != CsvLayout::kNone) {
+            numbered_emails_.push_back({column, CsvLayout::kNone});
+        }
+        if (sort != CsvLayout::kNone) {
+            shown_addresses_.push_back({column, sort, layout_.Find(std::string(name) + ".name")});
         }
     }
 }
@@ -117,7 +124,8 @@ void CsvPersonWriter::Write(const Contact& contact, std::span<const std::string_
     for (std::vector<Reach>* const all : {&emails_, &phones_, &posts_, &urls_}) {
         all->clear();
     }
-    for (auto* const all : {&post_labels_, &relations_, &carried_, &groups_}) {
+    post_labels_.clear();
+    for (auto* const all : {&relations_, &carried_, &groups_}) {
         all->clear();
     }
     notes_.clear();
@@ -165,7 +173,7 @@ void CsvPersonWriter::Take(const Property& one) {
         }
     };
     const auto add_to = [&](std::vector<Reach>& all) {
-        all.push_back({&one, KindOf(book_, one, labels_), false});
+        all.push_back({&one, KindOf(book_, one, labels_)});
     };
     switch (one.Name) {
         case field::kN:
@@ -185,7 +193,7 @@ void CsvPersonWriter::Take(const Property& one) {
         case field::kUrl:
             return add_to(urls_);
         case field::kLabel:
-            return post_labels_.push_back(&one);
+            return post_labels_.push_back({&one, posts_.size()});
         case field::kCategories:
             return groups_.push_back(&one);
         case field::kRelated:

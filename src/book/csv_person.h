@@ -57,6 +57,12 @@ class CsvPersonWriter {
         const Property* One = nullptr;
         KindOfProperty Kind;
         bool Placed = false;
+        std::size_t Post = 0;  // the columns of a postal address that is placed
+    };
+    // A label that was printed, and how many postal addresses stand before it.
+    struct PostLabel {
+        const Property* One = nullptr;
+        std::size_t Behind = 0;
     };
     struct PhoneColumn {
         std::size_t Column = 0;
@@ -96,6 +102,7 @@ class CsvPersonWriter {
     void WritePosts();
     bool WritePost(Reach& post, PostColumns& columns);
     void WritePostLabels();
+    bool WritePostLabel(const PostLabel& label);
     void WriteUrls();
     void WriteNumbered(std::vector<Reach>& all, std::span<const Numbered> columns);
     bool WriteKindLabel(const Reach& reach, std::size_t column);
@@ -149,6 +156,10 @@ class CsvPersonWriter {
     std::size_t full_name_ = 0;
     std::size_t note_column_ = 0;
     std::size_t groups_column_ = 0;
+    std::size_t filed_column_ = 0;
+    std::array<std::size_t, 2> firm_columns_{};
+    // Of each address: the address, its sort, how it is shown.
+    std::vector<std::array<std::size_t, 3>> shown_addresses_;
     NameId note_name_ = 0;
     std::map<std::pair<NameId, std::uint32_t>, CsvTarget> targets_;
 
@@ -159,7 +170,7 @@ class CsvPersonWriter {
     std::vector<Reach> phones_;
     std::vector<Reach> posts_;
     std::vector<Reach> urls_;
-    std::vector<const Property*> post_labels_;
+    std::vector<PostLabel> post_labels_;
     std::vector<const Property*> relations_;
     std::vector<const Property*> carried_;
     std::vector<const Property*> groups_;

@@ -129,7 +129,6 @@ void CsvPersonWriter::WriteOrganisation() {
     if (firm_ == nullptr) {
         return;
     }
-    const std::array<std::size_t, 2> columns = {layout_.Find("org"), layout_.Find("dept")};
     bool whole = true;
     std::string_view rest = firm_->Value;
     TakenPart part{{}, true};
@@ -137,7 +136,7 @@ void CsvPersonWriter::WriteOrganisation() {
         part = TakePart(rest, ';');
         const std::string text = Unescaped(part.Text);
         const std::string_view shown = WithoutBlanksAround(text);
-        if (!shown.empty() && (i >= columns.size() || !Put(columns[i], shown))) {
+        if (!shown.empty() && (i >= firm_columns_.size() || !Put(firm_columns_[i], shown))) {
             AddNote(i == 0 ? "Organisation" : "Department", shown);
             whole = false;
         }
@@ -208,17 +207,15 @@ void CsvPersonWriter::WriteName() {
     if (named && FollowsFromRest(shown)) {
         return Kept(*shown_);
     }
-    const std::size_t firm = layout_.Find("org");
-    const bool is_firm = firm != CsvLayout::kNone && row_.Cell(firm) == shown;
+    const bool is_firm = row_.Cell(firm_columns_[0]) == shown;
     if (!named && (is_firm || Put(name_columns_[1], shown))) {
         return Kept(*shown_);
     }
-    const std::size_t filed = layout_.Find("fileas");
-    Put(filed, shown) ? Tell(*shown_,
-                             What::Carried,
-                             Reason::NotInTarget,
-                             book_.Names.Intern(layout_.Columns()[filed].Header))
-                      : Carry(*shown_, "Name", shown);
+    Put(filed_column_, shown) ? Tell(*shown_,
+                                     What::Carried,
+                                     Reason::NotInTarget,
+                                     book_.Names.Intern(layout_.Columns()[filed_column_].Header))
+                              : Carry(*shown_, "Name", shown);
 }
 
 void CsvPersonWriter::WriteGroups(std::span<const std::string_view> lists) {
@@ -338,26 +335,22 @@ void CsvPersonWriter::WriteBirthParts() {
 
 // As Outlook writes beside each address: "SMTP", "Ada Abbott (ada@example.org)".
 void CsvPersonWriter::WriteShownAddresses() {
-    constexpr std::array<std::array<std::string_view, 3>, 3> kFields = {
-        {{"email1", "email1.type", "email1.name"},
-         {"email2", "email2.type", "email2.name"},
-         {"email3", "email3.type", "email3.name"}}};
-    if (layout_.Find(kFields[0][1]) == CsvLayout::kNone) {
+    if (shown_addresses_.empty()) {
         return;
     }
     const std::string& given = row_.Cell(name_columns_[1]);
     const std::string& family = row_.Cell(name_columns_[0]);
     const std::string name = given + (given.empty() || family.empty() ? "" : " ") + family;
-    for (const auto& [address, type, shown] : kFields) {
-        const std::string& text = row_.Cell(layout_.Find(address));
+    for (const auto& [address, type, shown] : shown_addresses_) {
+        const std::string& text = row_.Cell(address);
         if (text.empty()) {
             continue;
         }
-        std::string& sort = row_.Cell(layout_.Find(type));
-        std::string& cell = row_.Cell(layout_.Find(shown));
+        std::string& sort = row_.Cell(type);
+        std::string& cell = row_.Cell(shown);
         sort = sort.empty() ? "SMTP" : sort;
         if (cell.empty() && !name.empty()) {
-            cell = name + " (" + text + ")";
+            cell.append(name).append(" (").append(text).append(")");
         }
     }
 }

@@ -178,6 +178,7 @@ void CsvPersonWriter::WritePosts() {
                                   (!exact && (post.Kind.Bits & columns.Bits) != 0);
                 if (!post.Placed && !columns.Used && fits) {
                     post.Placed = WritePost(post, columns);
+                    post.Post = static_cast<std::size_t>(&columns - post_columns_.data());
                     break;
                 }
             }
@@ -232,19 +233,29 @@ bool CsvPersonWriter::WritePost(Reach& post, PostColumns& columns) {
     return true;
 }
 
-// A label that was printed belongs to the address of its kind.
+// A label that was printed belongs to the address before it, else to the first one of its kind.
+bool CsvPersonWriter::WritePostLabel(const PostLabel& label) {
+    const KindOfProperty kind = KindOf(book_, *label.One, labels_);
+    const std::string word = WordOfKind(kind.Bits & kPlaces).Text;
+    const auto takes = [&](const Reach& post) {
+        return post.Placed && post.Kind.Label == kind.Label &&
+               WordOfKind(post.Kind.Bits & kPlaces).Text == word &&
+               Put(post_columns_[post.Post].Whole, label.One->Value);
+    };
+    if (label.Behind > 0 && takes(posts_[label.Behind - 1])) {
+        return true;
+    }
+    // Those behind are not in the table.
+    const auto last = posts_.begin() + std::ssize(post_columns_);
+    return std::find_if(posts_.begin(),
+                        std::ssize(post_columns_) < std::ssize(posts_) ? last : posts_.end(),
+                        takes) != posts_.end();
+}
+
 void CsvPersonWriter::WritePostLabels() {
-    for (const Property* const one : post_labels_) {
-        const KindBits bits = KindOf(book_, *one, labels_).Bits & kPlaces;
-        const auto of_kind = [&](const Reach& post) {
-            return post.Placed && (post.Kind.Bits & kPlaces) == bits;
-        };
-        bool written = false;
-        for (std::size_t i = 0; google_ && !written && i < posts_.size(); ++i) {
-            written = i < post_columns_.size() && of_kind(posts_[i]) &&
-                      Put(post_columns_[i].Whole, one->Value);
-        }
-        written ? Kept(*one) : Carry(*one, "Address label", one->Value);
+    for (const PostLabel& label : post_labels_) {
+        google_&& WritePostLabel(label) ? Kept(*label.One)
+                                        : Carry(*label.One, "Address label", label.One->Value);
     }
 }
 

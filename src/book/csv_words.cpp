@@ -5,8 +5,7 @@
 #include <charconv>
 #include <utility>
 
-#include <unicode/bytestream.h>
-#include <unicode/normalizer2.h>
+#include "book/unicode_form.h"
 
 namespace orvik::book {
 namespace {
@@ -54,19 +53,6 @@ std::string_view Taken(std::string_view& rest, char separator) {
     return taken;
 }
 
-// One form for letters that look alike, and for any case.
-std::string Folded(std::string_view text) {
-    UErrorCode error = U_ZERO_ERROR;
-    const icu::Normalizer2* const folding = icu::Normalizer2::getNFKCCasefoldInstance(error);
-    std::string folded;
-    if (U_SUCCESS(error) != 0) {
-        icu::StringByteSink<std::string> sink(&folded);
-        folding->normalizeUTF8(
-            0, {text.data(), static_cast<std::int32_t>(text.size())}, sink, nullptr, error);
-    }
-    return U_SUCCESS(error) != 0 ? folded : std::string(text);
-}
-
 // Each row of blanks becomes one, and quotes go.
 std::string Squeezed(std::string_view text) {
     std::string squeezed;
@@ -104,7 +90,7 @@ CsvHeaderKey KeyOf(std::string_view header) {
     constexpr std::size_t kLongest = 400;
     CsvHeaderKey key;
     if (header.size() <= kLongest) {
-        key.Text = Squeezed(Folded(header));
+        key.Text = Squeezed(InForm(UnicodeForm::Folded, header));
         TakeNumber(key);
     }
     return key;

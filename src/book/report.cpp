@@ -46,7 +46,7 @@ std::string_view WordsFor(Reason reason) {
         "is kept without its kind",
         "has letters that the target's set has not",
         "is a list, and the target knows none",
-        "is a list in a list: its members are put into the outer one",
+        "is a list in a list",
         "is one more than the program takes",
         "is in the file, but the program does not read it",
         "is larger than the program takes",

@@ -4,11 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 
-#include <unicode/bytestream.h>
-#include <unicode/normalizer2.h>
-
 #include "app/encoding.h"
 #include "book/charset_converter.h"
+#include "book/unicode_form.h"
 #include "book/utf8.h"
 
 namespace orvik::book {
@@ -20,19 +18,6 @@ char32_t TakeLetter(std::string_view& text) {
     // Bytes that are no letter are none of this set either.
     text.remove_prefix(std::max<std::size_t>(letter.Length, 1));
     return letter.Code;
-}
-
-// Letters and marks apart become one, where there is one.
-std::string Composed(std::string_view text) {
-    UErrorCode error = U_ZERO_ERROR;
-    const icu::Normalizer2* const nfc = icu::Normalizer2::getNFCInstance(error);
-    std::string composed;
-    if (U_SUCCESS(error) != 0) {
-        icu::StringByteSink<std::string> sink(&composed);
-        nfc->normalizeUTF8(
-            0, {text.data(), static_cast<std::int32_t>(text.size())}, sink, nullptr, error);
-    }
-    return U_SUCCESS(error) != 0 ? composed : std::string(text);
 }
 
 // Marks stand apart from U+0300 on, and ICU takes no text of 2 GiB at once.
@@ -63,7 +48,7 @@ char Windows1252::ByteOf(char32_t letter) const {
 bool Windows1252::Has(std::string_view text) const {
     std::string composed;
     if (MayCompose(text)) {
-        composed = Composed(text);
+        composed = InForm(UnicodeForm::Composed, text);
         text = composed;
     }
     for (text.remove_prefix(AsciiLength(text)); !text.empty();
@@ -79,7 +64,7 @@ bool Windows1252::Has(std::string_view text) const {
 void Windows1252::Append(std::string_view text, std::string& to) const {
     std::string composed;
     if (MayCompose(text)) {
-        composed = Composed(text);
+        composed = InForm(UnicodeForm::Composed, text);
         text = composed;
     }
     for (;;) {

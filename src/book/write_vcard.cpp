@@ -131,10 +131,12 @@ class CardWriter {
         Tell(contact, one, whole ? What::Kept : What::Doubtful, name);
     }
 
-    // Whether the program would pass over the line for its group.
+    // Whether the program would pass over the line for its group. A name with a dot would be read
+    // as another group.
     [[nodiscard]] bool IsHidden(const Property& one) const {
         return groups_ == GroupForm::Param && one.Name != field::kAbLabel &&
-               !book_.DetailsOf(one).Group.empty();
+               !book_.DetailsOf(one).Group.empty() &&
+               book_.Names.Text(one.Name).find('.') == std::string_view::npos;
     }
     [[nodiscard]] bool HidesLines(const Contact& contact) const {
         return std::any_of(contact.Properties.begin(),

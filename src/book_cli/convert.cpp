@@ -74,37 +74,37 @@ void PrintRecords(Console& console, const book::Book& book) {
 
 }  // namespace
 
-ExitStatus Convert(const Arguments& asked, Console& console, Outputs& outputs) {
+ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& outputs) {
     Loaded loaded;
-    LoadNew(asked, console, loaded);
-    return loaded.Status == ExitStatus::Done ? WriteLoaded(asked, console, outputs, loaded, {})
+    LoadNew(arguments, console, loaded);
+    return loaded.Status == ExitStatus::Done ? WriteLoaded(arguments, console, outputs, loaded, {})
                                              : loaded.Status;
 }
 
-ExitStatus WriteLoaded(const Arguments& asked,
+ExitStatus WriteLoaded(const Arguments& arguments,
                        Console& console,
                        Outputs& outputs,
                        Loaded& loaded,
                        const Extra& extra) {
-    book::SortBook(loaded.Book, asked.Sort, asked.Locale);
-    Arguments arguments = asked;
-    ChooseForm(arguments, loaded.Book);
-    Written written = Write(arguments, loaded, console);
-    if (const std::string refusal = RefusalOf(arguments, loaded.Book, written); !refusal.empty()) {
+    book::SortBook(loaded.Book, arguments.Sort, arguments.Locale);
+    Arguments chosen = arguments;
+    ChooseForm(chosen, loaded.Book);
+    Written written = Write(chosen, loaded, console);
+    if (const std::string refusal = RefusalOf(chosen, loaded.Book, written); !refusal.empty()) {
         TellColumns(console, loaded);
         TellRemarks(console, loaded);
-        TellIf(console, ListHint(arguments, loaded.Book));
+        TellIf(console, ListHint(chosen, loaded.Book));
         console.Tell(refusal);
         return Worse(ExitStatus::Problem, outputs.WriteReport(ReportOf(loaded) + extra.Report));
     }
     std::string too_much;
-    if (arguments.Form != nullptr) {
-        DoubtWhatIsTooMuch(*arguments.Form, loaded.Book, written);
-        too_much = TooMuchInAll(*arguments.Form, loaded.Book, written);
+    if (chosen.Form != nullptr) {
+        DoubtWhatIsTooMuch(*chosen.Form, loaded.Book, written);
+        too_much = TooMuchInAll(*chosen.Form, loaded.Book, written);
     }
     std::vector<FilePart> parts;
-    if (arguments.Split > 0) {
-        parts = Cut(arguments, loaded.Book, written);
+    if (chosen.Split > 0) {
+        parts = Cut(chosen, loaded.Book, written);
     }
     ExitStatus status = StatusOf(loaded.Book);
     status = Worse(status,
@@ -113,21 +113,21 @@ ExitStatus WriteLoaded(const Arguments& asked,
     if (status >= ExitStatus::NoBook) {
         return status;
     }
-    if (arguments.Json) {
+    if (chosen.Json) {
         PrintRecords(console, loaded.Book);
     } else {
         const std::string text =
-            extra.Summary ? extra.Summary(written.Records) + PartsText(arguments, loaded, parts)
-                          : ConvertedText(console, arguments, loaded, written, parts);
-        Print(text, arguments, console);
+            extra.Summary ? extra.Summary(written.Records) + PartsText(chosen, loaded, parts)
+                          : ConvertedText(console, chosen, loaded, written, parts);
+        Print(text, chosen, console);
     }
     status = Worse(status, outputs.FinishPrinting());
     TellColumns(console, loaded);
     TellCharsets(console, loaded);
     TellRemarks(console, loaded);
-    TellIf(console, ListHint(arguments, loaded.Book));
+    TellIf(console, ListHint(chosen, loaded.Book));
     TellIf(console, too_much);
-    return arguments.Report.empty()
+    return chosen.Report.empty()
                ? status
                : Worse(status,
                        outputs.WriteReport(ReportOf(loaded) + ReportOf(parts) + extra.Report));

@@ -57,19 +57,18 @@ class Doubts {
         std::size_t addresses = 0;
         std::map<std::string_view, std::size_t> phones;
         for (const book::Property& one : person.Properties) {
-            const std::string_view field = book_.Names.Text(one.Name);
             if (one.Value.empty()) {
                 continue;
             }
             if (one.Name == book::field::kPhoto) {
                 AddOfPhoto(person, one);
-            } else if (one.Name == book::field::kEmail &&
-                       IsOver(++addresses, form_.Most.Addresses)) {
-                Add(person, field, one.Value, Reason::TooMany);
-            } else if (one.Name == book::field::kTel && form_.Most.PhonesOfKind > 0 &&
-                       IsOver(++phones[book::PhoneNamesOf(book_, one).Names.Mozilla],
-                              form_.Most.PhonesOfKind)) {
-                Add(person, field, one.Value, Reason::TooMany);
+            }
+            const bool address = one.Name == book::field::kEmail;
+            const bool phone = one.Name == book::field::kTel && form_.Most.PhonesOfKind > 0;
+            if ((address && IsOver(++addresses, form_.Most.Addresses)) ||
+                (phone && IsOver(++phones[book::PhoneNamesOf(book_, one).Names.Mozilla],
+                                 form_.Most.PhonesOfKind))) {
+                Add(person, book_.Names.Text(one.Name), one.Value, Reason::TooMany);
             }
         }
     }

@@ -78,7 +78,12 @@ inline void CheckTrips(BookReader reader, std::string_view bytes) {
     }
     CheckBack(book::ReadVCard, book::WriteVCard(*read, book::Dialect::VCard30), *read);
     CheckBack(book::ReadVCard, book::WriteVCard(*read, book::Dialect::VCard40), *read);
+    CheckBack(book::ReadVCard,
+              book::WriteVCard(*read, book::Dialect::VCard40, nullptr, book::GroupForm::Param),
+              *read);
     CheckBack(book::ReadLdif, book::WriteLdif(*read, book::LdifAttributes::Mozilla), *read);
+    CheckBack(book::ReadLdif, book::WriteLdif(*read, book::LdifAttributes::Thunderbird), *read);
+    CheckBack(book::ReadLdif, book::WriteLdif(*read, book::LdifAttributes::KContacts), *read);
     CheckTables(*read);
 }
 

@@ -4,7 +4,7 @@
 Arguments: orvik-book, orvik-book-touch, the folder of the reading programs, and the root of the project.
 The books are our samples, some made up, and public cards where they are (tests/book_cli/public_cards.py).
 Each goes to 3.0 and 4.0: as it is, through LDIF, and, if it is one of cards, with one nickname more, so
-that it is written anew. Names, addresses and phones have to be those that orvik-book shows of what it
+that it is written anew; and to the program of each library as its own. Names, addresses and phones have to be those that orvik-book shows of what it
 read. What a library is known to read otherwise is counted (known.py); anything else fails. Lines that are
 taken out or changed on purpose have to be seen.
 """
@@ -30,6 +30,8 @@ from public_cards import Count, run
 PROGRAM, TOUCH, READERS, ROOT = sys.argv[1:5]
 CONVERT = (PROGRAM, *public_cards.CONVERT)
 LIBRARIES = {known.KCONTACTS: "kcontacts_cards", known.EVOLUTION: "evolution_cards"}
+# The programs that read by these.
+READ_BY = {"kaddressbook": known.KCONTACTS, "evolution": known.EVOLUTION}
 SETS = ("netscape", "mozilla", "kcontacts", "evolution")
 
 
@@ -63,9 +65,9 @@ def read(library, written, folder):
     return [json.loads(line) for line in done.stdout.splitlines()]
 
 
-def check(path, how, written, source, wanted, folder):
+def check(path, how, written, source, wanted, folder, libraries=tuple(LIBRARIES)):
     """The libraries find what is wanted."""
-    for library in LIBRARIES:
+    for library in libraries:
         found = read(library, written, folder)
         Read.cards[library] += len(wanted)
         for what, reason in known.differences(library, written, source, wanted, found):
@@ -111,6 +113,18 @@ def check_book(path, number, folder):
         if path.suffix == ".vcf":
             touched = run(TOUCH, version, str(path))
             check(path, f"to {version}.0, touched", touched, b"", shown("-", touched), folder)
+    check_programs(path, source, wanted, folder)
+
+
+def check_programs(path, source, wanted, folder):
+    """What is written for a program is read by its library."""
+    for program, library in READ_BY.items():
+        cards = folder / "for.vcf"
+        run(*CONVERT, str(path), "--to", program, "-o", str(cards), "--force")
+        written = cards.read_bytes()
+        if program == "kaddressbook" and re.search(rb"(?im)^[\w-]+\.(EMAIL|TEL)", written):
+            Count.fail(path, "KContacts would pass over a line")
+        check(path, f"for {program}", written, source, wanted, folder, (library,))
 
 
 def own_files(folder):

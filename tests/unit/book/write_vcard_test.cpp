@@ -229,11 +229,12 @@ TEST(WriteVCard, TellsWhereCardsStand) {
 }
 
 TEST(WriteVCard, MovesGroupsIntoParametersAndBack) {
-    const std::string plain = Card(
-        "4.0", "UID:1\r\nFN:a\r\nitem1.EMAIL;TYPE=home:a@b\r\nitem1.X-ABLabel:Boat\r\nb.TEL:5\r\n");
+    const std::string plain = Card("4.0",
+                                   "UID:1\r\nFN:a\r\nitem1.EMAIL;TYPE=home:a@b\r\nitem1.X-ABLabel:"
+                                   "Boat\r\nb.TEL:5\r\na.b.c:1\r\n");
     const std::string moved = Card("4.0",
                                    "UID:1\r\nFN:a\r\nEMAIL;X-ORVIK-GROUP=item1;TYPE=home:a@b\r\n"
-                                   "item1.X-ABLabel:Boat\r\nTEL;X-ORVIK-GROUP=b:5\r\n");
+                                   "item1.X-ABLabel:Boat\r\nTEL;X-ORVIK-GROUP=b:5\r\na.b.c:1\r\n");
     ReadBook read(ReadVCard, plain);
     EXPECT_EQ(WriteVCard(read.book, Dialect::VCard40, nullptr, GroupForm::Param), moved);
     EXPECT_EQ(read.book.Told.Count(What::Lost) + read.book.Told.Count(What::Carried), 0U);
