@@ -67,6 +67,8 @@ else
     starve 500 41 check letters.ldif
     starve 500 41 check --json letters.ldif
     starve 500 41 diff two.ldif two.ldif
+    starve 500 401 dupes two.ldif letters.ldif
+    starve 500 401 clean two.ldif letters.ldif --sort name -o book.ldif
     printf 'First Name,Last Name,E-mail 1 - Value,Hobby\nCy,Castell,c@example.org,Rows\n' >two.csv
     starve 500 401 convert two.csv -o book.ldif
 fi

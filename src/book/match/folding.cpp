@@ -4,75 +4,21 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <new>
+#include <iterator>
 #include <utility>
 
 #include <unicode/uchar.h>
-#include <unicode/unorm2.h>
 #include <unicode/uscript.h>
-#include <unicode/ustring.h>
-#include <unicode/utf16.h>
 #include <unicode/utf8.h>
 
 #include "book/ascii_domain.h"
 #include "book/field_names.h"
+#include "book/unicode_form.h"
 #include "book/utf8.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
 namespace {
-
-// ICU has its tables in itself, so nothing but memory can lack.
-void CheckMemory(UErrorCode error) {
-    if (U_FAILURE(error) != 0) {
-        throw std::bad_alloc();
-    }
-}
-
-const UNormalizer2* Normalizer(const UNormalizer2* (*get)(UErrorCode*)) {
-    UErrorCode error = U_ZERO_ERROR;
-    const UNormalizer2* const found = get(&error);
-    CheckMemory(error);
-    return found;
-}
-
-std::u16string Normalized(const UNormalizer2* normalizer, const std::u16string& text) {
-    std::u16string to(text.size() + 16, u'\0');
-    for (;;) {
-        UErrorCode error = U_ZERO_ERROR;
-        const std::int32_t length = unorm2_normalize(normalizer,
-                                                     text.data(),
-                                                     static_cast<std::int32_t>(text.size()),
-                                                     to.data(),
-                                                     static_cast<std::int32_t>(to.size()),
-                                                     &error);
-        const bool too_long = error == U_BUFFER_OVERFLOW_ERROR;
-        CheckMemory(too_long ? U_ZERO_ERROR : error);
-        to.resize(static_cast<std::size_t>(length));
-        if (!too_long) {
-            return to;
-        }
-    }
-}
-
-std::u16string Wide(std::string_view text) {
-    // No letter has more units than bytes.
-    std::u16string to(text.size(), u'\0');
-    std::int32_t length = 0;
-    UErrorCode error = U_ZERO_ERROR;
-    constexpr UChar32 kLost = 0xFFFD;
-    u_strFromUTF8WithSub(to.data(),
-                         static_cast<std::int32_t>(to.size()),
-                         &length,
-                         text.data(),
-                         static_cast<std::int32_t>(text.size()),
-                         kLost,
-                         nullptr,
-                         &error);
-    CheckMemory(error);
-    to.resize(static_cast<std::size_t>(length));
-    return to;
-}
 
 void AppendLetter(UChar32 letter, std::string& to) {
     std::array<char, 4> bytes{};
@@ -111,16 +57,12 @@ void AppendPlain(UChar32 letter, std::string& to) {
     AppendLetter(letter, to);
 }
 
-std::u16string Caseless(std::string_view text) {
-    return Normalized(Normalizer(&unorm2_getNFKCCasefoldInstance), Wide(text));
-}
-
 template <class Take>
-void EachLetter(const std::u16string& text, const Take& take) {
+void EachLetter(std::string_view text, const Take& take) {
+    constexpr UChar32 kLost = 0xFFFD;
     for (std::size_t at = 0; at < text.size();) {
-        UChar32 letter = 0;
-        U16_NEXT(text.data(), at, text.size(), letter);
-        take(letter);
+        const UChar32 letter = NextLetter(text, at);
+        take(letter < 0 ? kLost : letter);
     }
 }
 
@@ -195,7 +137,7 @@ void AppendCaseless(std::string_view text, std::string& to) {
     if (AsciiLength(text) == text.size()) {
         std::transform(text.begin(), text.end(), std::back_inserter(to), Small);
     } else {
-        EachLetter(Caseless(text), [&](UChar32 letter) { AppendLetter(letter, to); });
+        to += InForm(UnicodeForm::Folded, text);
     }
 }
 
@@ -227,7 +169,7 @@ void FoldText(std::string_view text, std::string& to) {
         return;
     }
     bool blank = false;
-    const std::u16string letters = Normalized(Normalizer(&unorm2_getNFDInstance), Caseless(text));
+    const std::string letters = InForm(UnicodeForm::Decomposed, InForm(UnicodeForm::Folded, text));
     EachLetter(letters, [&](UChar32 letter) {
         if (u_isUWhiteSpace(letter) != 0 || u_iscntrl(letter) != 0) {
             blank = !to.empty();
@@ -291,7 +233,7 @@ void FoldPhone(std::string_view text, std::string& to) {
     }
     std::string folded;
     FoldText(text, folded);
-    EachLetter(Wide(folded), [&](UChar32 letter) {
+    EachLetter(folded, [&](UChar32 letter) {
         if (const std::int32_t digit = u_charDigitValue(letter); digit >= 0) {
             to += static_cast<char>('0' + digit);
         } else if (u_isalpha(letter) != 0) {
