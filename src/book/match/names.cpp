@@ -72,13 +72,18 @@ bool DiffersInOneSlip(const FoldedName& one, const FoldedName& other) {
                         one.Words.begin(),
                         one.Words.end(),
                         std::back_inserter(right));
-    return left.size() == 1 && right.size() == 1 && IsOneSlip(left.front(), right.front());
+    // Numbers that differ in a digit are two numbers.
+    constexpr std::string_view kDigits = "0123456789";
+    return left.size() == 1 && right.size() == 1 &&
+           left.front().find_first_of(kDigits) == std::string_view::npos &&
+           right.front().find_first_of(kDigits) == std::string_view::npos &&
+           IsOneSlip(left.front(), right.front());
 }
 
 }  // namespace
 
 bool IsOneSlip(std::string_view one, std::string_view other) {
-    constexpr std::size_t kLeast = 4;
+    constexpr std::size_t kLeast = 3;
     constexpr std::size_t kLongest = 64;
     if (one.size() > kLongest * 4 || other.size() > kLongest * 4) {
         return false;
