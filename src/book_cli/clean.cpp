@@ -137,21 +137,21 @@ ExitStatus TakePlan(Arguments& arguments, Console& console, book::Plan& plan) {
 
 }  // namespace
 
-ExitStatus Clean(const Arguments& asked, Console& console) {
-    Arguments arguments = asked;
+ExitStatus Clean(const Arguments& arguments, Console& console) {
+    Arguments chosen = arguments;
     book::Plan plan;
-    ExitStatus status = TakePlan(arguments, console, plan);
-    Outputs outputs(console, arguments);
+    ExitStatus status = TakePlan(chosen, console, plan);
+    Outputs outputs(console, chosen);
     status = status == ExitStatus::Done ? outputs.Check() : status;
     if (status != ExitStatus::Done) {
         return status;
     }
     Loaded loaded;
-    Load(console, arguments.Files, arguments.Charset, loaded, arguments.Columns);
+    Load(console, chosen.Files, chosen.Charset, loaded, chosen.Columns);
     if (loaded.Status != ExitStatus::Done) {
         return loaded.Status;
     }
-    const auto groups = GroupsFor(arguments, console, plan, loaded.Book);
+    const auto groups = GroupsFor(chosen, console, plan, loaded.Book);
     if (!groups) {
         return ExitStatus::Problem;
     }
@@ -162,8 +162,8 @@ ExitStatus Clean(const Arguments& asked, Console& console) {
         const std::size_t lost = merged.Lost + loaded.Book.Told.Count(book::What::Lost);
         return SummaryOf(console, read, merged.Gone.size(), written, lost);
     };
-    extra.Report = arguments.Report.empty() ? std::string() : ReportOf(loaded.Book, merged);
-    status = WriteLoaded(arguments, console, outputs, loaded, extra);
+    extra.Report = chosen.Report.empty() ? std::string() : ReportOf(loaded.Book, merged);
+    status = WriteLoaded(chosen, console, outputs, loaded, extra);
     TellMerged(console, loaded.Book, merged);
     return Worse(status, merged.Lost > 0 ? ExitStatus::Problem : ExitStatus::Done);
 }

@@ -114,10 +114,11 @@ class HolderFinder {
             }
         }
         KeyList keys;
-        for (auto& [top, records] : groups_) {
+        for (auto& group : groups_) {
+            const std::uint32_t top = group.first;
             book_.Keys().Fill(book_.From().Contacts[top], keys);
             const std::vector<std::string> held = keys.Sorted();
-            std::erase_if(records, [&](std::uint32_t record) {
+            std::erase_if(group.second, [&](std::uint32_t record) {
                 book_.Keys().Fill(book_.From().Contacts[record], keys);
                 const std::vector<std::string> wanted = keys.Sorted();
                 const bool is_held =

@@ -23,7 +23,8 @@ namespace {
 void AppendLetter(UChar32 letter, std::string& to) {
     std::array<char, 4> bytes{};
     std::size_t length = 0;
-    U8_APPEND_UNSAFE(bytes.data(), length, letter);
+    char* const place = bytes.data();
+    U8_APPEND_UNSAFE(place, length, letter);
     to.append(bytes.data(), length);
 }
 

@@ -68,7 +68,11 @@ class KeyedBook {
         std::uint32_t Record = 0;
         std::uint32_t Property = 0;
 
-        [[nodiscard]] auto operator<=>(const Entry&) const = default;
+        [[nodiscard]] bool operator<(const Entry& other) const {
+            return Hash != other.Hash       ? Hash < other.Hash
+                   : Record != other.Record ? Record < other.Record
+                                            : Property < other.Property;
+        }
     };
     struct Kind {
         std::vector<Entry> Entries;

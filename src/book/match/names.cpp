@@ -20,10 +20,11 @@ std::u32string AllLetters(std::string_view text) {
     return letters;
 }
 
-bool IsInitialOf(std::string_view initial, std::string_view word) {
+// Whether the first one is a letter alone with which the other one begins.
+bool IsInitial(std::string_view letter, std::string_view whole) {
     constexpr std::size_t kLongestLetter = 4;
-    return initial.size() <= kLongestLetter && initial != word && word.starts_with(initial) &&
-           AllLetters(initial).size() == 1;
+    return letter.size() <= kLongestLetter && letter != whole && whole.starts_with(letter) &&
+           AllLetters(letter).size() == 1;
 }
 
 // Each word of less finds one of its own in more, first whole ones and then by initials.
@@ -45,7 +46,7 @@ bool FindsEachWord(const FoldedName& less, const FoldedName& more) {
     }
     return std::all_of(left.begin(), left.end(), [&rest](std::string_view word) {
         const auto found = std::find_if(rest.begin(), rest.end(), [&](std::string_view other) {
-            return IsInitialOf(word, other) || IsInitialOf(other, word);
+            return IsInitial(word, other) || IsInitial(other, word);
         });
         if (found == rest.end()) {
             return false;

@@ -24,7 +24,10 @@ struct Pair {
     std::uint32_t One = 0;
     std::uint32_t Other = 0;
 
-    [[nodiscard]] auto operator<=>(const Pair&) const = default;
+    [[nodiscard]] bool operator<(const Pair& other) const {
+        return One != other.One ? One < other.One : Other < other.Other;
+    }
+    [[nodiscard]] bool operator==(const Pair&) const = default;
 };
 
 std::string Quoted(const std::string& name) {
