@@ -119,10 +119,13 @@ Property MergedLists::Renamed(const Property& one, std::uint32_t to) {
     for (const Param& param : details.Params) {
         const std::string_view name = book_.Names.Text(param.Name);
         const bool uid = SameName(name, kEvolutionUid);
-        changed = changed || uid || SameName(name, kDnParam);
+        // What said how the old name is to be read does not hold for the new one.
+        const bool gone =
+            SameName(name, kDnParam) || (param.Name == field::kValue && one.Name != field::kEmail);
+        changed = changed || uid || gone;
         if (uid) {
             params.push_back({param.Name, book_.Keep(ReferenceTo(to))});
-        } else if (!SameName(name, kDnParam)) {
+        } else if (!gone) {
             params.push_back(param);
         }
     }
