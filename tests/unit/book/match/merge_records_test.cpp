@@ -129,10 +129,10 @@ TEST_F(MergedListsTest, MembersAreRenamedAndStandOnce) {
               std::string(kList) +
                   "X-ADDRESSBOOKSERVER-MEMBER:urn:uuid:1\n"
                   "X-ADDRESSBOOKSERVER-MEMBER:mailto:x@y.z\n");
-    EXPECT_EQ(
-        ListOf(CardsOf(
-            "UID:1|FN:Al", "FN:Al|EMAIL:a@b.c", list("X-ADDRESSBOOKSERVER-MEMBER:mailto:A@b.c"))),
-        std::string(kList) + "X-ADDRESSBOOKSERVER-MEMBER:1\n");
+    EXPECT_EQ(ListOf(CardsOf("UID:1|FN:Al",
+                             "FN:Al|EMAIL:a@b.c",
+                             list("X-ADDRESSBOOKSERVER-MEMBER;VALUE=uri:mailto:A@b.c"))),
+              std::string(kList) + "X-ADDRESSBOOKSERVER-MEMBER:1\n");
 }
 
 TEST_F(MergedListsTest, AMemberWithoutAUidGetsOne) {
