@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "book/charset_converter.h"
+#include "book_cli/clean_arguments.h"
 #include "book_cli/option_checks.h"
 #include "book_cli/target_arguments.h"
 #include "cli/words.h"
@@ -22,6 +23,8 @@ constexpr const char* kExamples =
     "  orvik-book convert outlook.csv --map \"Club=groups\" -o contacts.vcf\n"
     "  orvik-book diff book.ldif contacts.vcf\n"
     "  orvik-book find Mail/Inbox Maildir letter.eml --min 2 -o people.vcf\n"
+    "  orvik-book dupes *.vcf book.ldif --plan plan.txt\n"
+    "  orvik-book clean --plan plan.txt --sort family -o clean.vcf\n"
     "\n"
     "A file named - is standard input.\n"
     "\n"
@@ -62,12 +65,19 @@ class Parser {
         app_.failure_message(&cli::UsageMessage);
         app_.require_subcommand(1);
         show_ = AddVerb("show", "Say what is in address books", "FILE");
+        dupes_ = AddVerb("dupes", "Say which records may be one person", "FILE");
+        clean_ =
+            AddVerb("clean", "Merge them, as a plan says or where nothing is in doubt", "FILE");
         convert_ = AddVerb("convert", "Write address books as one vCard, LDIF or CSV file", "FILE");
         check_ = AddVerb("check", "Say which e-mail addresses can be none", "FILE");
         diff_ = AddVerb("diff", "Compare two address books", "LEFT RIGHT");
         AddFind();
         target_.AddTo(*convert_, arguments_);
+        target_.AddTo(*clean_, arguments_);
         AddNewSince();
+        duplicates_.AddToDupes(dupes_);
+        duplicates_.AddToClean(clean_);
+        duplicates_.AddOrder(convert_);
     }
 
     [[nodiscard]] CLI::App& App() { return app_; }
@@ -91,6 +101,8 @@ class Parser {
                           : check_->parsed() ? Verb::Check
                           : diff_->parsed()  ? Verb::Diff
                           : find_->parsed()  ? Verb::Find
+                          : dupes_->parsed() ? Verb::Dupes
+                          : clean_->parsed() ? Verb::Clean
                                              : Verb::Show;
         for (const std::string& map : maps_) {
             arguments_.Columns.push_back(book::ParseMapping(map));
@@ -98,8 +110,10 @@ class Parser {
         if (arguments_.What == Verb::Find) {
             SortOutMine(arguments_.Files, arguments_.Find);
         }
+        duplicates_.Take(arguments_);
         CheckFiles();
-        if (arguments_.What == Verb::Convert || arguments_.What == Verb::Find) {
+        if (arguments_.What == Verb::Convert || arguments_.What == Verb::Clean ||
+            arguments_.What == Verb::Find) {
             target_.Take(arguments_);
         }
         return arguments_;
@@ -150,8 +164,8 @@ class Parser {
 
     // Whoever writes an option before the verb is told where it belongs.
     static void CheckOrder(const std::vector<std::string>& words) {
-        constexpr std::array<std::string_view, 5> kVerbs = {
-            "show", "convert", "check", "diff", "find"};
+        constexpr std::array<std::string_view, 7> kVerbs = {
+            "show", "convert", "check", "diff", "find", "dupes", "clean"};
         constexpr std::array<std::string_view, 3> kBefore = {"-h", "--help", "--version"};
         const bool option = words.size() > 1 && words[1].size() > 1 && words[1].starts_with('-') &&
                             std::find(kBefore.begin(), kBefore.end(), words[1]) == kBefore.end();
@@ -183,7 +197,10 @@ class Parser {
     CLI::App* check_ = nullptr;
     CLI::App* diff_ = nullptr;
     CLI::App* find_ = nullptr;
+    CLI::App* dupes_ = nullptr;
+    CLI::App* clean_ = nullptr;
     TargetOptions target_;
+    CleanOptions duplicates_;
 };
 
 }  // namespace

@@ -86,6 +86,7 @@ ExitStatus WriteLoaded(const Arguments& asked,
                        Outputs& outputs,
                        Loaded& loaded,
                        const Extra& extra) {
+    book::SortBook(loaded.Book, asked.Sort, asked.Locale);
     Arguments chosen = asked;
     ChooseForm(chosen, loaded.Book);
     Written written = Write(chosen, loaded, console);

@@ -140,6 +140,20 @@ void PrintDifference(std::ostream& out,
     out << "}\n";
 }
 
+std::string MatchJson(const book::Book& book, const book::MatchLine& line) {
+    Json json = {{"action", std::string(NameOf(line.Do))},
+                 {"tier", std::string(NameOf(line.Why))},
+                 {"reason", line.Reason},
+                 {"records", Json::array()}};
+    for (const std::uint32_t record : line.Records) {
+        const book::Contact& contact = book.Contacts[record];
+        json["records"].push_back({{"file", book.SourceAt(contact.From.File).Name()},
+                                   {"line", contact.From.Line},
+                                   {"name", book::NameOf(book, contact).Shown}});
+    }
+    return TextOf(json) + "\n";
+}
+
 std::string ReportLine(const ReportEntry& entry) {
     const Json line = {{"what", std::string(entry.What)},
                        {"file", std::string(entry.File)},

@@ -12,6 +12,7 @@
 #include "book/address_book.h"
 #include "book/differences.h"
 #include "book/identity.h"
+#include "book/match/match_line.h"
 #include "book/members.h"
 
 namespace orvik::book_cli {
@@ -63,6 +64,10 @@ void PrintDifference(std::ostream& out,
                      const Catalogue& left,
                      const Catalogue& right,
                      const book::Compared& found);
+
+// MatchJson: {"action":"ask","tier":"agree","reason":...,"records":[{"file":"a.vcf","line":3,
+// "name":"Al"},...]} of records that may be one person.
+[[nodiscard]] std::string MatchJson(const book::Book& book, const book::MatchLine& line);
 
 // What a line of a report says.
 struct ReportEntry {

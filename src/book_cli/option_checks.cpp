@@ -18,7 +18,7 @@ std::string CheckName(const std::string& name) {
 
 std::string CheckNoStream(const std::string& name) {
     return name == kStandardStream
-               ? "- would be standard output, which is not for reports; a file of this name is ./-"
+               ? "- would be a standard stream, which is for books; a file of this name is ./-"
                : CheckName(name);
 }
 

@@ -97,18 +97,6 @@ std::string RangeOf(const std::string& first, const std::string& last) {
     return Printable(first) + (first == last ? "" : " to " + Printable(last));
 }
 
-std::string Shortened(std::string_view value) {
-    constexpr std::size_t kLongest = 60;
-    if (value.size() <= kLongest) {
-        return std::string(value);
-    }
-    std::size_t end = kLongest;
-    while (end > 0 && (static_cast<unsigned char>(value[end]) & 0xC0U) == 0x80) {
-        --end;
-    }
-    return std::string(value.substr(0, end)) + "...";
-}
-
 std::string RemarkText(const book::Book& book, const book::Remark& remark) {
     // People of mail stand in no line.
     std::string text = remark.Line == 0 ? "" : "line " + std::to_string(remark.Line) + ": ";
@@ -162,6 +150,16 @@ void TellFoundMembers(Console& console, const Loaded& loaded) {
     console.End();
     if (told > kMostTold) {
         console.Tell(std::to_string(told - kMostTold) + " more lists with members in other files");
+    }
+}
+
+void TellNotCompared(Console& console, const std::vector<std::string>& notes) {
+    for (std::size_t i = 0; i < std::min(notes.size(), kMostTold); ++i) {
+        console.Tell("not compared: " + notes[i]);
+    }
+    if (notes.size() > kMostTold) {
+        console.Tell(std::to_string(notes.size() - kMostTold) +
+                     " more were not compared; a plan names all");
     }
 }
 

@@ -26,6 +26,8 @@ namespace orvik::book_cli {
                                       Outputs& outputs);
 [[nodiscard]] cli::ExitStatus Check(const Arguments& arguments, Console& console, Outputs& outputs);
 [[nodiscard]] cli::ExitStatus Diff(const Arguments& arguments, Console& console, Outputs& outputs);
+[[nodiscard]] cli::ExitStatus Dupes(const Arguments& arguments, Console& console, Outputs& outputs);
+[[nodiscard]] cli::ExitStatus Clean(const Arguments& arguments, Console& console);
 [[nodiscard]] cli::ExitStatus Find(const Arguments& arguments, Console& console, Outputs& outputs);
 
 // What is said of a book that is written, besides what becomes of its values.
@@ -42,7 +44,8 @@ struct Extra {
     // The records were never in a book, and a report does not say that they were read.
     bool IsOfMail = false;
 };
-// WriteLoaded: writes a book as the arguments ask, and tells what became of it.
+// WriteLoaded: puts a book into its order, writes it as the arguments ask, and tells what became of
+// it.
 [[nodiscard]] cli::ExitStatus WriteLoaded(
     const Arguments& asked, Console& console, Outputs& outputs, Loaded& loaded, const Extra& extra);
 

@@ -14,6 +14,8 @@ BEYOND = (
     ("book/charset*.cpp", "unicode/*"),
     ("book/charset_guess.cpp", "uchardet/*"),
     ("book/unseen_letters.cpp", "unicode/*"),
+    ("book/match/*.cpp", "unicode/*"),
+    ("book/order.cpp", "unicode/*"),
     ("book/unicode_form.cpp", "unicode/*"),
     ("book/html_entities.cpp", "unicode/*"),
     ("book/mail/*.cpp", "gmime/*"),

@@ -120,12 +120,11 @@ TEST_F(ToldTest, ProgressIsShownOncePerPercentage) {
     EXPECT_THAT(err.str(), testing::EndsWith("\r"));
 }
 
-TEST(Grouped, HasThreeDigitsInAGroup) {
-    EXPECT_EQ("0", Grouped(0));
-    EXPECT_EQ("999", Grouped(999));
-    EXPECT_EQ("1 000", Grouped(1000));
-    EXPECT_EQ("51 798", Grouped(51798));
-    EXPECT_EQ("12 345 678", Grouped(12345678));
+TEST(GroupedTest, ThousandsStandApart) {
+    EXPECT_EQ(Grouped(0), "0");
+    EXPECT_EQ(Grouped(999), "999");
+    EXPECT_EQ(Grouped(1204), "1 204");
+    EXPECT_EQ(Grouped(12345678), "12 345 678");
 }
 
 TEST(ProgressTest, ReadersAndWritersSayHowFarTheyAre) {
