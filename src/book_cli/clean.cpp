@@ -110,7 +110,7 @@ std::string SummaryOf(const Console& console,
                       std::size_t away,
                       std::size_t written,
                       std::size_t lost) {
-    const std::string lost_text = Grouped(lost) + (lost == 1 ? " value lost" : " values lost");
+    const std::string lost_text = GroupedCount(lost, "value lost", "values lost");
     return Grouped(read) + " read   " + Grouped(away) + " merged away   " + Grouped(written) +
            " written   " + (lost > 0 ? console.Alarming(lost_text) : lost_text) + "\n";
 }

@@ -23,8 +23,8 @@ std::string CountsText(const book::Book& book, const Matches& found) {
         return Grouped(found.Counts[static_cast<std::size_t>(tier)]);
     };
     const std::size_t people = book.Contacts.size() - lists;
-    std::string text = Grouped(people) + (people == 1 ? " person" : " people");
-    text += lists == 0 ? "" : ", " + Grouped(lists) + (lists == 1 ? " list" : " lists");
+    std::string text = GroupedCount(people, "person", "people");
+    text += lists == 0 ? "" : ", " + GroupedCount(lists, "list", "lists");
     text += ": " + count(Tier::Same) + " same, " + count(Tier::Contained) + " contained";
     if (found.AskedContained > 0) {
         text += " (and " + Grouped(found.AskedContained) + " to be asked about)";

@@ -81,8 +81,9 @@ std::string WrittenText(const Console& console,
     const std::size_t people = book.Contacts.size();
     std::string text;
     if (arguments.Output != kStandardStream) {
-        text = WherePut(console, arguments, parts) + ": " + Grouped(people) +
-               (people == 1 ? " person, " : " people, ") + TargetName(arguments, false) + ".\n";
+        text = WherePut(console, arguments, parts) + ": " +
+               GroupedCount(people, "person", "people") + ", " + TargetName(arguments, false) +
+               ".\n";
     }
     return text + PartsText(arguments, book, parts);
 }

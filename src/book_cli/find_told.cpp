@@ -29,10 +29,6 @@ std::string SizeText(std::uint64_t bytes) {
                                 : std::to_string(bytes) + " bytes";
 }
 
-std::string GroupedCount(std::size_t count, const char* one, const char* many) {
-    return Grouped(count) + " " + (count == 1 ? one : many);
-}
-
 const char* ReasonOf(book::WalkNote note) {
     switch (note) {
         case book::WalkNote::Link:

@@ -93,6 +93,10 @@ std::string Grouped(std::size_t number) {
     return text;
 }
 
+std::string GroupedCount(std::size_t count, const std::string& one, const std::string& many) {
+    return Grouped(count) + " " + (count == 1 ? one : many);
+}
+
 std::string RangeOf(const std::string& first, const std::string& last) {
     return Printable(first) + (first == last ? "" : " to " + Printable(last));
 }

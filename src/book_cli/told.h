@@ -25,6 +25,10 @@ namespace orvik::book_cli {
 
 // Grouped: a number with a blank between its thousands, "1 204".
 [[nodiscard]] std::string Grouped(std::size_t number);
+// "1 person", "1 204 people".
+[[nodiscard]] std::string GroupedCount(std::size_t count,
+                                       const std::string& one,
+                                       const std::string& many);
 
 // RangeOf: "a-1.vcf", "a-3.vcf" -> "a-1.vcf to a-3.vcf"; one of both if they are the same.
 [[nodiscard]] std::string RangeOf(const std::string& first, const std::string& last);

@@ -23,14 +23,6 @@ void AppendLower(std::string_view text, std::string& to) {
     }
 }
 
-bool SameText(std::string_view one, std::string_view other) {
-    std::string first;
-    std::string second;
-    AppendLower(one, first);
-    AppendLower(other, second);
-    return first == second;
-}
-
 // A name that is an address is none.
 bool IsName(std::string_view name) {
     return !name.empty() && name.find('@') == std::string_view::npos;
@@ -119,7 +111,7 @@ bool IsNoReply(std::string_view folded) {
 std::string_view Person::BestName() const {
     const Called* best = nullptr;
     for (const Called& one : Names) {
-        if (!SameText(one.Name, Address) && (best == nullptr || IsBetter(one, *best))) {
+        if (!SameName(one.Name, Address) && (best == nullptr || IsBetter(one, *best))) {
             best = &one;
         }
     }

@@ -125,6 +125,8 @@ TEST(GroupedTest, ThousandsStandApart) {
     EXPECT_EQ(Grouped(999), "999");
     EXPECT_EQ(Grouped(1204), "1 204");
     EXPECT_EQ(Grouped(12345678), "12 345 678");
+    EXPECT_EQ(GroupedCount(1, "card", "cards"), "1 card");
+    EXPECT_EQ(GroupedCount(1204, "card", "cards"), "1 204 cards");
 }
 
 TEST(ProgressTest, ReadersAndWritersSayHowFarTheyAre) {
