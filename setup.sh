@@ -8,8 +8,8 @@ set -euo pipefail
 
 packages=(
     # building
-    g++ cmake ninja-build pkg-config libcli11-dev libglib2.0-dev libicu-dev libuchardet-dev
-    nlohmann-json3-dev
+    g++ cmake ninja-build pkg-config libcli11-dev libglib2.0-dev libgmime-3.0-dev libicu-dev
+    libuchardet-dev nlohmann-json3-dev
     qt6-base-dev qt6-tools-dev qt6-documentation-tools
     # the icon in sizes
     librsvg2-bin

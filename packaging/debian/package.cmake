@@ -16,8 +16,8 @@ addresses beside nicknames, and saves them in another program's format. It
 sorts, merges, removes duplicates, and finds the addresses in any file.
 
 orvik is the window program; orvik-batch does the same without a display.
-orvik-book converts LDIF and vCard with every field that they hold, and says
-what became of each.")
+orvik-book converts LDIF and vCard with every field that they hold, says what
+became of each, and finds the people in mail folders.")
 # What the programs load while they run is no shared library that they are linked with.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS

@@ -21,6 +21,11 @@ constexpr const char* kExamples =
     "  orvik-batch --open home.ldif --merge work.csv --save all.ldif --save all.txt\n"
     "  orvik-batch --pim book.ldif organiser.csv\n"
     "\n"
+    "--sort takes up to 500 entries, and nothing here removes duplicates. orvik-book does both\n"
+    "without limit:\n"
+    "  orvik-book convert book.ldif --sort address -o sorted.ldif\n"
+    "  orvik-book clean book.ldif -o clean.ldif\n"
+    "\n"
     "Exit status: 0 done, 1 a message reported a problem, 2 usage, 66 no input,\n"
     "71 out of memory, 73 cannot create, 74 input/output error.";
 

@@ -70,13 +70,24 @@ std::uint32_t Book::TakeDetails(std::string_view group, std::vector<Param>& para
 
 void Book::AddRead(const Contact& contact, std::vector<Property>& properties) {
     Contacts.push_back(contact);
+    Contacts.back().Properties = KeepFields(properties);
+    CountRead(Contacts.back());
+}
+
+std::span<Property> Book::KeepFields(std::vector<Property>& properties) {
+    std::span<Property> kept;
     if (properties.size() > kMostCopied) {
-        Contacts.back().Properties = long_rows_.emplace_back(std::move(properties));
+        kept = long_rows_.emplace_back(std::move(properties));
     } else {
-        Contacts.back().Properties = fields_.KeepJoined<Property>(properties, {});
+        kept = fields_.KeepJoined<Property>(properties, {});
     }
     properties.clear();
-    CountRead(Contacts.back());
+    return kept;
+}
+
+void Book::Replace(Contact& contact, std::vector<Property>& properties) {
+    contact.Properties = KeepFields(properties);
+    contact.Changed = true;
 }
 
 void Book::SetValue(Contact& contact, std::size_t property, std::string_view value) {

@@ -69,6 +69,8 @@ class Book {
     void SetValue(Contact& contact, std::size_t property, std::string_view value);
     void Add(Contact& contact, NameId name, std::string_view value);
     void Remove(Contact& contact, std::size_t property);
+    // All of its properties at once.
+    void Replace(Contact& contact, std::vector<Property>& properties);
 
     // Members of lists who are no record of the book on purpose are not missed.
     void LeaveOut(const Property& member) { left_out_.insert(member.Value.data()); }
@@ -91,6 +93,8 @@ class Book {
     static constexpr std::size_t kMostCopied = 4096;
 
     void CountRead(Contact& contact);
+    // The properties in the arena, where they are not too many.
+    std::span<Property> KeepFields(std::vector<Property>& properties);
     [[nodiscard]] std::string_view TextOf(const Origin& from) const;
 
     std::deque<std::unique_ptr<Source>> sources_;

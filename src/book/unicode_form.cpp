@@ -8,8 +8,9 @@ namespace orvik::book {
 std::string InForm(UnicodeForm form, std::string_view text) {
     UErrorCode error = U_ZERO_ERROR;
     const icu::Normalizer2* const normaliser =
-        form == UnicodeForm::Composed ? icu::Normalizer2::getNFCInstance(error)
-                                      : icu::Normalizer2::getNFKCCasefoldInstance(error);
+        form == UnicodeForm::Composed     ? icu::Normalizer2::getNFCInstance(error)
+        : form == UnicodeForm::Decomposed ? icu::Normalizer2::getNFDInstance(error)
+                                          : icu::Normalizer2::getNFKCCasefoldInstance(error);
     std::string normal;
     if (U_SUCCESS(error) != 0) {
         icu::StringByteSink<std::string> sink(&normal);

@@ -9,8 +9,9 @@
 namespace orvik::book {
 
 enum class UnicodeForm : std::uint8_t {
-    Composed,  // NFC: letters and the marks above them are one, where there is one
-    Folded     // NFKC without case: what looks alike is the same
+    Composed,    // NFC: letters and the marks above them are one, where there is one
+    Decomposed,  // NFD: they are two
+    Folded       // NFKC without case: what looks alike is the same
 };
 
 // InForm: a UTF-8 text of less than 2 GiB; the text itself where ICU cannot do it.

@@ -82,4 +82,16 @@ std::size_t AppendUtf8(std::string_view text, std::string& to) {
     return bad;
 }
 
+std::string Shortened(std::string_view value) {
+    constexpr std::size_t kLongest = 60;
+    if (value.size() <= kLongest) {
+        return std::string(value);
+    }
+    std::size_t end = kLongest;
+    while (end > 0 && (static_cast<unsigned char>(value[end]) & 0xC0U) == 0x80) {
+        --end;
+    }
+    return std::string(value.substr(0, end)) + "...";
+}
+
 }  // namespace orvik::book

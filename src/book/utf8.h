@@ -21,4 +21,7 @@ struct Utf8Count {
 // Appends text with U+FFFD for each run of bytes that are no letter. Returns how many.
 std::size_t AppendUtf8(std::string_view text, std::string& to);
 
+// Shortened: the beginning of a long value, for a person, without a letter that is cut.
+[[nodiscard]] std::string Shortened(std::string_view value);
+
 }  // namespace orvik::book

@@ -4,8 +4,10 @@
 #include <array>
 #include <string_view>
 
-#include "app/text.h"
 #include "book/charset_converter.h"
+#include "book_cli/clean_arguments.h"
+#include "book_cli/option_checks.h"
+#include "book_cli/target_arguments.h"
 #include "cli/words.h"
 
 namespace orvik::book_cli {
@@ -20,6 +22,9 @@ constexpr const char* kExamples =
     "  orvik-book check book.ldif\n"
     "  orvik-book convert outlook.csv --map \"Club=groups\" -o contacts.vcf\n"
     "  orvik-book diff book.ldif contacts.vcf\n"
+    "  orvik-book find Mail/Inbox Maildir letter.eml --min 2 -o people.vcf\n"
+    "  orvik-book dupes *.vcf book.ldif --plan plan.txt\n"
+    "  orvik-book clean --plan plan.txt --sort family -o clean.vcf\n"
     "\n"
     "A file named - is standard input.\n"
     "\n"
@@ -31,16 +36,6 @@ constexpr const char* kExamples =
 std::string Unbracketed(std::string_view word) {
     const bool list = word.starts_with('[') && word.ends_with(']');
     return (list ? "./" : "") + std::string(word);
-}
-
-std::string CheckName(const std::string& name) {
-    return name.empty() ? "a file's name is empty" : "";
-}
-
-std::string CheckNoStream(const std::string& name) {
-    return name == kStandardStream
-               ? "- would be standard output, which is not for reports; a file of this name is ./-"
-               : CheckName(name);
 }
 
 std::string CheckCharset(const std::string& name) {
@@ -55,49 +50,13 @@ std::string CheckMapping(const std::string& text) {
     return mapping.Field != nullptr ? "" : "nobody knows the field of " + text;
 }
 
-std::string CheckCount(const std::string& text) {
-    constexpr std::size_t kMostDigits = 9;
-    const bool number = !text.empty() && text.size() <= kMostDigits &&
-                        text.find_first_not_of("0123456789") == std::string::npos;
-    return number && text.find_first_not_of('0') != std::string::npos
-               ? ""
-               : "a file holds 1 to 999999999 records, not " + text;
-}
-
-std::vector<std::string> ProgramNames() {
-    std::vector<std::string> names;
-    for (const Program& one : Programs()) {
-        names.emplace_back(one.Name);
-    }
-    return names;
-}
-
-// "google, outlook": those that import CSV.
-std::string CsvPrograms() {
-    std::string text;
-    for (const Program& one : Programs()) {
-        if (FormOf(one, ".csv") != nullptr) {
-            text.append(text.empty() ? "" : ", ").append(one.Name);
-        }
-    }
-    return text;
-}
-
-bool IsLdifName(std::string_view name) {
-    return HasEnding(name, ".ldif") || HasEnding(name, ".ldi");
-}
-
-bool IsVCardName(std::string_view name) {
-    return HasEnding(name, ".vcf") || HasEnding(name, ".vcard");
-}
-
 // The options of each verb, and what they were given.
 class Parser {
  public:
     Parser()
         : app_(
               "Reads address books, LDIF, vCard, CSV and those of old programs, with all that they "
-              "hold, and writes them.",
+              "hold, and writes them. Finds the people in mail.",
               "orvik-book") {
         app_.set_version_flag(
             "--version", "orvik-book " ORVIK_VERSION, "Print the version and exit");
@@ -106,10 +65,19 @@ class Parser {
         app_.failure_message(&cli::UsageMessage);
         app_.require_subcommand(1);
         show_ = AddVerb("show", "Say what is in address books", "FILE");
+        dupes_ = AddVerb("dupes", "Say which records may be one person", "FILE");
+        clean_ =
+            AddVerb("clean", "Merge them, as a plan says or where nothing is in doubt", "FILE");
         convert_ = AddVerb("convert", "Write address books as one vCard, LDIF or CSV file", "FILE");
         check_ = AddVerb("check", "Say which e-mail addresses can be none", "FILE");
         diff_ = AddVerb("diff", "Compare two address books", "LEFT RIGHT");
-        AddConvertOptions();
+        AddFind();
+        target_.AddTo(*convert_, arguments_);
+        target_.AddTo(*clean_, arguments_);
+        AddNewSince();
+        duplicates_.AddToDupes(dupes_);
+        duplicates_.AddToClean(clean_);
+        duplicates_.AddOrder(convert_);
     }
 
     [[nodiscard]] CLI::App& App() { return app_; }
@@ -132,13 +100,21 @@ class Parser {
         arguments_.What = convert_->parsed() ? Verb::Convert
                           : check_->parsed() ? Verb::Check
                           : diff_->parsed()  ? Verb::Diff
+                          : find_->parsed()  ? Verb::Find
+                          : dupes_->parsed() ? Verb::Dupes
+                          : clean_->parsed() ? Verb::Clean
                                              : Verb::Show;
         for (const std::string& map : maps_) {
             arguments_.Columns.push_back(book::ParseMapping(map));
         }
+        if (arguments_.What == Verb::Find) {
+            SortOutMine(arguments_.Files, arguments_.Find);
+        }
+        duplicates_.Take(arguments_);
         CheckFiles();
-        if (arguments_.What == Verb::Convert) {
-            FindTarget();
+        if (arguments_.What == Verb::Convert || arguments_.What == Verb::Clean ||
+            arguments_.What == Verb::Find) {
+            target_.Take(arguments_);
         }
         return arguments_;
     }
@@ -155,58 +131,41 @@ class Parser {
                    "--charset", arguments_.Charset, "The letters of what does not say it"))
             ->type_name("NAME")
             ->check(&CheckCharset);
-        verb->add_option(
-                "--map", maps_, "Take a column of CSV for a field, whatever its header says")
+        Repeated(verb->add_option(
+                     "--map", maps_, "Take a column of CSV for a field, whatever its header says"))
             ->type_name("HEADER=FIELD")
-            ->expected(1)
-            ->allow_extra_args(false)
-            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
             ->check(&CheckMapping);
-        verb->add_flag("--json", arguments_.Json, "Print an object a line instead of text");
-        Single(verb->add_option("--report", arguments_.Report, "Write what became of each value"))
-            ->type_name("FILE")
-            ->check(&CheckNoStream);
-        verb->add_flag("--force", arguments_.Force, "Replace files that are there without asking");
+        AddPrinting(*verb);
         return verb;
     }
 
-    void AddConvertOptions() {
-        output_ = Single(convert_->add_option("-o,--output",
-                                              arguments_.Output,
-                                              "Where to write, - for standard output; .vcf and "
-                                              ".ldif tell the format"));
-        output_->type_name("FILE")->check(&CheckName);
-        vcard_ = Single(convert_->add_option("--vcard", version_, "Write vCard 3.0 or 4.0"));
-        vcard_->type_name("3|4")->check(CLI::IsMember({"3", "4"}));
-        attributes_ = Single(convert_->add_option(
-            "--attributes", set_, "Write LDIF with the attributes of a program"));
-        attributes_->type_name("PROGRAM")
-            ->check(CLI::IsMember({"netscape", "mozilla", "kcontacts", "evolution"}))
-            ->excludes(vcard_);
-        Single(convert_->add_option(
-                   "--to", program_, "Write what a program imports, and say where it does"))
-            ->type_name("PROGRAM")
-            ->check(CLI::IsMember(ProgramNames()))
-            ->excludes(vcard_)
-            ->excludes(attributes_);
-        split_ = Single(convert_->add_option(
-            "--split", most_, "Write files NAME-1, NAME-2 ... of at most so many records"));
-        split_->type_name("N")->check(&CheckCount);
-        convert_
-            ->add_option(
-                "--new-since", arguments_.NewSince, "Leave out the people of an older book")
+    void AddPrinting(CLI::App& verb) {
+        verb.add_flag("--json", arguments_.Json, "Print an object a line instead of text");
+        Single(verb.add_option("--report", arguments_.Report, "Write what became of each value"))
+            ->type_name("FILE")
+            ->check(&CheckNoStream);
+        verb.add_flag("--force", arguments_.Force, "Replace files that are there without asking");
+    }
+
+    void AddNewSince() {
+        Repeated(convert_->add_option(
+                     "--new-since", arguments_.NewSince, "Leave out the people of an older book"))
             ->type_name("OLD")
-            ->expected(1)
-            ->allow_extra_args(false)
-            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
             ->check(&CheckName);
-        convert_->add_flag(
-            "--allow-loss", arguments_.AllowLoss, "Write what can be, even if values are lost");
+    }
+
+    void AddFind() {
+        find_ = app_.add_subcommand("find", "Find the people in mail, and write them");
+        find_->failure_message(&cli::UsageMessage);
+        AddFindOptions(*find_, arguments_.Files, arguments_.Find);
+        AddPrinting(*find_);
+        target_.AddTo(*find_, arguments_);
     }
 
     // Whoever writes an option before the verb is told where it belongs.
     static void CheckOrder(const std::vector<std::string>& words) {
-        constexpr std::array<std::string_view, 4> kVerbs = {"show", "convert", "check", "diff"};
+        constexpr std::array<std::string_view, 7> kVerbs = {
+            "show", "convert", "check", "diff", "find", "dupes", "clean"};
         constexpr std::array<std::string_view, 3> kBefore = {"-h", "--help", "--version"};
         const bool option = words.size() > 1 && words[1].size() > 1 && words[1].starts_with('-') &&
                             std::find(kBefore.begin(), kBefore.end(), words[1]) == kBefore.end();
@@ -215,10 +174,6 @@ class Parser {
         if (option && verb != words.end()) {
             throw CLI::ValidationError(words[1], "options stand behind the verb " + *verb);
         }
-    }
-
-    static CLI::Option* Single(CLI::Option* option) {
-        return option->expected(1)->allow_extra_args(false);
     }
 
     void CheckFiles() const {
@@ -234,89 +189,18 @@ class Parser {
         }
     }
 
-    void FindTarget() {
-        const std::string& name = arguments_.Output;
-        const bool stream = name == kStandardStream;
-        if (name.ends_with('/')) {
-            throw CLI::ValidationError("-o", name + " is a folder; a file in it needs a name");
-        }
-        if (stream && arguments_.Json) {
-            throw CLI::ValidationError("--json", "needs -o FILE: both would go to standard output");
-        }
-        if (split_->count() > 0 && stream) {
-            throw CLI::ValidationError("--split", "needs -o FILE");
-        }
-        arguments_.Split = split_->count() > 0 ? std::stoul(most_) : 0;
-        arguments_.For = ProgramNamed(program_);
-        if (arguments_.For != nullptr) {
-            FindForm(*arguments_.For);
-        } else {
-            FindFormat(name, stream);
-        }
-    }
-
-    // What the program imports under the name that was given; standard output takes any.
-    void FindForm(const Program& program) {
-        const std::string& name = arguments_.Output;
-        if (const ImportForm* const form = FormOf(program, name); form != nullptr) {
-            arguments_.Choose(*form);
-        } else if (name != kStandardStream) {
-            throw CLI::ValidationError("-o",
-                                       "for " + program_ + " a file ends in " + EndingsOf(program) +
-                                           ", not as " + name + " does");
-        }
-    }
-
-    void FindFormat(const std::string& name, bool stream) {
-        if (HasEnding(name, ".csv")) {
-            throw CLI::ValidationError(
-                "-o",
-                "the columns of " + name +
-                    " depend on the program; --to names it: " + CsvPrograms());
-        }
-        if (vcard_->count() > 0 && IsLdifName(name)) {
-            throw CLI::ValidationError("--vcard", "the ending of " + name + " asks for LDIF");
-        }
-        if (attributes_->count() > 0 && IsVCardName(name)) {
-            throw CLI::ValidationError("--attributes", "the ending of " + name + " asks for vCard");
-        }
-        if (attributes_->count() > 0 || IsLdifName(name)) {
-            arguments_.Target = book::Dialect::Ldif;
-            arguments_.Set = AskedSet();
-        } else if (version_ == "4") {
-            arguments_.Target = book::Dialect::VCard40;
-        } else if (vcard_->count() == 0 && !stream && !IsVCardName(name)) {
-            throw CLI::ValidationError(
-                "-o", "the ending of " + name + " tells no format; --vcard and --attributes do");
-        }
-    }
-
-    [[nodiscard]] std::optional<book::LdifAttributes> AskedSet() const {
-        using enum book::LdifAttributes;
-        if (set_.empty()) {
-            return std::nullopt;
-        }
-        return set_ == "netscape"    ? Netscape
-               : set_ == "kcontacts" ? KContacts
-               : set_ == "evolution" ? Evolution
-                                     : Mozilla;
-    }
-
     CLI::App app_;
     Arguments arguments_;
-    std::string version_;
-    std::string set_;
-    std::string program_;
-    std::string most_;
     std::vector<std::string> maps_;
     CLI::App* show_ = nullptr;
     CLI::App* convert_ = nullptr;
     CLI::App* check_ = nullptr;
     CLI::App* diff_ = nullptr;
-    CLI::Option* output_ = nullptr;
-    CLI::Option* vcard_ = nullptr;
-    CLI::Option* attributes_ = nullptr;
-    CLI::Option* split_ = nullptr;
+    CLI::App* find_ = nullptr;
+    CLI::App* dupes_ = nullptr;
+    CLI::App* clean_ = nullptr;
+    TargetOptions target_;
+    CleanOptions duplicates_;
 };
 
 }  // namespace

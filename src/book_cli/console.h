@@ -51,6 +51,9 @@ class Console : public FileTalk {
     [[nodiscard]] std::function<void(std::size_t done, std::size_t all)> ProgressOf(
         std::string_view doing);
 
+    // Any words of how far the work is, as long as somebody watches.
+    void ShowProgress(std::string_view text) { around_.Messages.Progress(text); }
+
     // What stands out where there are colours.
     [[nodiscard]] std::string Strong(const std::string& text) const;
     [[nodiscard]] std::string Alarming(const std::string& text) const;

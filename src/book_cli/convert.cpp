@@ -1,5 +1,6 @@
 #include <cstddef>
-#include <string_view>
+#include <span>
+#include <string>
 #include <utility>
 
 #include "book_cli/json_lines.h"
@@ -59,6 +60,11 @@ void TellIf(Console& console, const std::string& text) {
     }
 }
 
+std::string ReportOf(const Loaded& loaded, std::span<const FilePart> parts, const Extra& extra) {
+    return (extra.IsOfMail ? RemarksReport(loaded.Book) : ReportOf(loaded)) + ReportOf(parts) +
+           extra.Report;
+}
+
 void PrintRecords(Console& console, const book::Book& book) {
     const Catalogue catalogue(book);
     for (std::size_t i = 0; i < book.Contacts.size() && console.Out(); ++i) {
@@ -71,10 +77,17 @@ void PrintRecords(Console& console, const book::Book& book) {
 ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& outputs) {
     Loaded loaded;
     LoadNew(arguments, console, loaded);
-    if (loaded.Status != ExitStatus::Done) {
-        return loaded.Status;
-    }
-    Arguments chosen = arguments;
+    return loaded.Status == ExitStatus::Done ? WriteLoaded(arguments, console, outputs, loaded, {})
+                                             : loaded.Status;
+}
+
+ExitStatus WriteLoaded(const Arguments& asked,
+                       Console& console,
+                       Outputs& outputs,
+                       Loaded& loaded,
+                       const Extra& extra) {
+    book::SortBook(loaded.Book, asked.Sort, asked.Locale);
+    Arguments chosen = asked;
     ChooseForm(chosen, loaded.Book);
     Written written = Write(chosen, loaded, console);
     if (const std::string refusal = RefusalOf(chosen, loaded.Book, written); !refusal.empty()) {
@@ -82,7 +95,7 @@ ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& output
         TellRemarks(console, loaded);
         TellIf(console, ListHint(chosen, loaded.Book));
         console.Tell(refusal);
-        return Worse(ExitStatus::Problem, outputs.WriteReport(ReportOf(loaded)));
+        return Worse(ExitStatus::Problem, outputs.WriteReport(ReportOf(loaded, {}, extra)));
     }
     std::string too_much;
     if (chosen.Form != nullptr) {
@@ -102,10 +115,16 @@ ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& output
     if (status >= ExitStatus::NoBook) {
         return status;
     }
-    if (chosen.Json) {
-        PrintRecords(console, loaded.Book);
+    const std::string summary = extra.Summary
+                                    ? extra.Summary(chosen, written, parts)
+                                    : ConvertedText(console, chosen, loaded, written, parts);
+    if (!chosen.Json) {
+        Print(summary, chosen, console);
+    } else if (extra.PrintJson) {
+        extra.PrintJson();
+        console.TellLines(summary);
     } else {
-        Print(ConvertedText(console, chosen, loaded, written, parts), chosen, console);
+        PrintRecords(console, loaded.Book);
     }
     status = Worse(status, outputs.FinishPrinting());
     TellColumns(console, loaded);
@@ -115,7 +134,7 @@ ExitStatus Convert(const Arguments& arguments, Console& console, Outputs& output
     TellIf(console, too_much);
     return chosen.Report.empty()
                ? status
-               : Worse(status, outputs.WriteReport(ReportOf(loaded) + ReportOf(parts)));
+               : Worse(status, outputs.WriteReport(ReportOf(loaded, parts, extra)));
 }
 
 }  // namespace orvik::book_cli

@@ -57,17 +57,6 @@ std::string LdifName(book::LdifAttributes set) {
     return std::string(program) + " LDIF, ASCII";
 }
 
-std::string TargetName(const Arguments& arguments, bool unchanged) {
-    const Dialect target = arguments.Target;
-    const std::string name = target == Dialect::Csv       ? TableName(arguments.Form->Table)
-                             : target == Dialect::VCard40 ? "vCard 4.0, UTF-8"
-                             : target != Dialect::Ldif    ? "vCard 3.0, UTF-8"
-                             : unchanged
-                                 ? "LDIF"
-                                 : LdifName(arguments.Set.value_or(book::LdifAttributes::Mozilla));
-    return name + (unchanged ? ", byte for byte as it was" : "");
-}
-
 std::string FilesOf(std::span<const FilePart> parts) {
     std::string text;
     for (std::size_t i = 0; i < parts.size() && i < kMostFiles; ++i) {
@@ -101,6 +90,25 @@ std::string NotShown(const Arguments& arguments, const book::Book& book) {
 
 }  // namespace
 
+std::string TargetName(const Arguments& arguments, bool unchanged) {
+    const Dialect target = arguments.Target;
+    const std::string name = target == Dialect::Csv       ? TableName(arguments.Form->Table)
+                             : target == Dialect::VCard40 ? "vCard 4.0, UTF-8"
+                             : target != Dialect::Ldif    ? "vCard 3.0, UTF-8"
+                             : unchanged
+                                 ? "LDIF"
+                                 : LdifName(arguments.Set.value_or(book::LdifAttributes::Mozilla));
+    return name + (unchanged ? ", byte for byte as it was" : "");
+}
+
+std::string WherePut(const Console& console,
+                     const Arguments& arguments,
+                     std::span<const FilePart> parts) {
+    const std::string files = parts.empty() ? Printable(arguments.Output)
+                                            : RangeOf(parts.front().Name, parts.back().Name);
+    return arguments.Output == kStandardStream ? "standard output" : console.Strong(files);
+}
+
 std::string ConvertedText(const Console& console,
                           const Arguments& arguments,
                           const Loaded& loaded,
@@ -115,14 +123,18 @@ std::string ConvertedText(const Console& console,
     }
     text += "   written " + std::to_string(written.Records) + "   " + Carried(arguments, book) +
             "   " + (lost > 0 ? console.Alarming(lost_text) : lost_text) + SummaryTail(book) + "\n";
-    const std::string files = parts.empty() ? Printable(arguments.Output)
-                                            : RangeOf(parts.front().Name, parts.back().Name);
-    text += arguments.Output == kStandardStream ? "standard output" : console.Strong(files);
+    text += WherePut(console, arguments, parts);
     text += ": " + TargetName(arguments, written.Unchanged) + ".";
     const bool cards = arguments.Target == Dialect::VCard30 || arguments.Target == Dialect::VCard40;
     // LDIF has those alone that were there, and tables have none.
     text += cards ? " UIDs stay the same on the next run.\n" : "\n";
-    text += FilesOf(parts);
+    return text + PartsText(arguments, book, parts);
+}
+
+std::string PartsText(const Arguments& arguments,
+                      const book::Book& book,
+                      std::span<const FilePart> parts) {
+    std::string text = FilesOf(parts);
     if (arguments.Form != nullptr) {
         text += NotShown(arguments, book);
         text.append(parts.size() > 1 ? "Import each file " : "Import ");

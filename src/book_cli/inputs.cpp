@@ -33,13 +33,17 @@ class Loader {
 
     void Load(const std::string& name) {
         console_.Begin(name);
-        std::optional<std::string> bytes;
-        TrapFailure([&] { bytes = name == kStandardStream ? ReadStream() : ReadFile(name); },
-                    [&](const RunTimeError& failure) { Fail(failure); });
-        if (bytes) {
+        if (std::optional<std::string> bytes = Bytes(name)) {
             Take(std::make_unique<book::Source>(name, std::move(*bytes)));
         }
         console_.End();
+    }
+
+    std::optional<std::string> Bytes(const std::string& name) {
+        std::optional<std::string> bytes;
+        TrapFailure([&] { bytes = name == kStandardStream ? ReadStream() : ReadFile(name); },
+                    [&](const RunTimeError& failure) { Fail(failure); });
+        return bytes;
     }
 
  private:
@@ -190,6 +194,19 @@ std::vector<book::Format> Loaded::Formats() const {
         formats.push_back(one.Form);
     }
     return formats;
+}
+
+std::optional<std::string> ReadBytes(Console& console,
+                                     const std::string& name,
+                                     ExitStatus& status) {
+    Loaded nothing;
+    const std::string no_charset;
+    Loader loader(console, no_charset, nothing, {});
+    console.Begin(name);
+    std::optional<std::string> bytes = loader.Bytes(name);
+    console.End();
+    status = nothing.Status;
+    return bytes;
 }
 
 void Load(Console& console,

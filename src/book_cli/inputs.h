@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -44,5 +45,11 @@ void Load(Console& console,
           const std::string& charset,
           Loaded& loaded,
           std::span<const book::CsvMapping> columns);
+
+// ReadBytes: a file that is no address book, or nothing, with the status, after telling what is
+// wrong with it. Errors: std::bad_alloc.
+[[nodiscard]] std::optional<std::string> ReadBytes(Console& console,
+                                                   const std::string& name,
+                                                   cli::ExitStatus& status);
 
 }  // namespace orvik::book_cli

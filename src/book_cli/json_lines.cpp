@@ -68,7 +68,7 @@ void PrintArray(std::ostream& out, const char* name, const Items& items, const T
     out << "]";
 }
 
-void PrintObject(std::ostream& out, const Catalogue& from, std::size_t number) {
+void PrintFields(std::ostream& out, const Catalogue& from, std::size_t number) {
     const book::Book& book = from.Book();
     const book::Contact& contact = book.Contacts[number];
     const book::PersonName name = book::NameOf(book, contact);
@@ -89,7 +89,12 @@ void PrintObject(std::ostream& out, const Catalogue& from, std::size_t number) {
         return PropertyOf(from, one);
     });
     out << R"(,"origin":{"file":)" << TextOf(book.SourceAt(contact.From.File).Name())
-        << ",\"line\":" << contact.From.Line << "}}";
+        << ",\"line\":" << contact.From.Line << "}";
+}
+
+void PrintObject(std::ostream& out, const Catalogue& from, std::size_t number) {
+    PrintFields(out, from, number);
+    out << "}";
 }
 
 }  // namespace
@@ -97,6 +102,20 @@ void PrintObject(std::ostream& out, const Catalogue& from, std::size_t number) {
 void PrintRecord(std::ostream& out, const Catalogue& from, std::size_t contact) {
     PrintObject(out, from, contact);
     out << "\n";
+}
+
+void PrintFound(std::ostream& out,
+                const Catalogue& from,
+                std::size_t contact,
+                const FoundEntry& found) {
+    const auto time = [](const std::string& text) { return text.empty() ? "null" : TextOf(text); };
+    PrintFields(out, from, contact);
+    out << ",\"count\":" << found.Count << ",\"first\":" << time(found.First)
+        << ",\"last\":" << time(found.Last);
+    PrintArray(out, "seen", found.Seen, [](const FoundEntry::Place& place) {
+        return TextOf({{"file", place.File}, {"fields", place.Fields}, {"count", place.Count}});
+    });
+    out << ",\"seen_elsewhere\":" << (found.SeenElsewhere ? "true" : "false") << "}\n";
 }
 
 void PrintDifference(std::ostream& out,
@@ -119,6 +138,20 @@ void PrintDifference(std::ostream& out,
         PrintObject(out, right, found.Right);
     }
     out << "}\n";
+}
+
+std::string MatchJson(const book::Book& book, const book::MatchLine& line) {
+    Json json = {{"action", std::string(NameOf(line.Do))},
+                 {"tier", std::string(NameOf(line.Why))},
+                 {"reason", line.Reason},
+                 {"records", Json::array()}};
+    for (const std::uint32_t record : line.Records) {
+        const book::Contact& contact = book.Contacts[record];
+        json["records"].push_back({{"file", book.SourceAt(contact.From.File).Name()},
+                                   {"line", contact.From.Line},
+                                   {"name", book::NameOf(book, contact).Shown}});
+    }
+    return TextOf(json) + "\n";
 }
 
 std::string ReportLine(const ReportEntry& entry) {

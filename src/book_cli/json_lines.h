@@ -7,10 +7,12 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "book/address_book.h"
 #include "book/differences.h"
 #include "book/identity.h"
+#include "book/match/match_line.h"
 #include "book/members.h"
 
 namespace orvik::book_cli {
@@ -35,12 +37,37 @@ class Catalogue {
 // no text become U+FFFD.
 void PrintRecord(std::ostream& out, const Catalogue& from, std::size_t contact);
 
+// What is told of a person who was found in mail, besides the record.
+struct FoundEntry {
+    std::size_t Count = 0;
+    // Times as "2001-03-04T10:00:00Z"; empty for none.
+    std::string First;
+    std::string Last;
+    struct Place {
+        std::string_view File;
+        std::vector<std::string_view> Fields;
+        std::size_t Count = 0;
+    };
+    std::vector<Place> Seen;
+    bool SeenElsewhere = false;
+};
+// PrintFound: a record as PrintRecord does, with "count", "first", "last", "seen" and
+// "seen_elsewhere" behind it; a time that nobody knows is null.
+void PrintFound(std::ostream& out,
+                const Catalogue& from,
+                std::size_t contact,
+                const FoundEntry& found);
+
 // PrintDifference: the same of a contact that is only in one book, or changed, with what that is
 // and the names of the fields that differ.
 void PrintDifference(std::ostream& out,
                      const Catalogue& left,
                      const Catalogue& right,
                      const book::Compared& found);
+
+// MatchJson: {"action":"ask","tier":"agree","reason":...,"records":[{"file":"a.vcf","line":3,
+// "name":"Al"},...]} of records that may be one person.
+[[nodiscard]] std::string MatchJson(const book::Book& book, const book::MatchLine& line);
 
 // What a line of a report says.
 struct ReportEntry {

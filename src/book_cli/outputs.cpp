@@ -33,7 +33,9 @@ ExitStatus Trap(Console& console, const std::function<void()>& act) {
 }  // namespace
 
 ExitStatus Outputs::Check() {
-    const bool to_file = arguments_.What == Verb::Convert && arguments_.Output != kStandardStream;
+    const bool writes = arguments_.What == Verb::Convert || arguments_.What == Verb::Find ||
+                        arguments_.What == Verb::Clean || arguments_.What == Verb::Dupes;
+    const bool to_file = writes && arguments_.Output != kStandardStream;
     book_.Name = to_file && arguments_.Split == 0 ? arguments_.Output : "";
     report_.Name = arguments_.Report;
     if (IsRead(kOutputPath)) {
@@ -140,7 +142,9 @@ bool Outputs::IsRead(const std::string& name) const {
     const auto is_it = [&](const std::string& file) {
         return console_.Files().IsSame(file == kStandardStream ? kInputPath : file, name);
     };
-    return std::any_of(arguments_.Files.begin(), arguments_.Files.end(), is_it) ||
+    const bool is_plan =
+        arguments_.What == Verb::Clean && !arguments_.Plan.empty() && is_it(arguments_.Plan);
+    return is_plan || std::any_of(arguments_.Files.begin(), arguments_.Files.end(), is_it) ||
            std::any_of(arguments_.NewSince.begin(), arguments_.NewSince.end(), is_it);
 }
 

@@ -84,25 +84,27 @@ std::string Counted(std::size_t count, const std::string& one, const std::string
     return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
+std::string Grouped(std::size_t number) {
+    constexpr std::size_t kGroup = 3;
+    std::string text = std::to_string(number);
+    for (std::size_t at = text.size(); at > kGroup; at -= kGroup) {
+        text.insert(at - kGroup, " ");
+    }
+    return text;
+}
+
+std::string GroupedCount(std::size_t count, const std::string& one, const std::string& many) {
+    return Grouped(count) + " " + (count == 1 ? one : many);
+}
+
 std::string RangeOf(const std::string& first, const std::string& last) {
     return Printable(first) + (first == last ? "" : " to " + Printable(last));
 }
 
-std::string Shortened(std::string_view value) {
-    constexpr std::size_t kLongest = 60;
-    if (value.size() <= kLongest) {
-        return std::string(value);
-    }
-    std::size_t end = kLongest;
-    while (end > 0 && (static_cast<unsigned char>(value[end]) & 0xC0U) == 0x80) {
-        --end;
-    }
-    return std::string(value.substr(0, end)) + "...";
-}
-
 std::string RemarkText(const book::Book& book, const book::Remark& remark) {
-    std::string text =
-        "line " + std::to_string(remark.Line) + ": " + std::string(NameOf(remark.Kind)) + ": ";
+    // People of mail stand in no line.
+    std::string text = remark.Line == 0 ? "" : "line " + std::to_string(remark.Line) + ": ";
+    text.append(NameOf(remark.Kind)).append(": ");
     text += remark.Field;
     text += remark.Field.empty() || remark.Value.empty() ? "" : " ";
     if (!remark.Value.empty()) {
@@ -152,6 +154,16 @@ void TellFoundMembers(Console& console, const Loaded& loaded) {
     console.End();
     if (told > kMostTold) {
         console.Tell(std::to_string(told - kMostTold) + " more lists with members in other files");
+    }
+}
+
+void TellNotCompared(Console& console, const std::vector<std::string>& notes) {
+    for (std::size_t i = 0; i < std::min(notes.size(), kMostTold); ++i) {
+        console.Tell("not compared: " + notes[i]);
+    }
+    if (notes.size() > kMostTold) {
+        console.Tell(std::to_string(notes.size() - kMostTold) +
+                     " more were not compared; a plan names all");
     }
 }
 

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "book/utf8.h"
 #include "book_cli/book_arguments.h"
 #include "book_cli/console.h"
 #include "book_cli/inputs.h"
@@ -22,11 +23,17 @@ namespace orvik::book_cli {
                                   const std::string& one,
                                   const std::string& many);
 
+// Grouped: a number with a blank between its thousands, "1 204".
+[[nodiscard]] std::string Grouped(std::size_t number);
+// "1 person", "1 204 people".
+[[nodiscard]] std::string GroupedCount(std::size_t count,
+                                       const std::string& one,
+                                       const std::string& many);
+
 // RangeOf: "a-1.vcf", "a-3.vcf" -> "a-1.vcf to a-3.vcf"; one of both if they are the same.
 [[nodiscard]] std::string RangeOf(const std::string& first, const std::string& last);
 
-// Shortened: the beginning of a long value, without a letter that is cut.
-[[nodiscard]] std::string Shortened(std::string_view value);
+using book::Shortened;
 
 // RemarkText: "line 3: lost: TEL "5": has no place in the target", with a long value cut.
 [[nodiscard]] std::string RemarkText(const book::Book& book, const book::Remark& remark);
@@ -40,6 +47,9 @@ void TellColumns(Console& console, const Loaded& loaded);
 // TellFoundMembers: tells of each list whose members are named in words, and are in other files,
 // how many were found and where.
 void TellFoundMembers(Console& console, const Loaded& loaded);
+
+// Tells what was not compared, as too many share it.
+void TellNotCompared(Console& console, const std::vector<std::string>& notes);
 
 // TellRemarks: names what was lost, skipped and doubtful, each up to a number of them.
 void TellRemarks(Console& console, const Loaded& loaded);

@@ -3,6 +3,10 @@
 namespace orvik::book_cli {
 
 cli::ExitStatus Run(const Arguments& arguments, Console& console) {
+    // Its plan says which files are read.
+    if (arguments.What == Verb::Clean) {
+        return Clean(arguments, console);
+    }
     Outputs outputs(console, arguments);
     const cli::ExitStatus status = outputs.Check();
     if (status != cli::ExitStatus::Done) {
@@ -15,6 +19,11 @@ cli::ExitStatus Run(const Arguments& arguments, Console& console) {
             return Check(arguments, console, outputs);
         case Verb::Diff:
             return Diff(arguments, console, outputs);
+        case Verb::Find:
+            return Find(arguments, console, outputs);
+        case Verb::Dupes:
+            return Dupes(arguments, console, outputs);
+        case Verb::Clean:
         case Verb::Show:
             break;
     }

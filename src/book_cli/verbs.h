@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -25,6 +26,28 @@ namespace orvik::book_cli {
                                       Outputs& outputs);
 [[nodiscard]] cli::ExitStatus Check(const Arguments& arguments, Console& console, Outputs& outputs);
 [[nodiscard]] cli::ExitStatus Diff(const Arguments& arguments, Console& console, Outputs& outputs);
+[[nodiscard]] cli::ExitStatus Dupes(const Arguments& arguments, Console& console, Outputs& outputs);
+[[nodiscard]] cli::ExitStatus Clean(const Arguments& arguments, Console& console);
+[[nodiscard]] cli::ExitStatus Find(const Arguments& arguments, Console& console, Outputs& outputs);
+
+// What is said of a book that is written, besides what becomes of its values.
+struct Extra {
+    // In place of what Convert tells of numbers and files; empty for that. What was asked for has
+    // its form by then.
+    std::function<std::string(
+        const Arguments& chosen, const Written& written, std::span<const FilePart> parts)>
+        Summary = {};
+    // Prints objects in place of the records; the summary is told beside them.
+    std::function<void()> PrintJson = {};
+    // Lines of the report.
+    std::string Report = {};
+    // The records were never in a book, and a report does not say that they were read.
+    bool IsOfMail = false;
+};
+// WriteLoaded: puts a book into its order, writes it as the arguments ask, and tells what became of
+// it.
+[[nodiscard]] cli::ExitStatus WriteLoaded(
+    const Arguments& asked, Console& console, Outputs& outputs, Loaded& loaded, const Extra& extra);
 
 // FactsText: what a source is and holds, in two lines.
 //   "a.ldif: LDIF, ASCII, LF, 1 person, 0 lists" and the counts
@@ -33,6 +56,14 @@ namespace orvik::book_cli {
                                     const Input& input,
                                     const book::Facts& facts);
 
+// What is written, "vCard 3.0, UTF-8"; unchanged says that it is what was read.
+[[nodiscard]] std::string TargetName(const Arguments& arguments, bool unchanged);
+
+// Where it is: "book.vcf", "book-1.vcf to book-3.vcf", "standard output".
+[[nodiscard]] std::string WherePut(const Console& console,
+                                   const Arguments& arguments,
+                                   std::span<const FilePart> parts);
+
 // ConvertedText: what became of the values, and of the UIDs, in two lines; then how many records
 // are in which file, if there are several, and how a program imports them.
 [[nodiscard]] std::string ConvertedText(const Console& console,
@@ -40,5 +71,10 @@ namespace orvik::book_cli {
                                         const Loaded& loaded,
                                         const Written& written,
                                         std::span<const FilePart> parts);
+
+// PartsText: the end of it: the files, if there are several, and the import.
+[[nodiscard]] std::string PartsText(const Arguments& arguments,
+                                    const book::Book& book,
+                                    std::span<const FilePart> parts);
 
 }  // namespace orvik::book_cli

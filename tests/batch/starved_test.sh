@@ -67,6 +67,11 @@ else
     starve 500 41 check letters.ldif
     starve 500 41 check --json letters.ldif
     starve 500 41 diff two.ldif two.ldif
+    starve 500 401 dupes two.ldif letters.ldif
+    starve 500 401 clean two.ldif letters.ldif --sort name -o book.ldif
+    printf 'From: Al <a@example.org>\nMessage-ID: <i@example.org>\n\n=C3 c@example.org\n' >letter.eml
+    starve 500 41 find letter.eml -o book.ldif
+    starve 500 41 find letter.eml --json
     printf 'First Name,Last Name,E-mail 1 - Value,Hobby\nCy,Castell,c@example.org,Rows\n' >two.csv
     starve 500 401 convert two.csv -o book.ldif
 fi

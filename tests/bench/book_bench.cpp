@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <fstream>
 #include <map>
 #include <memory>
 #include <string>
@@ -14,8 +13,8 @@
 #include <vector>
 
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
+#include "bench/memory.h"
 #include "bench/processor_time.h"
 #include "book/address_book.h"
 #include "book/charset.h"
@@ -95,23 +94,6 @@ void Memchr(const std::string& text) {
         }
     }
     benchmark::DoNotOptimize(count);
-}
-
-// Bytes in memory, now or the most since ForgetMost.
-std::size_t Resident(std::string_view field) {
-    std::ifstream status("/proc/self/status");
-    for (std::string word; status >> word;) {
-        std::size_t kilobytes = 0;
-        if (word == field && status >> kilobytes) {
-            return kilobytes * 1024;
-        }
-    }
-    return 0;
-}
-
-void ForgetMost() {
-    malloc_trim(0);
-    std::ofstream("/proc/self/clear_refs") << 5;
 }
 
 void CountTimes(benchmark::State& state, const char* name, double part, double whole) {

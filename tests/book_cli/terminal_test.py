@@ -121,11 +121,38 @@ def test_interrupt():
         check(f"nothing is written after {name.name}", os.listdir() == ["bo.vcf"], os.listdir())
 
 
+def test_interrupted_search():
+    """A search that is stopped writes nothing."""
+    mail = pathlib.Path("mail")
+    mail.write_bytes(b"From \nFrom: Ada <ada@example.org>\n\nSee bo@example.org\n\n" * 1_000_000)
+    process = subprocess.Popen(
+        [PROGRAM, "find", "mail", "-o", "never.vcf"],
+        stdout=subprocess.DEVNULL,
+        preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL),
+    )
+    opened = pathlib.Path(f"/proc/{process.pid}/fd")
+    while not any(str(link).endswith("/mail") for link in map(followed, opened.iterdir())):
+        time.sleep(0.001)
+    process.send_signal(signal.SIGINT)
+    status = process.wait()
+    check("a search ends by SIGINT", status == -signal.SIGINT, status)
+    mail.unlink()
+    check("a search that ended wrote nothing", os.listdir() == ["bo.vcf"], os.listdir())
+
+
+def followed(link):
+    try:
+        return os.readlink(link)
+    except OSError:
+        return ""
+
+
 def main():
     with tempfile.TemporaryDirectory() as folder:
         os.chdir(folder)
         pathlib.Path("bo.vcf").write_bytes(CARD.encode())
         test_interrupt()
+        test_interrupted_search()
         test_question()
         test_colours()
         os.chdir("/")

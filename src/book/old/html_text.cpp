@@ -1,13 +1,10 @@
 #include "book/old/html_text.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
-#include <cstdint>
 #include <optional>
 
-#include <unicode/unistr.h>
-
+#include "book/html_entities.h"
 #include "book/old/html_tags.h"
 #include "book/utf8.h"
 #include "book/value_form.h"
@@ -15,60 +12,11 @@
 namespace orvik::book {
 namespace {
 
-struct Entity {
-    std::string_view Name;
-    std::uint32_t Code = 0;
-};
-
-constexpr std::array kEntities = {
-    Entity{"amp", '&'},
-    Entity{"lt", '<'},
-    Entity{"gt", '>'},
-    Entity{"quot", '"'},
-    Entity{"apos", '\''},
-};
-
-// Those of HTML 3.2, from U+00A0 on.
-constexpr std::array<std::string_view, 96> kLatin = {
-    "nbsp",   "iexcl",  "cent",   "pound",  "curren", "yen",    "brvbar", "sect",   "uml",
-    "copy",   "ordf",   "laquo",  "not",    "shy",    "reg",    "macr",   "deg",    "plusmn",
-    "sup2",   "sup3",   "acute",  "micro",  "para",   "middot", "cedil",  "sup1",   "ordm",
-    "raquo",  "frac14", "frac12", "frac34", "iquest", "Agrave", "Aacute", "Acirc",  "Atilde",
-    "Auml",   "Aring",  "AElig",  "Ccedil", "Egrave", "Eacute", "Ecirc",  "Euml",   "Igrave",
-    "Iacute", "Icirc",  "Iuml",   "ETH",    "Ntilde", "Ograve", "Oacute", "Ocirc",  "Otilde",
-    "Ouml",   "times",  "Oslash", "Ugrave", "Uacute", "Ucirc",  "Uuml",   "Yacute", "THORN",
-    "szlig",  "agrave", "aacute", "acirc",  "atilde", "auml",   "aring",  "aelig",  "ccedil",
-    "egrave", "eacute", "ecirc",  "euml",   "igrave", "iacute", "icirc",  "iuml",   "eth",
-    "ntilde", "ograve", "oacute", "ocirc",  "otilde", "ouml",   "divide", "oslash", "ugrave",
-    "uacute", "ucirc",  "uuml",   "yacute", "thorn",  "yuml"};
-
-std::optional<std::uint32_t> NumberOf(std::string_view digits, int base) {
-    std::uint32_t number = 0;
+std::optional<unsigned char> ByteOf(std::string_view digits) {
+    unsigned char byte = 0;
     const char* const end = digits.data() + digits.size();
-    const auto [behind, error] = std::from_chars(digits.data(), end, number, base);
-    const bool whole = !digits.empty() && error == std::errc() && behind == end;
-    return whole ? std::optional(number) : std::nullopt;
-}
-
-// What stands between & and ; as the number of a letter; nothing for what is no entity.
-std::optional<std::uint32_t> CodeOf(std::string_view name) {
-    if (name.starts_with('#')) {
-        const bool hex = name.size() > 1 && (name[1] == 'x' || name[1] == 'X');
-        const auto code = NumberOf(name.substr(hex ? 2 : 1), hex ? 16 : 10);
-        const bool letter = code && *code < 0x110000 && (*code < 0xD800 || *code > 0xDFFF) &&
-                            (*code >= ' ' || *code == '\t' || *code == '\n' || *code == '\r');
-        return letter ? code : std::nullopt;
-    }
-    for (const Entity& one : kEntities) {
-        if (SameName(one.Name, name)) {
-            return one.Code;
-        }
-    }
-    const auto* const found = std::find(kLatin.begin(), kLatin.end(), name);
-    if (found == kLatin.end()) {
-        return std::nullopt;
-    }
-    return 0xA0 + static_cast<std::uint32_t>(found - kLatin.begin());
+    const auto [behind, error] = std::from_chars(digits.data(), end, byte, 16);
+    return error == std::errc() && behind == end ? std::optional(byte) : std::nullopt;
 }
 
 // Lines of a note are indented as the tags beside them.
@@ -93,27 +41,6 @@ std::string Trimmed(std::string_view text) {
 
 }  // namespace
 
-std::string WithoutEntities(std::string_view text) {
-    constexpr std::size_t kLongest = 10;
-    std::string plain;
-    while (!text.empty()) {
-        const std::size_t begin = std::min(text.find('&'), text.size());
-        plain += text.substr(0, begin);
-        text.remove_prefix(begin);
-        const std::size_t end = text.substr(0, kLongest).find(';');
-        const auto code =
-            end == std::string_view::npos ? std::nullopt : CodeOf(text.substr(1, end - 1));
-        if (code) {
-            icu::UnicodeString(static_cast<UChar32>(*code)).toUTF8String(plain);
-            text.remove_prefix(end + 1);
-        } else if (!text.empty()) {
-            plain += '&';
-            text.remove_prefix(1);
-        }
-    }
-    return plain;
-}
-
 std::string HtmlText(std::string_view piece) {
     std::string text;
     const char* from = piece.data();
@@ -137,11 +64,10 @@ std::string HtmlText(std::string_view piece) {
 std::string WithoutPercents(std::string_view text) {
     std::string plain;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto code = text[i] == '%' && i + 2 < text.size()
-                              ? NumberOf(text.substr(i + 1, 2), 16)
-                              : std::nullopt;
-        if (code && *code >= ' ' && *code != 0x7F) {
-            plain += static_cast<char>(*code);
+        const auto byte =
+            text[i] == '%' && i + 2 < text.size() ? ByteOf(text.substr(i + 1, 2)) : std::nullopt;
+        if (byte && *byte >= ' ' && *byte != 0x7F) {
+            plain += static_cast<char>(*byte);
             i += 2;
         } else {
             plain += text[i];

@@ -13,9 +13,6 @@ namespace orvik::book {
 //   "R&amp;D &#233; &nix;<BR>\n  <x>" -> "R&D \u00E9 &nix;", line feed, "<x>"
 [[nodiscard]] std::string HtmlText(std::string_view piece);
 
-// WithoutEntities: entities alone.
-[[nodiscard]] std::string WithoutEntities(std::string_view text);
-
 // WithoutPercents: an address whose signs may be escaped; an escape stays if it stands for no
 // letter or sign, or for a second at.
 //   "ada%40example.org" -> "ada@example.org";  "al%40b@c" -> "al%40b@c"

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/text.h"
+#include "book/html_entities.h"
 #include "book/lines.h"
 #include "book/old/entry_builder.h"
 #include "book/old/html_text.h"

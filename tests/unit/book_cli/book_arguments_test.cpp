@@ -111,6 +111,40 @@ TEST_F(BookArgumentsTest, AFileHoldsSoManyAndOlderBooksAreSeveral) {
     EXPECT_EQ(std::get<ExitStatus>(Parse({"show", "a", "--split", "3"})), ExitStatus::Usage);
 }
 
+TEST_F(BookArgumentsTest, DupesWritesAPlanAndCleanReadsIt) {
+    const Arguments dupes = Parsed({"dupes", "a", "b", "--plan", "p", "--merge", "agree"});
+    EXPECT_EQ(dupes.What, Verb::Dupes);
+    EXPECT_EQ(dupes.Output, "p");
+    EXPECT_TRUE(dupes.MergesAgreeing);
+    EXPECT_EQ(Parsed({"dupes", "a"}).Output, kStandardStream);
+    const Arguments clean = Parsed({"clean", "--plan", "p", "-o", "b.ldif"});
+    EXPECT_EQ(clean.What, Verb::Clean);
+    EXPECT_EQ(clean.Plan, "p");
+    EXPECT_EQ(clean.Target, book::Dialect::Ldif);
+    EXPECT_THAT(clean.Files, testing::IsEmpty());
+    EXPECT_FALSE(Parsed({"clean", "a"}).MergesAgreeing);
+    for (const std::vector<const char*>& wrong :
+         std::vector<std::vector<const char*>>{{"clean"},
+                                               {"clean", "a", "--plan", "p"},
+                                               {"clean", "--plan", "p", "--merge", "agree"},
+                                               {"clean", "a", "a"},
+                                               {"clean", "--plan", "-"},
+                                               {"dupes", "a", "a"},
+                                               {"dupes"},
+                                               {"dupes", "a", "-o", "b.vcf"},
+                                               {"show", "a", "--plan", "p"}}) {
+        EXPECT_EQ(std::get<ExitStatus>(Parse(wrong)), ExitStatus::Usage) << wrong.back();
+    }
+}
+
+TEST_F(BookArgumentsTest, OrdersAndLocalesAreKnown) {
+    EXPECT_EQ(Parsed({"convert", "a"}).Sort, book::SortBy::None);
+    EXPECT_EQ(Parsed({"convert", "a", "--sort", "domain"}).Sort, book::SortBy::Domain);
+    EXPECT_EQ(Parsed({"clean", "a", "--sort", "name", "--locale", "sv"}).Locale, "sv");
+    EXPECT_EQ(std::get<ExitStatus>(Parse({"clean", "a", "--sort", "size"})), ExitStatus::Usage);
+    EXPECT_EQ(std::get<ExitStatus>(Parse({"clean", "a", "--locale", "xx"})), ExitStatus::Usage);
+}
+
 TEST_F(BookArgumentsTest, MistakesAreToldAndNamesAreShownAsText) {
     EXPECT_EQ(std::get<ExitStatus>(Parse({})), ExitStatus::Usage);
     EXPECT_EQ(std::get<ExitStatus>(Parse({"convert", "a", "-o", "b\x1B[2J"})), ExitStatus::Usage);

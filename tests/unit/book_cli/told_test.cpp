@@ -120,6 +120,15 @@ TEST_F(ToldTest, ProgressIsShownOncePerPercentage) {
     EXPECT_THAT(err.str(), testing::EndsWith("\r"));
 }
 
+TEST(GroupedTest, ThousandsStandApart) {
+    EXPECT_EQ(Grouped(0), "0");
+    EXPECT_EQ(Grouped(999), "999");
+    EXPECT_EQ(Grouped(1204), "1 204");
+    EXPECT_EQ(Grouped(12345678), "12 345 678");
+    EXPECT_EQ(GroupedCount(1, "card", "cards"), "1 card");
+    EXPECT_EQ(GroupedCount(1204, "card", "cards"), "1 204 cards");
+}
+
 TEST(ProgressTest, ReadersAndWritersSayHowFarTheyAre) {
     book::Book book;
     const std::string card = "BEGIN:VCARD\nVERSION:3.0\nFN:Al\nEND:VCARD\n";

@@ -1,0 +1,92 @@
+#include "book/match/plan_check.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "unit/book/match/cards.h"
+
+namespace orvik::book {
+namespace {
+
+using testing::ElementsAre;
+
+class CheckPlanTest : public testing::Test {
+ protected:
+    // Cards that begin on the lines 1, 11, 21 and 31; the last one is a list.
+    CheckPlanTest()
+        : read_(ReadVCard,
+                test::CardsOf("FN:Al|EMAIL:a@b.c",
+                              "FN:Bo|EMAIL:b@b.c",
+                              "FN:Cy|EMAIL:c@b.c",
+                              "FN:Crew|X-ADDRESSBOOKSERVER-KIND:group")) {}
+
+    CheckedPlan Checked(const std::string& lines) {
+        const Plan plan =
+            ParsePlan("# source file " + Sha256(read_.book.SourceAt(0).Bytes()) + "\n" + lines);
+        EXPECT_THAT(plan.Errors, testing::IsEmpty());
+        return CheckPlan(plan, read_.book);
+    }
+
+    std::string ErrorsOf(const std::string& lines) {
+        std::string text;
+        for (const PlanError& error : Checked(lines).Errors) {
+            text += std::to_string(error.Line) + ": " + error.Text + "\n";
+        }
+        return text;
+    }
+
+    test::ReadBook read_;
+};
+
+TEST_F(CheckPlanTest, LinesThatMergeAreJoined) {
+    EXPECT_THAT(Checked("merge file:11 file:1\nask file:1 file:21\nkeep file:1 file:21").Groups,
+                ElementsAre(ElementsAre(1, 0)));
+    EXPECT_THAT(Checked("merge file:11 file:1\nmerge file:21 file:11").Groups,
+                ElementsAre(ElementsAre(1, 0, 2)));
+    EXPECT_THAT(Checked("merge file:1\nmerge file:11 file:11").Groups, testing::IsEmpty());
+}
+
+TEST_F(CheckPlanTest, WhatIsNotThereIsNamedByLine) {
+    EXPECT_EQ(ErrorsOf("merge file:1 file:12\nask other:1"),
+              "2: file:12: no record begins on this line\n3: other is no source of the plan\n");
+    EXPECT_EQ(ErrorsOf("keep file:0"), "2: file:0: no record begins on this line\n");
+}
+
+TEST_F(CheckPlanTest, PeopleAndListsStayApart) {
+    EXPECT_EQ(ErrorsOf("merge file:1 file:31"), "2: a person and a list cannot become one\n");
+    EXPECT_EQ(ErrorsOf("ask file:1 file:31"), "");
+}
+
+TEST_F(CheckPlanTest, WhatIsKeptApartIsNotMerged) {
+    EXPECT_EQ(ErrorsOf("merge file:1 file:11\nkeep file:11 file:1"),
+              "3: this keeps apart what line 2 merges\n");
+    EXPECT_EQ(ErrorsOf("keep file:1 file:21\nmerge file:1 file:11\nmerge file:11 file:21"),
+              "2: this keeps apart what line 4 merges\n");
+    EXPECT_EQ(ErrorsOf("keep file:1 file:1\nmerge file:1 file:11"), "");
+}
+
+TEST_F(CheckPlanTest, ChangedSourcesAreNamed) {
+    const Plan changed =
+        ParsePlan("# source file " + Sha256("other") + "\n# source gone " + Sha256("") + "\n");
+    const CheckedPlan checked = CheckPlan(changed, read_.book);
+    ASSERT_THAT(checked.Errors, testing::SizeIs(2));
+    EXPECT_EQ(checked.Errors[0].Text, "file is not what it was when the plan was made");
+    EXPECT_EQ(checked.Errors[1].Text, "gone was not read");
+    EXPECT_EQ(checked.Errors[1].Line, 2U);
+}
+
+TEST(CheckPlanPlacesTest, SeveralRecordsOnOneLineCannotBeNamed) {
+    test::ReadBook read(ReadVCard, test::CardsOf("FN:Al|EMAIL:a@b.c", "FN:AL|EMAIL:a@b.c"));
+    read.book.Contacts[1].From.Line = 1;
+    EXPECT_THAT(FindMatches(read.book, false).Lines, testing::IsEmpty());
+    EXPECT_THAT(FindMatches(read.book, false).Notes,
+                ElementsAre("2 records were left out: no line is theirs alone"));
+    const CheckedPlan checked = CheckPlan(
+        ParsePlan("# source file " + Sha256(read.book.SourceAt(0).Bytes()) + "\nmerge file:1"),
+        read.book);
+    ASSERT_THAT(checked.Errors, testing::SizeIs(1));
+    EXPECT_EQ(checked.Errors[0].Text, "file:1: several records begin on this line");
+}
+
+}  // namespace
+}  // namespace orvik::book
