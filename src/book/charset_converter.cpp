@@ -39,8 +39,9 @@ constexpr std::array kRefused = {
     UCNV_UTF7, UCNV_IMAP_MAILBOX, UCNV_HZ, UCNV_SCSU, UCNV_BOCU1, UCNV_CESU8};
 
 // Each byte of plain text is itself, but in wide sets, which are read all the same.
-bool IsWide(UConverterType type) {
-    return type >= UCNV_UTF16_BigEndian && type <= UCNV_UTF32_LittleEndian;
+bool IsWideType(UConverterType type) {
+    return (type >= UCNV_UTF16_BigEndian && type <= UCNV_UTF32_LittleEndian) ||
+           type == UCNV_UTF16 || type == UCNV_UTF32;
 }
 
 bool IsUsable(UConverter* converter) {
@@ -48,7 +49,7 @@ bool IsUsable(UConverter* converter) {
     if (std::find(kRefused.begin(), kRefused.end(), type) != kRefused.end()) {
         return false;
     }
-    if (IsWide(type) || type == UCNV_UTF16 || type == UCNV_UTF32) {
+    if (IsWideType(type)) {
         return true;
     }
     std::array<UChar, 8> letters{};
@@ -112,6 +113,10 @@ std::optional<CharsetConverter> CharsetConverter::Named(std::string_view name) {
     }
     std::string shown = ShownName(open->From.get(), name);
     return CharsetConverter(std::move(open), std::move(shown));
+}
+
+bool CharsetConverter::IsWide() const {
+    return IsWideType(ucnv_getType(open_->From.get()));
 }
 
 std::size_t CharsetConverter::Append(std::string_view bytes, std::string& text) {

@@ -19,6 +19,9 @@ class CharsetConverter {
     // Appends the UTF-8 of bytes, with U+FFFD for what is no letter of the set. Returns how many.
     std::size_t Append(std::string_view bytes, std::string& text);
 
+    // Whether its letters have 16 or 32 bits, so that no piece of a plain file is in it.
+    [[nodiscard]] bool IsWide() const;
+
     // The name that is shown, "windows-1252".
     [[nodiscard]] const std::string& Name() const { return name_; }
 

@@ -340,8 +340,17 @@ void CsvContacts::TakeExtra(std::size_t column, std::string_view cell) {
 
 std::string_view CsvContacts::KindOf(std::size_t column, std::size_t number) const {
     const std::size_t kind = columns_.All[column].KindColumn;
-    const bool there = kind != CsvColumn::kNone && number < kinds_[kind].Values.size();
-    return there ? kinds_[kind].Values[number] : std::string_view{};
+    if (kind == CsvColumn::kNone) {
+        return {};
+    }
+    const auto& values = kinds_[kind].Values;
+    if (values.size() > 1 || number == 0) {
+        return number < values.size() ? values[number] : std::string_view{};
+    }
+    // Google joins values of one kind and names it once; the star is the first one's.
+    std::string_view all = WithoutBlanksAround(values.front());
+    all.remove_prefix(all.starts_with('*') ? 1 : 0);
+    return all;
 }
 
 void CsvContacts::PushLabelled(NameId name,

@@ -25,6 +25,7 @@ constexpr std::array kNothings = {
     Nothing{"sensitivity", "Normale"},
     Nothing{"private", "False"},
     Nothing{"private", "Aus"},
+    Nothing{"private", "Falsch"},
     Nothing{"private", "Falso"},
     Nothing{"email1.type", "SMTP"},
     Nothing{"email2.type", "SMTP"},

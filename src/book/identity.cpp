@@ -46,11 +46,57 @@ bool IsOfTheRecord(NameId name) {
     return name != field::kUid && name != field::kRev && name != field::kProdId;
 }
 
-// "Ada Abbott <ada@example.org>"
-std::string CalledBy(const Book& book, const Contact& contact) {
-    return NameOf(book, contact).Shown.append(" <") +
-           std::string(FirstOf(book, contact, field::kEmail)) + ">";
-}
+// Kind, names and values of a contact, sorted, without blanks around them, without UID and what
+// changes with each saving. A member that is named by the line of its record is that record's name
+// and address, as lines move when a file is edited.
+class NormalisedRecords {
+ public:
+    NormalisedRecords(const Book& book, const RecordLines& lines) : book_(book), lines_(lines) {}
+
+    std::string TextOf(const Contact& contact) {
+        std::vector<std::string> lines;
+        lines.reserve(contact.Properties.size());
+        for (const Property& one : contact.Properties) {
+            const std::string_view value = WithoutBlanksAround(one.Value);
+            if (!IsOfTheRecord(one.Name) || value.empty()) {
+                continue;
+            }
+            std::string& line =
+                lines.emplace_back(UpperName(book_.Names.Text(one.Name)).append(":"));
+            const auto record =
+                one.Name == field::kMember ? lines_.RecordOf(one) : std::optional<std::size_t>{};
+            line += record ? CalledBy(*record) : value;
+        }
+        std::sort(lines.begin(), lines.end());
+        std::string text = contact.Kind == ContactKind::List ? "list" : "person";
+        for (const std::string& line : lines) {
+            text.append("\n").append(line);
+        }
+        return text;
+    }
+
+ private:
+    // "Ada Abbott <ada@example.org>". Many may name one record, which may have many fields, and a
+    // name that nobody would read.
+    std::string_view CalledBy(std::size_t record) {
+        constexpr std::size_t kLongest = 1000;
+        const auto [place, is_new] = called_.try_emplace(record);
+        if (is_new) {
+            const Contact& contact = book_.Contacts[record];
+            std::string& text = place->second;
+            text = NameOf(book_, contact).Shown.append(" <");
+            text.append(FirstOf(book_, contact, field::kEmail)).append(">");
+            if (text.size() > kLongest) {
+                text = book::TextOf(Version5Uuid(text));
+            }
+        }
+        return place->second;
+    }
+
+    const Book& book_;
+    const RecordLines& lines_;
+    std::unordered_map<std::size_t, std::string> called_;
+};
 
 }  // namespace
 
@@ -80,29 +126,6 @@ std::string TextOf(const Uuid& uuid) {
     return text;
 }
 
-std::string NormalisedRecord(const Book& book,
-                             const Contact& contact,
-                             const RecordLines& lines_of) {
-    std::vector<std::string> lines;
-    lines.reserve(contact.Properties.size());
-    for (const Property& one : contact.Properties) {
-        const std::string_view value = WithoutBlanksAround(one.Value);
-        if (!IsOfTheRecord(one.Name) || value.empty()) {
-            continue;
-        }
-        std::string& line = lines.emplace_back(UpperName(book.Names.Text(one.Name)).append(":"));
-        const auto record =
-            one.Name == field::kMember ? lines_of.RecordOf(one) : std::optional<std::size_t>{};
-        line += record ? CalledBy(book, book.Contacts[*record]) : value;
-    }
-    std::sort(lines.begin(), lines.end());
-    std::string text = contact.Kind == ContactKind::List ? "list" : "person";
-    for (const std::string& line : lines) {
-        text.append("\n").append(line);
-    }
-    return text;
-}
-
 std::string PlainUid(std::string_view uid) {
     constexpr std::string_view kUrn = "urn:uuid:";
     std::string plain = ToLower(WithoutBlanksAround(uid));
@@ -119,8 +142,14 @@ std::string AsUrn(std::string_view uid) {
 }
 
 std::string Identities::UidAt(std::size_t contact) const {
-    if (const std::string_view own = OwnUid(book_.Contacts[contact]); !own.empty()) {
-        return std::string(own);
+    if (own_.empty()) {
+        own_.reserve(book_.Contacts.size());
+        for (const Contact& one : book_.Contacts) {
+            own_.push_back(OwnUid(one));
+        }
+    }
+    if (!own_[contact].empty()) {
+        return std::string(own_[contact]);
     }
     if (made_.empty()) {
         MakeAll();
@@ -131,13 +160,14 @@ std::string Identities::UidAt(std::size_t contact) const {
 void Identities::MakeAll() const {
     // How often the UID of a record came by itself.
     std::unordered_map<Uuid, std::uint32_t, FirstBytes> given;
+    NormalisedRecords records(book_, lines_);
     made_.reserve(book_.Contacts.size());
-    for (const Contact& contact : book_.Contacts) {
+    for (std::size_t i = 0; i < book_.Contacts.size(); ++i) {
         Uuid& made = made_.emplace_back();
-        if (!OwnUid(contact).empty()) {
+        if (!own_[i].empty()) {
             continue;
         }
-        std::string record = NormalisedRecord(book_, contact, lines_);
+        std::string record = records.TextOf(book_.Contacts[i]);
         made = Version5Uuid(record);
         if (const std::uint32_t number = ++given[made]; number > 1) {
             record.append("\n").append(std::to_string(number));

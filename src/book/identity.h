@@ -37,7 +37,8 @@ class Identities {
 
     const Book& book_;
     RecordLines lines_;
-    mutable std::vector<Uuid> made_;  // zeros for a contact that has its own
+    mutable std::vector<std::string_view> own_;  // empty for a contact that came without one
+    mutable std::vector<Uuid> made_;             // zeros for a contact that has its own
 };
 
 // Version5Uuid: the UUID that RFC 9562 makes of a name in Orvik's own name space.
@@ -45,13 +46,6 @@ class Identities {
 
 // TextOf: a UUID as it is written down, "3b5e0c8a-6d41-4f27-9ce4-1572a0bd3896".
 [[nodiscard]] std::string TextOf(const Uuid& uuid);
-
-// NormalisedRecord: kind, names and values of a contact, sorted, without blanks around them,
-// without UID and what changes with each saving. A member that is named by the line of its record
-// is that record's name and address, as lines move when a file is edited.
-[[nodiscard]] std::string NormalisedRecord(const Book& book,
-                                           const Contact& contact,
-                                           const RecordLines& lines);
 
 // PlainUid: a UID without "urn:uuid:", in lower case, as records are compared.
 [[nodiscard]] std::string PlainUid(std::string_view uid);

@@ -162,7 +162,8 @@ class Parser {
         target_.AddTo(*find_, arguments_);
     }
 
-    // Whoever writes an option before the verb is told where it belongs.
+    // Whoever writes an option before the verb is told where it belongs, and that there is a verb
+    // whoever begins with a file.
     static void CheckOrder(const std::vector<std::string>& words) {
         constexpr std::array<std::string_view, 7> kVerbs = {
             "show", "convert", "check", "diff", "find", "dupes", "clean"};
@@ -173,6 +174,12 @@ class Parser {
             std::find_first_of(words.begin(), words.end(), kVerbs.begin(), kVerbs.end());
         if (option && verb != words.end()) {
             throw CLI::ValidationError(words[1], "options stand behind the verb " + *verb);
+        }
+        const bool other = words.size() > 1 && !words[1].starts_with('-') &&
+                           std::find(kVerbs.begin(), kVerbs.end(), words[1]) == kVerbs.end();
+        if (words.size() == 1 || other) {
+            throw CLI::ValidationError(other ? words[1] : "orvik-book",
+                                       "a verb stands first: show, convert, check or diff");
         }
     }
 

@@ -9,6 +9,7 @@
 #include "app/printable.h"
 #include "app/run_time_error.h"
 #include "book/charset.h"
+#include "book/charset_converter.h"
 #include "book/charset_guess.h"
 #include "book/old/old_formats.h"
 #include "book/old/read_abx.h"
@@ -101,7 +102,7 @@ class Loader {
         }
         const std::size_t bad = source->BadLetters();
         const std::uint32_t file = loaded_.Book.AddSource(std::move(source));
-        book::Charset letters(loaded_.Book.SourceAt(file), charset_);
+        book::Charset letters(loaded_.Book.SourceAt(file), AskedFor(loaded_.Book.SourceAt(file)));
         loaded_.Book.HowFar = console_.ProgressOf("reading");
         const book::CsvFound table = Read(found.Form, file, letters);
         loaded_.Book.HowFar = nullptr;
@@ -118,6 +119,17 @@ class Loader {
                                   letters.IsDoubtful(),
                                   table.Program,
                                   table.Sentence});
+    }
+
+    // The set for what is not UTF-8. Lines of a plain file, read in letters of 16 bits, would
+    // become other letters without a doubt.
+    std::string_view AskedFor(const book::Source& source) {
+        const auto asked = book::CharsetConverter::Named(charset_);
+        if (!asked || !asked->IsWide() || source.Wide() != book::WideForm::None) {
+            return charset_;
+        }
+        console_.Tell("--charset: the file is not in " + asked->Name());
+        return {};
     }
 
     static std::string_view NounOf(book::Format form) {

@@ -324,6 +324,8 @@ has out "X-ORVIK-CSV-Nachname:Berg"
 tells '"Verein?" -> groups (as asked)'
 run "a column that is not there" 0 show people.csv --map Age=note
 tells "people.csv: --map: there is no column Age"
+run "letters of two bytes in a plain file" 0 show people.csv --charset utf-16le
+tells "people.csv: --charset: the file is not in UTF-16LE"
 for wrong in Verein Verein=nonsense =note; do
     run "a wrong map: $wrong" 2 show people.csv --map "$wrong"
     tells "--map"

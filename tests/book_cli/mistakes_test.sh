@@ -201,6 +201,10 @@ cmp -s broken.vcf stays.vcf || fail "the card was changed"
 # What is easily mistaken.
 run "an option before the verb" 2 --json show bo.vcf
 tells "--json: options stand behind the verb show"
+run "a file without a verb" 2 bo.vcf
+tells "bo.vcf: a verb stands first: show, convert, check or diff"
+run "nothing at all" 2
+tells "orvik-book: a verb stands first"
 run "a folder by its name" 2 convert bo.vcf -o folder/
 tells "folder/ is a folder; a file in it needs a name"
 run "a file twice" 0 show bo.vcf ./bo.vcf

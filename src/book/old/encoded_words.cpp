@@ -25,14 +25,14 @@ std::optional<EncodedWord> EncodedWordAt(std::string_view text) {
     const std::string_view head = text.substr(0, kLongestCharset + 3);
     const std::size_t mark = head.find('?', 2);
     if (!text.starts_with("=?") || mark == std::string_view::npos || mark == 2 ||
-        text.substr(mark + 2, 1) != "?") {
+        text.size() < mark + 3 || text[mark + 2] != '?') {
         return std::nullopt;
     }
     EncodedWord word;
     // A language may follow the set.
     word.Charset = head.substr(2, std::min(mark, head.find('*')) - 2);
     const std::size_t begin = mark + 3;
-    const std::size_t end = text.find_first_of("? \\t", begin);
+    const std::size_t end = text.find_first_of("? \t", begin);
     if (end == std::string_view::npos || text.substr(end, kEnd.size()) != kEnd) {
         return std::nullopt;
     }

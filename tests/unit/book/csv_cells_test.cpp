@@ -84,6 +84,7 @@ TEST(CsvValues, KnowWhatSaysNothing) {
     EXPECT_TRUE(IsNothing("email1.type", "SMTP"));
     EXPECT_FALSE(IsNothing("email1.type", "EX"));
     EXPECT_TRUE(IsNothing("private", "Falso"));
+    EXPECT_TRUE(IsNothing("private", "FALSCH"));
     EXPECT_FALSE(IsNothing("note", "Normal"));
 }
 

@@ -65,6 +65,7 @@ TEST(DecodedWords, AreLetters) {
         {"=?UTF-8?B?SsO2cmc=?=", "J\xC3\xB6rg"},
         {"=?utf-8*de?Q?J=C3=B6rg?=", "J\xC3\xB6rg"},
         {"(=?utf-8?q?a?=)", "(a)"},
+        {"=?utf-8?q?Dorte\\t_Test?=", "Dorte\\t Test"},
         // Blanks between two do not count, and a letter may be in two of them.
         {"=?UTF-8?Q?J=C3?= =?UTF-8?Q?=B6rg?= x", "J\xC3\xB6rg x"},
         {"=?UTF-8?Q?a?=\t =?latin1?Q?=F6?=", "a\xC3\xB6"},
@@ -78,6 +79,12 @@ TEST(DecodedWords, AreLetters) {
         {"=?UTF-8?Q?a b?=", "=?UTF-8?Q?a b?="},
         {"=??Q?a?=", "=??Q?a?="},
         {"=?UTF-8?Q?a", "=?UTF-8?Q?a"},
+        {"=?UTF-8?Q?a\tb?=", "=?UTF-8?Q?a\tb?="},
+        {"=?UTF-8?Q?", "=?UTF-8?Q?"},
+        {"=?UTF-8?Q", "=?UTF-8?Q"},
+        {"=?UTF-8?", "=?UTF-8?"},
+        {"=?UTF-8", "=?UTF-8"},
+        {"=?=?=?", "=?=?=?"},
         {"=?klingon?Q?a?= =?utf-8?Q?b?=", "=?klingon?Q?a?= b"},
     };
     for (const auto& row : rows) {

@@ -1,9 +1,13 @@
 #include "book/members.h"
 
+#include <cstddef>
 #include <string>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
+#include "book/old/read_aliases.h"
+#include "book/old/read_pegasus_list.h"
 #include "unit/book/shown_book.h"
 
 namespace orvik::book {
@@ -65,6 +69,25 @@ TEST(Directory, FindsMembersOfCards) {
                       "BEGIN:VCARD\nVERSION:4.0\nUID:AbC1==\nFN:Ada\nEND:VCARD\n"
                       "BEGIN:VCARD\nVERSION:4.0\nKIND:group\nMEMBER:abc1==\nEND:VCARD\n"),
               "Ada <> 0\n");
+}
+
+// A list that names itself as often as it has fields is read through once.
+TEST(Directory, TakesOneRecordVeryOften) {
+    constexpr std::size_t kTimes = 200000;
+    for (const auto& [reader, first, again] :
+         {std::tuple{&ReadMailrc, "alias all a@b", " all"},
+          std::tuple{&ReadPegasusList, "\\TITLE T\n\\NOSIG Y\n", "@file\n"}}) {
+        std::string text = first;
+        for (std::size_t i = 0; i < kTimes; ++i) {
+            text += again;
+        }
+        const ReadBook read(reader, text + "\n");
+        const Identities identities(read.book);
+        const auto members = Directory(read.book, identities).MembersOf(read.book.Contacts.front());
+        ASSERT_GE(members.size(), kTimes);
+        EXPECT_EQ(members.back().Record, 0U);
+        EXPECT_EQ(members.back().Uid, identities.UidAt(0));
+    }
 }
 
 }  // namespace

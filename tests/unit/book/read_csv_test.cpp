@@ -62,7 +62,7 @@ TEST(ReadCsv, TakesAPersonOfGoogle) {
         "PHOTO;VALUE=uri:https://example.org/a.jpg\n"
         "CATEGORIES:* myContacts,Rowers\n"
         "EMAIL;TYPE=home;TYPE=pref:ada@example.org\n"
-        "EMAIL:ada@example.net\n"
+        "EMAIL;TYPE=home:ada@example.net\n"
         "TEL;TYPE=cell:1\n"
         "item1.TEL:2\n"
         "item1.X-ABLabel:Boat\n"
@@ -88,6 +88,11 @@ TEST(ReadCsv, TakesManyValuesOfACell) {
     EXPECT_EQ(Read("Name,Phone 1 - Type,Phone 1 - Value\nAda,Home ::: Work,1\n"),
               "person\nFN:Ada\nTEL;TYPE=home:1\n"
               "X-ORVIK-CSV-Phone-1-Type;X-ORVIK-HEADER=Phone 1 - Type:Home ::: Work\n");
+    EXPECT_EQ(Read("Name,Phone 1 - Type,Phone 1 - Value\n"
+                   "Ada,Boat,1 ::: 2\nBen,Home ::: Work,1 ::: 2 ::: 3\n"),
+              "person\nFN:Ada\nitem1.TEL:1\nitem1.X-ABLabel:Boat\n"
+              "item2.TEL:2\nitem2.X-ABLabel:Boat\n"
+              "person\nFN:Ben\nTEL;TYPE=home:1\nTEL;TYPE=work:2\nTEL:3\n");
 }
 
 TEST(ReadCsv, TakesAPersonOfThunderbird) {
