@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 
 #include "book/ldif_dn.h"
@@ -37,15 +39,14 @@ class CardWriter {
             CountAllKept(book_);
             return std::string(*bytes);
         }
+        FindNamed();
         text_.reserve(book_.LikelyLength());
         for (std::size_t i = 0; i < book_.Contacts.size(); ++i) {
             const Contact& contact = book_.Contacts[i];
             if (places != nullptr) {
                 places->push_back(text_.size());
             }
-            if (const auto bytes = HidesLines(contact)
-                                       ? std::nullopt
-                                       : UnchangedRecord(book_, contact, version_)) {
+            if (const auto bytes = named_.contains(i) ? std::nullopt : AsItIs(contact)) {
                 text_.append(*bytes);
                 text_.append(text_.ends_with('\n') || text_.ends_with('\r') ? "" : "\r\n");
                 book_.Told.CountMore(What::Kept, contact.Properties.size());
@@ -61,6 +62,28 @@ class CardWriter {
     }
 
  private:
+    // The bytes of a contact that need not be written anew.
+    [[nodiscard]] std::optional<std::string_view> AsItIs(const Contact& contact) const {
+        return HidesLines(contact) ? std::nullopt : UnchangedRecord(book_, contact, version_);
+    }
+
+    // Lists that are written anew name their members by UID, so that these need one.
+    void FindNamed() {
+        for (const Contact& list : book_.Contacts) {
+            if (list.Kind != ContactKind::List || AsItIs(list)) {
+                continue;
+            }
+            for (const ListMember& member : directory_.MembersOf(list)) {
+                const bool by_uid = member.Field->Name == field::kMember ||
+                                    member.Field->Name == field::kServerMember;
+                if (by_uid && member.Record != ListMember::kNobody &&
+                    FirstOf(book_, book_.Contacts[member.Record], field::kUid).empty()) {
+                    named_.insert(member.Record);
+                }
+            }
+        }
+    }
+
     void Write(const Contact& contact, std::size_t number) {
         book_.TellLosses(contact);
         AppendFolded("BEGIN:VCARD", text_);
@@ -276,6 +299,8 @@ class CardWriter {
     GroupForm groups_;
     Identities identities_;
     Directory directory_;
+    // Records without a UID of their own that lists name.
+    std::unordered_set<std::size_t> named_;
     std::string text_;
 };
 

@@ -59,14 +59,16 @@ RecordMerger::RecordMerger(Book& book, const RecordKeys& keys, std::uint32_t fir
     for (const bool carried : {false, true}) {
         for (std::size_t i = 0; i < items_.size(); ++i) {
             const Property& one = items_[i].Field;
-            if (IsCarriedName(one.Name) != carried || WithoutBlanksAround(one.Value).empty()) {
+            if (IsCarriedName(one.Name) != carried) {
                 continue;
             }
             list_.Clear();
             keys.AddOf(contact, i, list_);
             Index(i, list_);
             if (!carried) {
-                by_field_.try_emplace(items_[i].Canonical, i);
+                // One that says nothing gives way to any other.
+                std::size_t& first_of = by_field_.try_emplace(items_[i].Canonical, i).first->second;
+                first_of = SaysNothing(items_[first_of].Field.Value) ? i : first_of;
             }
         }
     }
@@ -148,6 +150,8 @@ void RecordMerger::TakeNaming(const Item& item) {
     const auto there = by_field_.find(item.Canonical);
     if (there == by_field_.end()) {
         Push(item);
+    } else if (SaysNothing(items_[there->second].Field.Value)) {
+        Put(item, there->second);
     } else if (PlainUid(items_[there->second].Field.Value) != PlainUid(item.Field.Value)) {
         Carry(item, items_[there->second], false);
     }
@@ -160,6 +164,9 @@ void RecordMerger::TakeSingle(const Item& item, std::size_t property) {
     const auto there = by_field_.find(item.Canonical);
     if (there == by_field_.end()) {
         return Push(item);
+    }
+    if (SaysNothing(items_[there->second].Field.Value)) {
+        return Put(item, there->second);
     }
     bool spelling = false;
     if (keys_.Rules().Of(item.Field.Name).How == Comparing::Name) {
@@ -250,16 +257,22 @@ void RecordMerger::Compete(const Item& item, std::size_t with, bool is_spelling)
         return Carry(item, there, is_spelling);
     }
     const Item loser = there;
+    Put(item, with);
+    if (is_spelling) {
+        AddTypes(with, loser.Field);
+    }
+    Carry(loser, there, is_spelling);
+}
+
+void RecordMerger::Put(const Item& item, std::size_t at) {
+    Item& there = items_[at];
     there.Field.Value = item.Field.Value;
     there.Field.Details = DetailsIn(item);
     there.Field.File = item.Field.File;
     there.Field.Line = item.Field.Line;
     there.Record = item.Record;
     NoteRaw(there);
-    if (is_spelling) {
-        AddTypes(with, loser.Field);
-    }
-    Carry(loser, there, is_spelling);
+    changed_ = true;
 }
 
 // The winner may be one of those that move.

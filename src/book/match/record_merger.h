@@ -45,6 +45,8 @@ class RecordMerger {
     void TakeLabels(std::uint32_t record);
     void Compete(const Item& item, std::size_t with, bool is_spelling);
     void Carry(const Item& loser, Item winner, bool is_spelling);
+    // In the place of another one of its field.
+    void Put(const Item& item, std::size_t at);
     void Push(Item item);
     void AddTypes(std::size_t item, const Property& other);
     [[nodiscard]] bool IsCarriedName(NameId name) const;

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "book/identity.h"
 #include "book/write_ldif.h"
 #include "unit/book/shown_book.h"
 
@@ -244,6 +245,21 @@ TEST(WriteVCard, MovesGroupsIntoParametersAndBack) {
     ReadBook without(ReadVCard, "BEGIN:VCARD\nVERSION:4.0\nFN:a\nEND:VCARD");
     EXPECT_EQ(WriteVCard(without.book, Dialect::VCard40, nullptr, GroupForm::Param),
               "BEGIN:VCARD\nVERSION:4.0\nFN:a\nEND:VCARD");
+}
+
+TEST(WriteVCard, GivesAUidToWhomAListNames) {
+    const std::string al = "BEGIN:VCARD\nVERSION:3.0\nFN:Al\nEND:VCARD\n";
+    const std::string bo = "BEGIN:VCARD\nVERSION:3.0\nFN:Bo\nEMAIL:b@example.org\nEND:VCARD\n";
+    const std::string crew =
+        Card("4.0", "UID:9\r\nFN:Crew\r\nKIND:group\r\nMEMBER:mailto:b@example.org\r\n");
+    ReadBook read(ReadVCard, al + bo + crew);
+    const std::string uid = Identities(read.book).UidAt(1);
+    EXPECT_EQ(WriteVCard(read.book, Dialect::VCard30),
+              al + Card("3.0", "UID:" + uid + "\r\nN:;;;;\r\nFN:Bo\r\nEMAIL:b@example.org\r\n") +
+                  Card("3.0",
+                       "UID:9\r\nN:;;;;\r\nFN:Crew\r\nX-ADDRESSBOOKSERVER-KIND:group\r\n"
+                       "X-ADDRESSBOOKSERVER-MEMBER:urn:uuid:" +
+                           uid + "\r\n"));
 }
 
 TEST(WriteVCard, DoesNotMissMembersWhoWereLeftOut) {
