@@ -105,7 +105,7 @@ def make_lists(maker, cases):
         "case of the name", "order of values", "homonyms") and case.records[-1].file == FILES[2]]
     single = [one.records[0] for one in cases if one.kind is ALONE][:8]
     lists = []
-    for name, members, file in (("Crew", people[:5], 2), ("Club", people[5:9] + single[:2], 2),
+    for name, members, file in (("Crew", people[:5], 2), ("Club", people[5:9], 2),
                                 ("Crew", single[2:6], 1), (single[0].fn, single[6:8], 0)):
         one = Record(name)
         one.members, one.file = list(members), FILES[file]

@@ -28,14 +28,16 @@ def family(m, p):
 @kind("people of a firm", "address", FOUND, "LGCJ", 4)
 def firm(m, p):
     who = [p] + [m.person() for _ in range(m.number() % 3 + 1)]
+    shared = "info" + p.emails[0]
     for one in who:
-        one.emails, one.other = ["info" + p.emails[0]] + one.emails[:1], [("ORG", "Werft " + p.family)]
+        one.emails, one.other = [shared] + one.emails, [("ORG", "Werft " + p.family)]
     return who
 
 
 @kind("an office and a person", "address", FOUND, "L", 4)
 def office(m, p):
-    return [p, Record("Sales", emails=p.emails[:1], phones=[("work", m.phone())])]
+    names_of_offices = ("Sales", "Reception", "Kontor", "Press")
+    return [p, Record(names_of_offices[m.number("office") - 1], emails=p.emails[:1], phones=[("work", m.phone())])]
 
 
 @kind("one name, one address, two birthdays", "address name", FOUND, "LGCJ")

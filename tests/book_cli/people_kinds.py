@@ -182,7 +182,7 @@ def noisy_part(m, p):
 
 
 # ---- Only asked about ----
-@kind("only a name, twice", "same contained agree name", ASK, "LGCJ")
+@kind("only a name, twice", "same contained agree name", EITHER, "LGCJ")
 def bare_twice(m, p):
     return [Record(p.fn, p.given, p.family), spelled(Record(p.fn, p.given, p.family), str.upper)]
 
@@ -257,6 +257,8 @@ def initial(m, p):
 
 @kind("no family name", "contained agree", EITHER, "LGCJ")
 def no_family(m, p):
+    p = m.named(names.GIVEN[m.alphabet][m.number("lone " + m.alphabet)], p.family).copy(
+        emails=p.emails, phones=p.phones)
     return [p, p.copy(fn=p.given, family="", phones=[("home", m.phone())])]
 
 
