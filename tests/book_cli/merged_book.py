@@ -34,8 +34,7 @@ class Card:
             # What is carried is a text, whose own escapes are escaped once more.
             value = unescaped(value) if carried and name in ("N", "ORG", "ADR") else value
             if name == "N":
-                parts = [unescaped(part).strip() for part in re.split(r"(?<!\\);", value)]
-                value = f"{parts[0]};{parts[1] if len(parts) > 1 else ''}"
+                value = ";".join(unescaped(part).strip() for part in re.split(r"(?<!\\);", value)).rstrip(";")
             else:
                 value = unescaped(value).strip()
             if value.strip(";, "):
@@ -110,7 +109,7 @@ def plant(text):
         line = re.compile(rf"^{name}[;:].+\r?\n(?: .*\r?\n)*", re.MULTILINE)
         places = list(line.finditer(text))
         # One without a value is missed by nobody.
-        places = [one for one in places if not re.fullmatch(r"N:;*\s*", one[0])]
+        places = [one for one in places if not re.fullmatch(r"[^:]+:[;\\\s]*", one[0])]
         for number in (0, len(places) // 2, -1):
             one = places[number]
             yield f"{name} number {number} is lost", text[:one.start()] + text[one.end():]
