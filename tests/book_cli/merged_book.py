@@ -21,7 +21,7 @@ class Card:
     """A card as its values, as they are written; those that were carried stand among the others."""
 
     def __init__(self):
-        self.uid, self.members, self.values = "", [], []
+        self.uid, self.members, self.values, self.empty = "", [], [], []
 
     def add(self, name, value):
         if name == "UID":
@@ -39,6 +39,8 @@ class Card:
                 value = unescaped(value).strip()
             if value.strip(";, "):
                 self.values.append((name, value))
+            elif carried or name == "FN":
+                self.empty.append((CARRIED if carried else "") + name)
 
     def said(self):
         """The values less an address that stands for a name, as a card has to have one."""
@@ -85,6 +87,9 @@ def problems(people, lists, cards):
     wanted = collections.Counter(people)
     found = [f"nobody has just {sorted(one)}" for one in wanted - written]
     found += [f"nobody knows {sorted(one)}" for one in written - wanted]
+    # An empty name before the real one is what other programs show.
+    found += [f"of {sorted(card.values)} {name} is there, and is empty" for card in cards for name in card.empty
+              if name != "FN" or "FN" in dict(card.values)]
     by_uid = {"urn:uuid:" + card.uid.removeprefix("urn:uuid:"): card for card in cards}
     wanted_lists = collections.Counter(
         (one.fn, frozenset(plain_match.Keys.mail(who.emails[0], lambda rule: True) for who in one.members))
@@ -109,7 +114,8 @@ def plant(text):
         line = re.compile(rf"^{name}[;:].+\r?\n(?: .*\r?\n)*", re.MULTILINE)
         places = list(line.finditer(text))
         # One without a value is missed by nobody.
-        places = [one for one in places if not re.fullmatch(r"[^:]+:[;\\\s]*", one[0])]
+        # Nor are blanks around a value.
+        places = [one for one in places if not re.fullmatch(r"[^:]+:[;\\\s]*", one[0]) and "  " not in one[0]]
         for number in (0, len(places) // 2, -1):
             one = places[number]
             yield f"{name} number {number} is lost", text[:one.start()] + text[one.end():]
