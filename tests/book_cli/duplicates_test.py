@@ -20,7 +20,8 @@ import merged_book
 import plain_match
 
 LINE = re.compile(r"(merge|ask|keep) +(\S+:\d+(?: +\S+:\d+)+) +# (same|contained|agree|address|name): (.+)")
-LEAST = {"same": 1.0, "contained": 1.0, "agree": 0.98, "address": 0.98, "name": 0.98, "asked": 1.0, "silent": 1.0}
+LEAST = {"same": 1.0, "contained": 1.0, "agree": 0.98, "address": 0.98, "name": 0.98, "ask": 1.0, "either": 1.0,
+         "silent": 1.0}
 
 
 def read_plan(text):
@@ -66,8 +67,8 @@ def problem_of(case, lines):
 
 
 def tier_of(kind):
-    if kind.does in ("silent", "ask"):
-        return {"ask": "asked"}.get(kind.does, kind.does)
+    if kind.does in ("silent", "ask", "either"):
+        return kind.does
     return next(word for word in ("same", "contained", "agree", "address", "name") if word in kind.words)
 
 
@@ -90,7 +91,7 @@ class Verdict:
                 self.wrong_merges.append(line)
         for case in cases:
             problem = problem_of(case, lines_of[case])
-            tier = "agree" if case.kind.does == "either" else tier_of(case.kind)
+            tier = tier_of(case.kind)
             tiers[tier] += 1
             found[tier] += not problem
             self.kinds[case.kind.name] += not problem
