@@ -17,21 +17,6 @@ namespace {
 // Google's own group, of all whom the user has taken up.
 constexpr std::string_view kEverybody = "* myContacts";
 
-// "1980-04-12" and "--04-12" of what vCard has for them; empty for anything else.
-std::string PlainDate(std::string_view value) {
-    std::string date(value.substr(0, value.find('T')));
-    const bool digits = date.find_first_not_of("0123456789-") == std::string::npos;
-    constexpr std::size_t kWhole = 8;
-    constexpr std::size_t kNoYear = 6;
-    if (digits && date.size() == kWhole && date.find('-') == std::string::npos) {
-        date.insert(6, "-").insert(4, "-");
-    } else if (digits && date.size() == kNoYear && date.starts_with("--")) {
-        date.insert(4, "-");
-    }
-    date = IsoDate(date, DateOrder::DayFirst);
-    return date.starts_with("0000") ? "-" + date.substr(4) : date;
-}
-
 // Columns whose cells the reader may keep under their header.
 bool MayComeBack(CsvMeaning meaning) {
     return meaning == CsvMeaning::Carried || meaning == CsvMeaning::Year ||

@@ -6,6 +6,7 @@
 
 #include "app/text.h"
 #include "book/charset_converter.h"
+#include "book/old/old_writers.h"
 #include "cli/words.h"
 
 namespace orvik::book_cli {
@@ -17,6 +18,8 @@ constexpr const char* kExamples =
     "  orvik-book convert book.ldif -o contacts.vcf\n"
     "  orvik-book convert old.vcf work.ldif --vcard 4 -o all.vcf\n"
     "  orvik-book convert outlook.csv --to google -o google.csv\n"
+    "  orvik-book convert contacts.vcf -o addrbook.nv\n"
+    "  orvik-book convert contacts.vcf --to mutt -o aliases\n"
     "  orvik-book check book.ldif\n"
     "  orvik-book convert outlook.csv --map \"Club=groups\" -o contacts.vcf\n"
     "  orvik-book diff book.ldif contacts.vcf\n"
@@ -96,8 +99,10 @@ class Parser {
  public:
     Parser()
         : app_(
-              "Reads address books, LDIF, vCard, CSV and those of old programs, with all that they "
-              "hold, and writes them.",
+              "Reads address books with all that they hold, and writes them: LDIF, vCard, CSV, "
+              "Netscape 2 and 3, Juno, Pegasus Mail, mutt, pine, abook and plain lists. Reads "
+              "those "
+              "of WordPerfect, cc:Mail, Eudora and mailx, too.",
               "orvik-book") {
         app_.set_version_flag(
             "--version", "orvik-book " ORVIK_VERSION, "Print the version and exit");
@@ -106,7 +111,7 @@ class Parser {
         app_.failure_message(&cli::UsageMessage);
         app_.require_subcommand(1);
         show_ = AddVerb("show", "Say what is in address books", "FILE");
-        convert_ = AddVerb("convert", "Write address books as one vCard, LDIF or CSV file", "FILE");
+        convert_ = AddVerb("convert", "Write address books as one file", "FILE");
         check_ = AddVerb("check", "Say which e-mail addresses can be none", "FILE");
         diff_ = AddVerb("diff", "Compare two address books", "LEFT RIGHT");
         AddConvertOptions();
@@ -173,8 +178,8 @@ class Parser {
     void AddConvertOptions() {
         output_ = Single(convert_->add_option("-o,--output",
                                               arguments_.Output,
-                                              "Where to write, - for standard output; .vcf and "
-                                              ".ldif tell the format"));
+                                              "Where to write, - for standard output; .vcf, "
+                                              ".ldif, .htm, .nv, .pml and .txt tell the format"));
         output_->type_name("FILE")->check(&CheckName);
         vcard_ = Single(convert_->add_option("--vcard", version_, "Write vCard 3.0 or 4.0"));
         vcard_->type_name("3|4")->check(CLI::IsMember({"3", "4"}));
@@ -253,6 +258,9 @@ class Parser {
         } else {
             FindFormat(name, stream);
         }
+        if (split_->count() > 0 && book::OldWriterOf(arguments_.Target) != nullptr) {
+            throw CLI::ValidationError("--split", "parts vCard, LDIF and CSV alone");
+        }
     }
 
     // What the program imports under the name that was given; standard output takes any.
@@ -273,6 +281,12 @@ class Parser {
                 "-o",
                 "the columns of " + name +
                     " depend on the program; --to names it: " + CsvPrograms());
+        }
+        // An option says more than such an ending: any list may be called .txt.
+        const book::OldWriter* const old = book::OldWriterFor(name);
+        if (old != nullptr && vcard_->count() + attributes_->count() == 0) {
+            arguments_.Target = old->Form;
+            return;
         }
         if (vcard_->count() > 0 && IsLdifName(name)) {
             throw CLI::ValidationError("--vcard", "the ending of " + name + " asks for LDIF");

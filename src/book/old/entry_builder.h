@@ -36,8 +36,8 @@ class EntryBuilder {
                   const std::string& value,
                   std::uint32_t line,
                   std::uint32_t details = 0);
-    // FN as it stands, unless it is empty, and the N that it most likely is; all words but the last one are given
-    // names, and that is told once of a file.
+    // FN as it stands, unless it is empty, and the N that it most likely is; all words but the last
+    // one are given names, and that is told once of a file.
     //   "Abbott, Ada" -> N "Abbott;Ada;;;";  "Ada Maria Abbott" -> N "Abbott;Ada Maria;;;"
     void PushName(std::string_view name, std::uint32_t line);
     // Whether a name and an address stand in each other's place, as they do in what the window made
