@@ -26,6 +26,10 @@ constexpr const char* kExamples =
     "  orvik-book convert book.ldif --sort address -o sorted.ldif\n"
     "  orvik-book clean book.ldif -o clean.ldif\n"
     "\n"
+    "Each entry is an address and a nickname. Books with all of their fields, of any\n"
+    "length, with other line ends and of other programs are read by orvik-book:\n"
+    "  orvik-book convert book.nv -o contacts.vcf\n"
+    "\n"
     "Exit status: 0 done, 1 a message reported a problem, 2 usage, 66 no input,\n"
     "71 out of memory, 73 cannot create, 74 input/output error.";
 

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "book/typed_views.h"
+
 namespace orvik::book {
 namespace {
 
@@ -21,6 +23,23 @@ std::string EscapedHeader(std::string_view header) {
             text += kDigits[byte % 16];
         } else {
             text += c;
+        }
+    }
+    return text;
+}
+
+std::string UnescapedHeader(std::string_view header) {
+    const auto digit = [](char c) {
+        return c >= '0' && c <= '9' ? c - '0' : c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
+    };
+    std::string text;
+    for (std::size_t i = 0; i < header.size(); ++i) {
+        if (header[i] == '%' && i + 2 < header.size() && digit(header[i + 1]) >= 0 &&
+            digit(header[i + 2]) >= 0) {
+            text += static_cast<char>(digit(header[i + 1]) * 16 + digit(header[i + 2]));
+            i += 2;
+        } else {
+            text += header[i];
         }
     }
     return text;
@@ -49,6 +68,14 @@ std::uint32_t KeepHeader(Book& book, std::string_view own, std::string_view fiel
     const std::array params = {
         Param{book.Names.Intern(kHeaderParam), book.Keep(EscapedHeader(field))}};
     return book.KeepDetails({}, params);
+}
+
+std::string CarriedField(const Book& book, const Property& one, std::string_view start) {
+    const NameId param = book.Names.Find(kHeaderParam);
+    const std::string_view kept =
+        param == FieldNames::kNone ? std::string_view{} : ParamOf(book, one, param);
+    return kept.empty() ? std::string(book.Names.Text(one.Name).substr(start.size()))
+                        : UnescapedHeader(kept);
 }
 
 }  // namespace orvik::book

@@ -26,4 +26,9 @@ inline constexpr std::string_view kHeaderParam = "X-ORVIK-HEADER";
 // as it is where that differs.
 std::uint32_t KeepHeader(Book& book, std::string_view own, std::string_view field);
 
+// CarriedField: what its format calls a property that has such a name.
+[[nodiscard]] std::string CarriedField(const Book& book,
+                                       const Property& one,
+                                       std::string_view start);
+
 }  // namespace orvik::book

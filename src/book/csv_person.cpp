@@ -34,10 +34,6 @@ constexpr std::array kOtherNames = {
 
 }  // namespace
 
-bool HoldsSomething(std::string_view value) {
-    return value.find_first_not_of(" \t\r\n;,") != std::string_view::npos;
-}
-
 bool MayBeNumbered(const Book& book, const Property& one) {
     const std::string text = one.Name == field::kAdr ? Unescaped(one.Value)
                                                      : std::string(WithoutBlanksAround(one.Value));
@@ -159,7 +155,7 @@ void CsvPersonWriter::Write(const Contact& contact, std::span<const std::string_
 }
 
 void CsvPersonWriter::Take(const Property& one) {
-    if (IsHousekeeping(one)) {
+    if (IsHousekeeping(book_, one)) {
         return;
     }
     if (!HoldsSomething(one.Value)) {
@@ -169,7 +165,7 @@ void CsvPersonWriter::Take(const Property& one) {
         if (place == nullptr) {
             place = &one;
         } else {
-            Carry(one, label, Readable(one));
+            Carry(one, label, ReadableValue(book_, one));
         }
     };
     const auto add_to = [&](std::vector<Reach>& all) {
@@ -216,33 +212,6 @@ void CsvPersonWriter::Take(const Property& one) {
     }
 }
 
-// What says nothing about the person, or follows from what is written.
-bool CsvPersonWriter::IsHousekeeping(const Property& one) const {
-    switch (one.Name) {
-        case field::kUid:
-        case field::kRev:
-        case field::kProdId:
-        case field::kVersion:
-        case field::kProfile:
-            return true;
-        case field::kKind:
-        case field::kServerKind:
-            return SameName(one.Value, "individual");
-        case field::kClass:
-            return SameName(one.Value, "public");
-        case field::kMozillaHtml:
-            return !SameName(one.Value, "true");
-        case field::kAbLabel:
-            // It is written with what it stands beside.
-            return !book_.DetailsOf(one).Group.empty();
-        default:
-            break;
-    }
-    const std::string_view name = book_.Names.Text(one.Name);
-    return SameName(name, "X-ORVIK-LDIF-dn") || SameName(name, "X-ORVIK-LDIF-objectclass") ||
-           SameName(name, "X-ORVIK-VCARD-VERSION");
-}
-
 void CsvPersonWriter::TakeOther(const Property& one) {
     if (IsBytes(one)) {
         return Lose(one, Reason::NotInTarget);
@@ -255,7 +224,7 @@ void CsvPersonWriter::TakeOther(const Property& one) {
         std::find_if(kOtherNames.begin(), kOtherNames.end(), [name](const OtherName& known) {
             return SameName(known.Property, name);
         });
-    const std::string text = Readable(one);
+    const std::string text = ReadableValue(book_, one);
     // Apple's dates and relations say by their label what they are.
     if (const std::string_view label = labels_.Of(book_.DetailsOf(one).Group); !label.empty()) {
         const std::size_t column = layout_.Find(ToLower(label));
@@ -269,7 +238,9 @@ void CsvPersonWriter::TakeOther(const Property& one) {
     if (Put(column, text)) {
         return Kept(one);
     }
-    Carry(one, other != kOtherNames.end() ? Capitalised(other->Field) : LabelOf(one), text);
+    Carry(one,
+          other != kOtherNames.end() ? Capitalised(other->Field) : LabelOfValue(book_, one),
+          text);
 }
 
 // A cell is one name; the others would become part of it.
@@ -295,7 +266,7 @@ void CsvPersonWriter::TakeMedia(const Property& one) {
     if (Put(column, one.Value)) {
         return Kept(one);
     }
-    Carry(one, LabelOf(one), one.Value);
+    Carry(one, LabelOfValue(book_, one), one.Value);
 }
 
 void CsvPersonWriter::TakeGender(const Property& one) {
@@ -305,7 +276,7 @@ void CsvPersonWriter::TakeGender(const Property& one) {
     if (plain && Put(layout_.Find("gender"), word)) {
         return Kept(one);
     }
-    Carry(one, "Gender", plain ? std::string(word) : Readable(one));
+    Carry(one, "Gender", plain ? std::string(word) : ReadableValue(book_, one));
 }
 
 bool CsvPersonWriter::IsBytes(const Property& one) const {

@@ -18,6 +18,7 @@
 #include "book/csv_kinds.h"
 #include "book/csv_layout.h"
 #include "book/csv_row_writer.h"
+#include "book/readable_value.h"
 #include "book/windows_1252.h"
 
 namespace orvik::book {
@@ -36,8 +37,6 @@ struct CsvTarget {
 // Whether a value can have numbered columns of Google: it holds something that is not taken for
 // several values, and a relation is no reference to another record.
 [[nodiscard]] bool MayBeNumbered(const Book& book, const Property& one);
-// Whether a value holds more than blanks and signs between values.
-[[nodiscard]] bool HoldsSomething(std::string_view value);
 
 class CsvPersonWriter {
  public:
@@ -93,7 +92,6 @@ class CsvPersonWriter {
     void TakeMedia(const Property& one);
     void TakeGender(const Property& one);
     void TakeOther(const Property& one);
-    [[nodiscard]] bool IsHousekeeping(const Property& one) const;
     void TakeOwnField(const Property& one, std::string_view name);
 
     void WriteEmails();
@@ -130,8 +128,6 @@ class CsvPersonWriter {
     void Lose(const Property& one, Reason why);
     void Tell(const Property& one, What what, Reason why, NameId target = FieldNames::kNone);
 
-    [[nodiscard]] std::string Readable(const Property& one) const;
-    [[nodiscard]] std::string LabelOf(const Property& one) const;
     [[nodiscard]] bool IsBytes(const Property& one) const;
     [[nodiscard]] bool IsText(const Property& one) const;
     const CsvTarget& TargetOf(const Property& one);

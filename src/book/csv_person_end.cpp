@@ -17,21 +17,6 @@ namespace {
 // Google's own group, of all whom the user has taken up.
 constexpr std::string_view kEverybody = "* myContacts";
 
-// "1980-04-12" and "--04-12" of what vCard has for them; empty for anything else.
-std::string PlainDate(std::string_view value) {
-    std::string date(value.substr(0, value.find('T')));
-    const bool digits = date.find_first_not_of("0123456789-") == std::string::npos;
-    constexpr std::size_t kWhole = 8;
-    constexpr std::size_t kNoYear = 6;
-    if (digits && date.size() == kWhole && date.find('-') == std::string::npos) {
-        date.insert(6, "-").insert(4, "-");
-    } else if (digits && date.size() == kNoYear && date.starts_with("--")) {
-        date.insert(4, "-");
-    }
-    date = IsoDate(date, DateOrder::DayFirst);
-    return date.starts_with("0000") ? "-" + date.substr(4) : date;
-}
-
 // Columns whose cells the reader may keep under their header.
 bool MayComeBack(CsvMeaning meaning) {
     return meaning == CsvMeaning::Carried || meaning == CsvMeaning::Year ||
@@ -45,31 +30,10 @@ std::string_view Plain(std::string_view number) {
     return number.substr(std::min(number.find_first_not_of('0'), number.size()));
 }
 
-std::string UnescapedHeader(std::string_view header) {
-    const auto digit = [](char c) {
-        return c >= '0' && c <= '9' ? c - '0' : c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
-    };
-    std::string text;
-    for (std::size_t i = 0; i < header.size(); ++i) {
-        if (header[i] == '%' && i + 2 < header.size() && digit(header[i + 1]) >= 0 &&
-            digit(header[i + 2]) >= 0) {
-            text += static_cast<char>(digit(header[i + 1]) * 16 + digit(header[i + 2]));
-            i += 2;
-        } else {
-            text += header[i];
-        }
-    }
-    return text;
-}
-
 }  // namespace
 
 CsvTarget CarriedTarget(const Book& book, const Property& one, CsvProgram program) {
-    const NameId param = book.Names.Find(kHeaderParam);
-    const std::string_view kept =
-        param == FieldNames::kNone ? std::string_view{} : ParamOf(book, one, param);
-    const std::string_view own = book.Names.Text(one.Name).substr(kCarriedFromCsv.size());
-    CsvTarget target{kept.empty() ? std::string(own) : UnescapedHeader(kept), {}, 0};
+    CsvTarget target{CarriedField(book, one, kCarriedFromCsv), {}, 0};
     const CsvHeaderKey key = KeyOf(target.Header);
     const CsvWords& words = CsvWords::All();
     const CsvTable& table = CsvTableOf(program);
@@ -123,7 +87,7 @@ void CsvPersonWriter::TakeDate(const Property& one) {
         Put(birth_columns_[1], Plain(month));
         written = Put(birth_columns_[2], Plain(day));
     }
-    written ? Kept(one) : Carry(one, LabelOf(one), one.Value);
+    written ? Kept(one) : Carry(one, LabelOfValue(book_, one), one.Value);
 }
 
 void CsvPersonWriter::WriteOrganisation() {

@@ -33,7 +33,7 @@ void CsvPersonWriter::CarryReach(const Reach& reach) {
     if (!kind.empty()) {
         label.append(" (").append(kind).append(")");
     }
-    Carry(one, label, Readable(one));
+    Carry(one, label, ReadableValue(book_, one));
 }
 
 void CsvPersonWriter::WriteEmails() {

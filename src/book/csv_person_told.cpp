@@ -1,7 +1,6 @@
-// What is told of a person's values, and how they read in the notes.
+// What is told of a person's values.
 
 #include "book/csv_person.h"
-#include "book/value_form.h"
 
 namespace orvik::book {
 
@@ -42,49 +41,6 @@ void CsvPersonWriter::Tell(const Property& one, What what, Reason why, NameId ta
                     target,
                     what,
                     why});
-}
-
-// A value as a person reads it in notes.
-std::string CsvPersonWriter::Readable(const Property& one) const {
-    const ValueForm form = ValueFormOf(book_.Names, one.Name);
-    if (form == ValueForm::Text) {
-        return std::string(one.Value);
-    }
-    if (form == ValueForm::Verbatim) {
-        return Unescaped(one.Value);
-    }
-    std::string text;
-    std::string_view rest = one.Value;
-    for (TakenPart part{{}, true}; part.More;) {
-        part = TakePart(rest, form == ValueForm::List ? ',' : ';');
-        std::string_view values = part.Text;
-        for (TakenPart value{{}, true}; value.More;) {
-            value = TakePart(values, ',');
-            const std::string plain = Unescaped(value.Text);
-            const std::string_view shown = WithoutBlanksAround(plain);
-            text.append(text.empty() || shown.empty() ? "" : ", ").append(shown);
-        }
-    }
-    return text;
-}
-
-// What a line of the notes begins with.
-std::string CsvPersonWriter::LabelOf(const Property& one) const {
-    for (std::size_t i = 0; i < CsvFieldCount(); ++i) {
-        const CsvField& field = CsvFieldAt(i);
-        const bool whole = field.Meaning == CsvMeaning::Simple ||
-                           field.Meaning == CsvMeaning::Date ||
-                           field.Meaning == CsvMeaning::Photo ||
-                           field.Meaning == CsvMeaning::Html || field.Meaning == CsvMeaning::Values;
-        if (field.Property == one.Name && whole) {
-            return Capitalised(ShownName(field));
-        }
-    }
-    std::string_view name = book_.Names.Text(one.Name);
-    for (const std::string_view ours : {kCarriedFromLdif, kCarriedFromVCard}) {
-        name.remove_prefix(StartsAsName(name, ours) ? ours.size() : 0);
-    }
-    return one.Name == field::kImpp ? "Messenger" : std::string(name);
 }
 
 }  // namespace orvik::book

@@ -100,4 +100,18 @@ std::string DateOfParts(std::string_view year, std::string_view month, std::stri
     return no_year && !whole.empty() ? "-" + whole.substr(4, 6) : whole;
 }
 
+std::string PlainDate(std::string_view value) {
+    std::string date(value.substr(0, value.find('T')));
+    const bool digits = date.find_first_not_of("0123456789-") == std::string::npos;
+    constexpr std::size_t kWhole = 8;
+    constexpr std::size_t kNoYear = 6;
+    if (digits && date.size() == kWhole && date.find('-') == std::string::npos) {
+        date.insert(6, "-").insert(4, "-");
+    } else if (digits && date.size() == kNoYear && date.starts_with("--")) {
+        date.insert(4, "-");
+    }
+    date = IsoDate(date, DateOrder::DayFirst);
+    return date.starts_with("0000") ? "-" + date.substr(4) : date;
+}
+
 }  // namespace orvik::book

@@ -34,4 +34,8 @@ struct CsvKind {
                                       std::string_view month,
                                       std::string_view day);
 
+// PlainDate: what vCard has for a date as programs read it; empty for anything else.
+//   "19800412" -> "1980-04-12";  "--0412" -> "--04-12"
+[[nodiscard]] std::string PlainDate(std::string_view value);
+
 }  // namespace orvik::book

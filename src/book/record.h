@@ -48,8 +48,24 @@ static_assert(sizeof(Property) <= 48);
 
 enum class ContactKind : std::uint8_t { Person, List };
 
-// How a record was written down.
-enum class Dialect : std::uint8_t { None, Ldif, VCard21, VCard30, VCard40, Csv };
+// How a record was written down, or is to be; None for those of old formats that were read, which
+// are always written anew.
+enum class Dialect : std::uint8_t {
+    None,
+    Ldif,
+    VCard21,
+    VCard30,
+    VCard40,
+    Csv,
+    Netscape3,
+    Juno,
+    PegasusList,
+    PegasusText,
+    PlainList,
+    Mutt,
+    Pine,
+    Abook
+};
 
 struct Contact {
     std::span<Property> Properties;  // in the book's arena

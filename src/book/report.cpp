@@ -54,7 +54,9 @@ std::string_view WordsFor(Reason reason) {
         "is the name of more than one record, of which the first was taken",
         "is a setting of the program",
         "stood in the place of the name, as in all such entries of the file",
-        "is marked as deleted"};
+        "is marked as deleted",
+        "is in one piece, and may be parted otherwise when it is read",
+        "has no address, and the target has nothing else"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];
 }

@@ -60,6 +60,8 @@ enum class Reason : std::uint8_t {
     Setting,         // something of the program that is no address
     Exchanged,       // a name in the place of the address, and the other way round
     Deleted,         // a record that its program would not show
+    PartedElse,      // a value whose parts the target does not tell apart
+    NoAddress,       // a record without an address, where the target knows nobody else
     kCount
 };
 

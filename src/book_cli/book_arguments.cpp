@@ -19,6 +19,8 @@ constexpr const char* kExamples =
     "  orvik-book convert book.ldif -o contacts.vcf\n"
     "  orvik-book convert old.vcf work.ldif --vcard 4 -o all.vcf\n"
     "  orvik-book convert outlook.csv --to google -o google.csv\n"
+    "  orvik-book convert contacts.vcf -o addrbook.nv\n"
+    "  orvik-book convert contacts.vcf --to mutt -o aliases\n"
     "  orvik-book check book.ldif\n"
     "  orvik-book convert outlook.csv --map \"Club=groups\" -o contacts.vcf\n"
     "  orvik-book diff book.ldif contacts.vcf\n"
@@ -68,7 +70,7 @@ class Parser {
         dupes_ = AddVerb("dupes", "Say which records may be one person", "FILE");
         clean_ =
             AddVerb("clean", "Merge them, as a plan says or where nothing is in doubt", "FILE");
-        convert_ = AddVerb("convert", "Write address books as one vCard, LDIF or CSV file", "FILE");
+        convert_ = AddVerb("convert", "Write address books as one file", "FILE");
         check_ = AddVerb("check", "Say which e-mail addresses can be none", "FILE");
         diff_ = AddVerb("diff", "Compare two address books", "LEFT RIGHT");
         AddFind();

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "app/printable.h"
+#include "book/old/old_writers.h"
 #include "book_cli/told.h"
 #include "book_cli/verbs.h"
 
@@ -33,8 +34,10 @@ std::string Carried(const Arguments& arguments, const book::Book& book) {
     if (values == 0) {
         return "carried 0";
     }
-    const std::string_view how =
-        arguments.Target == Dialect::Csv ? "carried in other columns: " : "carried as X- fields: ";
+    const std::string_view how = arguments.Target == Dialect::Csv ? "carried in other columns: "
+                                 : book::OldWriterOf(arguments.Target) != nullptr
+                                     ? "carried in notes or entries of their own: "
+                                     : "carried as X- fields: ";
     return std::string(how) + Counted(KindsCarried(book).size(), "kind", "kinds") + ", " +
            Counted(values, "value", "values");
 }
@@ -73,7 +76,9 @@ std::string FilesOf(std::span<const FilePart> parts) {
 // Whoever imports the book finds these only in the file.
 std::string NotShown(const Arguments& arguments, const book::Book& book) {
     const std::set<std::string_view> kinds = KindsCarried(book);
-    if (arguments.Target == Dialect::Csv || kinds.empty()) {
+    const bool x_fields =
+        arguments.Target != Dialect::Csv && book::OldWriterOf(arguments.Target) == nullptr;
+    if (!x_fields || kinds.empty()) {
         return {};
     }
     std::string text;
@@ -92,6 +97,9 @@ std::string NotShown(const Arguments& arguments, const book::Book& book) {
 
 std::string TargetName(const Arguments& arguments, bool unchanged) {
     const Dialect target = arguments.Target;
+    if (const book::OldWriter* const old = book::OldWriterOf(target); old != nullptr) {
+        return std::string(old->Title);
+    }
     const std::string name = target == Dialect::Csv       ? TableName(arguments.Form->Table)
                              : target == Dialect::VCard40 ? "vCard 4.0, UTF-8"
                              : target != Dialect::Ldif    ? "vCard 3.0, UTF-8"
@@ -137,7 +145,9 @@ std::string PartsText(const Arguments& arguments,
     std::string text = FilesOf(parts);
     if (arguments.Form != nullptr) {
         text += NotShown(arguments, book);
-        text.append(parts.size() > 1 ? "Import each file " : "Import ");
+        // What is no file that a program imports is put where the program looks for it.
+        const bool imports = !arguments.Form->Ending.empty();
+        text.append(!imports ? "Use it " : parts.size() > 1 ? "Import each file " : "Import ");
         text.append(arguments.Form->Where).append("\n");
     }
     return text;

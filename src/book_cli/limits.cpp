@@ -47,8 +47,9 @@ class Doubts {
 
  private:
     void AddOfList(const book::Contact& list) {
-        // The writer of tables tells of lists itself.
-        if (!form_.TakesLists && form_.Form != Dialect::Csv) {
+        // The other writers tell of lists themselves.
+        const bool cards = form_.Form == Dialect::VCard30 || form_.Form == Dialect::VCard40;
+        if (!form_.TakesLists && (cards || form_.Form == Dialect::Ldif)) {
             Add(list, {}, NameOf(list), Reason::NoLists);
         }
     }

@@ -130,6 +130,39 @@ constexpr std::array kEvolution = {
                    "(LDIF) and the address book"},
 };
 
+constexpr std::array kMutt = {
+    ImportForm{.Form = Dialect::Mutt,
+               .TakesLists = true,
+               .Where = "in mutt: a line source FILE in muttrc, or set alias_file=FILE and "
+                        "source $alias_file"},
+};
+
+constexpr std::array kPine = {
+    ImportForm{.Form = Dialect::Pine,
+               .TakesLists = true,
+               .Where =
+                   "in Alpine: as ~/.addressbook while Alpine is closed, or usually MAIN MENU > "
+                   "Setup > AddressBooks > Add"},
+};
+
+constexpr std::array kAbook = {
+    ImportForm{.Form = Dialect::Abook,
+               .TakesLists = true,
+               .Where = "in abook: as ~/.abook/addressbook, or with abook --datafile FILE"},
+};
+
+constexpr std::array kPegasus = {
+    ImportForm{.Ending = ".txt",
+               .Form = Dialect::PegasusText,
+               .Where = "in Pegasus Mail: usually Addresses > Address books, then the import of "
+                        "tagged text files"},
+    ImportForm{.Ending = ".pml",
+               .Form = Dialect::PegasusList,
+               .TakesLists = true,
+               .Where = "in Pegasus Mail: usually as a file of the mail folder, then Addresses > "
+                        "Distribution lists"},
+};
+
 constexpr std::array kPrograms = {
     Program{"thunderbird", "Thunderbird", kThunderbird},
     Program{"google", "Google Contacts", kGoogle},
@@ -139,9 +172,13 @@ constexpr std::array kPrograms = {
     Program{"nextcloud", "Nextcloud", kNextcloud},
     Program{"kaddressbook", "KAddressBook", kKAddressBook},
     Program{"evolution", "Evolution", kEvolution},
+    Program{"mutt", "mutt", kMutt},
+    Program{"pine", "Alpine", kPine},
+    Program{"abook", "abook", kAbook},
+    Program{"pegasus", "Pegasus Mail", kPegasus},
 };
 
-// Another ending of the same format.
+// Another ending of the same format; no ending is that of any file.
 bool IsOf(std::string_view ending, std::string_view file) {
     return HasEnding(file, ending) || (ending == ".vcf" && HasEnding(file, ".vcard")) ||
            (ending == ".ldif" && HasEnding(file, ".ldi"));

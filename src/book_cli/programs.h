@@ -34,7 +34,7 @@ struct ImportLimits {
 
 // A kind of file that a program imports.
 struct ImportForm {
-    std::string_view Ending = {};  // ".vcf"
+    std::string_view Ending = {};  // ".vcf"; empty for a file of any name
     book::Dialect Form = book::Dialect::VCard30;
     // Of LDIF and of CSV.
     std::optional<book::LdifAttributes> Set = {};

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/text.h"
+#include "book/old/old_writers.h"
 #include "book_cli/option_checks.h"
 
 namespace orvik::book_cli {
@@ -51,7 +52,8 @@ bool IsVCardName(std::string_view name) {
 void TargetOptions::AddTo(CLI::App& verb, Arguments& arguments) {
     Single(verb.add_option("-o,--output",
                            arguments.Output,
-                           "Where to write, - for standard output; .vcf and .ldif tell the format"))
+                           "Where to write, - for standard output; .vcf, "
+                           ".ldif, .htm, .nv, .pml and .txt tell the format"))
         ->type_name("FILE")
         ->check(&CheckName);
     CLI::Option* const vcard =
@@ -95,6 +97,9 @@ void TargetOptions::Take(Arguments& arguments) const {
     } else {
         TakeFormat(arguments);
     }
+    if (!most_.empty() && book::OldWriterOf(arguments.Target) != nullptr) {
+        throw CLI::ValidationError("--split", "parts vCard, LDIF and CSV alone");
+    }
 }
 
 // What the program imports under the name that was given; standard output takes any.
@@ -115,6 +120,12 @@ void TargetOptions::TakeFormat(Arguments& arguments) const {
         throw CLI::ValidationError(
             "-o",
             "the columns of " + name + " depend on the program; --to names it: " + CsvPrograms());
+    }
+    // An option says more than such an ending: any list may be called .txt.
+    const book::OldWriter* const old = book::OldWriterFor(name);
+    if (old != nullptr && version_.empty() && set_.empty()) {
+        arguments.Target = old->Form;
+        return;
     }
     if (!version_.empty() && IsLdifName(name)) {
         throw CLI::ValidationError("--vcard", "the ending of " + name + " asks for LDIF");

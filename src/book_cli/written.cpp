@@ -6,6 +6,7 @@
 
 #include "book/arena.h"
 #include "book/csv_rows.h"
+#include "book/old/old_writers.h"
 #include "book/typed_views.h"
 #include "book/unchanged.h"
 #include "book/write_csv.h"
@@ -39,6 +40,9 @@ book::GroupForm GroupFormOf(const Arguments& arguments) {
 }
 
 std::string TextOf(const Arguments& arguments, book::Book& book, book::RecordPlaces* places) {
+    if (const book::OldWriter* const old = book::OldWriterOf(arguments.Target); old != nullptr) {
+        return old->Write(book);
+    }
     if (arguments.Target == Dialect::Csv) {
         std::string text = book::WriteCsv(book, arguments.Form->Table);
         if (places != nullptr) {
@@ -69,19 +73,33 @@ std::vector<ListGroup> GroupsOf(const book::Book& book) {
     return groups;
 }
 
+// Records that an old format holds nothing of.
+std::size_t LostWhole(const book::Book& book, const book::OldWriter& writer) {
+    const std::string_view name = book.Names.Text(book::field::kFn);
+    return static_cast<std::size_t>(std::count_if(
+        book.Told.Remarks().begin(), book.Told.Remarks().end(), [&](const book::Remark& one) {
+            const bool list = one.Why == book::Reason::NoLists || one.Why == book::Reason::Empty;
+            return one.Kind == book::What::Lost && one.Field == name &&
+                   (one.Why == book::Reason::NoAddress || (list && writer.HoldsLists));
+        }));
+}
+
 }  // namespace
 
 Written Write(const Arguments& arguments, Loaded& loaded, Console& console) {
     book::Book& book = loaded.Book;
     Written written;
     const bool table = arguments.Target == Dialect::Csv;
+    const book::OldWriter* const old = book::OldWriterOf(arguments.Target);
+    const bool people_alone = old != nullptr ? !old->HoldsLists : table;
     written.Records =
-        table ? static_cast<std::size_t>(std::count_if(
-                    book.Contacts.begin(),
-                    book.Contacts.end(),
-                    [](const book::Contact& one) { return one.Kind == book::ContactKind::Person; }))
-              : book.Contacts.size();
-    const auto as_read = table || arguments.Set || arguments.Split > 0
+        people_alone
+            ? static_cast<std::size_t>(std::count_if(
+                  book.Contacts.begin(),
+                  book.Contacts.end(),
+                  [](const book::Contact& one) { return one.Kind == book::ContactKind::Person; }))
+            : book.Contacts.size();
+    const auto as_read = table || old != nullptr || arguments.Set || arguments.Split > 0
                              ? std::nullopt
                              : book::UnchangedFile(book, arguments.Target);
     const bool measured = arguments.Form != nullptr && arguments.Form->Most.RecordBytes > 0;
@@ -90,6 +108,7 @@ Written Write(const Arguments& arguments, Loaded& loaded, Console& console) {
     console.Begin(arguments.Output);
     written.Text = TextOf(arguments, book, wants_places ? &written.Places : nullptr);
     console.End();
+    written.Records -= old == nullptr ? 0 : LostWhole(book, *old);
     written.Unchanged = as_read && *as_read == written.Text;
     return written;
 }

@@ -66,6 +66,27 @@ has out "* myContacts ::: Crew"
 run "objects of what is written" 0 convert lists.ldif --to google -o objects.csv --json
 lines out 3
 
+# Files of any name, for programs that read them where they lie.
+declare -A reader_loses=([mutt]=1 [pine]=1 [abook]=0)
+for reader in mutt pine abook; do
+    run "$reader" $((reader_loses[$reader])) convert people.ldif --to "$reader" -o "any $reader" --allow-loss
+    has out "Use it in "
+    run "it is read" 0 show "any $reader"
+done
+has "any mutt" 'alias al \"Al\" <al@example.org>'
+has "any mutt" 'alias al__al@example.net \"Al\" <al@example.net>'
+has "any abook" "email=al@example.org,al@example.net,al@example.com"
+run "lists for mutt" 1 convert lists.ldif --to mutt -o crew --allow-loss
+has crew "alias Crew al, bo"
+run "groups for abook" 0 convert lists.ldif --to abook -o "any abook" --force
+has "any abook" "groups=Crew"
+run "Pegasus Mail" 0 convert people.ldif --to pegasus -o people.txt
+has people.txt "E-mail address:  al@example.org, al@example.net, al@example.com"
+has out "Import in Pegasus Mail: usually"
+run "a plain list" 1 convert people.ldif -o list.txt --allow-loss
+has list.txt '"Al" <al@example.org>'
+tells 'lost: TEL "+1 555 0100": has no place in the target'
+
 # Lists where there are none.
 run "a list in a card for Thunderbird" 0 convert lists.ldif --to thunderbird -o cards.vcf
 tells 'lists.ldif: line 14: doubtful: "Crew": is a list, and the target knows none'

@@ -5,9 +5,11 @@
 #include <optional>
 #include <utility>
 
+#include "app/encoding.h"
 #include "book/charset_converter.h"
 #include "book/field_names.h"
 #include "book/transfer.h"
+#include "book/utf8.h"
 
 namespace orvik::book {
 namespace {
@@ -119,6 +121,44 @@ class WordDecoder {
 
 std::string DecodedWords(std::string_view text) {
     return HasEncodedWords(text) ? WordDecoder(text).Run() : std::string(text);
+}
+
+std::string EncodedWords(std::string_view text) {
+    constexpr std::string_view kBegin = "=?UTF-8?Q?";
+    constexpr std::string_view kEnd = "?=";
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    constexpr std::size_t kLongest = 75;
+    if (AsciiLength(text) == text.size() && !HasEncodedWords(text)) {
+        return std::string(text);
+    }
+    std::string words;
+    std::string word(kBegin);
+    while (!text.empty()) {
+        // A letter is in one word.
+        const std::size_t length = std::max<std::size_t>(FirstLetter(text).Length, 1);
+        std::string letter;
+        for (const char c : text.substr(0, length)) {
+            const auto byte = static_cast<unsigned char>(c);
+            const bool plain =
+                (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+            if (plain) {
+                letter += c;
+            } else if (c == ' ') {
+                letter += '_';
+            } else {
+                letter += '=';
+                letter += kDigits[byte / 16];
+                letter += kDigits[byte % 16];
+            }
+        }
+        if (word.size() + letter.size() + kEnd.size() > kLongest) {
+            words.append(word).append(kEnd).append(" ");
+            word = kBegin;
+        }
+        word += letter;
+        text.remove_prefix(length);
+    }
+    return words.append(word).append(kEnd);
 }
 
 }  // namespace orvik::book

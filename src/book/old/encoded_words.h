@@ -12,6 +12,11 @@ namespace orvik::book {
 //   "=?iso-8859-1?q?J=F6rg?= Berg" -> "J\u00F6rg Berg"
 [[nodiscard]] std::string DecodedWords(std::string_view text);
 
+// EncodedWords: a UTF-8 text as such words, each of at most 75 letters, if it has letters outside
+// of ASCII or could be taken for one; else the text itself.
+//   "J\u00F6rg" -> "=?UTF-8?Q?J=C3=B6rg?="
+[[nodiscard]] std::string EncodedWords(std::string_view text);
+
 // Whether there may be such a word.
 [[nodiscard]] inline bool HasEncodedWords(std::string_view text) {
     return text.find("=?") != std::string_view::npos && text.find("?=") != std::string_view::npos;

@@ -5,22 +5,11 @@
 #include "book/carried_name.h"
 #include "book/csv_cells.h"
 #include "book/ldif_dn.h"
+#include "book/old/likely_name.h"
 #include "book/record_lines.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
-namespace {
-
-std::string FieldOf(std::string_view family, std::string_view given) {
-    std::string value;
-    AppendEscaped(WithoutBlanksAround(family), value);
-    value += ';';
-    AppendEscaped(WithoutBlanksAround(given), value);
-    return value + ";;;";
-}
-
-}  // namespace
-
 EntryBuilder::EntryBuilder(Book& book, std::uint32_t file, Charset& charset)
     : book_(book),
       file_(file),
@@ -81,20 +70,12 @@ void EntryBuilder::PushKept(NameId name,
 
 void EntryBuilder::PushName(std::string_view name, std::uint32_t line) {
     const std::string_view plain = WithoutBlanksAround(name);
-    const std::size_t comma = plain.find(',');
-    const std::size_t blank = plain.find_last_of(" \t");
     if (plain.empty()) {
         return;
     }
     Push(field::kFn, name, line);
-    if (comma != std::string_view::npos) {
-        return PushKept(field::kN, FieldOf(plain.substr(0, comma), plain.substr(comma + 1)), line);
-    }
-    if (blank == std::string_view::npos) {
-        return PushKept(field::kN, FieldOf({}, plain), line);
-    }
-    PushKept(field::kN, FieldOf(plain.substr(blank + 1), plain.substr(0, blank)), line);
-    if (!guessed_) {
+    PushKept(field::kN, LikelyName(plain), line);
+    if (!guessed_ && IsGuessedName(plain)) {
         guessed_ = true;
         Doubt("N", plain, Reason::GuessedName);
     }

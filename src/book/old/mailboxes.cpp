@@ -153,4 +153,13 @@ std::vector<Mailbox> MailboxesOf(std::string_view text) {
     return boxes;
 }
 
+std::string QuotedPhrase(std::string_view name) {
+    std::string quoted = "\"";
+    for (const char c : name) {
+        quoted += c == '"' || c == '\\' ? "\\" : "";
+        quoted += c;
+    }
+    return quoted + '"';
+}
+
 }  // namespace orvik::book

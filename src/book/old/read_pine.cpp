@@ -3,12 +3,17 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <string>
 #include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "app/text.h"
 #include "book/lines.h"
+#include "book/member_names.h"
 #include "book/old/encoded_words.h"
 #include "book/old/entry_builder.h"
 #include "book/old/mailboxes.h"
@@ -116,7 +121,7 @@ class PineReader {
         PineEntry entry;
         for (PineEntries entries(book_.SourceAt(file_)); entries.Next(entry);) {
             if (!entry.IsComment() && !entry.IsDeleted() && entry.Tabs > 0) {
-                nicknames_.Add(entry.Nickname(), entry.Line);
+                Index(entry);
             }
         }
         for (PineEntries entries(book_.SourceAt(file_)); entries.Next(entry);) {
@@ -125,13 +130,61 @@ class PineReader {
             }
             if (entry.IsDeleted() || entry.Tabs == 0) {
                 Skip(entry, entry.IsDeleted() ? Reason::Deleted : Reason::NotBegun);
-            } else {
+            } else if (!further_.contains(entry.Line)) {
                 Take(entry);
             }
         }
     }
 
  private:
+    // A person of one address, and the further addresses.
+    struct Single {
+        std::uint32_t Line = 0;
+        std::string Name;
+        std::vector<std::string> More;
+    };
+
+    // "gus-2" behind "gus" is a second address of gus, if all else is equal: an entry has one.
+    void Index(const PineEntry& entry) {
+        const std::vector<Mailbox> boxes = MailboxesIn(entry.Address());
+        const bool single = boxes.size() == 1 && !entry.HasParentheses() &&
+                            !boxes[0].Address.empty() && !entry.Name().empty();
+        const auto found = single ? singles_.find(BaseOf(entry)) : singles_.end();
+        if (found != singles_.end() && found->second.Name == entry.Name() &&
+            boxes[0].Name.empty()) {
+            found->second.More.push_back(boxes[0].Address);
+            further_.insert(entry.Line);
+            nicknames_.Add(entry.Nickname(), found->second.Line);
+            return;
+        }
+        nicknames_.Add(entry.Nickname(), entry.Line);
+        if (single && !entry.Nickname().empty()) {
+            singles_.try_emplace(NicknameKey(entry.Nickname()),
+                                 Single{entry.Line, std::string(entry.Name()), {}});
+        }
+    }
+
+    // Empty for a nickname that ends with no number, and for an entry that says more.
+    static std::string BaseOf(const PineEntry& entry) {
+        const std::string_view nickname = entry.Nickname();
+        const std::size_t hyphen = nickname.rfind('-');
+        const bool numbered =
+            hyphen != std::string_view::npos && hyphen + 1 < nickname.size() &&
+            nickname.find_first_not_of("0123456789", hyphen + 1) == std::string_view::npos;
+        return numbered && entry.Fields[3].empty() && entry.Fields[4].empty()
+                   ? NicknameKey(nickname.substr(0, hyphen))
+                   : std::string();
+    }
+
+    void PushFurther(const PineEntry& entry) {
+        const auto found = singles_.find(NicknameKey(entry.Nickname()));
+        if (found != singles_.end() && found->second.Line == entry.Line) {
+            for (const std::string& one : found->second.More) {
+                entry_.PushKept(field::kEmail, one, entry.Line);
+            }
+        }
+    }
+
     void Skip(const PineEntry& entry, Reason why) {
         const std::string_view line =
             entry.Bytes.substr(0, entry.Bytes.find_last_not_of("\r\n") + 1);
@@ -171,6 +224,7 @@ class PineReader {
                 entry_.PushKept(
                     field::kEmail, box.Address.empty() ? box.Name : box.Address, entry.Line);
             }
+            PushFurther(entry);
         }
         if (!entry.Fields[3].empty()) {
             entry_.PushCarried("PINE", "fcc", Field(entry, 3, "fcc"), entry.Line);
@@ -202,6 +256,8 @@ class PineReader {
     std::uint32_t file_;
     EntryBuilder entry_;
     Nicknames nicknames_;
+    std::unordered_map<std::string, Single> singles_;
+    std::unordered_set<std::uint32_t> further_;  // by line
 };
 
 // What a nickname of pine never has.

@@ -20,12 +20,21 @@ EmptyNote::EmptyNote(QWidget* parent) : QFrame(parent) {
     drop->setTextFormat(Qt::PlainText);
     auto* const extract =
         new LinkButton(QStringLiteral("emptyExtract"), tr("extract addresses from any file"), this);
+    // What the lists do not show, and the command that reads it.
+    auto* const book = new QLabel(tr("Every field of a book, in a terminal:") +
+                                      QStringLiteral("\norvik-book convert FILE -o new.vcf"),
+                                  this);
+    book->setObjectName(QStringLiteral("emptyBook"));
+    book->setTextFormat(Qt::PlainText);
+    book->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    book->setAlignment(Qt::AlignHCenter);
     connect(open, &QAbstractButton::clicked, this, &EmptyNote::openAsked);
     connect(extract, &QAbstractButton::clicked, this, &EmptyNote::extractAsked);
     auto* const column = new QVBoxLayout(this);
     column->addWidget(open, 0, Qt::AlignHCenter);
     column->addWidget(drop, 0, Qt::AlignHCenter);
     column->addWidget(extract, 0, Qt::AlignHCenter);
+    column->addWidget(book, 0, Qt::AlignHCenter);
     hide();
 }
 

@@ -55,6 +55,12 @@ TEST_F(BookArgumentsTest, OptionsAndTheEndingTellWhatIsWritten) {
     EXPECT_EQ(Parsed({"convert", "a", "-o", "b.VCF"}).Target, Dialect::VCard30);
     EXPECT_EQ(Parsed({"convert", "a", "-o", "b.vcf", "--vcard", "4"}).Target, Dialect::VCard40);
     EXPECT_EQ(Parsed({"convert", "a", "-o", "b.txt", "--vcard", "3"}).Target, Dialect::VCard30);
+    EXPECT_EQ(Parsed({"convert", "a", "-o", "b.TXT"}).Target, Dialect::PlainList);
+    EXPECT_EQ(Parsed({"convert", "a", "-o", "b.html"}).Target, Dialect::Netscape3);
+    EXPECT_EQ(Parsed({"convert", "a", "-o", "b.nv", "--vcard", "3"}).Target, Dialect::VCard30);
+    EXPECT_EQ(Parsed({"convert", "a", "-o", "any", "--to", "pine"}).Target, Dialect::Pine);
+    EXPECT_EQ(std::get<ExitStatus>(Parse({"convert", "a", "-o", "b.nv", "--split", "3"})),
+              ExitStatus::Usage);
     const Arguments ldif = Parsed({"convert", "a", "-o", "b.ldi", "--allow-loss"});
     EXPECT_EQ(ldif.Target, Dialect::Ldif);
     EXPECT_FALSE(ldif.Set);

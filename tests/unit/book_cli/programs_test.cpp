@@ -26,8 +26,8 @@ TEST(ProgramsTest, EachHasAFormAndSaysWhereItImports) {
             EXPECT_EQ(form.Most.Records > 0, !form.Why.empty());
         }
     }
-    EXPECT_EQ(names.size(), 8U);
-    EXPECT_EQ(ProgramNamed("pine"), nullptr);
+    EXPECT_EQ(names.size(), 12U);
+    EXPECT_EQ(ProgramNamed("elm"), nullptr);
     EXPECT_EQ(ProgramNamed(""), nullptr);
 }
 
@@ -41,6 +41,9 @@ TEST(ProgramsTest, EndingsTellTheForm) {
     EXPECT_EQ(EndingsOf(google), ".csv or .vcf");
     EXPECT_EQ(EndingsOf(*ProgramNamed("thunderbird")), ".vcf, .ldif or .csv");
     EXPECT_EQ(EndingsOf(*ProgramNamed("apple")), ".vcf");
+    EXPECT_EQ(FormOf(*ProgramNamed("mutt"), "aliases")->Form, book::Dialect::Mutt);
+    EXPECT_EQ(FormOf(*ProgramNamed("pegasus"), "TEAM.PML")->Form, book::Dialect::PegasusList);
+    EXPECT_EQ(FormOf(*ProgramNamed("pegasus"), "team.vcf"), nullptr);
 }
 
 TEST(ProgramsTest, ListsAskForAFormThatHasThem) {

@@ -1,0 +1,51 @@
+// Short names for records, for formats in which an entry or a list is known by one.
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "book/address_book.h"
+#include "book/old/fitting.h"
+
+namespace orvik::book {
+
+class EntryKeys {
+ public:
+    // Takes the first nickname of each record, less the signs that no short name may have, which
+    // become _; of equal ones the second and the next have a number: "ada-2". The book must
+    // outlive this.
+    EntryKeys(const Book& book, std::string_view forbidden);
+
+    // Empty for a record that has none yet.
+    [[nodiscard]] const std::string& Of(std::size_t record) const { return keys_[record]; }
+    // Whether it is what the record calls itself.
+    [[nodiscard]] bool IsOwn(std::size_t record) const { return own_[record]; }
+    // A short name for a record without one: its name if that is a word, which lists alone have
+    // as it is; else made of its name or its address.
+    //   "Abbott, Ada" -> "abbott-ada"
+    const std::string& Make(std::size_t record);
+    // A name for another entry of the same record: "ada-2".
+    [[nodiscard]] std::string Next(std::size_t record);
+
+ private:
+    [[nodiscard]] std::string Plain(std::string_view word) const;
+    [[nodiscard]] std::string Unique(const std::string& key);
+
+    const Book& book_;
+    std::string_view forbidden_;
+    std::vector<std::string> keys_;
+    std::vector<bool> own_;
+    std::unordered_set<std::string> used_;
+    // How many have begun so.
+    std::unordered_map<std::string, std::size_t> counts_;
+};
+
+// Takes the nicknames of a record whose first one is its short name.
+void TakeNicknames(Fitting& entry, bool is_own);
+
+}  // namespace orvik::book

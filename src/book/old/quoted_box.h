@@ -1,0 +1,20 @@
+// "Ada" <ada@example.org>, as lists of addresses have it.
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "book/old/fitting.h"
+
+namespace orvik::book {
+
+// AppendBoxes: appends a line for each address of a person: the name, else a nickname, in quotes,
+// and the address in brackets. From the second address on they are told as carried; without any the
+// person is lost. The lines end with CR LF.
+void AppendBoxes(Fitting& person, std::string& to);
+
+// AppendBox: one of them; quotes in a name become apostrophes, as no program escapes them.
+void AppendBox(std::string_view name, std::string_view address, std::string& to);
+
+}  // namespace orvik::book
