@@ -63,6 +63,7 @@ void CleanOptions::AddMerge(CLI::App* verb) {
 
 void CleanOptions::AddOrder(CLI::App* verb) {
     std::vector<std::string> names;
+    names.reserve(kOrders.size());
     for (const auto& [name, order] : kOrders) {
         names.emplace_back(name);
     }

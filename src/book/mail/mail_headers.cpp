@@ -4,6 +4,8 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include <gmime/gmime.h>
 
@@ -12,6 +14,7 @@
 #include "book/mail/gmime_use.h"
 #include "book/mail/text_addresses.h"
 #include "book/utf8.h"
+#include "book/value_form.h"
 
 namespace orvik::book {
 namespace {
@@ -92,13 +95,21 @@ class ListReader {
     // Returns how many people were added.
     std::size_t Add(InternetAddressList* list) {
         std::size_t added = 0;
-        const int count = list == nullptr ? 0 : internet_address_list_length(list);
-        for (int i = 0; i < count; ++i) {
-            InternetAddress* const one = internet_address_list_get_address(list, i);
-            // Groups inside of groups are none of the format, but the library reads them.
-            added += INTERNET_ADDRESS_IS_GROUP(one) != 0
-                         ? Add(internet_address_group_get_members(INTERNET_ADDRESS_GROUP(one)))
-                         : AddOne(one);
+        // Groups inside of groups are none of the format, but the library reads them.
+        std::vector<std::pair<InternetAddressList*, int>> open = {{list, 0}};
+        while (!open.empty()) {
+            auto& [members, next] = open.back();
+            if (members == nullptr || next >= internet_address_list_length(members)) {
+                open.pop_back();
+                continue;
+            }
+            InternetAddress* const one = internet_address_list_get_address(members, next++);
+            if (INTERNET_ADDRESS_IS_GROUP(one) != 0) {
+                open.emplace_back(internet_address_group_get_members(INTERNET_ADDRESS_GROUP(one)),
+                                  0);
+            } else {
+                added += AddOne(one);
+            }
         }
         return added;
     }
@@ -161,12 +172,12 @@ std::string DecodedName(std::string_view name) {
             text += ' ';
         }
     }
-    while (text.ends_with(' ')) {
-        text.pop_back();
+    std::string_view rest = WithoutBlanksAround(text);
+    while (rest.size() > 2 && (rest.front() == '\'' || rest.front() == '"') &&
+           rest.back() == rest.front()) {
+        rest = WithoutBlanksAround(rest.substr(1, rest.size() - 2));
     }
-    const bool quoted = text.size() > 2 && (text.front() == '\'' || text.front() == '"') &&
-                        text.back() == text.front();
-    return quoted ? DecodedName(std::string_view(text).substr(1, text.size() - 2)) : text;
+    return std::string(rest);
 }
 
 MailTime TimeOf(const char* date) {

@@ -195,7 +195,7 @@ void MailSearch::LookAtText(const MailWalk::File& file, const NextPiece& next) {
         reader_.ReadText(std::string_view(text).substr(0, end), findings);
         text.erase(0, end);
     }
-    TakeText(file, std::move(findings));
+    TakeText(file, findings);
 }
 
 void MailSearch::LookAtWide(const MailWalk::File& file, const NextPiece& next) {
@@ -209,10 +209,10 @@ void MailSearch::LookAtWide(const MailWalk::File& file, const NextPiece& next) {
                 {SearchNote::Kind::TooLong, file.Path, 0, {}, {}, "is long; the end was not read"});
         }
     }
-    TakeText(file, std::move(findings));
+    TakeText(file, findings);
 }
 
-void MailSearch::TakeText(const MailWalk::File& file, MailFindings findings) {
+void MailSearch::TakeText(const MailWalk::File& file, const MailFindings& findings) {
     ++totals_.Texts;
     totals_.Ids += findings.IdCount;
     if (options_.Since != kNoTime) {

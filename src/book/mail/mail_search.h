@@ -79,7 +79,7 @@ class MailSearch {
                      std::string_view text,
                      std::string_view marker,
                      std::size_t line);
-    void TakeText(const MailWalk::File& file, MailFindings findings);
+    void TakeText(const MailWalk::File& file, const MailFindings& findings);
     void TakeRest(const MailWalk::File& file, std::string_view text, std::size_t line);
     void Keep(const MailWalk::File& file, const MailFindings& findings);
 

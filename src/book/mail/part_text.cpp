@@ -100,7 +100,7 @@ std::string_view PartLetters::Text(std::string_view bytes,
     }
     to.clear();
     if (StartsAsName(charset, "utf-7")) {
-        const iconv_t cd = g_mime_iconv_open("UTF-8", "UTF-7");
+        iconv_t cd = g_mime_iconv_open("UTF-8", "UTF-7");
         const GText text(g_mime_iconv_strndup(cd, bytes.data(), bytes.size()));
         g_mime_iconv_close(cd);
         AppendUtf8(text ? std::string_view(text.get()) : bytes, to);

@@ -26,7 +26,7 @@ void AppendBoxes(Fitting& person, std::string& to) {
     if (name.empty()) {
         const Property* const nickname = person.Next(field::kNickname);
         if (nickname != nullptr) {
-            name = OneLine(person.FirstWordOf(*nickname));
+            name = OneLine(Fitting::FirstWordOf(*nickname));
             person.Carry(*nickname);
         }
     }
