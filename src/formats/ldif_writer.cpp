@@ -36,7 +36,9 @@ char* PutRecord(char* to, std::string_view address, std::string_view nickname) {
 
 void GiveLdif(std::string_view native, const TakePiece& take) {
     NativeReader reader(native);
-    std::string piece(kPiece, '\0');
+    // A short list needs no more than it may become.
+    constexpr std::size_t kMostGrowth = kMostOfFrame + 6;
+    std::string piece(std::min(kPiece, kMostGrowth * (native.size() + 1)), '\0');
     std::size_t length = 0;
     std::string kept;
     for (bool is_first = true; reader.Next(); is_first = false) {
