@@ -56,23 +56,40 @@ Directory::Directory(const Book& book, const Identities& identities)
         })) {
         return;
     }
-    // Of several the first is meant.
     for (std::size_t i = 0; i < book.Contacts.size(); ++i) {
         const Contact& contact = book.Contacts[i];
-        by_uid_.emplace(PlainUid(identities.UidAt(i)), i);
-        by_dn_.emplace(DnOfContact(book, contact), i);
+        const std::uint32_t file = contact.From.File;
+        by_uid_.Add(PlainUid(identities.UidAt(i)), i, file);
+        by_dn_.Add(DnOfContact(book, contact), i, file);
         if (contact.Kind == ContactKind::Person) {
             for (const std::string& address : AddressesOf(contact)) {
-                by_address_.emplace(ToLower(address), i);
+                by_address_.Add(ToLower(address), i, file);
             }
         }
     }
 }
 
-void Directory::Find(ListMember& member, const Index& index, std::string_view key) const {
-    const auto found = index.find(std::string(key));
-    if (member.Record == ListMember::kNobody && !key.empty() && found != index.end()) {
-        member.Record = found->second;
+void Directory::Index::Add(std::string key, std::size_t record, std::uint32_t file) {
+    const auto [place, is_new] = First.try_emplace(key, record);
+    if (!is_new) {
+        Others.try_emplace({std::move(key), file}, record);
+    }
+}
+
+// Of several the first in the file of the list is meant, else the first of all: files that know
+// nothing of each other may give two people one name.
+void Directory::Find(ListMember& member,
+                     const Index& index,
+                     std::string_view key,
+                     std::uint32_t file) const {
+    const auto found = index.First.find(std::string(key));
+    if (member.Record != ListMember::kNobody || key.empty() || found == index.First.end()) {
+        return;
+    }
+    member.Record = found->second;
+    if (book_.Contacts[member.Record].From.File != file) {
+        const auto own = index.Others.find({std::string(key), file});
+        member.Record = own == index.Others.end() ? member.Record : own->second;
     }
 }
 
@@ -100,7 +117,7 @@ const Directory::Known& Directory::KnownAt(std::size_t record) const {
     return place->second;
 }
 
-ListMember Directory::Referred(std::string_view reference) const {
+ListMember Directory::Referred(std::string_view reference, std::uint32_t file) const {
     ListMember member;
     if (StartsAsName(reference, kMailto)) {
         member.Address = reference.substr(kMailto.size());
@@ -108,17 +125,17 @@ ListMember Directory::Referred(std::string_view reference) const {
         DnParts parts = PartsOfDn(reference);
         member.Name = std::move(parts.Name);
         member.Address = std::move(parts.Address);
-        Find(member, by_dn_, reference);
+        Find(member, by_dn_, reference, file);
         // UIDs that end as base64 does look like one, too.
-        Find(member, by_uid_, PlainUid(reference));
+        Find(member, by_uid_, PlainUid(reference), file);
     } else {
-        Find(member, by_uid_, PlainUid(reference));
+        Find(member, by_uid_, PlainUid(reference), file);
         // Other schemes than mailto have an at, too.
         const bool address = reference.find('@') != std::string_view::npos &&
                              reference.find(':') == std::string_view::npos;
         member.Address = address ? reference : std::string_view{};
     }
-    Find(member, by_address_, ToLower(member.Address));
+    Find(member, by_address_, ToLower(member.Address), file);
     Fill(member);
     return member;
 }
@@ -142,8 +159,8 @@ ListMember Directory::OfEvolution(const Property& property) const {
     member.Name = param("X-EVOLUTION-DEST-NAME");
     const std::string_view address = param("X-EVOLUTION-DEST-EMAIL");
     member.Address = address.empty() ? property.Value : address;
-    Find(member, by_uid_, PlainUid(param("X-EVOLUTION-DEST-CONTACT-UID")));
-    Find(member, by_address_, ToLower(member.Address));
+    Find(member, by_uid_, PlainUid(param("X-EVOLUTION-DEST-CONTACT-UID")), property.File);
+    Find(member, by_address_, ToLower(member.Address), property.File);
     Fill(member);
     return member;
 }
@@ -160,7 +177,7 @@ ListMember Directory::MemberOf(const Property& property) const {
         Fill(member);
         return member;
     }
-    return Referred(dn.empty() ? property.Value : dn);
+    return Referred(dn.empty() ? property.Value : dn, property.File);
 }
 
 std::vector<ListMember> Directory::MembersOf(const Contact& list) const {

@@ -5,9 +5,12 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "book/address_book.h"
@@ -47,10 +50,19 @@ class Directory {
         std::string Address;
         std::string Dn;
     };
-    using Index = std::unordered_map<std::string, std::size_t>;
+    // The first record of a key, and those of other files that have the same key.
+    struct Index {
+        void Add(std::string key, std::size_t record, std::uint32_t file);
 
-    void Find(ListMember& member, const Index& index, std::string_view key) const;
-    [[nodiscard]] ListMember Referred(std::string_view reference) const;
+        std::unordered_map<std::string, std::size_t> First;
+        std::map<std::pair<std::string, std::uint32_t>, std::size_t> Others;
+    };
+
+    void Find(ListMember& member,
+              const Index& index,
+              std::string_view key,
+              std::uint32_t file) const;
+    [[nodiscard]] ListMember Referred(std::string_view reference, std::uint32_t file) const;
     [[nodiscard]] ListMember Named(std::string_view name) const;
     void Fill(ListMember& member) const;
     [[nodiscard]] const Known& KnownAt(std::size_t record) const;

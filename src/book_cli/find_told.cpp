@@ -34,6 +34,7 @@ const char* ReasonOf(book::WalkNote note) {
         case book::WalkNote::Link:
             return "is a link, and only those that are named are followed";
         case book::WalkNote::NoFile:
+        case book::WalkNote::NoInput:
             return "is a pipe, a device or another thing without an end";
         case book::WalkNote::Unsent:
             return "is where programs are still writing";
@@ -105,6 +106,11 @@ void FindTold::TakeWalk(const book::SearchNote& note) {
                         reason = cli::WithDetail(failure.what(), failure.Detail());
                         status_ = Worse(status_, cli::StatusOf(failure.Cause(), false));
                     });
+    }
+    if (note.Walk == book::WalkNote::NoInput) {
+        status_ = Worse(status_, cli::ExitStatus::NoInput);
+    }
+    if (note.Walk == book::WalkNote::Failed || note.Walk == book::WalkNote::NoInput) {
         console_.Begin(note.Path);
         console_.Tell(reason);
         console_.Begin(kReading);

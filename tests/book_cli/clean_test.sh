@@ -173,6 +173,16 @@ names domain.vcf 'Zoe Örjan adam'
 run "sort by nothing" 0 clean names.vcf --sort none -o nothing.vcf
 same names.vcf nothing.vcf
 
+# Books that know nothing of each other call two people alike: each list means the one of its own book.
+for at in home work; do
+    printf '%s\n' 'dn: cn=Ada' 'cn: Ada' "mail: ada@$at.example" '' 'dn: cn=Club' 'objectclass: groupOfNames' \
+        'cn: Club' 'member: cn=Ada' >$at.ldif
+done
+run "two lists of one name" 0 clean home.ldif work.ldif -o clubs.vcf
+prints '4 read   0 merged away   4 written   0 values lost'
+[ "$(grep -c 'KIND:group' clubs.vcf) $(grep 'MEMBER:' clubs.vcf | sort -u | wc -l)" = '2 2' ] ||
+    fail "members: $(grep MEMBER: clubs.vcf)"
+
 # Three books that overlap become one, which holds each of them.
 run "the first 25 of the sample" 0 convert "$samples/netscape4.ldif" --split 25 -o some.vcf
 run "the others, and those of a table" 0 convert some-2.vcf "$samples/outlook.csv" -o rest.ldif

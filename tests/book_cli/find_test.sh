@@ -295,7 +295,8 @@ people 'two@example.org 1'
 run "one that is not there" 66 find --json nothere tree/deep/er
 tells "nothere: File not found"
 people 'two@example.org 1'
-run "a pipe" 0 find tree/pipe
+run "a pipe" 66 find tree/pipe
+tells "tree/pipe: is a pipe, a device or another thing without an end"
 run "what it wrote is no mail" 0 find tree/deep/er -o tree/deep/er/found.vcf
 run "what it wrote is no mail, again" 0 find --json tree/deep/er --force -o tree/deep/er/found.vcf
 people 'two@example.org 1'

@@ -50,7 +50,7 @@ void MailWalk::Walk(const std::vector<std::string>& paths) {
         } else if (kind == FileKind::Folder) {
             WalkFolder(paths[i]);
         } else if (kind != FileKind::Regular) {
-            listener_.Tell(paths[i], WalkNote::NoFile, {});
+            listener_.Tell(paths[i], WalkNote::NoInput, {});
         } else if (!seen_.insert(IdentityOf(found[i])).second) {
             listener_.Tell(paths[i], WalkNote::Again, {});
         } else {

@@ -19,6 +19,7 @@ enum class WalkNote : std::uint8_t {
     Failed,    // could not be read
     Link,      // leads elsewhere; only the names that the user gives are followed
     NoFile,    // a pipe, a socket or a device
+    NoInput,   // one of these that the user named
     Unsent,    // in the folder of a Maildir where programs are still writing
     OfServer,  // what a mail server keeps beside the messages of a Maildir
     Again      // the same file or folder as before

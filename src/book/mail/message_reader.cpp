@@ -128,7 +128,12 @@ class MessageReader::Walk {
         if (raw.Begin > 0) {
             return TakeAny(LinesBefore(raw));
         }
-        // The library has lost where it was, so all of the message is looked at, once.
+        // The library has lost where it was.
+        TakeAll();
+    }
+
+    // All of the message as text, once.
+    void TakeAll() {
         if (!std::exchange(saw_all_, true)) {
             const GByteArray* const bytes = library_.Bytes;
             const std::string_view all(reinterpret_cast<const char*>(bytes->data), bytes->len);
@@ -141,7 +146,8 @@ class MessageReader::Walk {
             return;
         }
         if (depth > kDeepest) {
-            return Note(object, number, "parts stand too deep in each other");
+            Note(object, number, "parts stand too deep in each other");
+            return TakeAll();
         }
         // What stands inside of a part may name it.
         if (const char* const id = g_mime_object_get_content_id(object); id != nullptr) {

@@ -3,38 +3,17 @@
 #include <algorithm>
 #include <utility>
 
-#include <unicode/uchar.h>
-
 #include "app/text.h"
 #include "book/identity.h"
+#include "book/match/value_content.h"
 #include "book/typed_views.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
 namespace {
 
-// How much a value says: letters and digits, and how many of them are not ASCII, as an accent that
-// somebody wrote is worth more than one that was left out.
-std::pair<std::size_t, std::size_t> ContentOf(std::string_view value) {
-    std::size_t letters = 0;
-    std::size_t others = 0;
-    for (std::size_t at = 0; at < value.size();) {
-        const std::int32_t letter = NextLetter(value, at);
-        if (letter >= 0 && u_isalnum(letter) != 0) {
-            ++letters;
-            others += letter >= 0x80 ? 1 : 0;
-        }
-    }
-    return {letters, others};
-}
-
 std::string KeyOf(std::uint32_t field, std::string_view text) {
     return std::to_string(field).append(" ").append(text);
-}
-
-// Empty parts, and what stands where nothing is known.
-bool SaysNothing(std::string_view value) {
-    return value.find_first_not_of(" \t\r\n;,.-") == std::string_view::npos;
 }
 
 bool IsPreferred(const Param& param) {
@@ -125,9 +104,7 @@ void RecordMerger::TakeOne(std::uint32_t record, std::size_t property) {
         return;
     }
     if (IsCarriedName(one.Name)) {
-        if (!raw_.contains(RawKey(item.Canonical, one.Value))) {
-            Push(item);
-        }
+        PushNew(item);
     } else if (rule.How == Comparing::Ignored) {
         TakeNaming(item);
     } else if (rule.IsSingle) {
@@ -218,6 +195,10 @@ void RecordMerger::TakePlain(const Item& item, std::size_t property) {
     list_.Clear();
     keys_.AddOf(book_.Contacts[item.Record], property, list_);
     if (list_.Keys().empty()) {
+        // Signs alone do not count, and are kept all the same.
+        if (!SaysNothing(item.Field.Value)) {
+            PushNew(item);
+        }
         return;
     }
     const auto there = by_key_.find(KeyOf(item.Canonical, list_.TextOf(list_.Keys().front())));
@@ -309,6 +290,12 @@ void RecordMerger::Push(Item item) {
     changed_ = true;
 }
 
+void RecordMerger::PushNew(const Item& item) {
+    if (!raw_.contains(RawKey(item.Canonical, item.Field.Value))) {
+        Push(item);
+    }
+}
+
 // Groups of two records may be called alike.
 std::uint32_t RecordMerger::DetailsIn(const Item& item) {
     const Details& details = book_.DetailsOf(item.Field);
@@ -357,9 +344,9 @@ void RecordMerger::CountLost(std::uint32_t record) {
         const FieldRule& rule = keys_.Rules().Of(one.Name);
         list_.Clear();
         keys_.AddOf(contact, i, list_);
-        const bool says =
-            rule.How == Comparing::Name ? !SaysNothing(one.Value) : !list_.Keys().empty();
-        if (!says || is_member(one)) {
+        const bool counts = !rule.IsSingle && !list_.Keys().empty();
+        const bool says = rule.How != Comparing::Ignored && !SaysNothing(one.Value);
+        if ((!counts && !says) || is_member(one)) {
             continue;
         }
         if (rule.How != Comparing::List) {

@@ -48,6 +48,7 @@ class RecordMerger {
     // In the place of another one of its field.
     void Put(const Item& item, std::size_t at);
     void Push(Item item);
+    void PushNew(const Item& item);
     void AddTypes(std::size_t item, const Property& other);
     [[nodiscard]] bool IsCarriedName(NameId name) const;
     [[nodiscard]] std::uint32_t DetailsIn(const Item& item);

@@ -126,7 +126,7 @@ TEST_F(MailWalkTest, OpensNoPipe) {
     EXPECT_THAT(Walk({"a", "a/pipe", "none"}),
                 ElementsAre("a/1@a/1",
                             Note(WalkNote::NoFile, "a/pipe"),
-                            Note(WalkNote::NoFile, "a/pipe"),
+                            Note(WalkNote::NoInput, "a/pipe"),
                             Note(WalkNote::Failed, "none")));
 }
 

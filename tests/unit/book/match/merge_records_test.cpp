@@ -61,6 +61,14 @@ TEST(MergeTest, OfSingleValuesTheOneThatSaysMoreWins) {
               "person\nFN:Al\nBDAY:1970-01-01\nX-ORVIK-MERGED-BDAY:1980-01-01\n");
 }
 
+TEST(MergeTest, SignsAloneAreKept) {
+    EXPECT_EQ(MergedText(CardsOf("FN:Al|TEL:1", "FN:Al|TEL:#|TEL:***|TEL:#|TEL:-|ADR:;;;;;;")),
+              "person\nFN:Al\nTEL:1\nTEL:#\nTEL:***\n");
+    // What says nothing is no loss where there can be one only.
+    EXPECT_EQ(MergedText(CardsOf("FN:Al|X-CUSTOM1:x|BDAY:1970", "FN:Al|X-CUSTOM1:-|BDAY:--")),
+              "person\nFN:Al\nX-CUSTOM1:x\nBDAY:1970\n");
+}
+
 TEST(MergeTest, TheFirstUidAndSavingStay) {
     EXPECT_EQ(MergedText(CardsOf("UID:1|FN:Al|REV:1", "UID:2|FN:Al|REV:2|PRODID:x", "UID:2|FN:Al")),
               "person\nUID:1\nFN:Al\nREV:1\nX-ORVIK-MERGED-UID:2\n");
