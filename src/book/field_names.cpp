@@ -105,8 +105,8 @@ FieldNames::FieldNames(const FieldNames& other)
 }
 
 FieldNames& FieldNames::operator=(const FieldNames& other) {
-    FieldNames copy(other);
-    *this = std::move(copy);
+    FieldNames twin(other);
+    *this = std::move(twin);
     return *this;
 }
 

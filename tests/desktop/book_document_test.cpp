@@ -82,7 +82,7 @@ TEST(BookDocument, TakesOverWhatACopyHasLearnt) {
     const book::Property& own = document.at(2).Properties.back();
     EXPECT_EQ(document.book().Names.Text(own.Name), "X-Own");
     document.undoStack().undo();
-    EXPECT_EQ(document.at(2).Properties.size(), 2U);
+    EXPECT_EQ(document.at(2).Properties.size(), 1U);
 }
 
 }  // namespace
