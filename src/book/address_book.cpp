@@ -7,7 +7,29 @@
 
 namespace orvik::book {
 
-std::uint32_t Book::AddSource(std::unique_ptr<Source> source) {
+std::unique_ptr<Book> Book::Snapshot(std::span<const std::uint32_t> contacts) const {
+    auto copy = std::make_unique<Book>();
+    for (const std::uint32_t number : contacts) {
+        copy->Contacts.push_back(Contacts[number]);
+    }
+    copy->Names = Names;
+    copy->Told = Told;
+    copy->sources_ = sources_;
+    copy->read_ = read_;
+    copy->older_ = older_;
+    copy->older_.push_back(own_);
+    copy->details_ = details_;
+    copy->left_out_ = left_out_;
+    return copy;
+}
+
+void Book::TakeOver(std::unique_ptr<Book> grown) {
+    grown->Contacts = std::move(Contacts);
+    grown->HowFar = std::move(HowFar);
+    *this = std::move(*grown);
+}
+
+std::uint32_t Book::AddSource(std::unique_ptr<const Source> source) {
     sources_.push_back(std::move(source));
     read_.push_back(0);
     return static_cast<std::uint32_t>(sources_.size() - 1);
@@ -55,7 +77,7 @@ std::uint32_t Book::KeepDetails(std::string_view group, std::span<const Param> p
     if (group.empty() && params.empty()) {
         return 0;
     }
-    details_.push_back({group, texts_.KeepJoined<Param>(params, {})});
+    details_.push_back({group, own_->Texts.KeepJoined<Param>(params, {})});
     return static_cast<std::uint32_t>(details_.size() - 1);
 }
 
@@ -63,7 +85,7 @@ std::uint32_t Book::TakeDetails(std::string_view group, std::vector<Param>& para
     if (params.size() <= kMostCopied) {
         return KeepDetails(group, params);
     }
-    details_.push_back({group, long_params_.emplace_back(std::move(params))});
+    details_.push_back({group, own_->LongParams.emplace_back(std::move(params))});
     params.clear();
     return static_cast<std::uint32_t>(details_.size() - 1);
 }
@@ -77,17 +99,23 @@ void Book::AddRead(const Contact& contact, std::vector<Property>& properties) {
 std::span<Property> Book::KeepFields(std::vector<Property>& properties) {
     std::span<Property> kept;
     if (properties.size() > kMostCopied) {
-        kept = long_rows_.emplace_back(std::move(properties));
+        kept = own_->LongRows.emplace_back(std::move(properties));
     } else {
-        kept = fields_.KeepJoined<Property>(properties, {});
+        kept = own_->Fields.KeepJoined<Property>(properties, {});
     }
     properties.clear();
     return kept;
 }
 
 void Book::Replace(Contact& contact, std::vector<Property>& properties) {
-    contact.Properties = KeepFields(properties);
-    contact.Changed = true;
+    contact = WithFields(contact, properties);
+}
+
+Contact Book::WithFields(const Contact& contact, std::vector<Property>& properties) {
+    Contact changed = contact;
+    changed.Properties = KeepFields(properties);
+    changed.Changed = true;
+    return changed;
 }
 
 void Book::SetValue(Contact& contact, std::size_t property, std::string_view value) {
@@ -97,7 +125,7 @@ void Book::SetValue(Contact& contact, std::size_t property, std::string_view val
 
 void Book::Add(Contact& contact, NameId name, std::string_view value) {
     const Property added{Keep(value), name, contact.From.File, 0, 0};
-    contact.Properties = fields_.KeepJoined<Property>(contact.Properties, {&added, 1});
+    contact.Properties = own_->Fields.KeepJoined<Property>(contact.Properties, {&added, 1});
     contact.Changed = true;
 }
 

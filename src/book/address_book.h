@@ -24,12 +24,20 @@ class Book {
  public:
     Book() : details_(1) {}
 
+    // Snapshot: a book with some of the contacts, in this order, that another thread may read,
+    // write and change while this one goes on, and that shares all that was read. Contacts are by
+    // their numbers here, no longer than this book's are known. Errors: std::bad_alloc.
+    [[nodiscard]] std::unique_ptr<Book> Snapshot(std::span<const std::uint32_t> contacts) const;
+    // TakeOver: all that a snapshot of this book has learnt since, but for its contacts, which can
+    // stand in this book from now on. Nothing else was kept here meanwhile.
+    void TakeOver(std::unique_ptr<Book> grown);
+
     std::deque<Contact> Contacts;
     FieldNames Names;
     Report Told;
 
     // Takes a source; it stays as long as the book. Returns its number, which origins name.
-    std::uint32_t AddSource(std::unique_ptr<Source> source);
+    std::uint32_t AddSource(std::unique_ptr<const Source> source);
     [[nodiscard]] const Source& SourceAt(std::uint32_t file) const { return *sources_[file]; }
     [[nodiscard]] std::size_t SourceCount() const { return sources_.size(); }
 
@@ -43,9 +51,9 @@ class Book {
     [[nodiscard]] std::size_t ReadFrom(std::uint32_t file) const { return read_[file]; }
 
     // Text that lives as long as the book.
-    std::string_view Keep(std::string_view text) { return texts_.Keep(text); }
+    std::string_view Keep(std::string_view text) { return own_->Texts.Keep(text); }
 
-    [[nodiscard]] Arena& Texts() { return texts_; }
+    [[nodiscard]] Arena& Texts() { return own_->Texts; }
 
     // What a property has besides its value.
     [[nodiscard]] const Details& DetailsOf(const Property& property) const {
@@ -71,6 +79,8 @@ class Book {
     void Remove(Contact& contact, std::size_t property);
     // All of its properties at once.
     void Replace(Contact& contact, std::vector<Property>& properties);
+    // WithFields: the contact as it would be with other properties; the one that there is stays.
+    [[nodiscard]] Contact WithFields(const Contact& contact, std::vector<Property>& properties);
 
     // Members of lists who are no record of the book on purpose are not missed.
     void LeaveOut(const Property& member) { left_out_.insert(member.Value.data()); }
@@ -86,24 +96,30 @@ class Book {
     [[nodiscard]] std::size_t LikelyLength() const;
 
     // How much memory texts and details take, in bytes, sources aside.
-    [[nodiscard]] std::size_t TextHeld() const { return texts_.Held(); }
+    [[nodiscard]] std::size_t TextHeld() const { return own_->Texts.Held(); }
 
  private:
     // Millions of values would be there twice while they are copied.
     static constexpr std::size_t kMostCopied = 4096;
+
+    // What was kept stays where it is. Snapshots share it, and put aside what they keep themselves.
+    struct Kept {
+        Arena Texts;
+        Arena Fields;
+        // What is too much to be copied: of one contact, of one property.
+        std::deque<std::vector<Property>> LongRows;
+        std::deque<std::vector<Param>> LongParams;
+    };
 
     void CountRead(Contact& contact);
     // The properties in the arena, where they are not too many.
     std::span<Property> KeepFields(std::vector<Property>& properties);
     [[nodiscard]] std::string_view TextOf(const Origin& from) const;
 
-    std::deque<std::unique_ptr<Source>> sources_;
+    std::deque<std::shared_ptr<const Source>> sources_;
     std::deque<std::size_t> read_;
-    Arena texts_;
-    Arena fields_;
-    // What is too much to be copied: of one contact, of one property.
-    std::deque<std::vector<Property>> long_rows_;
-    std::deque<std::vector<Param>> long_params_;
+    std::vector<std::shared_ptr<const Kept>> older_;
+    std::shared_ptr<Kept> own_ = std::make_shared<Kept>();
     std::deque<Details> details_;
     // Where the values of these members stand.
     std::unordered_set<const char*> left_out_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace orvik::book {
 namespace {
@@ -98,6 +99,17 @@ FieldNames::FieldNames() : table_(kFirstTable, kNone) {
     }
 }
 
+FieldNames::FieldNames(const FieldNames& other)
+    : older_(other.older_), texts_(other.texts_), table_(other.table_) {
+    older_.push_back(other.letters_);
+}
+
+FieldNames& FieldNames::operator=(const FieldNames& other) {
+    FieldNames twin(other);
+    *this = std::move(twin);
+    return *this;
+}
+
 NameId FieldNames::Intern(std::string_view name) {
     std::size_t place = Place(name);
     if (table_[place] == kNone) {
@@ -106,7 +118,7 @@ NameId FieldNames::Intern(std::string_view name) {
             place = Place(name);
         }
         table_[place] = static_cast<NameId>(texts_.size());
-        texts_.push_back(letters_.Keep(name));
+        texts_.push_back(letters_->Keep(name));
     }
     return table_[place];
 }

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -84,6 +85,12 @@ enum : NameId {
 class FieldNames {
  public:
     FieldNames();
+    // A copy shares what there is; each keeps its later names itself.
+    FieldNames(const FieldNames& other);
+    FieldNames& operator=(const FieldNames& other);
+    FieldNames(FieldNames&& other) noexcept = default;
+    FieldNames& operator=(FieldNames&& other) noexcept = default;
+    ~FieldNames() = default;
 
     // The number of a name; text is copied if it is new.
     NameId Intern(std::string_view name);
@@ -98,7 +105,8 @@ class FieldNames {
     [[nodiscard]] std::size_t Place(std::string_view name) const;
     void Grow();
 
-    Arena letters_;
+    std::vector<std::shared_ptr<const Arena>> older_;
+    std::shared_ptr<Arena> letters_ = std::make_shared<Arena>();
     std::deque<std::string_view> texts_;
     std::vector<NameId> table_;  // open addressing; a power of two, at most half full
 };

@@ -8,6 +8,11 @@ void Console::End() {
 }
 
 std::function<void(std::size_t, std::size_t)> Console::ProgressOf(std::string_view doing) {
+    if (around_.HowFar) {
+        return [this, doing = std::string(doing)](std::size_t done, std::size_t all) {
+            around_.HowFar(doing, done, all);
+        };
+    }
     return [this, doing = std::string(doing), shown = std::size_t{0}](std::size_t done,
                                                                       std::size_t all) mutable {
         const std::size_t percent = all == 0 ? 100 : 100 * done / all;

@@ -27,6 +27,8 @@ struct Surroundings {
     std::function<std::error_code(std::size_t most, std::string& bytes)> ReadInput;
     // Asks whoever sits at the terminal; No where nobody does.
     std::function<bool(const std::string& question)> Ask;
+    // Whoever shows how far the work is in place of the messages; may throw to end it.
+    std::function<void(std::string_view doing, std::size_t done, std::size_t all)> HowFar = {};
 };
 
 class Console : public FileTalk {

@@ -40,6 +40,12 @@ class Loader {
         console_.End();
     }
 
+    void Load(const std::string& name, std::string bytes) {
+        console_.Begin(name);
+        Take(std::make_unique<book::Source>(name, std::move(bytes)));
+        console_.End();
+    }
+
     std::optional<std::string> Bytes(const std::string& name) {
         std::optional<std::string> bytes;
         TrapFailure([&] { bytes = name == kStandardStream ? ReadStream() : ReadFile(name); },
@@ -219,6 +225,11 @@ std::optional<std::string> ReadBytes(Console& console,
     console.End();
     status = nothing.Status;
     return bytes;
+}
+
+void LoadBytes(Console& console, const std::string& name, std::string bytes, Loaded& loaded) {
+    const std::string no_charset;
+    Loader(console, no_charset, loaded, {}).Load(name, std::move(bytes));
 }
 
 void Load(Console& console,

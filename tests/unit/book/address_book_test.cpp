@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -56,6 +58,36 @@ TEST(Book, MarksWhatTheUserChanged) {
               "NOTE:a note of some length\nX-Own:1\n");
     const Contact made;
     EXPECT_EQ(book.BytesOf(made), "");
+}
+
+TEST(Book, SharesWhatItHoldsWithSnapshots) {
+    ReadBook read(ReadLdif, People(3));
+    Book& book = read.book;
+    const std::array<std::uint32_t, 2> some = {2, 0};
+    auto copy = book.Snapshot(some);
+    ASSERT_EQ(copy->Contacts.size(), 2U);
+    EXPECT_EQ(copy->Contacts[0].Properties.data(), book.Contacts[2].Properties.data());
+    // What the copy learns is nothing to the book, until it takes it over.
+    std::vector<Property> fields(copy->Contacts[1].Properties.begin(),
+                                 copy->Contacts[1].Properties.end());
+    fields[0].Value = copy->Keep("Bo");
+    fields[1].Name = copy->Names.Intern("X-Own");
+    const Param param{field::kType, copy->Keep("odd")};
+    fields[2].Details = copy->KeepDetails({}, {&param, 1});
+    const Contact changed = copy->WithFields(copy->Contacts[1], fields);
+    EXPECT_FALSE(copy->Contacts[1].Changed);
+    EXPECT_EQ(book.Names.Find("X-Own"), FieldNames::kNone);
+    book.TakeOver(std::move(copy));
+    ASSERT_EQ(book.Contacts.size(), 3U);
+    book.Contacts[0] = changed;
+    EXPECT_TRUE(Shown(book, book.Contacts[0])
+                    .starts_with("person\nFN:Bo\nX-Own:al0@example.org\nTEL;TYPE=odd:0\n"));
+    EXPECT_EQ(book.BytesOf(book.Contacts[2]).substr(0, 12), "dn: cn=Al 2,");
+    // The book that was copied may go.
+    const std::array<std::uint32_t, 1> first = {0};
+    copy = book.Snapshot(first);
+    book = Book();
+    EXPECT_TRUE(Shown(*copy, copy->Contacts[0]).starts_with("person\nFN:Bo\nX-Own:"));
 }
 
 // A record of so many addresses, and one of two behind it.
