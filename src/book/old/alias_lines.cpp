@@ -176,7 +176,9 @@ class AliasJudge {
             return;
         }
         ++aliases_;
-        const bool address = rest.find('@') != std::string_view::npos;
+        // What is in brackets behind an escaped quote is an address, of a machine's own, too.
+        const bool address = rest.find('@') != std::string_view::npos ||
+                             rest.find("\\\" <") != std::string_view::npos;
         addresses_ += address ? 1U : 0U;
         first_ = first_ == 0 ? line.Number : first_;
         mailx_ += word == "group" || (address && HasBlanksBetween(rest)) ? 1U : 0U;

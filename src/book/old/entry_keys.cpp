@@ -41,7 +41,9 @@ EntryKeys::EntryKeys(const Book& book, std::string_view forbidden)
         std::string_view rest = nickname;
         const std::string word = OneLine(Unescaped(TakePart(rest, ',').Text));
         if (!word.empty()) {
-            keys_[i] = Unique(Plain(word));
+            // Lists find nobody by blanks alone, for which _ stands.
+            const std::string plain = Plain(word);
+            keys_[i] = Unique(NicknameKey(plain).empty() ? "entry" : plain);
             own_[i] = keys_[i] == word;
         }
     }
@@ -73,7 +75,7 @@ const std::string& EntryKeys::Make(std::size_t record) {
     }
     const Contact& contact = book_.Contacts[record];
     const std::string name = OneLine(NameOf(book_, contact).Shown);
-    if (contact.Kind == ContactKind::List && !name.empty() && Plain(name) == name) {
+    if (contact.Kind == ContactKind::List && !NicknameKey(name).empty() && Plain(name) == name) {
         return keys_[record] = Unique(name);
     }
     const std::string_view address = FirstOf(book_, contact, field::kEmail);
