@@ -59,12 +59,14 @@ std::string EntryKeys::Plain(std::string_view word) const {
     return plain;
 }
 
-std::string EntryKeys::Unique(const std::string& key) {
+std::string EntryKeys::Unique(const std::string& key, char before_number) {
     std::string unique = key;
     std::size_t& count = counts_[NicknameKey(key)];
     while (!used_.insert(NicknameKey(unique)).second) {
         count = count == 0 ? 2 : count + 1;
-        unique = key + "-" + std::to_string(count);
+        unique = key;
+        unique += before_number;
+        unique += std::to_string(count);
     }
     return unique;
 }
@@ -85,7 +87,7 @@ const std::string& EntryKeys::Make(std::size_t record) {
 }
 
 std::string EntryKeys::Next(std::size_t record) {
-    return Unique(Make(record));
+    return Unique(Make(record), '-');
 }
 
 void TakeNicknames(Fitting& entry, bool is_own) {

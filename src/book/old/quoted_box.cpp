@@ -2,9 +2,18 @@
 
 #include <algorithm>
 
+#include "book/old/mailboxes.h"
 #include "book/old/plain_entry.h"
 
 namespace orvik::book {
+
+bool FitsBox(std::string_view address) {
+    const std::string box = "<" + std::string(address) + ">";
+    std::string_view rest = box;
+    const std::vector<Mailbox> boxes = MailboxesOf(box);
+    return IsQuotedEntry(box) && TakePlainEntry(rest) == box && boxes.size() == 1 &&
+           boxes[0].Address == address;
+}
 
 void AppendBox(std::string_view name, std::string_view address, std::string& to) {
     if (!name.empty()) {
@@ -23,7 +32,7 @@ void AppendBoxes(Fitting& person, std::string_view signs, std::string& to) {
     std::vector<const Property*> addresses = person.Addresses();
     const auto unfit =
         std::stable_partition(addresses.begin(), addresses.end(), [](const Property* one) {
-            return IsQuotedEntry("<" + OneLine(one->Value) + ">");
+            return FitsBox(OneLine(one->Value));
         });
     for (auto one = unfit; one != addresses.end(); ++one) {
         person.Lose(**one, Reason::ChangedSigns);

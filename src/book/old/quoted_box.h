@@ -14,6 +14,9 @@ namespace orvik::book {
 // person is lost. A name with one of the signs is doubtful. The lines end with CR LF.
 void AppendBoxes(Fitting& person, std::string_view signs, std::string& to);
 
+// FitsBox: whether an address is read as it is from between brackets.
+[[nodiscard]] bool FitsBox(std::string_view address);
+
 // AppendBox: one of them; quotes in a name become apostrophes, as no program escapes them,
 // and a backslash at its end a slash.
 void AppendBox(std::string_view name, std::string_view address, std::string& to);

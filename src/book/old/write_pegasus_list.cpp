@@ -86,7 +86,8 @@ class PegasusListWriter {
                     AppendBox(name, OneLine(member.Address), line);
                 }
                 line = OneLine(line);
-                if (line.starts_with('\\') || !IsListMember(line)) {
+                const bool fits = member.Address.empty() || FitsBox(OneLine(member.Address));
+                if (!fits || line.starts_with('\\') || !IsListMember(line)) {
                     TellLostMember(book_, list, member);
                     continue;
                 }

@@ -106,6 +106,19 @@ TEST(WriteOldOdd, ShortNamesAreFoundByLists) {
     EXPECT_EQ(slash.Told(), "doubtful 1 NICKNAME: a/b=c: has signs that the target cannot hold\n");
 }
 
+TEST(WriteOldOdd, PeopleOfOneNameAndNicknameStayTwo) {
+    const Trip pine(Dialect::Pine,
+                    Card("FN:Ada Abbott\nNICKNAME:ada\nEMAIL:a@b.org\n") +
+                        Card("FN:Ada Abbott\nNICKNAME:ada\nEMAIL:b@b.org\nEMAIL:c@b.org\n"));
+    EXPECT_EQ(pine.text,
+              "ada\tAda Abbott\ta@b.org\nada_2\tAda Abbott\tb@b.org\n"
+              "ada_2-2\tAda Abbott\tc@b.org\n");
+    EXPECT_EQ(pine.again,
+              "person\nNICKNAME:ada\nFN:Ada Abbott\nN:Abbott;Ada;;;\nEMAIL:a@b.org\n"
+              "person\nNICKNAME:ada_2\nFN:Ada Abbott\nN:Abbott;Ada;;;\nEMAIL:b@b.org\n"
+              "EMAIL:c@b.org\n");
+}
+
 TEST(WriteOldOdd, AnAddressThatWouldBeAnotherOneIsTold) {
     const std::string told = "doubtful 1 EMAIL: ";
     for (const Dialect form : {Dialect::Mutt, Dialect::Pine}) {
@@ -117,6 +130,7 @@ TEST(WriteOldOdd, AnAddressThatWouldBeAnotherOneIsTold) {
     EXPECT_EQ(list.Told(),
               "lost 1 EMAIL: <b>@c.org: has signs that the target cannot hold\n"
               "lost 1 FN: Ada: has no address, and the target has nothing else\n");
+    EXPECT_EQ(Trip(Dialect::PlainList, Card("FN:Ada\nEMAIL:a@b.org,c\n")).text, "");
     // What is no address of the net is in no row of addresses.
     const Trip row(Dialect::PegasusText, Card("FN:Ada\nEMAIL:/O=X\nEMAIL:b@c.org\n"));
     EXPECT_NE(row.text.find("E-mail address:  /O=X\r\n"), std::string::npos);
