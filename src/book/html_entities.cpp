@@ -1,4 +1,5 @@
 #include "book/html_entities.h"
+#include "book/field_names.h"
 
 #include <algorithm>
 #include <array>
