@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>

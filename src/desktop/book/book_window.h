@@ -63,6 +63,8 @@ class BookWindow : public QMainWindow {
 
     [[nodiscard]] BookDocument& document() { return document_; }
     [[nodiscard]] BookWorker& worker() { return worker_; }
+    // Which records the table shows.
+    [[nodiscard]] const BookRows& rows() const { return rows_; }
 
  signals:
     // A page of the help is wanted.
