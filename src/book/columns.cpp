@@ -53,9 +53,8 @@ std::string SourceText(const Book& book, const Contact& contact, std::size_t mos
     if (contact.From.Lines == 0) {
         return {};
     }
-    const std::string_view name = book.SourceAt(contact.From.File).Name();
     std::string text;
-    AppendOnLine(name.substr(name.find_last_of('/') + 1), most, text);
+    AppendOnLine(FileNameOf(book.SourceAt(contact.From.File).Name()), most, text);
     return text + ", line " + std::to_string(contact.From.Line);
 }
 

@@ -69,10 +69,10 @@ TEST_F(BookRowsTest, TheLastOfManyOrdersCounts) {
 
 TEST_F(BookRowsTest, AFilterNarrowsAndWidens) {
     OpenFour();
-    EXPECT_EQ(Counts(), QStringLiteral("4 people"));
+    EXPECT_EQ(Counts(), "4 people");
     Filter("AN");
     EXPECT_EQ(Names(), "\u00C4nne anna");
-    EXPECT_EQ(Counts(), QStringLiteral("4 people; 2 shown"));
+    EXPECT_EQ(Counts(), "4 people; 2 shown");
     Filter("anna");
     EXPECT_EQ(Names(), "anna");
     Filter("boat");
@@ -108,20 +108,20 @@ TEST_F(BookRowsTest, TenThousandPeopleAreSortedAndFound) {
         text += Card("P" + number, "EMAIL:p" + number + "@a.example\n");
     }
     OpenText(text);
-    EXPECT_EQ(Counts(), QStringLiteral("10,000 people"));
+    EXPECT_EQ(Counts(), "10,000 people");
     Filter("p1234");
     EXPECT_EQ(Table().model()->rowCount(), 10);
     Do("sort0");
     Wait();
-    EXPECT_EQ(Cell(0, Column::Name), QStringLiteral("P12340"));
-    EXPECT_EQ(Cell(9, Column::Name), QStringLiteral("P12349"));
+    EXPECT_EQ(Cell(0, Column::Name), "P12340");
+    EXPECT_EQ(Cell(9, Column::Name), "P12349");
     Filter("");
-    EXPECT_EQ(Cell(0, Column::Name), QStringLiteral("P10000"));
-    EXPECT_EQ(Cell(9'999, Column::Name), QStringLiteral("P19999"));
+    EXPECT_EQ(Cell(0, Column::Name), "P10000");
+    EXPECT_EQ(Cell(9'999, Column::Name), "P19999");
     Do("sort2");
     Do("sortReverse");
     Wait();
-    EXPECT_EQ(Cell(0, Column::Name), QStringLiteral("P19999"));
+    EXPECT_EQ(Cell(0, Column::Name), "P19999");
 }
 
 TEST_F(BookRowsTest, WhatIsSelectedStaysSelected) {
@@ -138,7 +138,7 @@ TEST_F(BookRowsTest, WhatIsSelectedStaysSelected) {
     Filter("");
     Table().selectAll();
     EXPECT_EQ(Table().selectedCount(), 4U);
-    EXPECT_EQ(Counts(), QStringLiteral("4 people; 4 selected"));
+    EXPECT_EQ(Counts(), "4 people; 4 selected");
 }
 
 TEST_F(BookRowsTest, MoreFilesAreSortedAndFilteredToo) {
@@ -148,7 +148,7 @@ TEST_F(BookRowsTest, MoreFilesAreSortedAndFilteredToo) {
     Write("more.vcf", Card("Ante") + Card("Bea") + Card("Andy"));
     Open({"more.vcf"});
     EXPECT_EQ(Names(), "Andy anna \u00C4nne Ante");
-    EXPECT_EQ(Counts(), QStringLiteral("7 people; 4 shown"));
+    EXPECT_EQ(Counts(), "7 people; 4 shown");
     Do("bookUndo");
     Wait();
     EXPECT_EQ(Names(), "anna \u00C4nne");
@@ -158,10 +158,10 @@ TEST_F(BookRowsTest, ListsAndMembersAreSeenFromBothSides) {
     OpenText(Card("Al", "EMAIL:al@a.example\n") + Card("Bo", "EMAIL:bo@a.example\n") +
              "BEGIN:VCARD\nVERSION:4.0\nKIND:group\nFN:Choir\nMEMBER:mailto:al@a.example\n"
              "MEMBER:mailto:no@a.example\nEND:VCARD\n");
-    EXPECT_EQ(Counts(), QStringLiteral("2 people, 1 list"));
-    EXPECT_EQ(Cell(0, Column::Lists), QStringLiteral("Choir"));
-    EXPECT_EQ(Cell(1, Column::Lists), QString());
-    EXPECT_EQ(Cell(2, Column::Lists), QStringLiteral("Al, no@a.example"));
+    EXPECT_EQ(Counts(), "2 people, 1 list");
+    EXPECT_EQ(Cell(0, Column::Lists), "Choir");
+    EXPECT_EQ(Cell(1, Column::Lists), "");
+    EXPECT_EQ(Cell(2, Column::Lists), "Al, no@a.example");
     Do("sort4");
     Wait();
     EXPECT_EQ(Names(), "Choir Al Bo");

@@ -73,9 +73,8 @@ class BookWindowTest : public testing::Test {
     }
     // Until nobody works.
     void Wait() {
-        ASSERT_TRUE(QTest::qWaitFor([this] {
-            return !window.worker().isBusy() && !window.rows().isBusy();
-        }));
+        ASSERT_TRUE(QTest::qWaitFor(
+            [this] { return !window.worker().isBusy() && !window.rows().isBusy(); }));
         QCoreApplication::processEvents();
     }
     template <class Kind>
@@ -86,32 +85,49 @@ class BookWindowTest : public testing::Test {
         }
         return *found;
     }
+    [[nodiscard]] std::string TextOf(const char* action) const {
+        return Find<QAction>(action).text().toStdString();
+    }
     void Do(const char* action) {
         QAction& found = Find<QAction>(action);
         EXPECT_TRUE(found.isEnabled()) << action;
         found.trigger();
     }
     [[nodiscard]] BookTable& Table() const { return Find<BookTable>("bookTable"); }
-    [[nodiscard]] QString Counts() const { return Find<QLabel>("bookCounts").text(); }
-    [[nodiscard]] QString Told() const { return Find<QuietLine>("bookQuietLine").text(); }
-    [[nodiscard]] QString Cell(int row, book::Column column) const {
-        return Table().model()->index(row, static_cast<int>(column)).data().toString();
+    [[nodiscard]] std::string Counts() const {
+        return Find<QLabel>("bookCounts").text().toStdString();
+    }
+    [[nodiscard]] std::string Told() const {
+        return Find<QuietLine>("bookQuietLine").text().toStdString();
+    }
+    [[nodiscard]] std::string Title() const { return window.windowTitle().toStdString(); }
+    [[nodiscard]] QModelIndex Place(int row, book::Column column) const {
+        return Table().model()->index(row, static_cast<int>(column));
+    }
+    [[nodiscard]] std::string Cell(int row, book::Column column) const {
+        return Place(row, column).data().toString().toStdString();
     }
     [[nodiscard]] std::string Names() const {
-        QStringList names;
+        std::string names;
         for (int row = 0; row < Table().model()->rowCount(); ++row) {
-            names.append(Cell(row, book::Column::Name));
+            names += (row == 0 ? "" : " ") + Cell(row, book::Column::Name);
         }
-        return names.join(u' ').toStdString();
+        return names;
     }
     // As somebody types in a cell, and ends with this key.
     void Type(int row, book::Column column, const char* text, Qt::Key end = Qt::Key_Return) {
-        Table().setCurrentIndex(Table().model()->index(row, static_cast<int>(column)));
+        EXPECT_FALSE(IsTyping());
+        Table().setCurrentIndex(Place(row, column));
         Do("bookChange");
         QLineEdit& field = Find<QLineEdit>("cellEditor");
         field.selectAll();
+        QTest::keyClick(&field, Qt::Key_Delete);
         QTest::keyClicks(&field, QString::fromUtf8(text));
-        QTest::keyClick(&field, end);
+        End(field, end);
+    }
+    // The field gives what was typed away with the next events.
+    static void End(QLineEdit& field, Qt::Key key = Qt::Key_Return) {
+        QTest::keyClick(&field, key);
         QCoreApplication::processEvents();
     }
     // Fields that were typed in go with the next events.

@@ -86,6 +86,11 @@ void BookRows::sortBy(std::optional<Column> column, bool is_descending) {
     }
 }
 
+bool BookRows::isBusy() const {
+    const auto is_true = [](bool wanted) { return wanted; };
+    return worker_.isBusy() || std::any_of(wanted_.begin(), wanted_.end(), is_true);
+}
+
 void BookRows::takeChanged(const BookDocument::Numbers& records) {
     if (running_ == Job::Texts) {
         stale_.insert(stale_.end(), records.begin(), records.end());

@@ -39,7 +39,7 @@ class BookRows : public QObject {
     // By a column, or in the order of the files. Records stay where they are when they are changed.
     void sortBy(std::optional<book::Column> column, bool is_descending);
     // Whether something is still being found out.
-    [[nodiscard]] bool isBusy() const { return worker_.isBusy(); }
+    [[nodiscard]] bool isBusy() const;
 
  signals:
     void aboutToChange();

@@ -2,7 +2,7 @@
 
 #include <QAction>
 #include <QActionGroup>
-#include <QEvent>
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
@@ -71,6 +71,16 @@ void BookTable::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         measure();
+    }
+}
+
+void BookTable::focusInEvent(QFocusEvent* event) {
+    QTableView::focusInEvent(event);
+    const bool by_keys =
+        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
+        event->reason() == Qt::ShortcutFocusReason || event->reason() == Qt::OtherFocusReason;
+    if (by_keys && selectedCount() == 0 && currentIndex().isValid()) {
+        selectRow(currentIndex().row());
     }
 }
 
@@ -319,6 +329,7 @@ void BookTable::currentChanged(const QModelIndex& current, const QModelIndex& pr
         model_->recordAt(current.row()) != *draft_) {
         dropDraft();
     }
+    emit currentMoved();
 }
 
 void BookTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {

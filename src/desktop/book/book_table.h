@@ -48,6 +48,7 @@ class BookTable : public QTableView {
 
  signals:
     void selectionMoved();
+    void currentMoved();
     void lettersTyped(const QString& letters);
 
  protected:
@@ -56,6 +57,8 @@ class BookTable : public QTableView {
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void changeEvent(QEvent* event) override;
+    // Whoever comes by keys has a row selected at once.
+    void focusInEvent(QFocusEvent* event) override;
 
  private:
     void addColumns();

@@ -47,10 +47,6 @@ QString Counted(std::size_t count, const QString& one, const QString& many) {
            (count == 1 ? one : many);
 }
 
-std::string FileOf(const std::string& name) {
-    return name.substr(name.find_last_of('/') + 1);
-}
-
 }  // namespace
 
 BookWindow::BookWindow(FileSystem& files, RecentBooks& books)
@@ -151,6 +147,7 @@ void BookWindow::connectParts() {
         syncActions();
         syncCounts();
     });
+    connect(table_, &BookTable::currentMoved, this, &BookWindow::syncActions);
     connect(problems_, &ProblemsPage::recordAsked, this, &BookWindow::showRecord);
     connect(duplicates_, &DuplicatesPage::recordAsked, this, &BookWindow::showRecord);
     connect(&edits_, &RecordEdits::told, this, [this](const QString& text) { tell(text); });
@@ -207,7 +204,8 @@ void BookWindow::syncTitle() {
     const std::size_t count = book.SourceCount();
     std::string files;
     for (std::size_t i = 0; i < std::min(count, kNamed); ++i) {
-        files += (i == 0 ? "" : ", ") + FileOf(book.SourceAt(static_cast<std::uint32_t>(i)).Name());
+        files.append(i == 0 ? "" : ", ")
+            .append(book::FileNameOf(book.SourceAt(static_cast<std::uint32_t>(i)).Name()));
     }
     if (count > kNamed) {
         files += tr(" and %1 more").arg(count - kNamed).toStdString();

@@ -83,7 +83,7 @@ BookWindow::Read BookWindow::readAll(FileSystem& files,
     Read read;
     for (const Input& one : inputs) {
         WorkerConsole around(files, watch);
-        watch.Begin(Printable(one.Name.substr(one.Name.find_last_of('/') + 1)));
+        watch.Begin(Printable(book::FileNameOf(one.Name)));
         const std::size_t before = loaded.Inputs.size();
         if (one.Bytes) {
             book_cli::LoadBytes(around.console(), one.Name, *one.Bytes, loaded);
@@ -110,8 +110,9 @@ BookWindow::Read BookWindow::readAll(FileSystem& files,
 void BookWindow::takeRead(const BookDocument::Snapshot& snapshot, const Read& read) {
     const std::size_t files = read.Books.size();
     document_.takeRead(snapshot,
-                       files == 1 ? tr("Open %1").arg(ShortName(read.Books.front()))
-                                  : tr("Open %1 files").arg(files));
+                       files == 1
+                           ? tr("Open %1").arg(ShortName(book::FileNameOf(read.Books.front())))
+                           : tr("Open %1 files").arg(files));
     for (const std::string& one : read.Books) {
         books_.Add(one);
     }
