@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "book/columns.h"
+#include "book/table_columns.h"
 #include "book/identity.h"
 #include "book/members.h"
 #include "book/typed_views.h"

@@ -177,5 +177,22 @@ TEST_F(RecordEditsTest, NamesOfStepsAreNoKeys) {
     EXPECT_EQ(TextOf("bookUndo"), "&Undo Change name of A && B");
 }
 
+TEST(RecordEdits, TheFirstPersonOfAnEmptyWindow) {
+    SystemFiles files(false);
+    RecentBooks books;
+    BookWindow window(files, books);
+    window.show();
+    window.findChild<QAction*>(QStringLiteral("bookAdd"))->trigger();
+    auto* const field = window.findChild<QLineEdit*>(QStringLiteral("cellEditor"));
+    ASSERT_NE(field, nullptr);
+    QTest::keyClicks(field, QStringLiteral("Ada"));
+    QTest::keyClick(field, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.document().thereCount(), 1U);
+    EXPECT_EQ(window.findChild<QLabel*>(QStringLiteral("bookCounts"))->text(),
+              QStringLiteral("1 person"));
+    EXPECT_TRUE(window.isWindowModified());
+}
+
 }  // namespace
 }  // namespace orvik

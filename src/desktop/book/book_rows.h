@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "book/columns.h"
+#include "book/table_columns.h"
 #include "book/memberships.h"
 #include "book/value_filter.h"
 #include "desktop/book/book_document.h"

@@ -18,7 +18,7 @@ namespace orvik {
 namespace {
 
 // In letters.
-constexpr std::array<int, book::kColumns> kWidths = {24, 14, 32, 18, 20, 28, 22};
+constexpr std::array<int, book::kColumns> kWidths = {24, 12, 30, 16, 16, 24, 22};
 constexpr int kAroundRow = 6;
 // A selection of more pieces is too slow to be drawn; the current row stays.
 constexpr std::size_t kMostKept = 1000;
@@ -57,6 +57,7 @@ BookTable::BookTable(const BookDocument& document,
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setSectionsMovable(true);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     measure();
     addColumns();
     addSorting();

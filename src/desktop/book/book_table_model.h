@@ -5,7 +5,7 @@
 #include <QAbstractTableModel>
 #include <optional>
 
-#include "book/columns.h"
+#include "book/table_columns.h"
 #include "desktop/book/book_document.h"
 #include "desktop/book/book_rows.h"
 #include "desktop/book/record_edits.h"

@@ -36,7 +36,8 @@ namespace {
 
 constexpr const char* kColumnsPart = "columns";
 constexpr const char* kSplitterPart = "splitter";
-constexpr QSize kStartSize(1000, 640);
+constexpr QSize kStartSize(1080, 660);
+constexpr int kAroundFilter = 4;
 constexpr qsizetype kMostTypedInFilter = 1000;
 // So many files are named in the title.
 constexpr std::size_t kNamed = 2;
@@ -98,6 +99,7 @@ void BookWindow::layOut() {
     filter_->setAcceptDrops(false);
     LimitLength(*filter_, kMostTypedInFilter);
     auto* const row = new QHBoxLayout;
+    row->setContentsMargins(kAroundFilter, kAroundFilter, 0, 0);
     row->addWidget(label);
     row->addWidget(filter_, 1);
     auto* const column = new QVBoxLayout(left);

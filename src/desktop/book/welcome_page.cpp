@@ -9,7 +9,6 @@
 namespace orvik {
 namespace {
 
-constexpr int kLettersInLine = 62;
 constexpr double kHeading = 1.4;
 
 QLabel* AddLabel(QVBoxLayout& column, const char* name, const QString& text) {
@@ -17,8 +16,6 @@ QLabel* AddLabel(QVBoxLayout& column, const char* name, const QString& text) {
     label->setObjectName(QString::fromLatin1(name));
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(Qt::AlignHCenter);
-    label->setWordWrap(true);
-    label->setMinimumWidth(label->fontMetrics().averageCharWidth() * kLettersInLine);
     column.addWidget(label, 0, Qt::AlignHCenter);
     return label;
 }
@@ -41,10 +38,10 @@ WelcomePage::WelcomePage(QWidget* parent) : QWidget(parent) {
     column->addSpacing(fontMetrics().height());
     AddLabel(*column,
              "welcomeText",
-             tr("Open the address books of any program, old ones too: each person with every "
-                "field, what looks wrong, and who may be there twice\n"
-                "Then move all of it to another program, after a look at what it would keep\n"
-                "Nothing of the files changes"));
+             tr("Open the address books of any program, old ones too:\n"
+                "each person with every field, what looks wrong, and who may be there twice.\n"
+                "Then move all of it to another program, after a look at what would be lost.\n"
+                "Your files stay as they are"));
     column->addSpacing(fontMetrics().height());
     auto* const open =
         new LinkButton(QStringLiteral("welcomeOpen"), tr("Open an address book"), this);

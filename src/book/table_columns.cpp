@@ -1,4 +1,4 @@
-#include "book/columns.h"
+#include "book/table_columns.h"
 
 #include <algorithm>
 #include <string_view>
