@@ -152,9 +152,9 @@ std::vector<std::string> DifferentFields(const std::vector<std::string>& left,
 }
 
 // One book of the two, and what its contacts are found by.
-class Side {
+class SideKeys {
  public:
-    Side(const Book& book, const Identities& uids)
+    SideKeys(const Book& book, const Identities& uids)
         : book_(book), uids_(uids), directory_(book, uids), taken_(book.Contacts.size(), false) {}
 
     [[nodiscard]] std::size_t Count() const { return taken_.size(); }
@@ -191,13 +191,13 @@ class Side {
     std::vector<bool> taken_;
 };
 
-using Key = std::string (Side::*)(std::size_t) const;
+using Key = std::string (SideKeys::*)(std::size_t) const;
 // From the surest on.
-constexpr std::array<Key, 3> kKeys = {&Side::UidKey, &Side::ContentKey, &Side::NameKey};
+constexpr std::array<Key, 3> kKeys = {&SideKeys::UidKey, &SideKeys::ContentKey, &SideKeys::NameKey};
 
 // Finds for each contact of the left book that has none yet one of the right book with an equal
 // key.
-void Pair(Side& left, Side& right, Key key, std::vector<Compared>& found) {
+void Pair(SideKeys& left, SideKeys& right, Key key, std::vector<Compared>& found) {
     std::unordered_map<std::string, std::deque<std::size_t>> index;
     for (std::size_t i = 0; i < right.Count(); ++i) {
         if (!right.IsTaken(i)) {
@@ -229,8 +229,8 @@ std::vector<Compared> Compare(const Book& left,
                               const Identities& left_uids,
                               const Book& right,
                               const Identities& right_uids) {
-    Side one(left, left_uids);
-    Side other(right, right_uids);
+    SideKeys one(left, left_uids);
+    SideKeys other(right, right_uids);
     std::vector<Compared> found(one.Count());
     for (const Key key : kKeys) {
         Pair(one, other, key, found);
@@ -262,10 +262,10 @@ std::vector<bool> KnownIn(const Book& older,
                           const Identities& older_uids,
                           const Book& book,
                           const Identities& uids) {
-    const Side there(older, older_uids);
-    const Side here(book, uids);
+    const SideKeys there(older, older_uids);
+    const SideKeys here(book, uids);
     // A list is not the person that is called as it is.
-    const auto full_key = [](const Side& side, const Book& of, Key key, std::size_t i) {
+    const auto full_key = [](const SideKeys& side, const Book& of, Key key, std::size_t i) {
         std::string text = (side.*key)(i);
         text.insert(0, text.empty() ? "" : of.Contacts[i].Kind == ContactKind::List ? "l" : "p");
         return text;

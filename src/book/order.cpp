@@ -80,36 +80,68 @@ class Collation {
     std::u16string letters_;
 };
 
+// Nobody reads as much of a note to find its place.
+constexpr std::size_t kLongestSorted = 1000;
+
 class SortKeys {
  public:
-    SortKeys(const Book& book, SortBy by, const std::string& locale)
-        : book_(book), by_(by), collation_(locale) {}
+    SortKeys(const Book& book, const Sorting& how) : book_(book), collation_(how.Locale) {}
 
     // Empty for a record that has nothing to be sorted by.
-    std::string_view Of(const Contact& contact) {
+    std::string_view Of(const Contact& contact, SortBy by) {
         key_.clear();
-        if (by_ == SortBy::Address || by_ == SortBy::Domain) {
-            AddAddress(contact);
-        } else if (by_ == SortBy::Name) {
-            AddText(NameOf(book_, contact).Shown);
-        } else {
-            AddFamily(NameOf(book_, contact));
+        switch (by) {
+            case SortBy::Address:
+            case SortBy::Domain:
+                AddAddress(contact, by);
+                break;
+            case SortBy::Name:
+                AddText(ShownNameOf(book_, contact));
+                break;
+            case SortBy::Family:
+                AddFamily(NameOf(book_, contact));
+                break;
+            case SortBy::Nickname:
+                AddFirst(NicknamesOf(book_, contact));
+                break;
+            case SortBy::Phone:
+                FoldPhone(FirstOf(book_, contact, field::kTel), key_);
+                break;
+            case SortBy::Note:
+                AddText(FirstOf(book_, contact, field::kNote).substr(0, kLongestSorted));
+                break;
+            case SortBy::Source:
+                AddPlace(contact.From);
+                break;
+            case SortBy::None:
+                break;
         }
+        return kept_.Keep(key_);
+    }
+    std::string_view OfText(std::string_view text) {
+        key_.clear();
+        AddText(text);
         return kept_.Keep(key_);
     }
 
  private:
-    void AddAddress(const Contact& contact) {
+    void AddAddress(const Contact& contact, SortBy by) {
         FoldAddress(FirstOf(book_, contact, field::kEmail), key_);
         const std::size_t at = key_.rfind('@');
-        if (by_ == SortBy::Domain && at != std::string::npos) {
+        if (by == SortBy::Domain && at != std::string::npos) {
             key_ = key_.substr(at + 1) + '\0' + key_.substr(0, at);
         }
     }
 
-    void AddText(const std::string& text) {
+    void AddText(std::string_view text) {
         if (!text.empty()) {
             collation_.Append(text, key_);
+        }
+    }
+
+    void AddFirst(const std::vector<std::string>& texts) {
+        if (!texts.empty()) {
+            AddText(texts.front());
         }
     }
 
@@ -123,8 +155,18 @@ class SortKeys {
         AddText(name.Shown);
     }
 
+    void AddPlace(const Origin& from) {
+        if (from.Lines == 0) {
+            return;
+        }
+        for (const std::uint32_t number : {from.File, from.Line}) {
+            for (unsigned shift = 32; shift > 0; shift -= 8) {
+                key_ += static_cast<char>(number >> (shift - 8) & 0xFFU);
+            }
+        }
+    }
+
     const Book& book_;
-    SortBy by_;
     Collation collation_;
     std::string key_;
     Arena kept_;
@@ -134,12 +176,9 @@ class SortKeys {
 struct Row {
     std::uint64_t Head = 0;
     std::string_view Key;
-    std::size_t Record = 0;
+    std::uint32_t Record = 0;
 
-    [[nodiscard]] bool operator<(const Row& other) const {
-        if (Key.empty() || other.Key.empty()) {
-            return !Key.empty() && other.Key.empty();
-        }
+    [[nodiscard]] bool IsBefore(const Row& other) const {
         return Head != other.Head ? Head < other.Head : Key < other.Key;
     }
 };
@@ -152,23 +191,58 @@ std::uint64_t HeadOf(std::string_view key) {
     return head;
 }
 
+template <class KeyOf>
+std::vector<std::uint32_t> OrderByKeys(const Book& book, const Sorting& how, const KeyOf& key_of) {
+    std::vector<Row> rows;
+    const std::size_t all = book.Contacts.size();
+    rows.reserve(all);
+    for (const Contact& contact : book.Contacts) {
+        const auto number = static_cast<std::uint32_t>(rows.size());
+        const std::string_view key = key_of(contact, number);
+        rows.push_back({HeadOf(key), key, number});
+        if (how.HowFar) {
+            how.HowFar(rows.size(), all);
+        }
+    }
+    const auto without = std::stable_partition(
+        rows.begin(), rows.end(), [](const Row& row) { return !row.Key.empty(); });
+    std::stable_sort(rows.begin(), without, [&how](const Row& one, const Row& other) {
+        return how.IsDescending ? other.IsBefore(one) : one.IsBefore(other);
+    });
+    std::vector<std::uint32_t> order;
+    order.reserve(all);
+    for (const Row& row : rows) {
+        order.push_back(row.Record);
+    }
+    return order;
+}
+
 }  // namespace
+
+std::vector<std::uint32_t> OrderOf(const Book& book, SortBy by, const Sorting& how) {
+    SortKeys keys(book, how);
+    return OrderByKeys(book, how, [&keys, by](const Contact& contact, std::uint32_t /*number*/) {
+        return keys.Of(contact, by);
+    });
+}
+
+std::vector<std::uint32_t> OrderOf(const Book& book, const SortText& text, const Sorting& how) {
+    SortKeys keys(book, how);
+    std::string own;
+    return OrderByKeys(book, how, [&](const Contact& /*contact*/, std::uint32_t number) {
+        own.clear();
+        text(number, own);
+        return keys.OfText(own);
+    });
+}
 
 void SortBook(Book& book, SortBy by, const std::string& locale) {
     if (by == SortBy::None) {
         return;
     }
-    SortKeys keys(book, by, locale);
-    std::vector<Row> rows;
-    rows.reserve(book.Contacts.size());
-    for (const Contact& contact : book.Contacts) {
-        const std::string_view key = keys.Of(contact);
-        rows.push_back({HeadOf(key), key, rows.size()});
-    }
-    std::stable_sort(rows.begin(), rows.end());
     std::deque<Contact> sorted;
-    for (const Row& row : rows) {
-        sorted.push_back(book.Contacts[row.Record]);
+    for (const std::uint32_t record : OrderOf(book, by, {locale})) {
+        sorted.push_back(book.Contacts[record]);
     }
     book.Contacts = std::move(sorted);
 }

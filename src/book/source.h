@@ -68,6 +68,12 @@ class Source {
     std::size_t bad_letters_ = 0;
 };
 
+// FileNameOf: a name without its folders.
+//   "/a/b.ldif" -> "b.ldif"
+[[nodiscard]] constexpr std::string_view FileNameOf(std::string_view name) {
+    return name.substr(name.find_last_of('/') + 1);
+}
+
 // WideFormOf: by the byte order mark or, without one, by where the NULs stand in the first 4 kB.
 //   "\xFF\xFE" "a\0" -> Utf16Le;  "B\0E\0G\0" -> Utf16Le;  "plain" -> None
 [[nodiscard]] WideForm WideFormOf(std::string_view bytes);

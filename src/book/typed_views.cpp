@@ -103,6 +103,11 @@ PersonName NameOf(const Book& book, const Contact& contact) {
     return name;
 }
 
+std::string ShownNameOf(const Book& book, const Contact& contact) {
+    const std::string_view fn = FirstOf(book, contact, field::kFn);
+    return fn.empty() ? NameOf(book, contact).Shown : std::string(fn);
+}
+
 std::vector<std::string> NicknamesOf(const Book& book, const Contact& contact) {
     const NameId old = book.Names.Find("X-NICKNAME");
     const NameId android = book.Names.Find("X-ANDROID-CUSTOM");

@@ -22,6 +22,8 @@ struct PersonName {
 // NameOf: FN, and the parts of N as texts. Without FN what is shown is the given and the family
 // name, else the organisation or its unit, else a nickname, an address, or what LDIF calls it.
 [[nodiscard]] PersonName NameOf(const Book& book, const Contact& contact);
+// ShownNameOf: what is shown of it alone, sooner.
+[[nodiscard]] std::string ShownNameOf(const Book& book, const Contact& contact);
 
 // All of a kind, in the order of the record, as texts; empty ones are left out.
 [[nodiscard]] std::vector<std::string> NicknamesOf(const Book& book, const Contact& contact);

@@ -238,9 +238,14 @@ void Load(Console& console,
           Loaded& loaded,
           std::span<const book::CsvMapping> columns) {
     Loader loader(console, charset, loaded, columns);
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        TellOfTwin(console, names.first(i), names[i]);
-        loader.Load(names[i]);
+    std::vector<std::string> before;
+    for (std::size_t i = 0; i < loaded.Book.SourceCount(); ++i) {
+        before.push_back(loaded.Book.SourceAt(static_cast<std::uint32_t>(i)).Name());
+    }
+    for (const std::string& name : names) {
+        TellOfTwin(console, before, name);
+        loader.Load(name);
+        before.push_back(name);
     }
 }
 

@@ -31,6 +31,7 @@
 #include <utility>
 
 #include "app/form1.h"
+#include "bench/own_folder.h"
 #include "desktop/session/application.h"
 #include "desktop/session/desktop.h"
 #include "desktop/session/qt_platform.h"
@@ -205,14 +206,7 @@ void Settle(const QTemporaryDir& own) {
     folder.mkpath(QStringLiteral("orvik"));
     std::ofstream(folder.filePath(QStringLiteral("orvik/orvik.conf")).toStdString())
         << "[Settings]\ntextSep=5\nOpen=1\nExtract=False\nSep=,\nAuto=False\n";
-    for (const char* const variable : {"XDG_CONFIG_HOME",
-                                       "XDG_CACHE_HOME",
-                                       "XDG_STATE_HOME",
-                                       "XDG_DATA_HOME",
-                                       "XDG_RUNTIME_DIR"}) {
-        qputenv(variable, own.path().toLocal8Bit());
-    }
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    LiveIn(own);
 }
 
 // What the child of `start` does: the program up to its first window, as it was painted.

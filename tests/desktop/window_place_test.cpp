@@ -114,5 +114,22 @@ TEST_F(WindowPlaceTest, AFolderIsKeptBesideThePlace) {
     }
 }
 
+TEST_F(WindowPlaceTest, EachWindowHasItsOwnPlaceAndParts) {
+    QWidget main;
+    main.setGeometry(40, 50, 320, 240);
+    KeepPlace(main, file);
+    QWidget book;
+    book.setGeometry(60, 70, 420, 340);
+    KeepPlace(book, file, kBookWindow);
+    KeepParts("parts", file, kBookWindow, "splitter");
+    QWidget after;
+    RestorePlace(after, file, kBookWindow);
+    EXPECT_EQ(after.size(), QSize(420, 340));
+    RestorePlace(after, file);
+    EXPECT_EQ(after.size(), QSize(320, 240));
+    EXPECT_EQ(KeptParts(file, kBookWindow, "splitter"), QByteArray("parts"));
+    EXPECT_EQ(KeptParts(file, kMainWindow, "splitter"), QByteArray());
+}
+
 }  // namespace
 }  // namespace orvik

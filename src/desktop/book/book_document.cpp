@@ -1,6 +1,7 @@
 #include "desktop/book/book_document.h"
 
 #include <QUndoCommand>
+#include <algorithm>
 #include <utility>
 
 namespace orvik {
@@ -18,10 +19,41 @@ class BookDocument::Step : public QUndoCommand {
     void undo() override { document_.apply(before_); }
     void redo() override { document_.apply(after_); }
 
+    // Steps that may be one have the same.
+    [[nodiscard]] int id() const override {
+        constexpr Number kMost = 0x7FFFFFFF;
+        return after_.size() == 1 ? static_cast<int>(after_[0].Record & kMost) : -1;
+    }
+    bool mergeWith(const QUndoCommand* other) override {
+        const Change& later = static_cast<const Step&>(*other).after_[0];
+        const bool is_empty = !before_[0].IsThere && after_[0].After.Properties.empty();
+        if (!is_empty || later.Record != after_[0].Record) {
+            return false;
+        }
+        after_[0] = later;
+        setObsolete(!later.IsThere);
+        return true;
+    }
+
  private:
     BookDocument& document_;
     Changes before_;
     Changes after_;
+};
+
+// Millions of records are not kept twice.
+class BookDocument::Reading : public QUndoCommand {
+ public:
+    Reading(BookDocument& document, const QString& name, Number first, Number end)
+        : QUndoCommand(name), document_(document), first_(first), end_(end) {}
+
+    void undo() override { document_.setThere(first_, end_, false); }
+    void redo() override { document_.setThere(first_, end_, true); }
+
+ private:
+    BookDocument& document_;
+    Number first_;
+    Number end_;
 };
 
 BookDocument::BookDocument() = default;
@@ -91,6 +123,39 @@ void BookDocument::takeOver(const Snapshot& snapshot,
         there_.push_back(false);
     }
     change(name, std::move(changes));
+}
+
+void BookDocument::takeRead(const Snapshot& snapshot, const QString& name) {
+    book::Book& copy = snapshot.Copy->Book;
+    const std::deque<book::Contact> contacts = std::move(copy.Contacts);
+    loaded_.Inputs = std::move(snapshot.Copy->Inputs);
+    loaded_.Book.TakeOver(std::make_unique<book::Book>(std::move(copy)));
+    const auto first = static_cast<Number>(count());
+    std::for_each(contacts.begin() + static_cast<std::ptrdiff_t>(snapshot.Records.size()),
+                  contacts.end(),
+                  [this](const book::Contact& one) { loaded_.Book.Contacts.push_back(one); });
+    there_.resize(count());
+    if (const auto end = static_cast<Number>(count()); end > first) {
+        undo_.push(new Reading(*this, name, first, end));
+    }
+}
+
+bool BookDocument::isUnsaved() const {
+    const int saved = undo_.cleanIndex();
+    const auto [begin, end] = std::minmax(saved, undo_.index());
+    for (int i = begin; i >= 0 && i < end; ++i) {
+        if (dynamic_cast<const Reading*>(undo_.command(i)) == nullptr) {
+            return true;
+        }
+    }
+    return saved < 0;
+}
+
+void BookDocument::setThere(Number first, Number end, bool is_there) {
+    std::fill(there_.begin() + first, there_.begin() + end, is_there);
+    there_count_ = static_cast<std::size_t>(std::count(there_.begin(), there_.end(), true));
+    ++revision_;
+    emit recordsChanged();
 }
 
 void BookDocument::apply(const Changes& changes) {

@@ -45,14 +45,17 @@ class BookDocument : public QObject {
         return loaded_.Book.Contacts[record];
     }
 
-    // To make values of: text that lives as long as the book, and a contact with other fields.
+    // To make values and contacts with, and nothing else: its contacts change by change() alone.
+    [[nodiscard]] book::Book& maker() { return loaded_.Book; }
+    // Text that lives as long as the book, and a contact with other fields.
     [[nodiscard]] std::string_view keep(std::string_view text) { return loaded_.Book.Keep(text); }
     [[nodiscard]] book::Contact withFields(const book::Contact& contact,
                                            std::vector<book::Property>& fields) {
         return loaded_.Book.WithFields(contact, fields);
     }
 
-    // Changes records as one step of undo, which has this name.
+    // Changes records as one step of undo, which has this name. The first change of a record that
+    // was added without a field is part of that step.
     void change(const QString& name, Changes changes);
     // Puts new records behind the others as one step; returns the first one's number.
     Number add(const QString& name, const std::vector<book::Contact>& contacts);
@@ -75,7 +78,14 @@ class BookDocument : public QObject {
                   Changes changes,
                   const std::vector<book::Contact>& added);
 
+    // Puts those records of a copy behind the others that it has more than the document: what was
+    // read. Reading is a step, and leaves nothing to be saved.
+    void takeRead(const Snapshot& snapshot, const QString& name);
+
     [[nodiscard]] QUndoStack& undoStack() { return undo_; }
+    // Whether there are changes that no file holds.
+    [[nodiscard]] bool isUnsaved() const;
+    void markSaved() { undo_.setClean(); }
     // Another one after each change.
     [[nodiscard]] std::uint64_t revision() const { return revision_; }
 
@@ -87,6 +97,8 @@ class BookDocument : public QObject {
 
  private:
     class Step;
+    class Reading;
+    void setThere(Number first, Number end, bool is_there);
     void apply(const Changes& changes);
 
     book_cli::Loaded loaded_;

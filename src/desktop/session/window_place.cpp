@@ -13,9 +13,13 @@
 namespace orvik {
 namespace {
 
-constexpr const char* kPlace = "main/place";
+constexpr const char* kPlace = "place";
 constexpr const char* kBarHidden = "main/barHidden";
 constexpr const char* kFolder = "files/folder";
+
+QString KeyOf(const char* which, const char* part) {
+    return QLatin1String(which) + u'/' + QLatin1String(part);
+}
 
 }  // namespace
 
@@ -25,19 +29,24 @@ QString WindowPlaceFile() {
            QStringLiteral("/orvik/window.conf");
 }
 
-void KeepPlace(const QWidget& window, const QString& file) {
-    QSettings state(file, QSettings::IniFormat);
-    state.setValue(QLatin1String(kPlace), window.saveGeometry().toBase64());
+void KeepPlace(const QWidget& window, const QString& file, const char* which) {
+    KeepParts(window.saveGeometry(), file, which, kPlace);
 }
 
-void RestorePlace(QWidget& window, const QString& file) {
-    const QSettings state(file, QSettings::IniFormat);
-    const QByteArray place =
-        QByteArray::fromBase64(state.value(QLatin1String(kPlace)).toByteArray());
-    if (!place.isEmpty()) {
+void RestorePlace(QWidget& window, const QString& file, const char* which) {
+    if (const QByteArray place = KeptParts(file, which, kPlace); !place.isEmpty()) {
         // It looks at what it gets, and refuses what it did not write.
         window.restoreGeometry(place);
     }
+}
+
+void KeepParts(const QByteArray& state, const QString& file, const char* which, const char* part) {
+    QSettings(file, QSettings::IniFormat).setValue(KeyOf(which, part), state.toBase64());
+}
+
+QByteArray KeptParts(const QString& file, const char* which, const char* part) {
+    const QSettings state(file, QSettings::IniFormat);
+    return QByteArray::fromBase64(state.value(KeyOf(which, part)).toByteArray());
 }
 
 bool IsBarHidden(const QString& file) {

@@ -1,35 +1,19 @@
 #include "desktop/windows/tool_bar.h"
 
 #include <QAction>
-#include <QDir>
 #include <QEvent>
-#include <QFile>
-#include <QFileInfo>
-#include <QMenu>
 #include <QToolButton>
 #include <utility>
 
-#include "desktop/text/plain_text.h"
 #include "desktop/text/text_box_view.h"
+#include "desktop/views/books_menu.h"
 #include "desktop/views/line_icon.h"
 
 namespace orvik {
 namespace {
 
-// So many letters are shown of the name of a book and of that of its folder.
-constexpr int kNameLetters = 60;
-constexpr int kFolderLetters = 40;
-
 QString WithoutKey(QString text) {
     return text.remove(u'&');
-}
-
-// "~/books" for a folder in the user's own.
-QString ShownFolder(const QFileInfo& file) {
-    const QString folder = file.path();
-    const QString home = QDir::homePath();
-    return folder == home || folder.startsWith(home + u'/') ? u'~' + folder.mid(home.size())
-                                                            : folder;
 }
 
 }  // namespace
@@ -38,7 +22,6 @@ ToolBar::ToolBar(
     Module1& module, RecentBooks& books, const Actions& actions, TextBoxView& text, QWidget& window)
     : QToolBar(&window),
       module_(module),
-      books_(books),
       actions_(actions),
       text_(text),
       open_(add("barOpen", tr("Open"), LineIcon(Drawing::Open), *actions.Open)),
@@ -49,7 +32,7 @@ ToolBar::ToolBar(
           "barRedo", tr("Redo"), LineIcon(Drawing::Redo), *actions.Redo, [this] { text_.redo(); })),
       find_(add("barFind", tr("Find"), LineIcon(Drawing::Find), *actions.Find)),
       wanted_(new QAction(tr("Show the &tool bar"), this)),
-      books_menu_(new QMenu(this)) {
+      books_menu_(new BooksMenu(books, this)) {
     setObjectName(QStringLiteral("toolBar"));
     setWindowTitle(tr("Tool bar"));
     setAccessibleName(windowTitle());
@@ -98,10 +81,7 @@ QAction* ToolBar::addStep(const char* name,
 }
 
 void ToolBar::addBooks(QWidget& window) {
-    books_menu_->setObjectName(QStringLiteral("booksMenu"));
-    books_menu_->setAccessibleName(tr("The last books"));
-    books_menu_->setToolTipsVisible(true);
-    connect(books_menu_, &QMenu::aboutToShow, this, &ToolBar::fillBooks);
+    connect(books_menu_, &BooksMenu::chosen, this, &ToolBar::bookChosen);
     auto* const button = qobject_cast<QToolButton*>(widgetForAction(open_));
     button->setPopupMode(QToolButton::MenuButtonPopup);
     button->setMenu(books_menu_);
@@ -110,44 +90,6 @@ void ToolBar::addBooks(QWidget& window) {
     key->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_O);
     connect(key, &QAction::triggered, this, [this, &window] { showBooks(window); });
     window.addAction(key);
-}
-
-void ToolBar::fillBooks() {
-    books_menu_->clear();
-    int number = 0;
-    const auto shortened = [this](const QString& name, int letters) {
-        return fontMetrics().elidedText(
-            ShownName(name), Qt::ElideMiddle, fontMetrics().averageCharWidth() * letters);
-    };
-    for (const std::string& book : books_.Books()) {
-        const QString name = QFile::decodeName(book.c_str());
-        const QFileInfo file(name);
-        QString text = shortened(file.fileName(), kNameLetters) + QStringLiteral("  (") +
-                       shortened(ShownFolder(file), kFolderLetters) + u')';
-        text.replace(u'&', QStringLiteral("&&"));
-        // The tenth has the key 0.
-        ++number;
-        const QString key = number < 10 ? u'&' + QString::number(number) : QStringLiteral("1&0");
-        QAction* const chosen = books_menu_->addAction(key + QStringLiteral("  ") + text);
-        chosen->setToolTip(PlainTip(ShownName(name)));
-        connect(chosen, &QAction::triggered, this, [this, name] { emit bookChosen(name); });
-    }
-    const bool remembers = books_.Remembers();
-    if (number == 0) {
-        books_menu_->addAction(remembers ? tr("No books yet") : tr("No books are remembered"))
-            ->setEnabled(false);
-    }
-    books_menu_->addSeparator();
-    QAction* const clear = books_menu_->addAction(tr("&Clear this list"));
-    clear->setObjectName(QStringLiteral("clearBooks"));
-    clear->setEnabled(number > 0);
-    connect(clear, &QAction::triggered, this, [this] { books_.Clear(); });
-    QAction* const remember = books_menu_->addAction(tr("&Remember books"));
-    remember->setObjectName(QStringLiteral("rememberBooks"));
-    remember->setCheckable(true);
-    remember->setChecked(remembers);
-    connect(
-        remember, &QAction::toggled, this, [this](bool chosen) { books_.SetRemembers(chosen); });
 }
 
 // Below its button, or where the bar would be.

@@ -10,10 +10,10 @@
 #include "store/recent_books.h"
 
 class QAction;
-class QMenu;
 
 namespace orvik {
 
+class BooksMenu;
 class TextBoxView;
 
 class ToolBar : public QToolBar {
@@ -62,13 +62,11 @@ class ToolBar : public QToolBar {
                      QAction& in_lists,
                      std::function<void()> in_text);
     void addBooks(QWidget& window);
-    void fillBooks();
     void showBooks(const QWidget& window);
     void setTip(QAction& button, const QString& says, const QAction& runs) const;
     void measure();
 
     Module1& module_;
-    RecentBooks& books_;
     Actions actions_;
     TextBoxView& text_;
     QAction* open_;
@@ -77,7 +75,7 @@ class ToolBar : public QToolBar {
     QAction* redo_;
     QAction* find_;
     QAction* wanted_;
-    QMenu* books_menu_;
+    BooksMenu* books_menu_;
     int width_with_text_ = 0;
 };
 

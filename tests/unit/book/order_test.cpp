@@ -73,5 +73,44 @@ TEST(IsLocaleTest, LanguagesAreKnown) {
     }
 }
 
+using Numbers = std::vector<std::uint32_t>;
+
+Numbers OrderedBy(SortBy by, bool is_descending = false) {
+    const test::ReadBook read(ReadVCard,
+                              "BEGIN:VCARD\nVERSION:3.0\nFN:B\nNICKNAME:x,a\nTEL:+2\nEND:VCARD\n"
+                              "BEGIN:VCARD\nVERSION:3.0\nFN:a\nNOTE:n\nEND:VCARD\n"
+                              "BEGIN:VCARD\nVERSION:3.0\nFN:b\nNICKNAME:c\nTEL:(1)\nEND:VCARD\n"
+                              "BEGIN:VCARD\nVERSION:3.0\nFN:a\nNOTE:m\nEND:VCARD\n");
+    Sorting how{"en"};
+    how.IsDescending = is_descending;
+    return OrderOf(read.book, by, how);
+}
+
+TEST(OrderOfTest, GivesNumbersInEitherDirection) {
+    EXPECT_THAT(OrderedBy(SortBy::None), ElementsAre(0, 1, 2, 3));
+    EXPECT_THAT(OrderedBy(SortBy::None, true), ElementsAre(0, 1, 2, 3));
+    EXPECT_THAT(OrderedBy(SortBy::Name), ElementsAre(1, 3, 2, 0));
+    EXPECT_THAT(OrderedBy(SortBy::Name, true), ElementsAre(0, 2, 1, 3)) << "equal ones stay";
+    EXPECT_THAT(OrderedBy(SortBy::Nickname), ElementsAre(2, 0, 1, 3));
+    EXPECT_THAT(OrderedBy(SortBy::Nickname, true), ElementsAre(0, 2, 1, 3)) << "none come last";
+    EXPECT_THAT(OrderedBy(SortBy::Phone), ElementsAre(2, 0, 1, 3));
+    EXPECT_THAT(OrderedBy(SortBy::Note), ElementsAre(3, 1, 0, 2));
+    EXPECT_THAT(OrderedBy(SortBy::Source), ElementsAre(0, 1, 2, 3));
+    EXPECT_THAT(OrderedBy(SortBy::Source, true), ElementsAre(3, 2, 1, 0));
+}
+
+TEST(OrderOfTest, TakesTextsOfElsewhere) {
+    const test::ReadBook read(ReadVCard,
+                              "BEGIN:VCARD\nFN:1\nEND:VCARD\nBEGIN:VCARD\nFN:2\nEND:VCARD\n");
+    std::size_t told = 0;
+    Sorting how{"en"};
+    how.HowFar = [&told](std::size_t done, std::size_t /*all*/) { told = done; };
+    const SortText text = [](std::uint32_t number, std::string& to) {
+        to += number == 0 ? "z" : "Y";
+    };
+    EXPECT_THAT(OrderOf(read.book, text, how), ElementsAre(1, 0));
+    EXPECT_EQ(told, 2U);
+}
+
 }  // namespace
 }  // namespace orvik::book
