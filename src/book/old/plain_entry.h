@@ -22,6 +22,10 @@ struct PlainEntry {
 // lists of addresses have it and tables do not.
 //   '"Abbott, Al" <al@b>', '<al@b>' -> true;  '"Al","Abbott" <al@b>' -> false
 [[nodiscard]] bool IsQuotedEntry(std::string_view line);
+// ListedEntryOf: the entry of a line that holds one as the window writes it, and nothing else. The
+// address may be any text, and empty.
+//   '"Al" <a1@b, c@d>' -> Al, a1@b, c@d;  '"Al" <>' -> Al, nothing;  '"Al" <A1>, "Bo" <A2>' -> none
+[[nodiscard]] std::optional<PlainEntry> ListedEntryOf(std::string_view line);
 
 // TakePlainEntry: the text up to the next comma or semicolon that ends an entry; rest moves behind
 // it. A comma behind a text without an address is part of a name.
