@@ -63,7 +63,7 @@ Widget& Find(QWidget& parent, const char* name) {
     return *found;
 }
 
-// Selects the first row with this text in any column; its number.
+// Makes the first row with this text in any column the one that is looked at; its number.
 inline int GoTo(QTableView& table, const QString& text) {
     const QAbstractItemModel& model = *table.model();
     for (int row = 0; row < model.rowCount(); ++row) {

@@ -67,23 +67,26 @@ TEST_F(BookPersonTest, AllThatIsKnown) {
         "FN:Al Berg\r\nTEL;TYPE=work:555\r\nADR;TYPE=home:;;Pier 5;Oslo;;;\r\n"
         "NOTE:one\\ntwo\r\nX-OWN:1\r\n");
     EXPECT_EQ(rows(),
-              "Name | Al Berg | a.vcf, line 3\n"
-              "Work phone | 555 | a.vcf, line 4\n"
-              "Address, home | Pier 5, Oslo | a.vcf, line 5\n"
-              "Note | one two | a.vcf, line 6\n"
-              "X-OWN | 1 | a.vcf, line 7\n");
+              "Name | Al Berg | line 3\n"
+              "Work phone | 555 | line 4\n"
+              "Address, home | Pier 5, Oslo | line 5\n"
+              "Note | one two | line 6\n"
+              "X-OWN | 1 | line 7\n");
     EXPECT_EQ(label("personTitle"), "Al Berg");
     EXPECT_EQ(label("personOrigin"), "A person from a.vcf, line 1");
     EXPECT_EQ(label("personPicture"), "(hidden)");
     EXPECT_EQ(box("personValue"), "Al Berg");
     GoTo(table(), QStringLiteral("Note"));
     EXPECT_EQ(box("personValue"), "one\ntwo");
+    page->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(page.get()));
+    table().setFocus();
     QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("one\ntwo"));
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "one\ntwo");
     table().selectAll();
     QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QApplication::clipboard()->text(),
-              QStringLiteral("Al Berg\n555\nPier 5, Oslo\none\ntwo\n1"));
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(),
+              "Al Berg\n555\nPier 5, Oslo\none\ntwo\n1");
 }
 
 TEST_F(BookPersonTest, LettersThatLieAreEscapes) {
@@ -159,8 +162,8 @@ TEST_F(BookPersonTest, ListsAndTheirMembers) {
     QSignalSpy asked(page.get(), &PersonPage::recordAsked);
     page->show({1});
     EXPECT_THAT(label("personOrigin"), HasSubstr("A list from a.ldif, line 5"));
-    EXPECT_THAT(rows(), HasSubstr("Member | Al | a.ldif, line 8\n"));
-    EXPECT_THAT(rows(), HasSubstr("Member | cn=No,mail=no@x.org | a.ldif, line 9\n"));
+    EXPECT_THAT(rows(), HasSubstr("Member | Al | line 8\n"));
+    EXPECT_THAT(rows(), HasSubstr("Member | cn=No,mail=no@x.org | line 9\n"));
     const int row = GoTo(table(), QStringLiteral("Al"));
     QTest::mouseClick(table().viewport(),
                       Qt::LeftButton,
@@ -230,16 +233,15 @@ TEST(EmbeddedPictureTest, AnyBytesMayCome) {
 }
 
 TEST(EmbeddedPictureTest, WhatWouldTakeLongIsNotDrawn) {
-    // A header of 60000 x 60000 pixels, and one of a bitmap.
-    std::string png;
-    ASSERT_TRUE(book::AppendBase64(Base64OfPicture(2, 2, "PNG"), png));
-    std::string bmp;
-    ASSERT_TRUE(book::AppendBase64(Base64OfPicture(2, 2, "BMP"), bmp));
-    for (const std::size_t at : {18U, 22U}) {
-        bmp[at] = static_cast<char>(0x60);
-        bmp[at + 1] = static_cast<char>(0xEA);
-    }
-    EXPECT_EQ(Because(bmp), "The picture is too large to be shown.");
+    // Thirty million pixels in a few bytes.
+    QImage large(6000, 5000, QImage::Format_Mono);
+    large.fill(0);
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    large.save(&buffer, "PNG");
+    EXPECT_LT(png.size(), 100000);
+    EXPECT_EQ(Because(png.toStdString()), "The picture is too large to be shown.");
     EXPECT_EQ(Because("BM" + std::string(17U << 20U, '\0')),
               "The picture is too large to be shown.");
     std::string jpeg;

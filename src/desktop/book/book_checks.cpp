@@ -24,7 +24,7 @@ BookChecks::BookChecks(const BookDocument& document, std::size_t at_once)
     connect(&worker_, &BookWorker::began, this, &BookChecks::stateChanged);
     connect(&worker_, &BookWorker::ended, this, [this](bool is_done, const QString&) {
         is_stopped_ = is_stopped_ || !is_done;
-        is_behind_ = is_behind_ || !is_done;
+        is_behind_ = is_behind_ || is_stopped_;
         emit stateChanged();
     });
 }
@@ -232,7 +232,12 @@ void BookChecks::begin(const BookDocument::Numbers& unseen) {
             found->Links = book::LinksOf(all.Copy->Book, watch.Progress());
             MakeDocumentNumbers(found->Links, all.Records);
         },
-        [this, all, found, revision] { take(all, *found, revision); });
+        [this, all, found, revision] {
+            // A cancel may come when the work has just ended.
+            if (!is_stopped_) {
+                take(all, *found, revision);
+            }
+        });
 }
 
 // What has changed meanwhile is looked at again.

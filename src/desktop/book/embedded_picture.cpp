@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QImageReader>
+#include <QLoggingCategory>
 #include <string>
 
 #include "book/picture_bytes.h"
@@ -64,6 +65,8 @@ EmbeddedPicture ReadPicture(std::string_view base64, const QSize& most) {
     }
     QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&data);
+    // The page says that a picture is damaged.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio.*=false"));
     QImageReader::setAllocationLimit(kMostMegabytes);
     QImageReader reader(&buffer, name);
     reader.setAutoDetectImageFormat(false);

@@ -4,11 +4,14 @@
 #include <QHeaderView>
 #include <QPlainTextEdit>
 #include <QTableView>
+#include <algorithm>
 
 namespace orvik {
 namespace {
 
 constexpr int kAroundLine = 6;
+// Of the width of a table, for a column beside the one that matters.
+constexpr int kShare = 3;
 
 }  // namespace
 
@@ -25,6 +28,7 @@ QTableView* MakePanelTable(const char* name,
     rows.setDefaultSectionSize(table->fontMetrics().lineSpacing() + kAroundLine);
     rows.setMinimumSectionSize(1);
     table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeading | Qt::AlignVCenter);
     // Only rows that are seen are measured.
     table->horizontalHeader()->setResizeContentsPrecision(0);
     table->setModel(&model);
@@ -36,6 +40,12 @@ QTableView* MakePanelTable(const char* name,
     table->setShowGrid(false);
     table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     return table;
+}
+
+void FitColumn(QTableView& table, int column) {
+    table.resizeColumnToContents(column);
+    table.setColumnWidth(column,
+                         std::min(table.columnWidth(column), table.viewport()->width() / kShare));
 }
 
 void MakeReader(QPlainTextEdit& box, const QString& spoken, int lines) {

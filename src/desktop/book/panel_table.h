@@ -18,6 +18,10 @@ namespace orvik {
                                          QAbstractItemModel& model,
                                          QWidget* parent);
 
+// FitColumn: makes a column as wide as the rows that are seen need it, and no wider than others can
+// bear.
+void FitColumn(QTableView& table, int column);
+
 // MakeReader: makes a box read-only, so high; Tab leaves it.
 void MakeReader(QPlainTextEdit& box, const QString& spoken, int lines);
 

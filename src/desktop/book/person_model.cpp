@@ -1,7 +1,10 @@
 #include "desktop/book/person_model.h"
 
+#include <QGuiApplication>
+
 #include "book/field_words.h"
 #include "desktop/book/shown_text.h"
+#include "desktop/text/colours.h"
 
 namespace orvik {
 namespace {
@@ -68,11 +71,25 @@ QString PersonModel::valueOf(int row, std::size_t most) const {
     return ShownLines(textOf(row, most));
 }
 
+// The file of the record stands above the table.
+QString PersonModel::placeOf(const book::Property& field) const {
+    if (field.Line == 0) {
+        return tr("added here");
+    }
+    return field.File == document_.at(*record_).From.File
+               ? ShortPlace(field.Line)
+               : PlaceWords(document_.book(), field.File, field.Line);
+}
+
 QVariant PersonModel::data(const QModelIndex& index, int role) const {
+    const int row = index.row();
+    if (index.isValid() && role == Qt::ForegroundRole && index.column() == kValue &&
+        recordOf(row)) {
+        return LinkColour(QGuiApplication::palette());
+    }
     if (!index.isValid() || role != Qt::DisplayRole) {
         return {};
     }
-    const int row = index.row();
     const book::Book& book = document_.book();
     switch (index.column()) {
         case kWhat:
@@ -90,11 +107,7 @@ QVariant PersonModel::data(const QModelIndex& index, int role) const {
                        : RecordName(document_, *record);
         }
         case kFrom:
-            if (!isField(row)) {
-                return QString();
-            }
-            return fieldAt(row).Line == 0 ? tr("added here")
-                                          : PlaceWords(book, fieldAt(row).File, fieldAt(row).Line);
+            return isField(row) ? placeOf(fieldAt(row)) : QString();
         default:
             return {};
     }

@@ -37,6 +37,7 @@ class PersonModel : public QAbstractTableModel {
  private:
     [[nodiscard]] const book::Property& fieldAt(int row) const;
     [[nodiscard]] bool isField(int row) const;
+    [[nodiscard]] QString placeOf(const book::Property& field) const;
     [[nodiscard]] std::string textOf(int row, std::size_t most) const;
 
     const BookDocument& document_;

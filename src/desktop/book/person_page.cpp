@@ -168,7 +168,8 @@ void PersonPage::showRecord(std::optional<BookDocument::Number> record) {
     const int row =
         is_same && current.isValid() ? std::min(current.row(), model_->rowCount() - 1) : 0;
     table_->setCurrentIndex(model_->index(row, PersonModel::kValue));
-    table_->resizeColumnToContents(PersonModel::kWhat);
+    FitColumn(*table_, PersonModel::kWhat);
+    FitColumn(*table_, PersonModel::kFrom);
     showValue();
 }
 

@@ -57,6 +57,7 @@ ProblemFix::ProblemFix(QWidget* parent)
         text_->setText(meant);
         text_->setFocus();
     });
+    begin({}, true);
     hide();
 }
 

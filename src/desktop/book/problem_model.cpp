@@ -1,7 +1,6 @@
 #include "desktop/book/problem_model.h"
 
 #include <QFont>
-#include <QGuiApplication>
 #include <algorithm>
 #include <limits>
 
@@ -137,7 +136,9 @@ QVariant ProblemModel::data(const QModelIndex& index, int role) const {
                                                          : RecordName(document_, one->Record);
         default: {
             const ProblemList::Place place = list_.placeOf(*one);
-            return PlaceWords(document_.book(), place.File, place.Line);
+            return place.Line > 0 && document_.book().SourceCount() == 1
+                       ? ShortPlace(place.Line)
+                       : PlaceWords(document_.book(), place.File, place.Line);
         }
     }
 }

@@ -24,6 +24,7 @@ namespace {
 
 constexpr int kLinesOfDetail = 3;
 constexpr std::uint32_t kLinesAround = 3;
+constexpr std::uint32_t kLinesOfFile = 20;
 constexpr int kAllKinds = -1;
 
 QPushButton* MakeButton(const char* name, const QString& text, QWidget* parent) {
@@ -45,11 +46,11 @@ ProblemsPage::ProblemsPage(BookDocument& document, BookChecks& checks, QWidget* 
       state_(new QuietLine(QStringLiteral("problemState"), this)),
       table_(MakePanelTable("problemTable", tr("Problems"), *model_, this)),
       detail_(new QPlainTextEdit(this)),
-      fix_(new ProblemFix(this)),
-      source_(new SourceText(document, checks, QStringLiteral("problemSource"), this)),
       fix_button_(MakeButton("problemFixButton", tr("Fi&x..."), this)),
       keep_button_(MakeButton("problemKeep", tr("&Keep"), this)),
-      leave_out_button_(MakeButton("problemLeaveOut", tr("&Leave out"), this)) {
+      leave_out_button_(MakeButton("problemLeaveOut", tr("&Leave out"), this)),
+      fix_(new ProblemFix(this)),
+      source_(new SourceText(document, checks, QStringLiteral("problemSource"), this)) {
     setObjectName(QStringLiteral("problemsPage"));
     setAccessibleName(tr("Problems"));
     makeTable();
@@ -167,6 +168,8 @@ void ProblemsPage::showList() {
     for (const int heading : model_->headings()) {
         table_->setSpan(heading, 0, 1, ProblemModel::kColumns);
     }
+    FitColumn(*table_, ProblemModel::kWho);
+    FitColumn(*table_, ProblemModel::kWhere);
     fillKinds();
     setCurrentRow(model_->nearestTo(row));
 }
@@ -213,16 +216,18 @@ void ProblemsPage::showCurrent() {
                           : document_.thereCount() == 0 ? tr("There is no record yet.")
                           : list_->count() == 0         ? tr("Nothing looks wrong.")
                                                         : QString());
-    if (one == nullptr) {
-        source_->setPlace(std::nullopt);
-    } else {
-        const ProblemList::Place place = list_->placeOf(*one);
-        source_->setPlace(place.Line == 0 && one->Kind != book::ProblemKind::Assumed
-                              ? std::nullopt
-                              : std::optional(book::ExcerptPlace{
-                                    place.File, std::max(place.Line, 1U), 1, kLinesAround}));
-    }
+    source_->setPlace(one == nullptr ? std::nullopt : linesFor(*one));
     showButtons();
+}
+
+std::optional<book::ExcerptPlace> ProblemsPage::linesFor(const book::Problem& one) const {
+    const ProblemList::Place place = list_->placeOf(one);
+    if (one.Kind == book::ProblemKind::Assumed) {
+        return book::ExcerptPlace{place.File, 1, kLinesOfFile, 0};
+    }
+    return place.Line == 0
+               ? std::nullopt
+               : std::optional(book::ExcerptPlace{place.File, place.Line, 1, kLinesAround});
 }
 
 void ProblemsPage::showButtons() {

@@ -4,9 +4,11 @@
 
 #include <QWidget>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "book/problems.h"
+#include "book/source_excerpt.h"
 #include "desktop/book/book_checks.h"
 #include "desktop/book/book_document.h"
 
@@ -47,6 +49,7 @@ class ProblemsPage : public QWidget {
     void fillKinds();
     void showState();
     void showCurrent();
+    [[nodiscard]] std::optional<book::ExcerptPlace> linesFor(const book::Problem& one) const;
     void showButtons();
     void setCurrentRow(int row);
     void ask(const QModelIndex& index);
@@ -66,11 +69,11 @@ class ProblemsPage : public QWidget {
     QuietLine* state_;
     QTableView* table_;
     QPlainTextEdit* detail_;
-    ProblemFix* fix_;
-    SourceText* source_;
     QPushButton* fix_button_;
     QPushButton* keep_button_;
     QPushButton* leave_out_button_;
+    ProblemFix* fix_;
+    SourceText* source_;
 };
 
 }  // namespace orvik

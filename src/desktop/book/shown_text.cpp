@@ -47,4 +47,8 @@ QString PlaceWords(const book::Book& book, std::uint32_t file, std::uint32_t lin
                      : QCoreApplication::translate("Book", "%1, line %2").arg(name).arg(line);
 }
 
+QString ShortPlace(std::uint32_t line) {
+    return QCoreApplication::translate("Book", "line %1").arg(line);
+}
+
 }  // namespace orvik

@@ -24,6 +24,8 @@ inline constexpr std::size_t kMostOfLine = 1000;
 [[nodiscard]] QString RecordName(const BookDocument& document, BookDocument::Number record);
 
 // PlaceWords: "book.ldif, line 12"; the file alone for line 0.
+// ShortPlace: "line 12" where everybody knows the file.
 [[nodiscard]] QString PlaceWords(const book::Book& book, std::uint32_t file, std::uint32_t line);
+[[nodiscard]] QString ShortPlace(std::uint32_t line);
 
 }  // namespace orvik
