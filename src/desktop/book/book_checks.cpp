@@ -35,7 +35,9 @@ const book::RecordOrigins& BookChecks::origins() {
 }
 
 void BookChecks::look() {
-    lookAtAll(false);
+    if (looked_at_ != document_.revision()) {
+        lookAtAll(false);
+    }
 }
 
 void BookChecks::lookAgain() {
@@ -52,6 +54,7 @@ void BookChecks::lookAtAll(bool even_if_old) {
     if (worker_.isBusy()) {
         return;
     }
+    looked_at_ = document_.revision();
     const bool was_behind = std::exchange(is_behind_, false);
     const BookDocument::Numbers records = unseen();
     bool needs_work = records.size() > at_once_;
@@ -266,7 +269,7 @@ void BookChecks::take(const BookDocument::Snapshot& looked_at,
     takeLinks(found.Links);
     links_revision_ = revision;
     emit changed();
-    look();
+    lookAtAll(false);
 }
 
 }  // namespace orvik

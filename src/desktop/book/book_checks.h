@@ -91,6 +91,8 @@ class BookChecks : public QObject {
     std::uint64_t lists_revision_ = 0;
     bool has_lists_ = false;
 
+    // Nothing has changed since.
+    std::optional<std::uint64_t> looked_at_;
     bool is_stopped_ = false;
     bool is_behind_ = false;
     BookWorker worker_;

@@ -104,6 +104,16 @@ void PersonPage::arrange() {
     column->addWidget(source_);
 }
 
+void PersonPage::fitColumns() {
+    FitColumn(*table_, PersonModel::kWhat);
+    FitColumn(*table_, PersonModel::kFrom);
+}
+
+void PersonPage::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    fitColumns();
+}
+
 void PersonPage::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (record_) {
@@ -168,8 +178,7 @@ void PersonPage::showRecord(std::optional<BookDocument::Number> record) {
     const int row =
         is_same && current.isValid() ? std::min(current.row(), model_->rowCount() - 1) : 0;
     table_->setCurrentIndex(model_->index(row, PersonModel::kValue));
-    FitColumn(*table_, PersonModel::kWhat);
-    FitColumn(*table_, PersonModel::kFrom);
+    fitColumns();
     showValue();
 }
 

@@ -33,10 +33,12 @@ class PersonPage : public QWidget {
 
  protected:
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
  private:
     void makeTable();
     void arrange();
+    void fitColumns();
     void refresh();
     void showRecord(std::optional<BookDocument::Number> record);
     void showPicture(const book::Contact& contact);

@@ -4,6 +4,7 @@
 #include <QUndoCommand>
 #include <algorithm>
 #include <map>
+#include <set>
 #include <utility>
 
 #include "book/facts.h"
@@ -27,7 +28,7 @@ class ProblemList::Settling : public QUndoCommand {
 
  private:
     void settle(bool settled) const {
-        if (list_) {
+        if (!list_.isNull()) {
             list_->settle(keys_, settled);
         }
     }
@@ -62,6 +63,10 @@ ProblemList::Key ProblemList::keyOf(const Problem& one) const {
     }
     // Its number is another one when a field before it goes.
     return {one.Kind, one.Record, document_.at(one.Record).Properties[one.Number].Value.data()};
+}
+
+bool ProblemList::isSettled(const Key& key) const {
+    return std::binary_search(settled_.begin(), settled_.end(), key);
 }
 
 void ProblemList::growRemarks() {
@@ -100,7 +105,7 @@ void ProblemList::refreshRemarks() {
         const std::uint32_t record = remark_records_[i];
         const bool is_there = record == Problem::kNobody ? file_is_there_[remarks[i].File]
                                                          : document_.isThere(record);
-        if (kind && is_there && (settled_.empty() || !settled_.contains({*kind, i, nullptr}))) {
+        if (kind && is_there && !isSettled({*kind, i, nullptr})) {
             problems_[static_cast<std::size_t>(*kind)].push_back({record, i, *kind});
         }
     }
@@ -109,7 +114,7 @@ void ProblemList::refreshRemarks() {
 void ProblemList::add(const Problems& ones) {
     for (const Problem& one : ones) {
         const bool is_there = one.Record == Problem::kNobody || document_.isThere(one.Record);
-        if (is_there && (settled_.empty() || !settled_.contains(keyOf(one)))) {
+        if (is_there && !isSettled(keyOf(one))) {
             problems_[static_cast<std::size_t>(one.Kind)].push_back(one);
         }
     }
@@ -209,14 +214,17 @@ QString ProblemList::wholeWords(const Problem& one) const {
     return (who.isEmpty() ? where : tr("%1 (%2)").arg(who, where)) + QLatin1Char('\n') + words(one);
 }
 
+// Both are sorted.
 void ProblemList::settle(const std::vector<Key>& keys, bool settled) {
-    for (const Key& one : keys) {
-        if (settled) {
-            settled_.insert(one);
-        } else {
-            settled_.erase(one);
-        }
+    std::vector<Key> after;
+    if (settled) {
+        std::set_union(
+            settled_.begin(), settled_.end(), keys.begin(), keys.end(), std::back_inserter(after));
+    } else {
+        std::set_difference(
+            settled_.begin(), settled_.end(), keys.begin(), keys.end(), std::back_inserter(after));
     }
+    settled_ = std::move(after);
     refresh();
 }
 
@@ -226,6 +234,7 @@ void ProblemList::pushSettled(const QString& name, const Problems& ones) {
     for (const Problem& one : ones) {
         keys.push_back(keyOf(one));
     }
+    std::sort(keys.begin(), keys.end());
     document_.undoStack().push(new Settling(name, *this, std::move(keys)));
 }
 

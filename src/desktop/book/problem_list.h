@@ -8,7 +8,6 @@
 #include <array>
 #include <cstdint>
 #include <optional>
-#include <set>
 #include <tuple>
 #include <vector>
 
@@ -69,6 +68,7 @@ class ProblemList : public QObject {
     using Key = std::tuple<book::ProblemKind, std::uint32_t, const char*>;
 
     [[nodiscard]] Key keyOf(const book::Problem& one) const;
+    [[nodiscard]] bool isSettled(const Key& key) const;
     void settle(const std::vector<Key>& keys, bool settled);
     void pushSettled(const QString& name, const Problems& ones);
     void growRemarks();
@@ -86,7 +86,7 @@ class ProblemList : public QObject {
     std::vector<std::uint32_t> remark_records_;
     // Whether records of a file are there, or it never had any.
     std::vector<bool> file_is_there_;
-    std::set<Key> settled_;
+    std::vector<Key> settled_;  // sorted
     std::array<Problems, kKinds> problems_;
 };
 

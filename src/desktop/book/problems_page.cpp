@@ -138,6 +138,16 @@ void ProblemsPage::connectAll() {
     });
 }
 
+void ProblemsPage::fitColumns() {
+    FitColumn(*table_, ProblemModel::kWho);
+    FitColumn(*table_, ProblemModel::kWhere);
+}
+
+void ProblemsPage::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    fitColumns();
+}
+
 void ProblemsPage::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     list_->setSeen(true);
@@ -168,8 +178,7 @@ void ProblemsPage::showList() {
     for (const int heading : model_->headings()) {
         table_->setSpan(heading, 0, 1, ProblemModel::kColumns);
     }
-    FitColumn(*table_, ProblemModel::kWho);
-    FitColumn(*table_, ProblemModel::kWhere);
+    fitColumns();
     fillKinds();
     setCurrentRow(model_->nearestTo(row));
 }

@@ -37,11 +37,13 @@ class ProblemsPage : public QWidget {
 
  protected:
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
  private:
     void makeTable();
     void arrange();
+    void fitColumns();
     void connectAll();
     // Looks at the document again, and shows what there is.
     void look();
