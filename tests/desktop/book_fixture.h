@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractItemModel>
+#include <QAccessible>
 #include <QApplication>
 #include <QTableView>
 #include <QTest>
@@ -82,6 +83,22 @@ inline std::string NamesIn(const BookDocument& document) {
     std::string names;
     for (const BookDocument::Number record : document.records()) {
         names += book::NameOf(document.book(), document.at(record)).Shown + " ";
+    }
+    return names;
+}
+
+// The controls that a screen reader finds without a name.
+inline std::vector<std::string> WithoutName(QWidget& page) {
+    std::vector<std::string> names;
+    for (QWidget* const one : page.findChildren<QWidget*>()) {
+        QAccessibleInterface* const item = QAccessible::queryAccessibleInterface(one);
+        const bool is_part =
+            one->objectName().isEmpty() || one->objectName().startsWith(QStringLiteral("qt_")) ||
+            item->role() == QAccessible::Client || item->role() == QAccessible::ScrollBar ||
+            item->role() == QAccessible::LayeredPane;
+        if (!is_part && one->isVisible() && item->text(QAccessible::Name).isEmpty()) {
+            names.push_back(one->objectName().toStdString());
+        }
     }
     return names;
 }

@@ -270,6 +270,21 @@ TEST_F(BookPersonTest, ThousandsOfFieldsAndLongValues) {
     page->grab();
 }
 
+TEST_F(BookPersonTest, EverythingHasANameAndARole) {
+    openCard("FN:Al\r\nPHOTO;ENCODING=b:" + Base64OfPicture(30, 10, "PNG") + "\r\n");
+    QTest::mouseClick(&Find<LinkButton>(*page, "personSourceLink"), Qt::LeftButton);
+    EXPECT_THAT(test::WithoutName(*page), testing::IsEmpty());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&table())->role(), QAccessible::Table);
+    page->show({});
+    EXPECT_THAT(test::WithoutName(*page), testing::IsEmpty());
+}
+
+TEST_F(BookPersonTest, NamesOfFilesAreOnlyText) {
+    open("100%2 <b>\n.ldif", "dn: cn=Al\ncn: Al\n");
+    page->show({0});
+    EXPECT_EQ(label("personOrigin"), "A person from 100%2 <b>\\x0A.ldif, line 1");
+}
+
 TEST_F(BookPersonTest, TabReachesAll) {
     openCard("FN:Al\r\nTEL:5\r\n");
     ASSERT_TRUE(QTest::qWaitForWindowActive(page.get()));

@@ -18,7 +18,14 @@ QString ToLetters(const std::string& text) {
 }  // namespace
 
 QString ShownLine(std::string_view text) {
-    return ToLetters(Printable(PrintableLine(text.substr(0, kMostOfLine))));
+    std::string_view some = text.substr(0, kMostOfLine);
+    const bool is_cut = some.size() < text.size();
+    // The last letter may be cut.
+    while (is_cut && !some.empty() && static_cast<unsigned char>(some.back()) >= 0x80) {
+        some.remove_suffix(1);
+    }
+    return ToLetters(Printable(PrintableLine(some))) +
+           (is_cut ? QStringLiteral("\u2026") : QString());
 }
 
 QString ShownLines(std::string_view text) {
@@ -44,7 +51,8 @@ QString RecordName(const BookDocument& document, BookDocument::Number record) {
 QString PlaceWords(const book::Book& book, std::uint32_t file, std::uint32_t line) {
     const QString name = ShortName(book.SourceAt(file).Name());
     return line == 0 ? name
-                     : QCoreApplication::translate("Book", "%1, line %2").arg(name).arg(line);
+                     : QCoreApplication::translate("Book", "%1, line %2")
+                           .arg(name, QString::number(line));
 }
 
 QString ShortPlace(std::uint32_t line) {
