@@ -61,8 +61,8 @@ BookWindow::BookWindow(FileSystem& files, RecentBooks& books)
       filter_(new QLineEdit),
       table_(new BookTable(document_, rows_, edits_, splitter_)),
       panel_(new QTabWidget(splitter_)),
-      person_(new PersonPage(document_, panel_)),
-      problems_(new ProblemsPage(document_, worker_, panel_)),
+      person_(new PersonPage(document_, checks_, panel_)),
+      problems_(new ProblemsPage(document_, checks_, panel_)),
       duplicates_(new DuplicatesPage(document_, worker_, files_, panel_)),
       quiet_line_(new QuietLine(QStringLiteral("bookQuietLine"), this)),
       counts_(new QLabel(this)) {

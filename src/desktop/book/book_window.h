@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "book/detect.h"
+#include "desktop/book/book_checks.h"
 #include "desktop/book/book_document.h"
 #include "desktop/book/book_rows.h"
 #include "desktop/book/book_worker.h"
@@ -125,6 +126,7 @@ class BookWindow : public QMainWindow {
     BookRows rows_;
     RecordEdits edits_;
     BookWorker worker_;
+    BookChecks checks_{document_};
 
     QStackedWidget* stack_;
     WelcomePage* welcome_;
