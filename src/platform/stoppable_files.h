@@ -53,7 +53,7 @@ class StoppableFiles : public FileSystem {
  private:
     class Output;
 
-    [[nodiscard]] bool IsStopped(std::size_t written);
+    bool IsStopped(std::size_t written);
 
     FileSystem& files_;
     GoOn go_on_;
