@@ -8,6 +8,7 @@
 #include "book_cli/told.h"
 #include "desktop/text/plain_text.h"
 #include "desktop/text/short_text.h"
+#include "desktop/text/text_codec.h"
 
 namespace orvik {
 namespace {
@@ -17,8 +18,7 @@ QString GroupText(const book::RemarkGroup& group) {
     const std::string what = group.Kind == book::What::Carried
                                  ? std::string(group.Field)
                                  : std::string(book::WordsFor(group.Why));
-    QString text = QString::fromUtf8(book::NameOf(group.Kind).data(),
-                                     static_cast<qsizetype>(book::NameOf(group.Kind).size()));
+    QString text = ToLetters(book::NameOf(group.Kind));
     text[0] = text[0].toUpper();
     return QObject::tr("%1: %2 (%3)")
         .arg(text,

@@ -1,5 +1,6 @@
 #include "desktop/book/move_dialog.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -57,7 +58,7 @@ MoveDialog::MoveDialog(BookDocument& document,
       work_(new MoveWork(document, worker, files, std::move(records), this)),
       dialogs_(WindowPlaceFile()),
       pages_(new QStackedWidget(this)),
-      target_(new MoveTarget(book_cli::HasLists(work_->records().Book), this)),
+      target_(new MoveTarget(book_cli::HasLists(work_->records()->Book), this)),
       preview_(new MovePreviewView(this)),
       summary_(new MoveSummary(this)),
       progress_(new QWidget(this)),

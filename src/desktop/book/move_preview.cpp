@@ -46,13 +46,13 @@ std::string SourcesText(const book::Book& book) {
 }
 
 // One act of writing: what it asks and tells, and whether it was cancelled.
-class Saving {
+class Writing {
  public:
     // All must outlive this. all is how many bytes will be written.
-    Saving(FileSystem& files,
-           const BookWorker::Watch& watch,
-           const std::string& may_replace,
-           std::size_t all)
+    Writing(FileSystem& files,
+            const BookWorker::Watch& watch,
+            const std::string& may_replace,
+            std::size_t all)
         : watch_(watch),
           all_(all),
           watched_(files, [this](std::size_t written) { return GoesOn(written); }),
@@ -145,29 +145,32 @@ MoveEnd SaveMove(FileSystem& files,
     arguments.Output = name;
     std::vector<book_cli::FilePart> parts = preview.Parts;
     book_cli::NameParts(name, parts);
-    Saving saving(files, watch, may_replace, LengthOf(preview));
-    Outputs outputs(saving.console(), arguments);
+    Writing writing(files, watch, may_replace, LengthOf(preview));
+    Outputs outputs(writing.console(), arguments);
     ExitStatus status = outputs.Check();
     if (status == ExitStatus::Done) {
         status = parts.empty() ? outputs.WriteBook(preview.Contents) : outputs.WriteParts(parts);
     }
-    const std::string text =
-        SourcesText(preview.Book->Book) +
-        book_cli::ConvertedText(saving.console(), arguments, *preview.Book, preview.Whole, parts);
-    MoveEnd end = saving.End(status);
+    std::string summary;
+    if (status == ExitStatus::Done) {
+        summary = SourcesText(preview.Book->Book) +
+                  book_cli::ConvertedText(
+                      writing.console(), arguments, *preview.Book, preview.Whole, parts);
+        for (const std::string& hint : preview.Hints) {
+            summary += hint + "\n";
+        }
+    }
+    MoveEnd end = writing.End(status);
     for (const book_cli::FilePart& part : parts) {
         end.Files.push_back(part.Name);
     }
     if (parts.empty()) {
         end.Files.push_back(name);
     }
-    if (status == ExitStatus::Done) {
-        end.Summary = text;
-        for (const std::string& hint : preview.Hints) {
-            end.Summary += hint + "\n";
-        }
-        end.Summary += end.Told.join(u'\n').toStdString();
+    for (const QString& line : end.Told) {
+        summary += summary.empty() ? "" : line.toStdString() + "\n";
     }
+    end.Summary = std::move(summary);
     return end;
 }
 
@@ -189,21 +192,21 @@ MoveEnd KeepSummary(FileSystem& files,
     arguments.What = book_cli::Verb::Show;
     arguments.Files = preview.Chosen.Files;
     arguments.Report = name;
-    Saving saving(files, watch, may_replace, text.size());
+    Writing writing(files, watch, may_replace, text.size());
     const bool is_book =
         std::any_of(saved.Files.begin(), saved.Files.end(), [&](const std::string& one) {
-            return saving.console().Files().IsSame(one, name);
+            return writing.console().Files().IsSame(one, name);
         });
     if (is_book) {
-        saving.console().Tell("The summary and the book would be one file");
-        return saving.End(ExitStatus::CannotCreate);
+        writing.console().Tell("The summary and the book would be one file");
+        return writing.End(ExitStatus::CannotCreate);
     }
-    Outputs outputs(saving.console(), arguments);
+    Outputs outputs(writing.console(), arguments);
     ExitStatus status = outputs.Check();
     if (status == ExitStatus::Done) {
         status = outputs.WriteReport(text);
     }
-    return saving.End(status);
+    return writing.End(status);
 }
 
 }  // namespace orvik

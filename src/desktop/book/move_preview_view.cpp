@@ -10,6 +10,7 @@
 #include "book_cli/verbs.h"
 #include "desktop/book/loss_view.h"
 #include "desktop/text/short_text.h"
+#include "desktop/text/text_codec.h"
 #include "desktop/views/link_button.h"
 
 namespace orvik {
@@ -24,16 +25,12 @@ QLabel* MakeLabel(const QString& name, QWidget* parent) {
     return label;
 }
 
-QString Letters(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 // What to do where the file would hold more than the program takes.
 QString TooManyText(const book_cli::ImportForm& form, const book_cli::TooMany& found) {
-    QString text =
-        QObject::tr("%1, and there are %2").arg(Letters(form.Why), QString::number(found.Records));
+    QString text = QObject::tr("%1, and there are %2")
+                       .arg(ToLetters(form.Why), QString::number(found.Records));
     if (found.Unlimited != nullptr) {
-        text += QObject::tr("; a %1 file may hold all").arg(Letters(found.Unlimited->Ending));
+        text += QObject::tr("; a %1 file may hold all").arg(ToLetters(found.Unlimited->Ending));
     }
     return text;
 }

@@ -16,6 +16,7 @@
 
 #include "book_cli/targets.h"
 #include "book_cli/verbs.h"
+#include "desktop/text/text_codec.h"
 #include "desktop/views/link_button.h"
 
 namespace orvik {
@@ -43,10 +44,6 @@ constexpr std::array kHelp = {
     HelpPage{"evolution", "move_evolution.html"},
     HelpPage{"pegasus", "pegasus.html"},
 };
-
-QString Letters(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QString HelpPageOf(const book_cli::Program* program) {
     const auto* const found = std::find_if(kHelp.begin(), kHelp.end(), [&](const HelpPage& one) {
@@ -76,7 +73,7 @@ QString FormText(const Arguments& arguments, std::string_view ending) {
         arguments.For == nullptr && !arguments.Set && arguments.Target == book::Dialect::Ldif;
     const QString name = keeps ? QObject::tr("LDIF, with the attributes that it has")
                                : QString::fromStdString(book_cli::TargetName(arguments, false));
-    return ending.empty() ? name : QStringLiteral("%1 (%2)").arg(name, Letters(ending));
+    return ending.empty() ? name : QStringLiteral("%1 (%2)").arg(name, ToLetters(ending));
 }
 
 std::string_view EndingAt(const book_cli::Program* program, int form) {
@@ -119,7 +116,7 @@ void MoveTarget::listPrograms() {
     programs_->setObjectName(QStringLiteral("movePrograms"));
     programs_->setAccessibleName(tr("Move to"));
     for (const book_cli::Program& one : book_cli::Programs()) {
-        programs_->addItem(Letters(one.Title));
+        programs_->addItem(ToLetters(one.Title));
     }
     programs_->addItem(tr("Another program or a file"));
     const int frame = 2 * programs_->frameWidth() + programs_->fontMetrics().averageCharWidth() * 2;

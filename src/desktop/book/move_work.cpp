@@ -3,6 +3,7 @@
 #include <QMetaObject>
 #include <QPointer>
 #include <utility>
+#include <vector>
 
 namespace orvik {
 
@@ -30,17 +31,17 @@ MoveWork::~MoveWork() {
     }
 }
 
-const book_cli::Loaded& MoveWork::records() {
+std::shared_ptr<const book_cli::Loaded> MoveWork::records() {
     if (!records_ || revision_ != document_.revision()) {
         std::erase_if(numbers_, [this](auto number) { return !document_.isThere(number); });
         records_ = document_.snapshot(numbers_).Copy;
         revision_ = document_.revision();
     }
-    return *records_;
+    return records_;
 }
 
 std::vector<std::string> MoveWork::sources() {
-    const book::Book& book = records().Book;
+    const book::Book& book = records()->Book;
     std::vector<std::string> names;
     for (std::uint32_t i = 0; i < book.SourceCount(); ++i) {
         names.push_back(book.SourceAt(i).Name());
@@ -57,13 +58,12 @@ std::shared_ptr<const MovePreview> MoveWork::preview() const {
 }
 
 void MoveWork::prepare(const book_cli::Arguments& chosen) {
-    records();
     auto made = std::make_shared<std::shared_ptr<const MovePreview>>();
     // The last one may be large, so it goes there, too.
     auto old = std::make_shared<std::shared_ptr<const MovePreview>>(std::exchange(preview_, {}));
     start(
         Job::Preparing,
-        [&files = files_, records = records_, chosen, made, old](const BookWorker::Watch& watch) {
+        [&files = files_, records = records(), chosen, made, old](const BookWorker::Watch& watch) {
             old->reset();
             *made = PrepareMove(files, *records, chosen, watch);
         },

@@ -36,7 +36,7 @@ class MoveWork : public QObject {
     MoveWork& operator=(MoveWork&&) = delete;
 
     // The records as they stand now, and where they came from.
-    [[nodiscard]] const book_cli::Loaded& records();
+    [[nodiscard]] std::shared_ptr<const book_cli::Loaded> records();
     [[nodiscard]] std::vector<std::string> sources();
     // Whether these are all of the document's.
     [[nodiscard]] bool areAll() const;

@@ -17,7 +17,7 @@ namespace orvik {
 namespace {
 
 // A file manager marks each of them.
-constexpr std::size_t kMostShown = 50;
+constexpr std::size_t kMostMarked = 50;
 // It may have to be started.
 constexpr int kLongestWait = 10000;
 
@@ -48,7 +48,7 @@ void ShowInFolder(std::span<const std::string> files,
         return;
     }
     QStringList addresses;
-    for (const std::string& one : files.first(std::min(files.size(), kMostShown))) {
+    for (const std::string& one : files.first(std::min(files.size(), kMostMarked))) {
         addresses.append(AddressOf(one));
     }
     QDBusMessage call =
