@@ -118,6 +118,7 @@ class BookMoveSaveTest : public test::MoveDialogFixture {
         Find<QPushButton>("moveCancel").click();
         gated.may_go_on = true;
         ASSERT_TRUE(Eventually([&] { return !Text("moveLineText").empty(); }));
+        user.reset();
     }
 
     GatedFiles gated;

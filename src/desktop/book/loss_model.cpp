@@ -101,15 +101,15 @@ void LossModel::showMore(const QModelIndex& index) {
     const QModelIndex above = parent(index);
     Page& page = pageOf(above);
     const int all = static_cast<int>(allBelow(above));
-    const int shown = all - page.Shown > kPage ? page.Shown + kPage : all;
-    beginInsertRows(above, page.Shown, shown - 1);
-    page.Shown = shown;
+    const int before = page.Shown;
+    const bool has_more = all - before > kPage;
+    beginRemoveRows(above, before, before);
+    page.HasMore = false;
+    endRemoveRows();
+    const int shown = has_more ? before + kPage : all;
+    beginInsertRows(above, before, has_more ? shown : shown - 1);
+    page = {shown, has_more};
     endInsertRows();
-    if (shown == all) {
-        beginRemoveRows(above, all, all);
-        page.HasMore = false;
-        endRemoveRows();
-    }
 }
 
 QString LossModel::textOf(const QModelIndex& index) const {

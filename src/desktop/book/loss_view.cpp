@@ -20,9 +20,7 @@ LossView::LossView(QWidget* parent) : QTreeView(parent) {
     setUniformRowHeights(true);
     setTextElideMode(Qt::ElideRight);
     setTabKeyNavigation(false);
-    connect(this, &QAbstractItemView::clicked, this, [this](const QModelIndex& index) {
-        model_.showMore(index);
-    });
+    connect(this, &QAbstractItemView::clicked, this, &LossView::showMore);
 }
 
 void LossView::showPreview(std::shared_ptr<const MovePreview> preview) {
@@ -47,10 +45,22 @@ void LossView::keyPressEvent(QKeyEvent* event) {
     QTreeView::keyPressEvent(event);
 }
 
+// The next rows stand where the one was that stood for them.
+void LossView::showMore(const QModelIndex& index) {
+    if (model_.isMore(index)) {
+        const QModelIndex above = index.parent();
+        const int row = index.row();
+        model_.showMore(index);
+        setCurrentIndex(model_.index(row, 0, above));
+    }
+}
+
 void LossView::open(const QModelIndex& index) {
     if (model_.isMore(index)) {
-        model_.showMore(index);
-    } else if (index.isValid()) {
+        showMore(index);
+        return;
+    }
+    if (index.isValid()) {
         setExpanded(index, !isExpanded(index));
     }
 }

@@ -21,6 +21,7 @@ class LossView : public QTreeView {
 
  private:
     void open(const QModelIndex& index);
+    void showMore(const QModelIndex& index);
 
     LossModel model_;
 };

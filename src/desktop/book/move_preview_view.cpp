@@ -71,6 +71,8 @@ void MovePreviewView::showPreview(const std::shared_ptr<const MovePreview>& prev
     leave_out_->setVisible(lost > 0);
     losses_->setVisible(preview && !preview->Groups.empty());
     hints_->hide();
+    // Also a screen reader that looks at what is hidden finds a name.
+    hints_->setAccessibleName(tr("Hints"));
     split_->hide();
     counts_->setText(tr("What the file will hold is not known yet"));
     if (preview) {
@@ -100,8 +102,11 @@ void MovePreviewView::showHints(const MovePreview& preview) {
     for (const std::string& one : preview.Hints) {
         hints.append(QString::fromStdString(one));
     }
-    hints_->setText(Shortened(hints.join(u'\n')));
-    hints_->setVisible(!hints.isEmpty());
+    if (!hints.isEmpty()) {
+        hints_->setText(Shortened(hints.join(u'\n')));
+        hints_->setAccessibleName(hints_->text());
+        hints_->show();
+    }
 }
 
 bool MovePreviewView::mayBeSaved() const {

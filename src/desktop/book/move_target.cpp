@@ -1,5 +1,6 @@
 #include "desktop/book/move_target.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
@@ -157,6 +158,7 @@ void MoveTarget::makeMore() {
     details_->setObjectName(QStringLiteral("moveDetails"));
     form_->setObjectName(QStringLiteral("moveForm"));
     form_->setAccessibleName(tr("File"));
+    form_->view()->setAccessibleName(tr("Files"));
     splits_->setObjectName(QStringLiteral("moveSplits"));
     most_->setObjectName(QStringLiteral("moveMost"));
     most_->setAccessibleName(tr("Records of a file"));

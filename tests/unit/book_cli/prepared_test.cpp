@@ -45,12 +45,12 @@ class PreparedTest : public testing::Test {
 };
 
 TEST_F(PreparedTest, WhatWouldBeLostIsRefusedUnlessItMayBe) {
-    Read(1, "KEY:http://k\n");
+    Read(1, "KEY;ENCODING=b:QUJD\n");
     For("google");
     EXPECT_THAT(Prepare(arguments, loaded, console).Refused, StartsWith("1 value would be lost"));
     Loaded again;
     std::swap(again, loaded);
-    Read(1, "KEY:http://k\n");
+    Read(1, "KEY;ENCODING=b:QUJD\n");
     arguments.AllowLoss = true;
     const Prepared made = Prepare(arguments, loaded, console);
     EXPECT_EQ(made.Refused, "");
