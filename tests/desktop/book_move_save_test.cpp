@@ -197,7 +197,7 @@ TEST_F(BookMoveSaveTest, ADialogThatGoesInTheMiddleCancels) {
 
 TEST_F(BookMoveSaveTest, ACancelledPreviewCanBeHadAgain) {
     std::string cards;
-    constexpr int kMany = 30000;
+    constexpr int kMany = 10000;
     for (int i = 0; i < kMany; ++i) {
         cards += "BEGIN:VCARD\nVERSION:3.0\nFN:P" + std::to_string(i) +
                  "\nEMAIL:p@example.org\nTEL:5\nNOTE:n\nEND:VCARD\n";
@@ -212,34 +212,41 @@ TEST_F(BookMoveSaveTest, ACancelledPreviewCanBeHadAgain) {
     EXPECT_FALSE(Find<QPushButton>("moveSave").isEnabled());
     Find<QAbstractButton>("moveLineLink").click();
     AwaitPreview();
-    EXPECT_THAT(Text("moveCounts"), StartsWith("read 30000   written 30000   "));
+    EXPECT_THAT(Text("moveCounts"), StartsWith("read 10000   written 10000   "));
     EXPECT_EQ(Text("moveLineText"), "");
 }
 
 TEST_F(BookMoveSaveTest, AFullDiskLeavesTheOldFileAndAllowsAnotherTry) {
     Read("plain.ldif", test::kPlainBook);
-    test::WriteFile(folder.Name("old.vcf"), "old");
     test::FaultyFiles full;
     Open(document.records(), full);
-    // Each call of a save fails once.
-    for (std::size_t call = 1; !Find<QWidget>("moveSummary").isVisible(); ++call) {
+    // Each call of a save fails once; the save goes on where nothing depends on it.
+    std::size_t failures = 0;
+    for (std::size_t call = 1; call == 1 || !full.fault.Failed.empty(); ++call) {
         ASSERT_LT(call, 200U);
+        test::WriteFile(folder.Name("old.vcf"), "old");
         full.fault = {call, 0, std::make_error_code(std::errc::no_space_on_device), 0, {}};
         BeginToSave("old.vcf");
+        auto& summary = Find<QWidget>("moveSummary");
         ASSERT_TRUE(Eventually([&] {
-            return !worker.isBusy() &&
-                   (!Text("moveLineText").empty() || Find<QWidget>("moveSummary").isVisible());
+            return !worker.isBusy() && (!Text("moveLineText").empty() || summary.isVisible());
         }));
-        if (!Text("moveLineText").empty()) {
-            EXPECT_THAT(Text("moveLineText"), StartsWith("Not saved: ")) << full.fault.Failed;
-        }
-        if (full.fault.Failed.find("new Write") != std::string::npos) {
-            EXPECT_EQ(test::ReadFile(folder.Name("old.vcf")), "old");
+        SCOPED_TRACE(full.fault.Failed);
+        EXPECT_THAT(folder.Files(), ElementsAre("old.vcf", "plain.ldif"));
+        if (summary.isVisible()) {
+            EXPECT_THAT(test::ReadFile(folder.Name("old.vcf")), StartsWith("BEGIN:VCARD"));
+            Find<QPushButton>("moveBack").click();
+        } else {
+            ++failures;
+            EXPECT_THAT(Text("moveLineText"), StartsWith("Not saved: "));
             EXPECT_THAT(Text("moveLineText"), HasSubstr("Disk full"));
         }
-        EXPECT_THAT(folder.Files(), ElementsAre("old.vcf", "plain.ldif")) << full.fault.Failed;
+        if (full.fault.Failed == "new Write") {
+            EXPECT_EQ(test::ReadFile(folder.Name("old.vcf")), "old");
+        }
         user.reset();
     }
+    EXPECT_GT(failures, 5U);
     EXPECT_THAT(test::ReadFile(folder.Name("old.vcf")), StartsWith("BEGIN:VCARD"));
 }
 

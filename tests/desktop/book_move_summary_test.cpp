@@ -150,7 +150,7 @@ std::vector<std::string> Tabbed() {
 TEST_F(BookMoveSummaryTest, TheKeyboardIsEnough) {
     Read("rich.vcf", test::kRichBook);
     Open();
-    QApplication::setActiveWindow(dialog.get());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     auto& programs = Find<QListWidget>("movePrograms");
     programs.setFocus();
     QTest::keyClick(&programs, Qt::Key_Down);
@@ -162,7 +162,7 @@ TEST_F(BookMoveSummaryTest, TheKeyboardIsEnough) {
             "movePrograms", "moveHelp", "moveMore", "moveLosses", "moveLeaveOut", "moveClose"));
     // More is opened by its key; Enter on a loss does not save.
     QTest::keyClick(dialog.get(), Qt::Key_M, Qt::AltModifier);
-    EXPECT_TRUE(Find<QComboBox>("moveForm").isVisible());
+    EXPECT_TRUE(Eventually([&] { return Find<QComboBox>("moveForm").isVisible(); }));
     auto& losses = Find<QTreeView>("moveLosses");
     losses.setFocus();
     const auto rows = LossRows().size();
@@ -171,10 +171,14 @@ TEST_F(BookMoveSummaryTest, TheKeyboardIsEnough) {
     QTest::keyClick(&losses, Qt::Key_Return);
     EXPECT_EQ(LossRows().size(), rows);
     QTest::keyClick(dialog.get(), Qt::Key_L, Qt::AltModifier);
+    EXPECT_TRUE(Eventually([&] { return Find<QPushButton>("moveSave").isEnabled(); }));
     EXPECT_TRUE(Find<QAbstractButton>("moveLeaveOut").isChecked());
     const test::BoxUser user({[&] { test::ModalUser::type(Path("g.csv")); }});
     QTest::keyClick(dialog.get(), Qt::Key_S, Qt::AltModifier);
     ASSERT_TRUE(Eventually([&] { return Find<QWidget>("moveSummary").isVisible(); }));
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    ASSERT_EQ(QApplication::focusWidget(), &Find<QWidget>("moveSummaryText"));
     EXPECT_THAT(
         Tabbed(),
         ElementsAre(

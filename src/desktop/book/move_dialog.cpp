@@ -249,8 +249,8 @@ void MoveDialog::takeDone(Job job, const MoveEnd& end) {
         line_->tell(tr("The summary is in %1").arg(ShownName(name_)));
         return;
     }
-    summary_->showText(QString::fromStdString(end.Summary));
     showPage(summary_);
+    summary_->showText(QString::fromStdString(end.Summary));
     if (work_->areAll()) {
         document_.undoStack().setClean();
         emit saved(QFile::decodeName(end.Files.front().c_str()));
