@@ -53,6 +53,8 @@ MovePreviewView::MovePreviewView(QWidget* parent)
     lines->addWidget(split_);
     lines->addWidget(losses_, 1);
     lines->addWidget(leave_out_);
+    // Without losses what is said stays at the top.
+    lines->addStretch(0);
     connect(split_, &QAbstractButton::clicked, this, [this] {
         emit splitAsked(preview_->TooMany->Most);
     });
@@ -90,10 +92,9 @@ void MovePreviewView::showHints(const MovePreview& preview) {
         hints.append(TooManyText(*preview.Chosen.Form, *preview.TooMany));
         const QString files =
             QString::fromStdString(book_cli::Counted(preview.TooMany->Files, "file", "files"));
-        split_->setText(tr("Spl&it it into %1 of at most %2")
+        split_->setText(tr("Split it into %1 of at most %2")
                             .arg(files, QString::number(preview.TooMany->Most)));
-        split_->setAccessibleName(tr("Split it into %1 of at most %2")
-                                      .arg(files, QString::number(preview.TooMany->Most)));
+        split_->setAccessibleName(split_->text());
         split_->show();
     } else if (!preview.Parts.empty()) {
         hints.append(

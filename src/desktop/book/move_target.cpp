@@ -91,7 +91,7 @@ MoveTarget::MoveTarget(bool has_lists, QWidget* parent)
       right_(new QVBoxLayout),
       title_(new QLabel(this)),
       where_(new QLabel(this)),
-      help_(new LinkButton(QStringLiteral("moveHelp"), tr("&How to import"), this)),
+      help_(new LinkButton(QStringLiteral("moveHelp"), tr("How to import"), this)),
       more_(new QToolButton(this)),
       details_(new QWidget(this)),
       form_(new QComboBox(details_)),
@@ -173,7 +173,7 @@ void MoveTarget::makeMore() {
     auto* const lines = new QFormLayout(details_);
     lines->setContentsMargins(0, 0, 0, 0);
     lines->setRowWrapPolicy(QFormLayout::DontWrapRows);
-    lines->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    lines->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     form_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     lines->addRow(tr("&File:"), form_);
     lines->addRow(row);
