@@ -103,22 +103,30 @@ PieceCharset Charset::Judge(std::span<const std::string_view> values, std::uint3
     return utf8_ ? PieceCharset::Utf8 : JudgeApart(values, line);
 }
 
-PieceCharset Charset::JudgeApart(std::span<const std::string_view> values, std::uint32_t line) {
-    Utf8Count sum;
+PieceCharset JudgeBytes(std::span<const std::string_view> values, Utf8Count& count) {
     bool escapes = false;
     for (const std::string_view value : values) {
-        const Utf8Count count = CountUtf8(value);
-        sum.Letters += count.Letters;
-        sum.Bad += count.Bad;
+        const Utf8Count one = CountUtf8(value);
+        count.Letters += one.Letters;
+        count.Bad += one.Bad;
         escapes = escapes || value.find("\x1B$") != std::string_view::npos;
     }
+    if (escapes || count.Bad > 1 || (count.Bad == 1 && count.Letters == 0)) {
+        return PieceCharset::Other;
+    }
+    return count.Bad == 0 ? PieceCharset::Utf8 : PieceCharset::Broken;
+}
+
+PieceCharset Charset::JudgeApart(std::span<const std::string_view> values, std::uint32_t line) {
+    Utf8Count sum;
+    const PieceCharset found = JudgeBytes(values, sum);
     const bool asked = ground_ == CharsetGround::Asked && sum.Letters + sum.Bad > 0;
-    if (asked || escapes || sum.Bad > 1 || (sum.Bad == 1 && sum.Letters == 0)) {
+    if (asked || found == PieceCharset::Other) {
         CountOther(line);
         return PieceCharset::Other;
     }
     utf8_pieces_ += sum.Letters > 0 ? 1U : 0U;
-    return sum.Bad == 0 ? PieceCharset::Utf8 : PieceCharset::Broken;
+    return found;
 }
 
 void Charset::CountOther(std::uint32_t line) {

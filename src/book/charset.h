@@ -15,6 +15,7 @@
 #include "book/arena.h"
 #include "book/charset_converter.h"
 #include "book/source.h"
+#include "book/utf8.h"
 
 namespace orvik::book {
 
@@ -27,6 +28,10 @@ enum class PieceCharset : std::uint8_t {
     Broken,  // UTF-8, but for one broken letter, which becomes U+FFFD
     Other    // the file's other set
 };
+
+// JudgeBytes: how values of which nobody has said anything are to be read, by all of them; count is
+// what there is in them.
+[[nodiscard]] PieceCharset JudgeBytes(std::span<const std::string_view> values, Utf8Count& count);
 
 class Charset {
  public:

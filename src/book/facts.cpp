@@ -152,6 +152,21 @@ std::string LineEndsOf(std::string_view text) {
     return Shown(CountLineEnds(text));
 }
 
+std::string_view NameOf(Format form) {
+    switch (form) {
+        case Format::Ldif:
+            return "LDIF";
+        case Format::VCard:
+            return "vCard";
+        case Format::Csv:
+            return "CSV";
+        default:
+            break;
+    }
+    const OldFormat* const old = OldFormatOf(form);
+    return old == nullptr ? std::string_view{} : old->Name;
+}
+
 std::vector<Facts> FactsOf(const Book& book, std::span<const Format> formats) {
     std::vector<Facts> all(formats.size());
     std::vector<Gathered> gathered(formats.size());
@@ -167,15 +182,14 @@ std::vector<Facts> FactsOf(const Book& book, std::span<const Format> formats) {
             continue;
         }
         if (formats[i] == Format::Csv) {
-            all[i].Form = "CSV";
+            all[i].Form = NameOf(Format::Csv);
             all[i].LineEnds = Shown(EndsOfRows(text));
             continue;
         }
-        if (const OldFormat* const old = OldFormatOf(formats[i])) {
-            all[i].Form = old->Name;
+        all[i].Form = NameOf(formats[i]);
+        if (formats[i] != Format::VCard) {
             continue;
         }
-        all[i].Form = "vCard";
         for (const Dialect form : gathered[i].Forms) {
             all[i].Form += all[i].Form.ends_with('d') ? " " : ", ";
             all[i].Form += VersionName(form);

@@ -28,6 +28,9 @@ struct Facts {
     std::vector<std::string> UnknownNames;
 };
 
+// NameOf: what a person calls a format: "LDIF", "Juno address book".
+[[nodiscard]] std::string_view NameOf(Format form);
+
 // FactsOf: of each source by its number; formats are those that were detected, in the same order.
 [[nodiscard]] std::vector<Facts> FactsOf(const Book& book, std::span<const Format> formats);
 

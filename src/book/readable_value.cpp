@@ -77,4 +77,13 @@ std::string LabelOfValue(const Book& book, const Property& one) {
     return one.Name == field::kImpp ? "Messenger" : std::string(name);
 }
 
+std::string Grouped(std::size_t number) {
+    constexpr std::size_t kGroup = 3;
+    std::string text = std::to_string(number);
+    for (std::size_t at = text.size(); at > kGroup; at -= kGroup) {
+        text.insert(at - kGroup, " ");
+    }
+    return text;
+}
+
 }  // namespace orvik::book

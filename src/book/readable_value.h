@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -21,5 +22,8 @@ namespace orvik::book {
 
 // LabelOfValue: what a line with it begins with: "Job title".
 [[nodiscard]] std::string LabelOfValue(const Book& book, const Property& one);
+
+// Grouped: a number with a blank between its thousands, "1 204".
+[[nodiscard]] std::string Grouped(std::size_t number);
 
 }  // namespace orvik::book

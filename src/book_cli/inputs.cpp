@@ -124,7 +124,8 @@ class Loader {
                                   letters.Sentence(NounOf(found.Form)),
                                   letters.IsDoubtful(),
                                   table.Program,
-                                  table.Sentence});
+                                  table.Sentence,
+                                  letters.OtherName()});
     }
 
     // The set for what is not UTF-8. Lines of a plain file, read in letters of 16 bits, would

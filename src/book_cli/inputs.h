@@ -24,6 +24,8 @@ struct Input {
     // Of CSV alone: the program whose words its header has, and what was decided about its columns.
     std::string Program = {};
     std::string Columns = {};
+    // The set of what is not UTF-8 in it.
+    std::string OtherSet = {};
 };
 
 struct Loaded {

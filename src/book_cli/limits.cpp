@@ -4,9 +4,9 @@
 #include <map>
 
 #include "book/ldif_sets.h"
+#include "book/picture_bytes.h"
 #include "book/typed_views.h"
 #include "book/value_form.h"
-#include "book/vcard_fields.h"
 #include "book_cli/told.h"
 
 namespace orvik::book_cli {
@@ -17,13 +17,8 @@ using book::Reason;
 
 // The bytes of a picture; 0 for one that is somewhere else.
 std::size_t BytesOfPhoto(const book::Book& book, const book::Property& photo) {
-    constexpr std::size_t kDigits = 4;
-    constexpr std::size_t kBytes = 3;
-    const auto uri = book::SplitDataUri(photo.Value);
-    const bool encoded = book::ParamOf(book, photo, book::field::kEncoding) == "b";
-    return uri       ? uri->Base64.size() / kDigits * kBytes
-           : encoded ? photo.Value.size() / kDigits * kBytes
-                     : 0;
+    const auto base64 = book::EmbeddedBase64(book, photo);
+    return base64 ? book::BytesOfBase64(*base64) : 0;
 }
 
 class Doubts {

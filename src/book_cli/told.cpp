@@ -84,15 +84,6 @@ std::string Counted(std::size_t count, const std::string& one, const std::string
     return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
-std::string Grouped(std::size_t number) {
-    constexpr std::size_t kGroup = 3;
-    std::string text = std::to_string(number);
-    for (std::size_t at = text.size(); at > kGroup; at -= kGroup) {
-        text.insert(at - kGroup, " ");
-    }
-    return text;
-}
-
 std::string GroupedCount(std::size_t count, const std::string& one, const std::string& many) {
     return Grouped(count) + " " + (count == 1 ? one : many);
 }
@@ -101,21 +92,24 @@ std::string RangeOf(const std::string& first, const std::string& last) {
     return Printable(first) + (first == last ? "" : " to " + Printable(last));
 }
 
-std::string RemarkText(const book::Book& book, const book::Remark& remark) {
-    // People of mail stand in no line.
-    std::string text = remark.Line == 0 ? "" : "line " + std::to_string(remark.Line) + ": ";
-    text.append(NameOf(remark.Kind)).append(": ");
-    text += remark.Field;
+std::string RemarkWords(const book::Book& book, const book::Remark& remark) {
+    std::string text(remark.Field);
     text += remark.Field.empty() || remark.Value.empty() ? "" : " ";
     if (!remark.Value.empty()) {
         text.append("\"").append(Shortened(remark.Value)).append("\"");
     }
-    text += remark.Field.empty() && remark.Value.empty() ? "it " : ": ";
+    text += text.empty() ? "it " : ": ";
     text += WordsFor(remark.Why);
     if (remark.Target != book::FieldNames::kNone) {
         text += " (" + std::string(book.Names.Text(remark.Target)) + ")";
     }
     return Printable(text);
+}
+
+std::string RemarkText(const book::Book& book, const book::Remark& remark) {
+    // People of mail stand in no line.
+    std::string text = remark.Line == 0 ? "" : "line " + std::to_string(remark.Line) + ": ";
+    return text.append(NameOf(remark.Kind)).append(": ") + RemarkWords(book, remark);
 }
 
 void TellCharsets(Console& console, const Loaded& loaded) {
@@ -274,12 +268,6 @@ std::string ListHint(const Arguments& arguments, const book::Book& book) {
     return other.TakesLists ? std::string(arguments.For->Title) + " takes lists from a " +
                                   std::string(other.Ending) + " file"
                             : "";
-}
-
-bool HasLists(const book::Book& book) {
-    return std::any_of(book.Contacts.begin(), book.Contacts.end(), [](const book::Contact& one) {
-        return one.Kind == book::ContactKind::List;
-    });
 }
 
 std::string Refusal(const book::Book& book, bool allow_loss) {

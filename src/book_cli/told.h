@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "book/list_links.h"
+#include "book/readable_value.h"
 #include "book/utf8.h"
 #include "book_cli/book_arguments.h"
 #include "book_cli/console.h"
@@ -23,8 +25,8 @@ namespace orvik::book_cli {
                                   const std::string& one,
                                   const std::string& many);
 
-// Grouped: a number with a blank between its thousands, "1 204".
-[[nodiscard]] std::string Grouped(std::size_t number);
+using book::Grouped;
+
 // "1 person", "1 204 people".
 [[nodiscard]] std::string GroupedCount(std::size_t count,
                                        const std::string& one,
@@ -35,7 +37,10 @@ namespace orvik::book_cli {
 
 using book::Shortened;
 
-// RemarkText: "line 3: lost: TEL "5": has no place in the target", with a long value cut.
+// RemarkWords: "TEL "5": has no place in the target", with a long value cut.
+[[nodiscard]] std::string RemarkWords(const book::Book& book, const book::Remark& remark);
+
+// RemarkText: "line 3: lost: TEL "5": has no place in the target".
 [[nodiscard]] std::string RemarkText(const book::Book& book, const book::Remark& remark);
 
 // Names the character sets that are only assumed or guessed.
@@ -70,7 +75,7 @@ void AddMissingMembers(book::Book& book, const Catalogue& catalogue);
 // The lines of a report for the files of a book that was split: how many records each has.
 [[nodiscard]] std::string ReportOf(std::span<const FilePart> parts);
 
-[[nodiscard]] bool HasLists(const book::Book& book);
+using book::HasLists;
 
 // ListHint: in which file the program would take the lists of a book that it does not take from
 // this one; empty for no list, and where there is none.

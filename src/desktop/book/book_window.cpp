@@ -16,8 +16,8 @@ BookWindow::BookWindow(FileSystem& files, RecentBooks& books)
     : files_(files),
       books_(books),
       panel_(new QTabWidget(this)),
-      person_(new PersonPage(document_, panel_)),
-      problems_(new ProblemsPage(document_, worker_, panel_)),
+      person_(new PersonPage(document_, checks_, panel_)),
+      problems_(new ProblemsPage(document_, checks_, panel_)),
       duplicates_(new DuplicatesPage(document_, worker_, files_, panel_)) {
     setObjectName(QStringLiteral("bookWindow"));
     panel_->addTab(person_, tr("Person"));

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "desktop/book/book_checks.h"
 #include "desktop/book/book_document.h"
 #include "desktop/book/book_worker.h"
 #include "platform/file_system.h"
@@ -46,6 +47,7 @@ class BookWindow : public QMainWindow {
     RecentBooks& books_;
     BookDocument document_;
     BookWorker worker_;
+    BookChecks checks_{document_};
     QTabWidget* panel_;
     PersonPage* person_;
     ProblemsPage* problems_;
