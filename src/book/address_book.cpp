@@ -23,6 +23,33 @@ std::unique_ptr<Book> Book::Snapshot(std::span<const std::uint32_t> contacts) co
     return copy;
 }
 
+std::unique_ptr<Book> Book::Excerpt(std::span<const std::uint32_t> contacts) const {
+    auto copy = std::make_unique<Book>();
+    copy->sources_ = sources_;
+    copy->read_ = read_;
+    copy->older_ = older_;
+    copy->older_.push_back(own_);
+    std::vector<Property> properties;
+    std::vector<Param> params;
+    for (const std::uint32_t number : contacts) {
+        Contact contact = Contacts[number];
+        for (Property one : contact.Properties) {
+            const Details& details = DetailsOf(one);
+            params.assign(details.Params.begin(), details.Params.end());
+            for (Param& param : params) {
+                param.Name = copy->Names.Intern(Names.Text(param.Name));
+            }
+            one.Name = copy->Names.Intern(Names.Text(one.Name));
+            one.Details = copy->KeepDetails(details.Group, params);
+            properties.push_back(one);
+        }
+        contact.Properties = copy->KeepFields(properties);
+        contact.Remarks = 0;
+        copy->Contacts.push_back(contact);
+    }
+    return copy;
+}
+
 void Book::TakeOver(std::unique_ptr<Book> grown) {
     grown->Contacts = std::move(Contacts);
     grown->HowFar = std::move(HowFar);
@@ -49,9 +76,7 @@ void Book::CountRead(Contact& contact) {
     contact.Remarks = static_cast<std::uint32_t>(Told.Remarks().size()) - contact.FirstRemark;
     ++read_[from.File];
     Told.CountMore(What::Read);
-    if (HowFar) {
-        HowFar(from.Offset + std::size_t{from.Bytes}, SourceAt(from.File).Text().size());
-    }
+    TellFar(from.Offset + std::size_t{from.Bytes}, SourceAt(from.File).Text().size());
 }
 
 void Book::TellLosses(const Contact& contact) {
@@ -67,10 +92,14 @@ void Book::TellLosses(const Contact& contact) {
     }
 }
 
-void Book::CountWritten(std::size_t count) const {
+void Book::TellFar(std::size_t done, std::size_t all) const {
     if (HowFar) {
-        HowFar(count, Contacts.size());
+        HowFar(done, all);
     }
+}
+
+void Book::CountWritten(std::size_t count) const {
+    TellFar(count, Contacts.size());
 }
 
 std::uint32_t Book::KeepDetails(std::string_view group, std::span<const Param> params) {

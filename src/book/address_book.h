@@ -28,6 +28,9 @@ class Book {
     // write and change while this one goes on, and that shares all that was read. Contacts are by
     // their numbers here, no longer than this book's are known. Errors: std::bad_alloc.
     [[nodiscard]] std::unique_ptr<Book> Snapshot(std::span<const std::uint32_t> contacts) const;
+    // Excerpt: a book with these contacts, in this order, that knows nothing of the others: cheap,
+    // however large this book is. It has no report. Errors: std::bad_alloc.
+    [[nodiscard]] std::unique_ptr<Book> Excerpt(std::span<const std::uint32_t> contacts) const;
     // TakeOver: all that a snapshot of this book has learnt since, but for its contacts, which can
     // stand in this book from now on. Nothing else was kept here meanwhile.
     void TakeOver(std::unique_ptr<Book> grown);
@@ -42,9 +45,10 @@ class Book {
     [[nodiscard]] std::size_t SourceCount() const { return sources_.size(); }
 
     // Whoever wants to say how far the work is: called for each record that was read, with bytes,
-    // or written, with records.
+    // or written, compared or merged, with numbers.
     using Progress = std::function<void(std::size_t done, std::size_t all)>;
     Progress HowFar;
+    void TellFar(std::size_t done, std::size_t all) const;
 
     // Says that so many of the contacts are written.
     void CountWritten(std::size_t count) const;

@@ -67,8 +67,7 @@ std::string WonText(const book::Book& book, const book::MergeNote& note) {
 void TellMerged(Console& console, const book::Book& book, const book::Merged& merged) {
     std::size_t told = 0;
     for (const book::MergeNote& note : merged.Notes) {
-        const bool names_the_record = note.Field == "UID" || note.Field == "X-ORVIK-LDIF-dn";
-        if (note.IsSpelling || names_the_record || ++told > kMostTold) {
+        if (note.IsSpelling || NamesTheRecord(note) || ++told > kMostTold) {
             continue;
         }
         console.Begin(book.SourceAt(note.From.File).Name());

@@ -34,10 +34,18 @@ TEST(Colours, CanBeToldApartInEveryPalette) {
             EXPECT_EQ(IsDark(palette), dark) << paper.name().toStdString();
             EXPECT_GE(Contrast(LinkColour(palette), paper), 4.5)
                 << colour.name().toStdString() << " on " << paper.name().toStdString();
+            EXPECT_GE(Contrast(QuietColour(palette), paper), 4.5) << paper.name().toStdString();
             EXPECT_GE(Contrast(FocusColour(palette), paper), 3)
                 << colour.name().toStdString() << " on " << paper.name().toStdString();
         }
     }
+}
+
+TEST(Colours, QuietLettersAreLessBlackThanOthers) {
+    const QPalette palette = Made(Qt::white, Qt::black, Qt::blue);
+    EXPECT_LT(Contrast(QuietColour(palette), Qt::white), 12);
+    EXPECT_EQ(QuietColour(Made(Qt::white, QColor(0x76, 0x76, 0x76), Qt::blue)),
+              QColor(0x76, 0x76, 0x76));
 }
 
 TEST(Colours, StayWhereTheyCanBeToldApart) {

@@ -39,8 +39,9 @@ class HolderFinder {
             order.begin(), order.end(), [this](std::uint32_t one, std::uint32_t other) {
                 return book_.HashesOf(one).size() > book_.HashesOf(other).size();
             });
-        for (const std::uint32_t record : order) {
-            FindHolders(record);
+        for (std::size_t i = 0; i < order.size(); ++i) {
+            book_.Tell(MatchStep::Contained, i, order.size());
+            FindHolders(order[i]);
         }
         Verify();
         AddMerges();

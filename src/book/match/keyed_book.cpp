@@ -17,16 +17,20 @@ std::uint64_t HashOfAll(std::span<const std::uint64_t> hashes) {
 
 }  // namespace
 
-KeyedBook::KeyedBook(const Book& book) : book_(book), keys_(book) {
+KeyedBook::KeyedBook(const Book& book, TakesPart who)
+    : book_(book), keys_(book), takes_part_(book.Contacts.size(), true) {
     const std::size_t count = book.Contacts.size();
-    NamePlaces();
+    if (who == TakesPart::Placed) {
+        LeaveOutUnplaced();
+    }
     begin_.reserve(count + 1);
     first_equal_.resize(count);
     KeyList keys;
     for (std::size_t i = 0; i < count; ++i) {
+        Tell(MatchStep::Keys, i, count);
         begin_.push_back(hashes_.size());
         first_equal_[i] = static_cast<std::uint32_t>(i);
-        if (named_[i] && book.Contacts[i].Kind == ContactKind::Person) {
+        if (takes_part_[i] && book.Contacts[i].Kind == ContactKind::Person) {
             AddRecord(i, keys);
         }
     }
@@ -38,25 +42,24 @@ KeyedBook::KeyedBook(const Book& book) : book_(book), keys_(book) {
 }
 
 // A plan names a record by the line on which it begins.
-void KeyedBook::NamePlaces() {
+void KeyedBook::LeaveOutUnplaced() {
     const auto& contacts = book_.Contacts;
     std::vector<Entry> places;
     places.reserve(contacts.size());
-    named_.resize(contacts.size(), true);
     for (std::size_t i = 0; i < contacts.size(); ++i) {
         const Origin& from = contacts[i].From;
-        named_[i] = from.Lines > 0;
+        takes_part_[i] = from.Lines > 0;
         places.push_back(
             {std::uint64_t{from.File} << 32U | from.Line, static_cast<std::uint32_t>(i), 0});
     }
     std::sort(places.begin(), places.end());
     for (std::size_t i = 1; i < places.size(); ++i) {
         if (places[i].Hash == places[i - 1].Hash) {
-            named_[places[i].Record] = false;
-            named_[places[i - 1].Record] = false;
+            takes_part_[places[i].Record] = false;
+            takes_part_[places[i - 1].Record] = false;
         }
     }
-    left_out_ = static_cast<std::size_t>(std::count(named_.begin(), named_.end(), false));
+    left_out_ = static_cast<std::size_t>(std::count(takes_part_.begin(), takes_part_.end(), false));
 }
 
 void KeyedBook::AddRecord(std::size_t record, KeyList& keys) {
@@ -87,6 +90,7 @@ void KeyedBook::FindEqual() {
     KeyList keys;
     std::vector<std::string> wanted;
     for (std::size_t i = 0; i < all.size(); ++i) {
+        Tell(MatchStep::Equal, i, all.size());
         const std::uint32_t first = i == 0 ? all[i].Record : first_equal_[all[i - 1].Record];
         const bool may_be = i > 0 && all[i].Hash == all[i - 1].Hash;
         if (!may_be) {
@@ -147,6 +151,14 @@ std::string KeyedBook::AddressOf(const Bucket& bucket) const {
     KeyList keys;
     keys_.AddOf(book_.Contacts[bucket.Records.front()], bucket.Property, keys);
     return keys.Keys().empty() ? "" : std::string(keys.TextOf(keys.Keys().front()));
+}
+
+void KeyedBook::Tell(MatchStep step, std::size_t done, std::size_t all) const {
+    // The keys take about as long as all other steps.
+    constexpr std::array<std::size_t, 8> kBegins = {0, 50, 60, 70, 75, 85, 90, 100};
+    const std::size_t from = kBegins[static_cast<std::size_t>(step)];
+    const std::size_t to = kBegins[static_cast<std::size_t>(step) + 1];
+    book_.TellFar(from * all + (to - from) * done, 100 * all);
 }
 
 }  // namespace orvik::book

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "book/address_book.h"
+#include "book/match/match_line.h"
 #include "book/match/record_keys.h"
 
 namespace orvik::book {
@@ -25,11 +26,14 @@ struct Bucket {
 // one person's.
 inline constexpr std::size_t kMostCompared = 64;
 
+// The steps of a look for matches, one behind the other.
+enum class MatchStep : std::uint8_t { Keys, Equal, Contained, Lists, Pairs, Addresses, Names };
+
 class KeyedBook {
  public:
-    // Goes through the people of the book, and looks which are equal. Those that stand nowhere, or
-    // begin on the line of another one, are left out. The book must outlive it. n log n.
-    explicit KeyedBook(const Book& book);
+    // Goes through the people of the book, and looks which are equal. The book must outlive it, and
+    // is told how far this is; what it throws ends it. n log n.
+    explicit KeyedBook(const Book& book, TakesPart who = TakesPart::Placed);
 
     [[nodiscard]] const Book& From() const { return book_; }
     [[nodiscard]] const RecordKeys& Keys() const { return keys_; }
@@ -45,8 +49,7 @@ class KeyedBook {
     [[nodiscard]] bool IsCompared(std::size_t record) const {
         return first_equal_[record] == record && begin_[record] < begin_[record + 1];
     }
-    // Takes part, so that a plan can name it.
-    [[nodiscard]] bool CanBeNamed(std::size_t record) const { return named_[record]; }
+    [[nodiscard]] bool TakesPartAt(std::size_t record) const { return takes_part_[record]; }
 
     // The hashes of what a record holds, sorted.
     [[nodiscard]] std::span<const std::uint64_t> HashesOf(std::size_t record) const {
@@ -61,6 +64,9 @@ class KeyedBook {
 
     // The text of an address that a bucket shares.
     [[nodiscard]] std::string AddressOf(const Bucket& bucket) const;
+
+    // Says that so much of a step is done, to whoever wants to know; may throw to end it.
+    void Tell(MatchStep step, std::size_t done, std::size_t all) const;
 
  private:
     struct Entry {
@@ -80,14 +86,14 @@ class KeyedBook {
         std::vector<Bucket> Buckets;
     };
 
-    void NamePlaces();
+    void LeaveOutUnplaced();
     void AddRecord(std::size_t record, KeyList& keys);
     void FindEqual();
     void FillBuckets(Kind& kind) const;
 
     const Book& book_;
     RecordKeys keys_;
-    std::vector<bool> named_;
+    std::vector<bool> takes_part_;
     std::size_t left_out_ = 0;
     std::vector<std::uint64_t> hashes_;
     std::vector<std::size_t> begin_;

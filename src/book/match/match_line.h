@@ -12,16 +12,17 @@
 namespace orvik::book {
 
 // From sure to hardly: all values are equal; one record holds all that the other does; they share
-// an address and nothing speaks against it; they share an address; they share a name.
-enum class Tier : std::uint8_t { Same, Contained, Agree, Address, Name };
-inline constexpr std::size_t kTiers = 5;
+// an address and nothing speaks against it; they share an address; they share a name. Plan is what
+// a person's plan alone says.
+enum class Tier : std::uint8_t { Same, Contained, Agree, Address, Name, Plan };
+inline constexpr std::size_t kTiers = 5;  // that are looked for
 
 // Merge them; ask a person; keep them apart.
 enum class Action : std::uint8_t { Merge, Ask, Keep };
 inline constexpr std::size_t kActions = 3;
 
-inline constexpr std::array<std::string_view, kTiers> kTierNames = {
-    "same", "contained", "agree", "address", "name"};
+inline constexpr std::array<std::string_view, kTiers + 1> kTierNames = {
+    "same", "contained", "agree", "address", "name", "plan"};
 inline constexpr std::array<std::string_view, kActions> kActionNames = {"merge", "ask", "keep"};
 
 [[nodiscard]] constexpr std::string_view NameOf(Tier tier) {
@@ -30,6 +31,10 @@ inline constexpr std::array<std::string_view, kActions> kActionNames = {"merge",
 [[nodiscard]] constexpr std::string_view NameOf(Action action) {
     return kActionNames[static_cast<std::size_t>(action)];
 }
+
+// Who is compared: those alone whom a plan can name, as no other record begins on their line; or
+// all, also who came from no file.
+enum class TakesPart : std::uint8_t { Placed, All };
 
 struct MatchLine {
     Action Do = Action::Keep;

@@ -19,7 +19,8 @@ using Groups = std::map<std::uint32_t, std::vector<std::uint32_t>>;
 
 class MatchFinder {
  public:
-    MatchFinder(const Book& book, bool merges) : keyed_(book), merges_(merges) {}
+    MatchFinder(const Book& book, bool merges, TakesPart who)
+        : keyed_(book, who), merges_(merges) {}
 
     Matches Find() && {
         AddEqual();
@@ -73,8 +74,9 @@ class MatchFinder {
         Groups groups;
         KeyList keys;
         for (std::uint32_t i = 0; i < book.Contacts.size(); ++i) {
+            keyed_.Tell(MatchStep::Lists, i, book.Contacts.size());
             const Contact& list = book.Contacts[i];
-            if (list.Kind != ContactKind::List || !keyed_.CanBeNamed(i)) {
+            if (list.Kind != ContactKind::List || !keyed_.TakesPartAt(i)) {
                 continue;
             }
             keyed_.Keys().Fill(list, keys);
@@ -134,8 +136,8 @@ class MatchFinder {
 
 }  // namespace
 
-Matches FindMatches(const Book& book, bool merges_agreeing) {
-    return MatchFinder(book, merges_agreeing).Find();
+Matches FindMatches(const Book& book, bool merges_agreeing, TakesPart who) {
+    return MatchFinder(book, merges_agreeing, who).Find();
 }
 
 }  // namespace orvik::book

@@ -25,7 +25,10 @@ struct Matches {
 
 // FindMatches: docs/book.md has the rules as a table. Only the first two tiers are to be merged,
 // and with merges_agreeing the third one, too. Lists are looked for among lists that are the same.
-// The same book gives the same lines. n log n.
-[[nodiscard]] Matches FindMatches(const Book& book, bool merges_agreeing);
+// The same book gives the same lines. The book is told how far this is (Book::HowFar); what that
+// throws ends it. n log n.
+[[nodiscard]] Matches FindMatches(const Book& book,
+                                  bool merges_agreeing,
+                                  TakesPart who = TakesPart::Placed);
 
 }  // namespace orvik::book

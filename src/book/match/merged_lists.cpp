@@ -27,6 +27,7 @@ MergedLists::MergedLists(Book& book, const std::vector<std::uint32_t>& into)
     }
     const Directory directory(book, identities_);
     for (std::uint32_t i = 0; i < book.Contacts.size(); ++i) {
+        book.TellFar(0, book.Contacts.size());
         const Contact& list = book.Contacts[i];
         for (const ListMember& member : directory.MembersOf(list)) {
             const auto property = static_cast<std::uint32_t>(member.Field - list.Properties.data());
@@ -49,6 +50,7 @@ void MergedLists::Rename() {
         lists[into_[member.List]].push_back(&member);
     }
     for (const auto& [list, members] : lists) {
+        book_.TellFar(1, 1);
         RenameIn(list, members);
     }
 }

@@ -58,6 +58,14 @@ std::string Sha256(std::string_view bytes) {
     return sum.get();
 }
 
+std::string SourceLine(const Source& source) {
+    return "# source " + QuotedName(source.Name()) + " " + Sha256(source.Bytes()) + "\n";
+}
+
+std::string NoteLine(std::string_view note) {
+    return std::string("# not compared: ").append(note) + "\n";
+}
+
 std::string PlanLine(const Book& book, const MatchLine& line) {
     std::string text(NameOf(line.Do));
     text.resize(7, ' ');
@@ -72,14 +80,13 @@ std::string PlanLine(const Book& book, const MatchLine& line) {
 std::string PlanText(const Book& book, const Matches& found) {
     std::string text;
     for (std::uint32_t i = 0; i < book.SourceCount(); ++i) {
-        const Source& source = book.SourceAt(i);
-        text += "# source " + QuotedName(source.Name()) + " " + Sha256(source.Bytes()) + "\n";
+        text += SourceLine(book.SourceAt(i));
     }
     for (const MatchLine& line : found.Lines) {
         text += PlanLine(book, line);
     }
     for (const std::string& note : found.Notes) {
-        text += "# not compared: " + note + "\n";
+        text += NoteLine(note);
     }
     return text;
 }

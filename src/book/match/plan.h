@@ -24,6 +24,11 @@ namespace orvik::book {
 // PlanText: the plan of what was found. The same book gives the same bytes.
 [[nodiscard]] std::string PlanText(const Book& book, const Matches& found);
 
+// SourceLine, NoteLine: what a plan says of a source, and of what was not compared; with their
+// ends.
+[[nodiscard]] std::string SourceLine(const Source& source);
+[[nodiscard]] std::string NoteLine(std::string_view note);
+
 // PlanLine: the line of a plan, with its end.
 [[nodiscard]] std::string PlanLine(const Book& book, const MatchLine& line);
 
@@ -49,6 +54,7 @@ struct PlannedLine {
     Action Do = Action::Keep;
     std::vector<PlanPlace> Places;
     std::size_t Line = 0;
+    std::string Comment = {};  // what stands behind the number sign: it says nothing
 };
 
 struct PlanError {

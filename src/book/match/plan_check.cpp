@@ -1,9 +1,12 @@
 #include "book/match/plan_check.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <deque>
 #include <numeric>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -49,10 +52,10 @@ class PlanChecker {
             return std::move(found_);
         }
         FindPlaces();
-        std::vector<MatchLine> lines;
+        std::vector<MatchLine>& lines = found_.Lines;
         lines.reserve(plan_.Lines.size());
         for (const PlannedLine& line : plan_.Lines) {
-            lines.push_back({line.Do, Tier::Name, RecordsOf(line), {}});
+            lines.push_back({line.Do, Tier::Plan, RecordsOf(line), line.Comment});
             CheckKinds(line, lines.back());
         }
         CheckApart(lines);
@@ -89,6 +92,9 @@ class PlanChecker {
         places_.reserve(book_.Contacts.size());
         for (std::uint32_t i = 0; i < book_.Contacts.size(); ++i) {
             const Origin& from = book_.Contacts[i].From;
+            if (from.Lines == 0) {
+                continue;
+            }
             const auto [place, is_new] = places_.try_emplace(PlaceOf(from.File, from.Line), i);
             if (!is_new) {
                 place->second = std::nullopt;
@@ -202,6 +208,43 @@ MergeGroups GroupsOf(std::span<const MatchLine> lines, std::size_t records) {
     }
     std::erase_if(groups, [](const auto& group) { return group.size() < 2; });
     return groups;
+}
+
+void FindSources(Plan& plan, const Book& book) {
+    std::unordered_map<std::string_view, bool> is_named;
+    for (std::uint32_t i = 0; i < book.SourceCount(); ++i) {
+        is_named.emplace(book.SourceAt(i).Name(), false);
+    }
+    const auto is_known = [&is_named](const PlanSource& source) {
+        const auto known = is_named.find(source.Name);
+        return known != is_named.end() && (known->second = true);
+    };
+    if (std::count_if(plan.Sources.begin(), plan.Sources.end(), is_known) ==
+        static_cast<std::ptrdiff_t>(plan.Sources.size())) {
+        return;
+    }
+    // Of several files with the same bytes each is meant once, in their order.
+    std::unordered_map<std::string, std::deque<std::string>> by_sum;
+    for (std::uint32_t i = 0; i < book.SourceCount(); ++i) {
+        const Source& source = book.SourceAt(i);
+        if (!is_named.at(source.Name())) {
+            by_sum[Sha256(source.Bytes())].push_back(source.Name());
+        }
+    }
+    std::unordered_map<std::string, std::string> found;
+    for (PlanSource& source : plan.Sources) {
+        const auto same = by_sum.find(ToLower(source.Sum));
+        if (!is_named.contains(source.Name) && same != by_sum.end() && !same->second.empty()) {
+            found.emplace(std::exchange(source.Name, same->second.front()), same->second.front());
+            same->second.pop_front();
+        }
+    }
+    for (PlannedLine& line : plan.Lines) {
+        for (PlanPlace& place : line.Places) {
+            const auto other = found.find(place.File);
+            place.File = other == found.end() ? place.File : other->second;
+        }
+    }
 }
 
 CheckedPlan CheckPlan(const Plan& plan, const Book& book) {

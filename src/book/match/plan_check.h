@@ -21,10 +21,16 @@ using MergeGroups = std::vector<std::vector<std::uint32_t>>;
 
 struct CheckedPlan {
     MergeGroups Groups;
+    // Each line of the plan with the numbers of its records, and its comment for a reason.
+    std::vector<MatchLine> Lines;
     // By line: sources that are others by now, records that are not there, people and lists that
     // would become one, and what one line merges and another one keeps apart.
     std::vector<PlanError> Errors;
 };
+
+// FindSources: a plan may have been made in another folder. Its sources that the book has not under
+// their names, but under another one, get that: their bytes are the same.
+void FindSources(Plan& plan, const Book& book);
 
 // CheckPlan: of a plan without errors. The book has read the plan's sources. n log n.
 [[nodiscard]] CheckedPlan CheckPlan(const Plan& plan, const Book& book);

@@ -134,7 +134,7 @@ class PlanParser {
         if (!has_word || found == kActionNames.end()) {
             return Fail("a line begins with merge, ask, keep or #");
         }
-        PlannedLine line{static_cast<Action>(found - kActionNames.begin()), {}, number_};
+        PlannedLine line{static_cast<Action>(found - kActionNames.begin()), {}, number_, {}};
         for (SkipBlanks(rest); !rest.empty() && rest.front() != '#'; SkipBlanks(rest)) {
             if (!TakePlace(rest, line)) {
                 return;
@@ -142,6 +142,9 @@ class PlanParser {
         }
         if (line.Places.empty()) {
             return Fail("no record is named, as FILE:LINE");
+        }
+        if (!rest.empty()) {
+            line.Comment = WithoutBlanksAround(rest.substr(1));
         }
         plan_.Lines.push_back(std::move(line));
     }

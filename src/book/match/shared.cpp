@@ -42,30 +42,39 @@ class SharedFinder {
     }
 
     Shared Find() && {
-        EachBucket(KeyKind::Address, [this](const Bucket& bucket, const Records& records) {
-            FindAgreeing(bucket, records);
-        });
+        EachBucket(KeyKind::Address,
+                   MatchStep::Pairs,
+                   [this](const Bucket& bucket, const Records& records) {
+                       FindAgreeing(bucket, records);
+                   });
         std::sort(pairs_.begin(), pairs_.end());
         pairs_.erase(std::unique(pairs_.begin(), pairs_.end()), pairs_.end());
         AddAgreeing();
-        EachBucket(KeyKind::Address, [this](const Bucket& bucket, const Records& records) {
-            if (records.size() <= kMostCompared) {
-                AddSharers(bucket, UnitsOf(records));
-            }
-        });
-        EachBucket(KeyKind::Name, [this](const Bucket& /*bucket*/, const Records& records) {
-            AddNamesakes(UnitsOf(records));
-        });
+        EachBucket(KeyKind::Address,
+                   MatchStep::Addresses,
+                   [this](const Bucket& bucket, const Records& records) {
+                       if (records.size() <= kMostCompared) {
+                           AddSharers(bucket, UnitsOf(records));
+                       }
+                   });
+        EachBucket(KeyKind::Name,
+                   MatchStep::Names,
+                   [this](const Bucket& /*bucket*/, const Records& records) {
+                       AddNamesakes(UnitsOf(records));
+                   });
         return std::move(found_);
     }
 
  private:
     // Buckets of those who are nobody else yet. Who shares many is looked at once.
     template <class Take>
-    void EachBucket(KeyKind kind, const Take& take) {
+    void EachBucket(KeyKind kind, MatchStep step, const Take& take) {
         Records records;
         std::set<Records> seen;
-        for (const Bucket& bucket : book_.BucketsOf(kind)) {
+        const std::span<const Bucket> buckets = book_.BucketsOf(kind);
+        for (std::size_t i = 0; i < buckets.size(); ++i) {
+            book_.Tell(step, i, buckets.size());
+            const Bucket& bucket = buckets[i];
             records.clear();
             for (const std::uint32_t record : bucket.Records) {
                 if (contained_.Into[record] == record && !contained_.IsAsked[record]) {
@@ -159,6 +168,7 @@ class SharedFinder {
         }
         std::set<std::uint32_t> all_agree;
         for (const auto& [first, all] : joined) {
+            book_.Tell(MatchStep::Pairs, 1, 1);
             if (all.size() <= kMostCompared && AllAgree(all)) {
                 all_agree.insert(first);
                 for (const std::uint32_t record : all) {

@@ -57,6 +57,19 @@ QColor LinkColour(const QPalette& palette) {
     return Apart(palette, QPalette::Link, kReadable);
 }
 
+QColor QuietColour(const QPalette& palette) {
+    const QColor letters = palette.color(QPalette::Text);
+    const QColor paper = palette.color(QPalette::Base);
+    constexpr int kQuietest = kSteps / 2;
+    for (int step = kQuietest; step > 0; --step) {
+        const QColor mixed = Mixed(letters, paper, static_cast<double>(step) / kSteps);
+        if (Contrast(mixed, paper) >= kReadable) {
+            return mixed;
+        }
+    }
+    return letters;
+}
+
 QColor FocusColour(const QPalette& palette) {
     return Apart(palette, QPalette::Highlight, kVisible);
 }

@@ -15,6 +15,9 @@ namespace orvik {
 // LinkColour: that of the palette, brought nearer to black or white where it could hardly be read.
 [[nodiscard]] QColor LinkColour(const QPalette& palette);
 
+// QuietColour: that of letters, brought nearer to the paper as far as it can still be read.
+[[nodiscard]] QColor QuietColour(const QPalette& palette);
+
 // FocusColour: that of selections, made as visible on the paper as the edge of a control must be.
 [[nodiscard]] QColor FocusColour(const QPalette& palette);
 
