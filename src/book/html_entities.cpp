@@ -10,6 +10,7 @@
 #include <unicode/unistr.h>
 
 #include "book/address_letters.h"
+#include "book/field_names.h"
 #include "book/value_form.h"
 
 namespace orvik::book {

@@ -176,7 +176,9 @@ class AliasJudge {
             return;
         }
         ++aliases_;
-        const bool address = rest.find('@') != std::string_view::npos;
+        // What is in brackets behind an escaped quote is an address, of a machine's own, too.
+        const bool address = rest.find('@') != std::string_view::npos ||
+                             rest.find("\\\" <") != std::string_view::npos;
         addresses_ += address ? 1U : 0U;
         first_ = first_ == 0 ? line.Number : first_;
         mailx_ += word == "group" || (address && HasBlanksBetween(rest)) ? 1U : 0U;
@@ -247,15 +249,13 @@ bool LongLines::Next(LongLine& line) {
 }
 
 std::string_view TakeWord(std::string_view& rest, bool quotes) {
-    std::size_t end = std::min(rest.find_first_of(kAliasBlanks), rest.size());
-    std::string_view word = rest.substr(0, end);
-    if (quotes && rest.starts_with('"')) {
-        const std::size_t close = rest.find('"', 1);
-        if (close != std::string_view::npos) {
-            word = rest.substr(1, close - 1);
-            end = close + 1;
-        }
-    }
+    const std::size_t close =
+        quotes && rest.starts_with('"') ? rest.find('"', 1) : std::string_view::npos;
+    const bool quoted = close != std::string_view::npos;
+    // Blanks are looked for only where they end the word: a line may be quotes alone.
+    const std::size_t end =
+        quoted ? close + 1 : std::min(rest.find_first_of(kAliasBlanks), rest.size());
+    const std::string_view word = quoted ? rest.substr(1, close - 1) : rest.substr(0, end);
     rest.remove_prefix(std::min(rest.find_first_not_of(kAliasBlanks, end), rest.size()));
     return word;
 }

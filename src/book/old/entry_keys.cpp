@@ -41,7 +41,9 @@ EntryKeys::EntryKeys(const Book& book, std::string_view forbidden)
         std::string_view rest = nickname;
         const std::string word = OneLine(Unescaped(TakePart(rest, ',').Text));
         if (!word.empty()) {
-            keys_[i] = Unique(Plain(word));
+            // Lists find nobody by blanks alone, for which _ stands.
+            const std::string plain = Plain(word);
+            keys_[i] = Unique(NicknameKey(plain).empty() ? "entry" : plain);
             own_[i] = keys_[i] == word;
         }
     }
@@ -57,12 +59,14 @@ std::string EntryKeys::Plain(std::string_view word) const {
     return plain;
 }
 
-std::string EntryKeys::Unique(const std::string& key) {
+std::string EntryKeys::Unique(const std::string& key, char before_number) {
     std::string unique = key;
     std::size_t& count = counts_[NicknameKey(key)];
     while (!used_.insert(NicknameKey(unique)).second) {
         count = count == 0 ? 2 : count + 1;
-        unique = key + "-" + std::to_string(count);
+        unique = key;
+        unique += before_number;
+        unique += std::to_string(count);
     }
     return unique;
 }
@@ -73,7 +77,7 @@ const std::string& EntryKeys::Make(std::size_t record) {
     }
     const Contact& contact = book_.Contacts[record];
     const std::string name = OneLine(NameOf(book_, contact).Shown);
-    if (contact.Kind == ContactKind::List && !name.empty() && Plain(name) == name) {
+    if (contact.Kind == ContactKind::List && !NicknameKey(name).empty() && Plain(name) == name) {
         return keys_[record] = Unique(name);
     }
     const std::string_view address = FirstOf(book_, contact, field::kEmail);
@@ -83,7 +87,7 @@ const std::string& EntryKeys::Make(std::size_t record) {
 }
 
 std::string EntryKeys::Next(std::size_t record) {
-    return Unique(Make(record));
+    return Unique(Make(record), '-');
 }
 
 void TakeNicknames(Fitting& entry, bool is_own) {

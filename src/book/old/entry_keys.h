@@ -17,8 +17,8 @@ namespace orvik::book {
 class EntryKeys {
  public:
     // Takes the first nickname of each record, less the signs that no short name may have, which
-    // become _; of equal ones the second and the next have a number: "ada-2". The book must
-    // outlive this.
+    // become _; of equal ones the second and the next have a number: "ada_2", since "ada-2" is
+    // another entry of ada. The book must outlive this.
     EntryKeys(const Book& book, std::string_view forbidden);
 
     // Empty for a record that has none yet.
@@ -34,7 +34,7 @@ class EntryKeys {
 
  private:
     [[nodiscard]] std::string Plain(std::string_view word) const;
-    [[nodiscard]] std::string Unique(const std::string& key);
+    [[nodiscard]] std::string Unique(const std::string& key, char before_number = '_');
 
     const Book& book_;
     std::string_view forbidden_;

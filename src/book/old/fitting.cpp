@@ -94,7 +94,7 @@ std::string OneLine(std::string_view text, std::string_view line_break) {
             line += IsControl(text[i]) ? ' ' : text[i];
         }
     }
-    return line;
+    return std::string(WithoutBlanksAround(line));
 }
 
 Fitting::Fitting(Book& book, const OldForm& form)
@@ -165,10 +165,11 @@ void Fitting::TakeParts(const Property& parts, std::string_view shown) {
 
 std::string Fitting::TakeListName() {
     std::string name = OneLine(NameOf(book_, *contact_).Shown);
-    for (const NameId id : {field::kFn, field::kN}) {
-        if (const Property* const one = Next(id); one != nullptr) {
-            Keep(*one, one->Value);
-        }
+    if (const Property* const shown = Next(field::kFn); shown != nullptr) {
+        static_cast<void>(Take(*shown));
+    }
+    if (const Property* const parts = Next(field::kN); parts != nullptr) {
+        Keep(*parts, parts->Value);
     }
     return name;
 }
@@ -213,10 +214,11 @@ KindBits Fitting::KindBitsOf(const Property& one) const {
     return KindOf(book_, one, labels_).Bits;
 }
 
-std::vector<const Property*> Fitting::OwnFields() const {
+std::vector<const Property*> Fitting::OwnFields(OwnFits fits) const {
     std::vector<const Property*> all;
     for (const Property& one : contact_->Properties) {
-        if (IsOpen(one) && StartsAsName(book_.Names.Text(one.Name), own_)) {
+        if (IsOpen(one) && StartsAsName(book_.Names.Text(one.Name), own_) &&
+            fits(OwnFieldOf(one), OneLine(ReadableValue(book_, one)))) {
             all.push_back(&one);
         }
     }

@@ -58,8 +58,11 @@ class Fitting {
     // The same of one of these kinds.
     [[nodiscard]] const Property* NextOf(NameId name, std::span<const KindBits> kinds) const;
     [[nodiscard]] KindBits KindBitsOf(const Property& one) const;
-    // The fields of the format's own that nobody took, and what the format calls each.
-    [[nodiscard]] std::vector<const Property*> OwnFields() const;
+    // Whether a field of a format's own, and its text in one line, is read as that field and no
+    // other one.
+    using OwnFits = bool (*)(std::string_view field, std::string_view line);
+    // The fields of the format's own that nobody took and that fit, and what the format calls each.
+    [[nodiscard]] std::vector<const Property*> OwnFields(OwnFits fits) const;
     [[nodiscard]] std::string OwnFieldOf(const Property& one) const;
 
     // Takes a value: its text in one line.

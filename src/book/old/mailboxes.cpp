@@ -153,6 +153,11 @@ std::vector<Mailbox> MailboxesOf(std::string_view text) {
     return boxes;
 }
 
+bool IsAddressAlone(std::string_view text) {
+    const std::vector<Mailbox> boxes = MailboxesOf(text);
+    return boxes.size() == 1 && boxes[0].Name.empty() && boxes[0].Address == text;
+}
+
 std::string QuotedPhrase(std::string_view name) {
     std::string quoted = "\"";
     for (const char c : name) {

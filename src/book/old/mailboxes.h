@@ -22,6 +22,10 @@ struct Mailbox {
 // are left out. A quote or bracket that is never closed is a letter like any other.
 [[nodiscard]] std::vector<Mailbox> MailboxesOf(std::string_view text);
 
+// IsAddressAlone: whether a text is read as one address and nothing else.
+//   "ada@x", "\"a,b\"@x" -> true;  "a@x,b@x", "rowers", "(ada)@x" -> false
+[[nodiscard]] bool IsAddressAlone(std::string_view text);
+
 // QuotedPhrase: a name in quotes, as it is read from before an address.
 //   "Al \"the\" Bo" -> "\"Al \\\"the\\\" Bo\""
 [[nodiscard]] std::string QuotedPhrase(std::string_view name);

@@ -66,6 +66,17 @@ std::optional<PlainEntry> PlainEntryOf(std::string_view text) {
     return LooseEntry(text);
 }
 
+bool IsQuotedEntry(std::string_view line) {
+    line = WithoutBlanksAround(line);
+    if (line.starts_with('"')) {
+        line.remove_prefix(std::min(line.find('"', 1), line.size() - 1) + 1);
+        line = WithoutBlanksAround(line);
+    }
+    // "<>" has nobody.
+    return line.size() > 2 && line.starts_with('<') && line.find('>') == line.size() - 1 &&
+           line.find('<', 1) == std::string_view::npos;
+}
+
 std::string_view TakePlainEntry(std::string_view& rest) {
     bool quoted = false;
     bool address = false;

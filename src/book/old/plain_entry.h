@@ -18,6 +18,11 @@ struct PlainEntry {
 //   '"Al" <A1>', 'Al <A1>', 'A1 "Al"', '<A1> Al', 'a1@b (Al)', 'a1@b Al' -> Al, A1
 [[nodiscard]] std::optional<PlainEntry> PlainEntryOf(std::string_view text);
 
+// IsQuotedEntry: whether a line is something in brackets, alone or behind a name in quotes, as
+// lists of addresses have it and tables do not.
+//   '"Abbott, Al" <al@b>', '<al@b>' -> true;  '"Al","Abbott" <al@b>' -> false
+[[nodiscard]] bool IsQuotedEntry(std::string_view line);
+
 // TakePlainEntry: the text up to the next comma or semicolon that ends an entry; rest moves behind
 // it. A comma behind a text without an address is part of a name.
 //   rest "Abbott, Al <a@b>, c@d" -> "Abbott, Al <a@b>", rest " c@d"

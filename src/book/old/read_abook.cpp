@@ -35,11 +35,6 @@ bool IsAbookFormat(std::string_view section) {
     return WithoutBlanksAround(section) == "[format]";
 }
 
-// "[0]"; what is never closed is no section.
-bool IsAbookSection(std::string_view line) {
-    return line.starts_with('[') && line.find(']') != std::string_view::npos;
-}
-
 struct AbookRow {
     std::string_view Text;
     std::uint32_t Number = 0;
@@ -199,6 +194,19 @@ std::optional<std::string> AbookEvidence(const Source& source) {
         format = true;
     }
     return std::nullopt;
+}
+
+bool IsAbookKeyword(std::string_view key) {
+    return key == "name" || key == "email" || key == "groups" ||
+           std::find(kAbookPost.begin(), kAbookPost.end(), key) != kAbookPost.end() ||
+           std::any_of(kAbookKeys.begin(), kAbookKeys.end(), [key](const AbookKey& one) {
+               return one.Text == key;
+           });
+}
+
+// What is never closed is no section.
+bool IsAbookSection(std::string_view line) {
+    return line.starts_with('[') && line.find(']') != std::string_view::npos;
 }
 
 void ReadAbook(Book& book, std::uint32_t file, Charset& charset) {

@@ -7,10 +7,11 @@
 #include <vector>
 
 #include "app/text.h"
-#include "book/csv_form.h"
 #include "book/lines.h"
 #include "book/old/entry_builder.h"
 #include "book/old/mailboxes.h"
+#include "book/old/plain_entry.h"
+#include "book/old/read_plain_list.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
@@ -31,11 +32,6 @@ std::optional<ListSetting> SettingOf(std::string_view line) {
     line.remove_prefix(1);
     const std::size_t end = std::min(line.find_first_of(" \t"), line.size());
     return ListSetting{line.substr(0, end), WithoutBlanksAround(line.substr(end))};
-}
-
-bool IsKeyword(std::string_view word) {
-    return std::all_of(
-        word.begin(), word.end(), [](char c) { return (c >= 'A' && c <= 'Z') || c == '-'; });
 }
 
 // "lists/TEAM.PML" -> "TEAM"
@@ -145,24 +141,29 @@ class ListReader {
     std::uint32_t last_ = 0;
 };
 
-// Lines that can be members, for a file that is called a list and says nothing of itself.
-bool MayBeMember(std::string_view line) {
-    constexpr std::size_t kLongest = 200;
-    return line.size() <= kLongest && line.find_first_of("{}=;\t") == std::string_view::npos;
+}  // namespace
+
+bool IsListKeyword(std::string_view word) {
+    return std::all_of(
+        word.begin(), word.end(), [](char c) { return (c >= 'A' && c <= 'Z') || c == '-'; });
 }
 
-}  // namespace
+bool IsListMember(std::string_view line) {
+    constexpr std::size_t kLongest = 200;
+    return IsQuotedEntry(line) ||
+           (line.size() <= kLongest && line.find_first_of("{}=;\t") == std::string_view::npos);
+}
 
 std::optional<std::string> PegasusListEvidence(const Source& source) {
     std::uint32_t first = 0;
     Line line;
     for (Lines lines(source.Text(), source.Signs().Cr); lines.Next(line);) {
         const auto setting = SettingOf(line.Text);
-        if (!setting && !MayBeMember(line.Text)) {
+        if (!setting && !IsListMember(line.Text)) {
             return std::nullopt;
         }
         if (setting && !setting->Keyword.empty()) {
-            if (!IsKeyword(setting->Keyword)) {
+            if (!IsListKeyword(setting->Keyword)) {
                 return std::nullopt;
             }
             first = first == 0 ? line.Number : first;
@@ -174,13 +175,13 @@ std::optional<std::string> PegasusListEvidence(const Source& source) {
 
 std::optional<std::string> NamedPegasusListEvidence(const Source& source) {
     // What a table is, it is for better reasons.
-    if (!HasEnding(source.Name(), ".pml") || CsvFormOf(source.Text())) {
+    if (!HasEnding(source.Name(), ".pml") || IsTable(source)) {
         return std::nullopt;
     }
     bool any = false;
     Line line;
     for (Lines lines(source.Text(), source.Signs().Cr); lines.Next(line);) {
-        if (!MayBeMember(line.Text)) {
+        if (!IsListMember(line.Text)) {
             return std::nullopt;
         }
         any = any || !WithoutBlanksAround(line.Text).empty();

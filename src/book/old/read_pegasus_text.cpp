@@ -236,6 +236,12 @@ std::optional<std::string> PegasusTextEvidence(const Source& source) {
                       : std::nullopt;
 }
 
+bool IsPegasusLabel(std::string_view label) {
+    return std::any_of(kPegasusLabels.begin(),
+                       kPegasusLabels.end(),
+                       [label](const PegasusLabel& one) { return one.Text == label; });
+}
+
 void ReadPegasusText(Book& book, std::uint32_t file, Charset& charset) {
     PegasusReader(book, file, charset).Read();
 }

@@ -18,6 +18,9 @@ namespace orvik::book {
 // Each entry becomes a person.
 void ReadPegasusText(Book& book, std::uint32_t file, Charset& charset);
 
+// Whether an entry has a field of this name.
+[[nodiscard]] bool IsPegasusLabel(std::string_view label);
+
 // Whether a source is the binary book itself, of which the layout is known too little to read it.
 [[nodiscard]] bool IsPegasusBinary(const Source& source);
 

@@ -43,6 +43,11 @@ struct PineEntry {
     }
     [[nodiscard]] bool IsDeleted() const { return StartsAsName(Nickname(), kPineDeleted); }
     [[nodiscard]] bool HasParentheses() const { return Address().starts_with('('); }
+    // Whether it goes on behind a tab, as entries of nothing else do.
+    [[nodiscard]] bool IsBroken() const {
+        const std::size_t end = std::min(Bytes.find_first_of("\r\n"), Bytes.size());
+        return Lines > 1 && Bytes.substr(0, end).ends_with('\t');
+    }
 };
 
 class PineEntries {
@@ -52,8 +57,10 @@ class PineEntries {
     bool Next(PineEntry& entry) {
         while (has_line_ || lines_.Next(line_)) {
             has_line_ = false;
-            if (!WithoutBlanksAround(line_.Text).empty()) {
-                TakeEntry(entry);
+            // An entry may begin with a tab alone, and go on behind it.
+            const bool blank = line_.Text.find('\t') == std::string_view::npos &&
+                               WithoutBlanksAround(line_.Text).empty();
+            if (!blank && TakeEntry(entry)) {
                 return true;
             }
         }
@@ -61,7 +68,8 @@ class PineEntries {
     }
 
  private:
-    void TakeEntry(PineEntry& entry) {
+    // Whether it has anything.
+    bool TakeEntry(PineEntry& entry) {
         entry.Line = line_.Number;
         entry.Lines = 1;
         entry.Joined.clear();
@@ -78,6 +86,9 @@ class PineEntries {
         }
         entry.Bytes = {begin, static_cast<std::size_t>(end - begin)};
         Split(entry.Lines == 1 ? text : entry.Joined, entry);
+        return std::any_of(entry.Fields.begin(), entry.Fields.end(), [](std::string_view one) {
+            return !one.empty();
+        });
     }
 
     static void Split(std::string_view text, PineEntry& entry) {
@@ -192,12 +203,25 @@ class PineReader {
     }
 
     // A field as letters. Those of an entry of several lines stand in no source.
-    std::string_view Field(const PineEntry& entry, std::size_t number, std::string_view name) {
+    std::string_view Letters(const PineEntry& entry, std::size_t number, std::string_view name) {
         std::string_view raw = entry.Fields[number];
         raw = entry.Lines > 1 ? book_.Keep(raw) : raw;
-        const std::string_view text =
-            number == 1 ? entry_.LettersOfName(raw, name) : entry_.Letters(raw, name);
+        return number == 1 ? entry_.LettersOfName(raw, name) : entry_.Letters(raw, name);
+    }
+
+    std::string_view Field(const PineEntry& entry, std::size_t number, std::string_view name) {
+        const std::string_view text = Letters(entry, number, name);
         return HasEncodedWords(text) ? book_.Keep(DecodedWords(text)) : text;
+    }
+
+    // What is encoded parts no addresses, as the comma of a name would.
+    std::vector<Mailbox> Boxes(const PineEntry& entry) {
+        std::vector<Mailbox> boxes = MailboxesIn(Letters(entry, 2, "address"));
+        for (Mailbox& box : boxes) {
+            box.Name = DecodedWords(box.Name);
+            box.Address = DecodedWords(box.Address);
+        }
+        return boxes;
     }
 
     void Take(const PineEntry& entry) {
@@ -214,7 +238,7 @@ class PineReader {
         if (!entry.Nickname().empty()) {
             entry_.PushWords(field::kNickname, Field(entry, 0, "nickname"), entry.Line);
         }
-        const std::vector<Mailbox> boxes = MailboxesIn(Field(entry, 2, "address"));
+        const std::vector<Mailbox> boxes = Boxes(entry);
         PushName(entry, boxes, list);
         if (list) {
             nicknames_.PushMembers(entry_, boxes, entry.Line);
@@ -286,9 +310,11 @@ bool IsCalledPine(const std::string& file) {
 std::optional<std::string> PineEvidence(const Source& source) {
     std::uint32_t first = 0;
     std::size_t count = 0;
-    std::size_t words = 0;
+    std::size_t names = 0;
     std::size_t addresses = 0;
     bool signs = IsCalledPine(source.Name());
+    bool certain = false;
+    bool odd = false;
     PineEntry entry;
     for (PineEntries entries(source); entries.Next(entry);) {
         if (entry.IsComment() || entry.IsDeleted()) {
@@ -297,21 +323,23 @@ std::optional<std::string> PineEvidence(const Source& source) {
         }
         const bool address =
             entry.HasParentheses() || entry.Address().find('@') != std::string_view::npos;
-        if (entry.Tabs < 2 || !IsPineNickname(entry.Nickname()) || IsNumber(entry.Nickname()) ||
-            (!address && entry.Address().find(' ') != std::string_view::npos)) {
+        if (entry.Tabs < 2 || !IsPineNickname(entry.Nickname())) {
             return std::nullopt;
         }
+        certain = certain || entry.IsBroken();
+        const bool number = IsNumber(entry.Nickname());
+        const bool words = !address && entry.Address().find(' ') != std::string_view::npos;
         // The header of a table has no address.
-        if (first == 0 && !address && !IsCalledPine(source.Name())) {
-            return std::nullopt;
-        }
+        const bool header = first == 0 && !address && !IsCalledPine(source.Name());
+        odd = odd || number || words || header;
         first = first == 0 ? entry.Line : first;
         signs = signs || IsOfPine(entry);
         ++count;
         addresses += address ? 1U : 0U;
-        words += entry.Name().find(' ') != std::string_view::npos ? 1U : 0U;
+        names += entry.Name().find(' ') != std::string_view::npos ? 1U : 0U;
     }
-    if (2 * addresses < count || count == 0 || (!signs && 2 * words < count)) {
+    const bool likely = 2 * addresses >= count && (signs || 2 * names >= count);
+    if (count == 0 || (!certain && (odd || !likely))) {
         return std::nullopt;
     }
     return "line " + std::to_string(first) + " begins an entry";

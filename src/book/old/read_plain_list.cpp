@@ -112,9 +112,20 @@ class PlainListReader {
 
 }  // namespace
 
+bool IsTable(const Source& source) {
+    bool all = true;
+    Line line;
+    for (Lines lines(source.Text(), source.Signs().Cr); all && lines.Next(line);) {
+        const std::string_view text = WithoutBlanksAround(line.Text);
+        all = text.empty() || IsQuotedEntry(text);
+    }
+    // Names with commas make columns of a list.
+    return !all && CsvFormOf(source.Text()).has_value();
+}
+
 std::optional<std::string> PlainListEvidence(const Source& source) {
     // What a table is, it is for better reasons.
-    if (CsvFormOf(source.Text())) {
+    if (IsTable(source)) {
         return std::nullopt;
     }
     std::uint32_t first = 0;
@@ -127,7 +138,7 @@ std::optional<std::string> PlainListEvidence(const Source& source) {
             continue;
         }
         ++filled;
-        if (IsListed(text)) {
+        if ((text.starts_with('"') && IsQuotedEntry(text)) || IsListed(text)) {
             first = listed == 0 ? line.Number : first;
             ++listed;
         }

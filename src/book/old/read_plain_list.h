@@ -12,6 +12,9 @@
 
 namespace orvik::book {
 
+// IsTable: whether a text is rows of cells, and no list of names in quotes, commas in them or not.
+[[nodiscard]] bool IsTable(const Source& source);
+
 // Three of four lines that are not empty have to be addresses, with or without names, and nothing
 // else: letters and programs hold some, too.
 //   "Al <a@b>\nc@d\n" -> "line 1 begins a list of addresses"

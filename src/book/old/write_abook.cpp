@@ -14,6 +14,7 @@
 #include "book/members.h"
 #include "book/old/fitting.h"
 #include "book/old/post_lines.h"
+#include "book/old/read_abook.h"
 #include "book/readable_value.h"
 #include "book/typed_views.h"
 #include "book/value_form.h"
@@ -45,6 +46,15 @@ constexpr std::array kAbookPhones = {
 
 bool IsGroup(std::string_view word) {
     return word.find(',') == std::string_view::npos;
+}
+
+// Whether a row of an entry is read as what it is.
+bool IsAbookRow(std::string_view field, std::string_view line) {
+    const bool named = field != "no-field";
+    const std::string_view row = named ? field : line;
+    return !row.empty() && !row.starts_with('#') && !IsAbookSection(row) &&
+           row.find_first_of(named ? "=[" : "=") == std::string_view::npos &&
+           !(named && IsAbookKeyword(field));
 }
 
 class AbookWriter {
@@ -94,7 +104,7 @@ class AbookWriter {
             Append("anniversary", date.empty() ? text : date);
         }
         WriteGroups(contact, lists);
-        for (const Property* const one : entry_.OwnFields()) {
+        for (const Property* const one : entry_.OwnFields(IsAbookRow)) {
             const std::string field = entry_.OwnFieldOf(*one);
             const std::string value = entry_.Take(*one);
             if (field == "no-field") {

@@ -1,5 +1,6 @@
 #include "book/old/write_juno.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <unordered_map>
@@ -10,6 +11,7 @@
 #include "book/identity.h"
 #include "book/members.h"
 #include "book/old/fitting.h"
+#include "book/old/keyed_line.h"
 #include "book/old/post_lines.h"
 #include "book/typed_views.h"
 #include "book/windows_1252.h"
@@ -20,6 +22,28 @@ namespace {
 constexpr std::array<KindBits, 2> kHomePhones = {kind::kHome, 0};
 constexpr std::array<KindBits, 2> kMobilePhones = {kind::kCell, kind::kCell | kind::kHome};
 constexpr std::array<KindBits, 2> kHomes = {kind::kHome, 0};
+
+// Whether a row of a person or a list is read as what it is.
+bool IsJunoRow(std::string_view field, std::string_view line) {
+    constexpr std::array<std::string_view, 3> kTypes = {"Entry", "MList", "Version"};
+    constexpr std::array<std::string_view, 8> kPlaces = {
+        "Name", "Email", "Alias", "Member", "Primary Phone", "Mobile Phone", "Birth", "Address"};
+    const auto is_of = [](const auto& words, std::string_view text) {
+        return std::any_of(words.begin(), words.end(), [text](std::string_view one) {
+            return SameName(one, text);
+        });
+    };
+    if (field == "no-field") {
+        return !line.empty() && !KeyedLineOf(line);
+    }
+    if (SameName(field, "Type")) {
+        return !is_of(kTypes, line);
+    }
+    const std::string row = std::string(field) + ":";
+    const auto keyed = KeyedLineOf(row);
+    return keyed && keyed->Key == field && !is_of(kPlaces, field) &&
+           !(SameName(field, "Deleted") && line == "1");
+}
 
 // What a list may call its members: whoever reads it looks for aliases first, then for addresses,
 // then for names, and takes the first one.
@@ -34,7 +58,7 @@ class JunoNames {
         for (std::size_t i = 0; i < texts.size(); ++i) {
             own[i] = texts[i];
             if (!texts[i].empty()) {
-                places_[i].emplace(ToLower(texts[i]), record);
+                places_[i].emplace(KeyOf(texts[i]), record);
             }
         }
     }
@@ -57,8 +81,15 @@ class JunoNames {
     using Names = std::array<std::string, 3>;
     using Places = std::unordered_map<std::string, std::size_t>;
 
+    // Letters that the file cannot hold are alike in it.
+    [[nodiscard]] std::string KeyOf(std::string_view name) const {
+        std::string bytes;
+        letters_.Append(name, bytes);
+        return ToLower(bytes);
+    }
+
     [[nodiscard]] std::size_t RecordOf(std::string_view name) const {
-        const std::string key = ToLower(name);
+        const std::string key = KeyOf(name);
         for (const Places& places : places_) {
             if (const auto found = places.find(key); found != places.end()) {
                 return found->second;
@@ -69,6 +100,7 @@ class JunoNames {
 
     std::unordered_map<std::size_t, Names> own_;
     std::array<Places, 3> places_;
+    Windows1252 letters_;
 };
 
 class JunoWriter {
@@ -153,10 +185,10 @@ class JunoWriter {
     std::string OwnRows() {
         std::string rows;
         type_ = "Entry";
-        for (const Property* const one : entry_.OwnFields()) {
+        for (const Property* const one : entry_.OwnFields(IsJunoRow)) {
             const std::string field = entry_.OwnFieldOf(*one);
             const std::string value = entry_.Take(*one);
-            if (field == "Type") {
+            if (SameName(field, "Type")) {
                 type_ = value;
             } else if (field == "no-field") {
                 rows.append(value).append("\r\n");

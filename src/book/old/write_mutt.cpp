@@ -6,6 +6,7 @@
 
 #include "book/identity.h"
 #include "book/members.h"
+#include "book/old/encoded_words.h"
 #include "book/old/entry_keys.h"
 #include "book/old/fitting.h"
 #include "book/old/mailboxes.h"
@@ -15,7 +16,7 @@ namespace orvik::book {
 namespace {
 
 // Signs that no short name may have: they mean something in settings or in addresses.
-constexpr std::string_view kNoKey = " ,\"'#;`$\\<>()@:";
+constexpr std::string_view kNoKey = " ,\"'#;`$\\<>()@:=/|";
 // Those that settings take for themselves.
 constexpr std::string_view kEscaped = "\\`'\"$#;";
 
@@ -38,7 +39,9 @@ void AppendAddress(std::string_view name, std::string_view address, std::string&
         return AppendEscapedSetting(address, to);
     }
     if (!name.empty()) {
-        AppendEscapedSetting(QuotedPhrase(name), to);
+        // What looks encoded would be decoded.
+        AppendEscapedSetting(
+            QuotedPhrase(HasEncodedWords(name) ? EncodedWords(name) : std::string(name)), to);
         to += ' ';
     }
     to += '<';
@@ -132,7 +135,7 @@ class MuttWriter {
             if (one == addresses.front()) {
                 Begin(key);
                 AppendAddress(name, address, text_);
-                entry_.Keep(*one, address);
+                TakeAddress(*one, address);
                 EndWithNote();
                 groups_.clear();
                 continue;
@@ -144,6 +147,15 @@ class MuttWriter {
             AppendAddress(name, address, text_);
             text_ += '\n';
             entry_.Carry(*one);
+        }
+    }
+
+    // Brackets in an address would end it.
+    void TakeAddress(const Property& one, std::string_view address) {
+        if (MailboxOf("<" + std::string(address) + ">").Address == address) {
+            entry_.Keep(one, address);
+        } else {
+            entry_.Doubt(one, Reason::ChangedSigns);
         }
     }
 

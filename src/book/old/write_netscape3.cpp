@@ -1,6 +1,7 @@
 #include "book/old/write_netscape3.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -33,9 +34,16 @@ bool IsPlainNickname(std::string_view word) {
     });
 }
 
-// What a copy of an entry in a folder says otherwise than the entry.
-bool IsOfCopy(std::string_view field) {
-    return StartsAsName(field, "copy-");
+// Whether an attribute is read as what it is. What a copy of an entry says otherwise than the entry
+// is none; numbers are other ones here.
+bool IsAttribute(std::string_view field, std::string_view /*line*/) {
+    constexpr std::array<std::string_view, 5> kKnown = {
+        "HREF", "NICKNAME", "ALIASID", "ALIASOF", "FOLDED"};
+    return !field.empty() && !StartsAsName(field, "copy-") &&
+           field.find_first_of(" \t\"'=<>&/") == std::string_view::npos &&
+           std::none_of(kKnown.begin(), kKnown.end(), [field](std::string_view one) {
+               return SameName(one, field);
+           });
 }
 
 class Netscape3Writer {
@@ -109,16 +117,9 @@ class Netscape3Writer {
         if (!nicknames.empty()) {
             AppendAttribute("NICKNAME", nicknames.front());
         }
-        for (const Property* const one : entry_.OwnFields()) {
-            const std::string field = entry_.OwnFieldOf(*one);
-            if (!IsOfCopy(field) && IsAttribute(field)) {
-                AppendAttribute(field, entry_.Take(*one));
-            }
+        for (const Property* const one : entry_.OwnFields(IsAttribute)) {
+            AppendAttribute(entry_.OwnFieldOf(*one), entry_.Take(*one));
         }
-    }
-
-    static bool IsAttribute(std::string_view field) {
-        return field.find_first_of(" \t\"'=<>&/") == std::string_view::npos;
     }
 
     void WritePerson(std::size_t record) {

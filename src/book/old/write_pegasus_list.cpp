@@ -2,16 +2,22 @@
 
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "book/csv_lists.h"
 #include "book/identity.h"
 #include "book/members.h"
 #include "book/old/quoted_box.h"
+#include "book/old/read_pegasus_list.h"
 #include "book/typed_views.h"
 
 namespace orvik::book {
 namespace {
+
+bool IsSetting(std::string_view field, std::string_view /*line*/) {
+    return !field.empty() && IsListKeyword(field);
+}
 
 class PegasusListWriter {
  public:
@@ -53,18 +59,18 @@ class PegasusListWriter {
         }
         std::unordered_set<std::size_t> members;
         for (const ListMember& member : directory_.MembersOf(*list)) {
-            if (member.Record != ListMember::kNobody) {
+            if (member.Record != ListMember::kNobody && &book_.Contacts[member.Record] != list) {
                 members.insert(member.Record);
             }
         }
-        // The list itself is no member of it.
+        // The list itself counts as no member of it, also where it says so.
         return members.size() + 1 == book_.Contacts.size() ? list : nullptr;
     }
 
     void WriteList(const Contact& list) {
         entry_.Begin(list);
         text_.append("\\TITLE ").append(entry_.TakeListName()).append("\r\n");
-        for (const Property* const one : entry_.OwnFields()) {
+        for (const Property* const one : entry_.OwnFields(IsSetting)) {
             const std::string value = entry_.Take(*one);
             text_.append("\\").append(entry_.OwnFieldOf(*one));
             text_.append(value.empty() ? "" : " ").append(value).append("\r\n");
@@ -74,11 +80,18 @@ class PegasusListWriter {
         for (const ListMember& member : directory_.MembersOf(list)) {
             if (member.Record == ListMember::kNobody) {
                 // A name, or a list in another file.
-                if (member.Address.empty()) {
-                    text_.append(OneLine(member.Name)).append("\r\n");
-                } else {
-                    AppendBox(OneLine(member.Name), OneLine(member.Address), text_);
+                std::string line = OneLine(member.Name);
+                if (!member.Address.empty()) {
+                    const std::string name = std::exchange(line, {});
+                    AppendBox(name, OneLine(member.Address), line);
                 }
+                line = OneLine(line);
+                const bool fits = member.Address.empty() || FitsBox(OneLine(member.Address));
+                if (!fits || line.starts_with('\\') || !IsListMember(line)) {
+                    TellLostMember(book_, list, member);
+                    continue;
+                }
+                text_.append(line).append("\r\n");
                 TellMember(book_, list, *member.Field, member);
             } else if (written.insert(member.Record).second) {
                 WritePerson(book_.Contacts[member.Record]);
@@ -90,7 +103,8 @@ class PegasusListWriter {
     void WritePerson(const Contact& contact) {
         if (contact.Kind == ContactKind::Person) {
             entry_.Begin(contact);
-            AppendBoxes(entry_, text_);
+            // Backslashes are taken for signs that make the next one a letter.
+            AppendBoxes(entry_, "\"\\", text_);
             static_cast<void>(entry_.Rest({}));
         }
     }

@@ -11,7 +11,9 @@
 #include "book/identity.h"
 #include "book/members.h"
 #include "book/old/fitting.h"
+#include "book/old/mailboxes.h"
 #include "book/old/post_lines.h"
+#include "book/old/read_pegasus_text.h"
 #include "book/readable_value.h"
 #include "book/value_form.h"
 
@@ -31,6 +33,15 @@ constexpr std::array<KindBits, 3> kFaxes = {
     kind::kFax, kind::kFax | kind::kWork, kind::kFax | kind::kHome};
 constexpr std::array<KindBits, 1> kWork = {kind::kWork};
 constexpr std::array<KindBits, 3> kPostal = {0, kind::kHome, kind::kOther};
+
+// Whether a row of an entry is read as what it is.
+bool IsPegasusRow(std::string_view field, std::string_view line) {
+    if (field == "no-field") {
+        return !line.empty() && line != "--" && line.find(':') == std::string_view::npos;
+    }
+    return field == "Picture" ||
+           (!field.empty() && !IsPegasusLabel(field) && field.find(':') == std::string_view::npos);
+}
 
 class PegasusTextWriter {
  public:
@@ -124,11 +135,21 @@ class PegasusTextWriter {
 
     std::string Addresses() {
         std::string all;
+        bool row = true;
         for (const Property* const one : entry_.Addresses()) {
             const std::string address = OneLine(one->Value);
-            const bool plain = address.find_first_of(" ,\"<>()") == std::string::npos;
-            if (all.empty() || (plain && all.size() + address.size() + 2 <= kAddressLength)) {
-                all.append(all.empty() ? "" : ", ").append(entry_.Take(*one));
+            const bool first = all.empty();
+            const bool alone = IsAddressAlone(address);
+            if (!first && (!row || !alone || all.size() + address.size() + 2 > kAddressLength)) {
+                continue;
+            }
+            all.append(first ? "" : ", ").append(address);
+            // What is no row of addresses is read in one piece.
+            row = row && alone;
+            if (alone || MailboxesOf(address).size() < 2) {
+                static_cast<void>(entry_.Take(*one));
+            } else {
+                entry_.Doubt(*one, Reason::ChangedSigns);
             }
         }
         return all;
@@ -147,7 +168,7 @@ class PegasusTextWriter {
     }
 
     void OwnRows(std::string& picture, std::string& others) {
-        for (const Property* const one : entry_.OwnFields()) {
+        for (const Property* const one : entry_.OwnFields(IsPegasusRow)) {
             const std::string field = entry_.OwnFieldOf(*one);
             const std::string value = entry_.Take(*one);
             if (field == "Picture") {

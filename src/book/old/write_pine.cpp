@@ -1,5 +1,6 @@
 #include "book/old/write_pine.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,9 @@
 #include "book/old/entry_keys.h"
 #include "book/old/fitting.h"
 #include "book/old/mailboxes.h"
+#include "book/old/read_pine.h"
+#include "book/typed_views.h"
+#include "book/value_form.h"
 
 namespace orvik::book {
 namespace {
@@ -54,6 +58,9 @@ class PineWriter {
             static_cast<void>(entry_.Rest({}));
             book_.CountWritten(i + 1);
         }
+        if (!PineEvidence(Source({}, text_))) {
+            BreakEntry();
+        }
         return std::move(text_);
     }
 
@@ -74,10 +81,28 @@ class PineWriter {
         }
     }
 
+    // An entry that goes on behind a tab tells the book from a table. What it begins with must not
+    // be an empty line.
+    void BreakEntry() {
+        for (std::size_t at = 0; at < text_.size();) {
+            const std::size_t name = text_.find('\t', at);
+            const std::size_t address = text_.find('\t', name + 1);
+            const std::string_view begin = std::string_view(text_).substr(at, address - at);
+            if (!WithoutBlanksAround(begin).empty()) {
+                text_.insert(address + 1, "\n   ");
+                return;
+            }
+            at = std::min(text_.find('\n', at), text_.size() - 1) + 1;
+        }
+    }
+
     // A line of a hundred letters ends behind a tab or a member.
-    void Append(const Fields& fields) {
+    void Append(const Contact& contact, const Fields& fields) {
         constexpr std::size_t kLongest = 100;
+        constexpr std::size_t kMost = 990;  // of a line, for the program
+        bool long_line = false;
         std::size_t length = 0;
+        bool filled = false;  // no line is of blanks alone, which begins and ends entries
         std::size_t last = 0;
         for (std::size_t i = 0; i < fields.size(); ++i) {
             last = fields[i].empty() ? last : i;
@@ -85,12 +110,14 @@ class PineWriter {
         // An entry without an address has its tab, too.
         last = last < 2 ? 2 : last;
         const auto add = [&](const std::string& piece) {
-            if (length > 0 && length + piece.size() > kLongest && !piece.empty()) {
+            if (filled && length + piece.size() > kLongest && !piece.empty()) {
                 text_ += "\n   ";
                 length = 3;
             }
             text_ += piece;
             length += piece.size();
+            filled = filled || !piece.empty();
+            long_line = long_line || length > kMost;
         };
         for (std::size_t i = 0; i <= last; ++i) {
             for (const std::string& piece : fields[i]) {
@@ -102,6 +129,15 @@ class PineWriter {
             }
         }
         text_ += '\n';
+        if (long_line) {
+            book_.Told.Add({book_.Names.Text(field::kFn),
+                            book_.Keep(NameOf(book_, contact).Shown),
+                            contact.From.File,
+                            contact.From.Line,
+                            FieldNames::kNone,
+                            What::Doubtful,
+                            Reason::TooLarge});
+        }
     }
 
     // A long text ends lines between its words.
@@ -127,10 +163,11 @@ class PineWriter {
     void TakeOthers(std::size_t record, Fields& fields) {
         TakeNicknames(entry_, keys_.IsOwn(record));
         fields[0] = {keys_.Of(record)};
-        for (const Property* const one : entry_.OwnFields()) {
-            if (entry_.OwnFieldOf(*one) == "fcc" && fields[3].empty()) {
-                fields[3] = {EncodedWords(entry_.Take(*one))};
-            }
+        const auto folder = [](std::string_view field, std::string_view /*line*/) {
+            return field == "fcc";
+        };
+        if (const auto folders = entry_.OwnFields(folder); !folders.empty()) {
+            fields[3] = {EncodedWords(entry_.Take(*folders.front()))};
         }
         fields[4] = Words(entry_.TakeNotes(" "));
     }
@@ -144,20 +181,34 @@ class PineWriter {
             keys_.Make(record);
         }
         TakeOthers(record, fields);
-        // In quotes the comma of a name does not part it.
-        const bool quoted = no_parts && name.find(',') != std::string::npos;
-        fields[1] = {EncodedWords(quoted ? "\"" + name + "\"" : name)};
+        // In quotes the comma of a name does not part it, and its own quotes stay.
+        const bool own_quotes = name.size() > 2 && name.starts_with('"') && name.ends_with('"');
+        const bool quoted = own_quotes || (no_parts && name.find(',') != std::string::npos);
+        fields[1] = Words(quoted ? "\"" + name + "\"" : name);
         if (!addresses.empty()) {
-            fields[2] = {entry_.Take(*addresses.front())};
+            fields[2] = {OneLine(addresses.front()->Value)};
+            TakeAddress(*addresses.front());
         }
-        Append(fields);
+        Append(book_.Contacts[record], fields);
         for (std::size_t i = 1; i < addresses.size(); ++i) {
             Fields more;
             more[0] = {keys_.Next(record)};
             more[1] = fields[1];
             more[2] = {OneLine(addresses[i]->Value)};
             entry_.Carry(*addresses[i]);
-            Append(more);
+            Append(book_.Contacts[record], more);
+        }
+    }
+
+    // Commas and brackets would make others of an address.
+    void TakeAddress(const Property& one) {
+        const std::string address = OneLine(one.Value);
+        const std::vector<Mailbox> boxes = MailboxesOf(address);
+        const bool host = boxes.size() == 1 && boxes[0].Name == address;
+        if (IsAddressAlone(address) || (host && !address.starts_with('('))) {
+            static_cast<void>(entry_.Take(one));
+        } else {
+            entry_.Doubt(one, Reason::ChangedSigns);
         }
     }
 
@@ -166,7 +217,7 @@ class PineWriter {
         Fields fields;
         const std::string name = entry_.TakeListName();
         TakeOthers(record, fields);
-        fields[1] = {EncodedWords(name)};
+        fields[1] = Words(name);
         std::vector<std::string>& members = fields[2];
         for (const ListMember& member : directory_.MembersOf(list)) {
             std::string named = Named(member, name);
@@ -186,7 +237,7 @@ class PineWriter {
         }
         members.front().insert(0, "(");
         members.back() += ')';
-        Append(fields);
+        Append(book_.Contacts[record], fields);
     }
 
     // A member by its nickname, else by its address, without the name that would make a person of

@@ -18,7 +18,7 @@ std::string WritePlainList(Book& book) {
     for (const Contact& contact : book.Contacts) {
         if (contact.Kind == ContactKind::Person) {
             person.Begin(contact);
-            AppendBoxes(person, text);
+            AppendBoxes(person, "\"", text);
             static_cast<void>(person.Rest({}));
         }
         book.CountWritten(++done);

@@ -131,5 +131,10 @@ TEST(DetectTextBooks, SaysWhatToDoAboutBinaryBooks) {
     EXPECT_EQ(found.Advice, "Pegasus Mail exports it as tagged text");
 }
 
+TEST(DetectTextBooks, QuotesWithoutEndAreGoneThroughOnce) {
+    EXPECT_EQ(DetectedAs("file", "alias b " + std::string(400001, '"') + "b@x\n").Form,
+              Format::Mailrc);
+}
+
 }  // namespace
 }  // namespace orvik::book

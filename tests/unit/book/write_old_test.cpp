@@ -139,7 +139,7 @@ TEST(WriteOld, AliasesAreQuotedForSettings) {
               "alias al_b__c@d.org \\\"Al \\\\\\\"the\\; \\#1\\\\\\\" \\$Bo\\\\\\\\\\\" <c@d.org>\n"
               "alias al-bo \\\"Al Bo\\\" <o\\'n@b.org>\n"
               "alias al-bo-3 \\\"Al Bo\\\" <\\\"q r\\\"@b.org>\n"
-              "alias al-bo-2 \\\"Al Bo\\\" <e@b.org>\n");
+              "alias al-bo_2 \\\"Al Bo\\\" <e@b.org>\n");
     EXPECT_NE(mutt.Told().find("lost 24 FN: Nobody: has no address"), std::string::npos)
         << mutt.Told();
     const ReadBook again(ReadMutt, mutt.text);
