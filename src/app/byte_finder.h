@@ -1,5 +1,6 @@
-// Finds the places of one byte in a text, one behind the other. Where they are near to each other,
-// as commas are, a call for each and a loop of an unknown length cost more than all of the bytes.
+// Finds the places of some bytes in a text, one behind the other. Where they are near to each
+// other, as commas are, a call for each and a loop of an unknown length cost more than all of the
+// bytes.
 
 #pragma once
 
@@ -13,27 +14,26 @@
 
 namespace orvik {
 
+template <char... kWanted>
 class ByteFinder {
  public:
-    // text must outlive the finder.
-    ByteFinder(std::string_view text, char wanted) : text_(text), wanted_(wanted) {}
+    // Begins at start, counted from 0. text must outlive the finder.
+    explicit ByteFinder(std::string_view text, std::size_t start = 0)
+        : text_(text), behind_(start) {}
 
-    // Where the next one stands at or behind start, counted from 0; npos where there is none. start
-    // is never less than at the call before.
-    std::size_t Next(std::size_t start) {
-        if (!is_marked_ || start >= block_ + kBlock) {
-            if (!Mark(start)) {
-                return std::string_view::npos;
-            }
-        } else if (start > block_) {
-            marks_ &= ~std::uint64_t{0} << (start - block_);
-        }
+    // Where the next one stands, counted from 0; npos where there is none. Each is found once.
+    std::size_t Next() {
         while (marks_ == 0) {
-            if (!Mark(block_ + kBlock)) {
+            if (behind_ >= text_.size()) {
                 return std::string_view::npos;
             }
+            const std::string_view block = text_.substr(behind_, kBlock);
+            marks_ = block.size() == kBlock ? MarksIn(block.data()) : MarksInLast(block);
+            behind_ += kBlock;
         }
-        return block_ + static_cast<std::size_t>(std::countr_zero(marks_));
+        const auto place = static_cast<std::size_t>(std::countr_zero(marks_));
+        marks_ &= marks_ - 1;
+        return behind_ - kBlock + place;
     }
 
  private:
@@ -41,36 +41,17 @@ class ByteFinder {
     // Compilers have it for all processors, and most of these do it at once.
     using Lanes [[gnu::vector_size(16)]] = unsigned char;
 
-    // Marks what is wanted of the block at start; false if the text ends before it.
-    bool Mark(std::size_t start) {
-        if (start >= text_.size()) {
-            return false;
-        }
-        block_ = start;
-        is_marked_ = true;
-        const std::string_view block = text_.substr(start, kBlock);
-        if (block.size() == kBlock) {
-            marks_ = MarksIn(block.data());
-        } else {
-            std::array<char, kBlock> last{};
-            std::copy(block.begin(), block.end(), last.begin());
-            marks_ = MarksIn(last.data()) & ~(~std::uint64_t{0} << block.size());
-        }
-        return true;
-    }
-
     // Bit i for byte i of a whole block.
-    [[nodiscard]] std::uint64_t MarksIn(const char* bytes) const {
+    [[nodiscard]] static std::uint64_t MarksIn(const char* bytes) {
         // The sum of eight lanes, each of which holds a bit of its own, is their bits.
         constexpr std::uint64_t kSum = 0x0101010101010101;
         constexpr int kHighest = 56;
-        const Lanes wanted = Lanes{} + static_cast<unsigned char>(wanted_);
         const Lanes bits = {1, 2, 4, 8, 16, 32, 64, 128, 1, 2, 4, 8, 16, 32, 64, 128};
         std::uint64_t marks = 0;
         for (std::size_t i = 0; i < kBlock; i += sizeof(Lanes)) {
             Lanes lanes;
             std::memcpy(&lanes, bytes + i, sizeof lanes);
-            lanes = (lanes == wanted) & bits;
+            lanes = ((lanes == Lanes{} + static_cast<unsigned char>(kWanted)) | ...) & bits;
             std::array<std::uint64_t, 2> halves{};
             std::memcpy(halves.data(), &lanes, sizeof lanes);
             marks |= ((halves[0] * kSum) >> kHighest | (halves[1] * kSum) >> kHighest << 8) << i;
@@ -78,10 +59,15 @@ class ByteFinder {
         return marks;
     }
 
+    // The same for a shorter one. It is called once, so that what is called often stays short.
+    [[nodiscard, gnu::noinline]] static std::uint64_t MarksInLast(std::string_view block) {
+        std::array<char, kBlock> last{};
+        std::copy(block.begin(), block.end(), last.begin());
+        return MarksIn(last.data()) & ~(~std::uint64_t{0} << block.size());
+    }
+
     std::string_view text_;
-    char wanted_;
-    std::size_t block_ = 0;
-    bool is_marked_ = false;
+    std::size_t behind_;  // the block that is marked
     std::uint64_t marks_ = 0;
 };
 

@@ -50,14 +50,22 @@ std::string FileSlot::Read(std::size_t count) {
     return bytes;
 }
 
-void FileSlot::ReadPieces(std::size_t count, const TakePiece& take) {
+bool FileSlot::ReadPieces(const TakeOrStop& take) {
     // A piece stays in the processor's cache until it is read.
     constexpr std::size_t kPiece = std::size_t{256} << 10U;
-    while (count > 0) {
-        const std::string piece = Read(std::min(count, kPiece));
-        take(piece);
-        count -= piece.size();
+    for (std::size_t left = Length(); left > 0;) {
+        const std::string piece = Read(std::min(left, kPiece));
+        if (!take(piece)) {
+            return false;
+        }
+        left -= piece.size();
     }
+    return true;
+}
+
+void FileSlot::Rewind() {
+    CheckOpen();
+    CheckFile(files_, Persist([&] { return file_->Rewind(); }), path_);
 }
 
 void FileSlot::Close() {

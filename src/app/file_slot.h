@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -28,8 +29,13 @@ class FileSlot {
     [[nodiscard]] std::size_t Length() const;
     // Reads the next count bytes. Errors: 52 if no file is open, 62 if the file has fewer left.
     std::string Read(std::size_t count);
-    // Gives the next count bytes piece by piece. Errors: the same, when some were given.
-    void ReadPieces(std::size_t count, const TakePiece& take);
+    // Gives the file piece by piece. Where take returns false it ends, and does so as well. Errors:
+    // the same, when some were given.
+    using TakeOrStop = std::function<bool(std::string_view piece)>;
+    bool ReadPieces(const TakeOrStop& take);
+    // The next bytes are the first ones again. Errors: 52 if no file is open, and those of the
+    // file.
+    void Rewind();
     // Closes the file; without one it does nothing.
     void Close();
 

@@ -11,11 +11,13 @@
 
 #include "app/controls.h"
 #include "app/form.h"
+#include "app/late_text.h"
 
 namespace orvik {
 
 struct RecoveryCopy;
 
+class Progress;
 class UnreadEntries;
 
 class Form1 : public Form {
@@ -66,6 +68,8 @@ class Form1 : public Form {
     // Netscape 4 LDIF: src/formats/netscape4_commands.cpp.
     // Convert: writes the text as LDIF into LdifText; a text in the ASCII form becomes Native.
     void Convert(SharedText& text);
+    // The same for entries that are read back as this list (NativeOfEntries).
+    void ConvertListed(const SharedText& list, std::vector<std::uint32_t> address_lengths);
     void mnuConvert_Click();
     void mnuCopyConvert_Click();
     // unconvert: reads LdifText into the working text, in the ASCII form; what is not read goes to
@@ -244,6 +248,8 @@ class Form1 : public Form {
 
  private:
     std::vector<NamedHandler> OtherHandlers() override;
+    // Shows the progress of pass, then LdifText is what maker gives; empty if pass fails.
+    void MakeLdif(const std::function<void(Progress&)>& pass, LateText::Maker maker);
     // Switches edit mode on, or tells that the text is too long.
     void EnterEditMode();
     void LeaveEditMode();

@@ -1,5 +1,7 @@
 #include "app/module1.h"
 
+#include <utility>
+
 #include "app/run_time_error.h"
 #include "app/text.h"
 #include "app/working_text.h"
@@ -91,6 +93,13 @@ SharedText Module1::InNativeForm() const {
         return WorkText;
     }
     return IsSplit(WorkText) ? last_split_.Native : SplitBlocks(WorkText, textSep).Native;
+}
+
+std::optional<Module1::ReadAhead> Module1::TakeReadAhead() {
+    if (WorkText.empty() || WorkText.Revision() != read_ahead_.List) {
+        return std::nullopt;
+    }
+    return std::exchange(read_ahead_, {});
 }
 
 EntrySum Module1::Entries(std::string_view text,

@@ -183,7 +183,8 @@ class Module1 : public Windows {
     void NoteReading(std::string_view text, const Unread& left_out);
 
     // ReadFile: the contents of the file that is open become the working text. Of a large Netscape
-    // 4 book it is the list that its loader makes of them, so that they are never all in memory.
+    // 4 book or one of commas it is the list that its loader makes of them, so that they are never
+    // all in memory.
     // Errors: those of the file; then the working text stays.
     void ReadFile(const std::string& name);
 
@@ -286,11 +287,20 @@ class Module1 : public Windows {
 
     Split last_split_;
 
-    // The list that was made when its file was read, by its revision, and what it left out.
+    // What ReadFile does of a large book; false where it has to be read as a whole.
+    [[nodiscard]] bool ReadLargeLdif();
+    [[nodiscard]] bool ReadLargeCsv();
+
+    // The list that was made when its file was read, by its revision, what it left out, and of a
+    // book of commas the lengths of the addresses in it.
     struct ReadAhead {
         std::uint64_t List = 0;
         Unread LeftOut;
+        std::vector<std::uint32_t> AddressLengths;
     };
+    // Takes it if it is that of the working text.
+    [[nodiscard]] std::optional<ReadAhead> TakeReadAhead();
+
     ReadAhead read_ahead_;
 };
 

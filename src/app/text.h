@@ -98,6 +98,11 @@ inline constexpr std::string_view kCrLf = "\r\n";
 // is shorter.
 void CutEnd(std::string& text, std::size_t count);
 
+// Put: copies text to where there is room for it; returns where it ends there.
+inline char* Put(char* to, std::string_view text) {
+    return std::copy(text.begin(), text.end(), to);
+}
+
 // AppendWithout: appends text less every occurrence of dropped.
 inline void AppendWithout(std::string& to, std::string_view text, char dropped) {
     for (;;) {

@@ -235,6 +235,21 @@ NativeBlocks SplitBlocks(std::string_view text, std::string_view separator) {
     return {std::move(native), emails_length};
 }
 
+std::string NativeOfEntries(std::string_view list,
+                            const std::vector<std::uint32_t>& address_lengths) {
+    constexpr std::size_t kFrame = std::string_view("\"\" <>").size();
+    std::string native;
+    std::string nicks;
+    native.reserve(list.size());
+    for (const std::size_t length : address_lengths) {
+        const std::string_view entry = list.substr(0, list.find(kCrLf));
+        list.remove_prefix(entry.size() + kCrLf.size());
+        native.append(entry.substr(entry.size() - 1 - length, length)).append(kCrLf);
+        nicks.append(entry.substr(1, entry.size() - kFrame - length)).append(kCrLf);
+    }
+    return native.append(kNick).append(kCrLf).append(nicks);
+}
+
 void ForEachOfList(std::string_view text, std::string_view separator, const TakeEntry& take) {
     Splitter(text, separator, take).Run();
 }

@@ -7,9 +7,11 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvik {
 
@@ -48,6 +50,12 @@ struct NativeBlocks {
 // The character at the text's last position ends the last entry and is dropped, whatever it is.
 // Errors: RunTimeError 5 if the list holds no entry.
 [[nodiscard]] NativeBlocks SplitBlocks(std::string_view text, std::string_view separator);
+
+// NativeOfEntries: a list of entries "NICK" <ADDR>, each ended by CR LF and without CR and LF
+// inside, in the Native form. address_lengths says which quotes and brackets are part of a value.
+//   "\"Al\" <A1>\r\n", {2}  ->  "A1\r\n-nick-\r\nAl\r\n"
+[[nodiscard]] std::string NativeOfEntries(std::string_view list,
+                                          const std::vector<std::uint32_t>& address_lengths);
 
 // Is given an entry's address and its nickname.
 using TakeEntry = std::function<void(std::string_view address, std::string_view nickname)>;

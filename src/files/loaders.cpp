@@ -1,5 +1,6 @@
 // The loaders: each turns the contents of a file into the working text, or refuses it.
 
+#include <optional>
 #include <string>
 
 #include "app/messages.h"
@@ -114,10 +115,10 @@ void Module1::OpenNetscape4() {
         return;
     }
     TextMode = mode::kMoz4;
-    if (WorkText.Revision() == read_ahead_.List) {
+    if (const std::optional<ReadAhead> read = TakeReadAhead()) {
         form1.TakeReadList(WorkText);
         form1.unconvert();
-        Note.LeftOut = read_ahead_.LeftOut;
+        Note.LeftOut = read->LeftOut;
     } else {
         LdifText = WorkText;
         UnreadEntries left_out;

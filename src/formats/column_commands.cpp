@@ -17,8 +17,8 @@ namespace {
 
 using Reader = std::optional<std::string> (*)(std::string_view csv, UnreadEntries* left_out);
 
-// Takes what a reader finds, by way of LDIF.
-void Load(Module1& module, Reader reader) {
+// Takes what a reader finds.
+SharedText Read(Module1& module, Reader reader) {
     UnreadEntries left_out;
     std::optional<std::string> native = reader(module.WorkText, &left_out);
     module.NoteReading(module.WorkText, native ? left_out.Total() : Unread{});
@@ -27,8 +27,11 @@ void Load(Module1& module, Reader reader) {
         throw RunTimeError(Failure::InvalidProcedureCall);
     }
     module.TextMode = mode::kNative;
-    SharedText text(std::move(*native));
-    module.form1.Convert(text);
+    return std::move(*native);
+}
+
+// Takes back what was written as LDIF.
+void ReadBack(Module1& module) {
     module.form1.unconvert();
     if (!module.EditMode) {
         // On and off again: the new working text is listed.
@@ -40,11 +43,21 @@ void Load(Module1& module, Reader reader) {
 }  // namespace
 
 void Module1::ReadCsv() {
-    Load(*this, &CsvToNative);
+    if (std::optional<ReadAhead> read = TakeReadAhead()) {
+        NoteReading(WorkText, read->LeftOut);
+        TextMode = mode::kNative;
+        form1.ConvertListed(WorkText, std::move(read->AddressLengths));
+    } else {
+        SharedText text = Read(*this, &CsvToNative);
+        form1.Convert(text);
+    }
+    ReadBack(*this);
 }
 
 void Module1::ReadWordPerfect() {
-    Load(*this, &WordPerfectToNative);
+    SharedText text = Read(*this, &WordPerfectToNative);
+    form1.Convert(text);
+    ReadBack(*this);
 }
 
 }  // namespace orvik

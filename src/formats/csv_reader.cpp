@@ -31,65 +31,45 @@ class Collector {
     std::string nicks_;
 };
 
-bool PassColumns(Columns& columns, int count, UnreadEntries* left_out) {
-    std::string_view column;
-    for (; count > 0; --count) {
-        if (!columns.TakeAndPass(column)) {
-            return false;
-        }
-        if (left_out != nullptr) {
-            left_out->Other(column);
-        }
-    }
-    return true;
+Columns BehindFirstLine(std::string_view text) {
+    const std::size_t end = text.find('\n');
+    return Columns(text, end == std::string_view::npos ? text.size() : end + 1);
 }
 
-void EndLine(Columns& columns,
-             std::string_view email,
-             std::string_view nick,
-             UnreadEntries* left_out) {
-    if (left_out == nullptr) {
-        columns.EndLine([](std::string_view /*column*/) {});
-        return;
+// Gives each line to add. Returns false if the text ends inside a column.
+template <ColumnLayout kLayout, class Add>
+bool TakeLines(std::string_view csv, UnreadEntries* left_out, const Add& add) {
+    UnreadEntries nobodys;
+    UnreadEntries& unread = left_out != nullptr ? *left_out : nobodys;
+    ColumnLine line;
+    for (Columns columns = BehindFirstLine(csv); !columns.AtEnd();) {
+        if (!TakeLine<kLayout>(columns, line, unread)) {
+            return false;
+        }
+        add(line);
+        unread.EndEntry();
     }
-    left_out->Nickname(nick);
-    left_out->Address(email);
-    columns.EndLine([left_out](std::string_view column) { left_out->Other(column); });
-    left_out->EndEntry();
+    return true;
 }
 
 }  // namespace
 
 std::optional<std::string> CsvToNative(std::string_view csv, UnreadEntries* left_out) {
     Collector entries;
-    std::string_view email;
-    std::string_view nick;
-    for (Columns columns(csv); !columns.AtEnd();) {
-        // Columns 3 to 15 are passed over.
-        if (!columns.TakeAndPass(nick) || !columns.TakeAndPass(email) ||
-            !PassColumns(columns, 13, left_out)) {
-            return std::nullopt;
-        }
-        entries.Add(email, nick);
-        EndLine(columns, email, nick, left_out);
+    const auto add = [&](const ColumnLine& line) { entries.Add(line.Address, line.Nickname); };
+    if (!TakeLines<kCsv>(csv, left_out, add)) {
+        return std::nullopt;
     }
     return std::move(entries).Native();
 }
 
-// Column 1 says what kind of entry it is.
 std::optional<std::string> WordPerfectToNative(std::string_view csv, UnreadEntries* left_out) {
     Collector entries;
-    std::string_view kind;
-    std::string_view email;
-    std::string_view nick;
-    for (Columns columns(csv); !columns.AtEnd();) {
-        // Columns 3 to 5 are passed over.
-        if (!columns.TakeAndPass(kind) || !columns.TakeAndPass(nick) ||
-            !PassColumns(columns, 3, left_out) || !columns.Take(email)) {
-            return std::nullopt;
-        }
-        entries.AddUnquoted(email, nick);
-        EndLine(columns, email, nick, left_out);
+    const auto add = [&](const ColumnLine& line) {
+        entries.AddUnquoted(line.Address, line.Nickname);
+    };
+    if (!TakeLines<kWordPerfect>(csv, left_out, add)) {
+        return std::nullopt;
     }
     return std::move(entries).Native();
 }

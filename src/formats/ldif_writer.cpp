@@ -16,10 +16,6 @@ constexpr std::size_t kPiece = std::size_t{256} << 10U;
 // What a record holds beside its nickname, four times, and its address, twice.
 constexpr std::size_t kMostOfFrame = 150;
 
-char* Put(char* to, std::string_view text) {
-    return std::copy(text.begin(), text.end(), to);
-}
-
 // The nickname serves as common name, given name and nickname, unescaped and unfolded: that is what
 // Netscape itself accepts, and our own books depend on it. Returns the end of the record.
 char* PutRecord(char* to, std::string_view address, std::string_view nickname) {
@@ -72,6 +68,22 @@ void PassLdif(std::string_view native, Progress& progress) {
     if (is_empty) {
         throw RunTimeError(Failure::InvalidProcedureCall);
     }
+}
+
+void PassLdif(const std::vector<std::uint32_t>& address_lengths, Progress& progress) {
+    std::size_t separator = 1;
+    for (const std::size_t length : address_lengths) {
+        separator += length + kCrLf.size();
+    }
+    PercentMeter meter(progress, separator);
+    std::size_t address_end = 1;
+    for (const std::size_t length : address_lengths) {
+        address_end += length;
+        meter.Reach(address_end);
+        progress.Record();
+        address_end += kCrLf.size();
+    }
+    meter.Reach(separator);
 }
 
 std::string WriteLdif(std::string_view native, Progress& progress) {

@@ -2,8 +2,10 @@
 
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/late_text.h"
 #include "formats/progress.h"
@@ -19,6 +21,8 @@ void GiveLdif(std::string_view native, const TakePiece& take);
 // address block, and each record.
 // Errors: RunTimeError 5 if the text holds no entry.
 void PassLdif(std::string_view native, Progress& progress);
+// The same for the Native text of entries whose addresses have these lengths.
+void PassLdif(const std::vector<std::uint32_t>& address_lengths, Progress& progress);
 
 // WriteLdif: both; the records as one text.
 [[nodiscard]] std::string WriteLdif(std::string_view native, Progress& progress);

@@ -1,11 +1,13 @@
 // The commands on Netscape 4 books.
 
+#include <memory>
 #include <string>
 #include <utility>
 
 #include "app/form1.h"
 #include "app/module1.h"
 #include "app/run_time_error.h"
+#include "app/working_text.h"
 #include "formats/conversion_progress.h"
 #include "formats/ldif_reader.h"
 #include "formats/ldif_writer.h"
@@ -17,14 +19,29 @@ void Form1::Convert(SharedText& text) {
     if (module_.IsList(text)) {
         text = module_.SplitEntries(text, "txt");
     }
+    MakeLdif([&text](Progress& progress) { PassLdif(text, progress); },
+             [text](const TakePiece& take) { GiveLdif(text, take); });
+    written_ = {text, module_.LdifText.Revision()};
+}
+
+void Form1::ConvertListed(const SharedText& list, std::vector<std::uint32_t> address_lengths) {
+    const auto lengths =
+        std::make_shared<const std::vector<std::uint32_t>>(std::move(address_lengths));
+    MakeLdif([&lengths](Progress& progress) { PassLdif(*lengths, progress); },
+             [list, lengths](const TakePiece& take) {
+                 GiveLdif(NativeOfEntries(list, *lengths), take);
+             });
+    read_ = {module_.LdifText.Revision(), module_.textSep, list};
+}
+
+void Form1::MakeLdif(const std::function<void(Progress&)>& pass, LateText::Maker maker) {
     module_.LdifText.clear();
     written_ = {};
     TrapFailure(
         [&] {
             ConversionProgress progress(*this, module_.platform);
-            PassLdif(text, progress);
-            module_.LdifText = LateText([text](const TakePiece& take) { GiveLdif(text, take); });
-            written_ = {text, module_.LdifText.Revision()};
+            pass(progress);
+            module_.LdifText = LateText(std::move(maker));
             progress.Finish();
         },
         [](const RunTimeError& failure) {

@@ -58,6 +58,8 @@ class InputFile {
     virtual std::error_code Status(FileStatus& status) = 0;
     // Some of the next bytes, at most count of them; none at the end of the file.
     virtual std::error_code Read(std::size_t count, std::string& bytes) = 0;
+    // The next bytes are the first ones again.
+    virtual std::error_code Rewind() = 0;
 };
 
 // A file that is open for writing. Without Close it is closed when this goes, and nobody is told

@@ -132,6 +132,10 @@ std::error_code SystemInput::Read(std::size_t count, std::string& bytes) {
     return error;
 }
 
+std::error_code SystemInput::Rewind() {
+    return lseek(file_.Number(), 0, SEEK_SET) < 0 ? LastError() : std::error_code();
+}
+
 void SystemOutput::Discard() {
     if (!name_.empty()) {
         unlink(std::exchange(name_, {}).c_str());

@@ -16,6 +16,7 @@ class SystemInput : public InputFile {
 
     std::error_code Status(FileStatus& status) override;
     std::error_code Read(std::size_t count, std::string& bytes) override;
+    std::error_code Rewind() override;
     [[nodiscard]] int Number() const { return file_.Number(); }
 
  private:

@@ -56,6 +56,11 @@ class WatchedInput : public InputFile {
         left_ -= error ? 0 : std::min<std::uint64_t>(left_, bytes.size());
         return error;
     }
+    std::error_code Rewind() override {
+        FileStatus status;
+        left_ = file_->Status(status) ? 0 : status.Length();
+        return file_->Rewind();
+    }
     [[nodiscard]] InputFile& Real() { return *file_; }
 
  private:

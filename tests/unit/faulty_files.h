@@ -52,6 +52,9 @@ class FaultyInput : public InputFile {
         }
         return file_->Read(count, bytes);
     }
+    std::error_code Rewind() override {
+        return fault_.Pass("Rewind", [&] { return file_->Rewind(); });
+    }
     [[nodiscard]] InputFile& Real() { return *file_; }
 
  private:

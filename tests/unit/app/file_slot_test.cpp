@@ -53,6 +53,39 @@ TEST_F(FileSlotTest, SecondRead_GoesOnBehindTheFirst) {
     EXPECT_EQ(slot_.Length(), 6U);
 }
 
+TEST_F(FileSlotTest, Pieces_AreTheFile) {
+    const std::string contents = std::string(300'000, 'a') + std::string(300'000, 'b');
+    WriteFile(folder_.Name("a.txt"), contents);
+    slot_.OpenForInput(folder_.Name("a.txt"));
+    std::string taken;
+    int pieces = 0;
+    EXPECT_TRUE(slot_.ReadPieces([&](std::string_view piece) {
+        taken.append(piece);
+        ++pieces;
+        return true;
+    }));
+    EXPECT_TRUE(taken == contents);
+    EXPECT_GT(pieces, 1);
+}
+
+TEST_F(FileSlotTest, PiecesThatAreNotWanted_EndThere) {
+    WriteFile(folder_.Name("a.txt"), std::string(600'000, 'a'));
+    slot_.OpenForInput(folder_.Name("a.txt"));
+    int pieces = 0;
+    EXPECT_FALSE(slot_.ReadPieces([&](std::string_view /*piece*/) { return ++pieces < 2; }));
+    EXPECT_EQ(pieces, 2);
+    slot_.Rewind();
+    EXPECT_EQ(slot_.Read(slot_.Length()), std::string(600'000, 'a'));
+}
+
+TEST_F(FileSlotTest, PiecesOfAFileThatShrank_FailWith62) {
+    WriteFile(folder_.Name("a.txt"), std::string(600'000, 'a'));
+    slot_.OpenForInput(folder_.Name("a.txt"));
+    std::filesystem::resize_file(folder_.Name("a.txt"), 400'000);
+    const auto take = [](std::string_view /*piece*/) { return true; };
+    EXPECT_EQ(FailureOf([&] { slot_.ReadPieces(take); }), 62);
+}
+
 TEST_F(FileSlotTest, ReadBeyondEnd_FailsWith62) {
     WriteFile(folder_.Name("a.txt"), "abc");
     slot_.OpenForInput(folder_.Name("a.txt"));
@@ -70,6 +103,8 @@ TEST_F(FileSlotTest, NothingOpen_FailsWith52) {
     EXPECT_EQ(FailureOf([&] { slot_.Read(1); }), 52);
     EXPECT_EQ(FailureOf([&] { slot_.Read(0); }), 52);
     EXPECT_EQ(FailureOf([&] { static_cast<void>(slot_.Length()); }), 52);
+    EXPECT_EQ(FailureOf([&] { slot_.Rewind(); }), 52);
+    EXPECT_EQ(FailureOf([&] { slot_.ReadPieces([](std::string_view) { return true; }); }), 52);
 }
 
 TEST_F(FileSlotTest, Closed_FailsWith52) {

@@ -112,5 +112,14 @@ TEST(NativeReader, NicknamesTakenBeyondTheEnd_AreEmpty) {
     }
 }
 
+TEST(NativeOfEntries, LengthsTellWhatTheSignsArePartOf) {
+    const std::string list = "\"Al\" <A1>\r\n\"\" <>\r\n\"A\" <\" <A\" <2>>\r\n";
+    EXPECT_EQ(NativeOfEntries(list, {2, 0, 6}),
+              "A1\r\n\r\nA\" <2>\r\n-nick-\r\nAl\r\n\r\nA\" <\r\n");
+    EXPECT_EQ(NativeOfEntries(list, {2, 0, 2}),
+              "A1\r\n\r\n2>\r\n-nick-\r\nAl\r\n\r\nA\" <\" <A\r\n");
+    EXPECT_EQ(NativeOfEntries("", {}), "-nick-\r\n");
+}
+
 }  // namespace
 }  // namespace orvik

@@ -1,5 +1,6 @@
 #include "formats/ldif_writer.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -200,6 +201,29 @@ TEST(WriteLdif, RandomLongTexts_EqualLiteralWriter) {
 TEST(WriteLdif, RandomLongTextsWithLateSeparator_EqualLiteralWriter) {
     ForRandomTexts({"a@b.example", "\r\n", "\r", "\n", "a"}, 60, 1500, [](const std::string& text) {
         CompareWrites(text + "\r\n-nick-\r\n" + text);
+    });
+}
+
+TEST(PassLdif, LengthsOfAddresses_PassWhatTheirTextPasses) {
+    ForEveryText({"", "a", "al@mail.example", "x\r"}, 6, [](const std::string& text) {
+        // CR parts addresses.
+        std::vector<std::uint32_t> lengths;
+        std::string addresses;
+        std::string nicknames;
+        for (std::size_t start = 0, end = 0; start < text.size(); start = end + 1) {
+            end = std::min(text.find('\r', start), text.size());
+            lengths.push_back(static_cast<std::uint32_t>(end - start));
+            addresses.append(text, start, end - start).append("\r\n");
+            nicknames.append("\r\n");
+        }
+        if (lengths.empty()) {
+            return;
+        }
+        Recorder expected;
+        Recorder actual;
+        PassLdif(addresses + "-nick-\r\n" + nicknames, expected);
+        PassLdif(lengths, actual);
+        ASSERT_EQ(actual.events, expected.events) << text;
     });
 }
 

@@ -90,6 +90,9 @@ TEST_F(SystemFilesTest, Read_GivesTheNextBytesAndNoMore) {
     EXPECT_EQ(bytes, std::string(49, 'b'));
     EXPECT_FALSE(file->Read(100, bytes));
     EXPECT_EQ(bytes, "");
+    EXPECT_FALSE(file->Rewind());
+    EXPECT_FALSE(file->Read(17, bytes));
+    EXPECT_EQ(bytes, std::string(17, 'a'));
 }
 
 TEST_F(SystemFilesTest, List_TellsWhatEachNameIsItself) {

@@ -121,6 +121,7 @@ TEST_F(RecoveryStoreTest, WhatIsNoCopy_IsNotReadAsAWhole) {
             read_ += bytes.size();
             return error;
         }
+        std::error_code Rewind() override { return file_->Rewind(); }
 
      private:
         std::unique_ptr<InputFile> file_;
