@@ -111,7 +111,7 @@ bool NamesNobody(std::string_view field) {
                                                          "Thread-Index",
                                                          "UID"};
     const auto begins = [field](std::string_view one) { return StartsAsName(field, one); };
-    const auto is = [field](std::string_view one) { return SameName(field, one); };
+    const auto is = [field](std::string_view one) { return SameName(one, field); };
     return std::any_of(kBeginnings.begin(), kBeginnings.end(), begins) ||
            std::any_of(kNames.begin(), kNames.end(), is);
 }

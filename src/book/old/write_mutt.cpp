@@ -143,7 +143,7 @@ class MuttWriter {
             // As other programs write them for mutt.
             const bool joined =
                 !name.empty() && IsPlainAddress(address) && key.find("__") == std::string::npos;
-            Begin(joined ? key + "__" + address : keys_.Next(record));
+            Begin(joined ? std::string(key).append("__").append(address) : keys_.Next(record));
             AppendAddress(name, address, text_);
             text_ += '\n';
             entry_.Carry(*one);
