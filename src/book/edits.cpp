@@ -72,7 +72,7 @@ std::string WithItem(std::string_view list, char separator, std::string_view ite
     std::vector<std::string_view> items = ItemsIn(list, separator);
     const auto first =
         std::find_if(items.begin(), items.end(), [](std::string_view one) { return !one.empty(); });
-    const std::string escaped = EscapedItem(item);
+    std::string escaped = EscapedItem(item);
     if (first == items.end()) {
         return escaped;
     }

@@ -44,6 +44,8 @@ BookRows::BookRows(BookDocument& document)
     connect(&document_, &BookDocument::changed, this, &BookRows::takeChanged);
     connect(&document_, &BookDocument::recordsChanged, this, &BookRows::takeRecords);
     connect(&worker_, &BookWorker::ended, this, &BookRows::takeEnd);
+    // What is done with the result comes first.
+    connect(&worker_, &BookWorker::ended, this, &BookRows::goOn, Qt::QueuedConnection);
     takeRecords();
 }
 
@@ -243,16 +245,13 @@ void BookRows::takeEnd(bool /*is_done*/, const QString& why) {
     if (!why.isEmpty()) {
         emit failed(why);
     }
-    // What is done with the result comes first.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            startNext();
-            if (!worker_.isBusy()) {
-                emit busyChanged(false);
-            }
-        },
-        Qt::QueuedConnection);
+}
+
+void BookRows::goOn() {
+    startNext();
+    if (!worker_.isBusy()) {
+        emit busyChanged(false);
+    }
 }
 
 void BookRows::catchUp() {

@@ -59,6 +59,7 @@ class BookRows : public QObject {
     void sort();
     void findLists();
     void takeEnd(bool is_done, const QString& why);
+    void goOn();
     void catchUp();
     void applyFilter();
     void rebuild();

@@ -72,6 +72,8 @@ BookWindow::BookWindow(FileSystem& files, RecentBooks& books)
     addMenus();
     connectParts();
     setAcceptDrops(true);
+    drop_is_over_.setSingleShot(true);
+    connect(&drop_is_over_, &QTimer::timeout, this, [this] { openFiles(dropped_); });
     resize(kStartSize);
     sync();
     person_->show(table_->selected());

@@ -6,6 +6,8 @@
 #include <QMainWindow>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -152,6 +154,8 @@ class BookWindow : public QMainWindow {
     QAction* filter_action_ = nullptr;
 
     QString state_file_;
+    QStringList dropped_;
+    QTimer drop_is_over_;
 };
 
 }  // namespace orvik

@@ -6,7 +6,6 @@
 #include <QFileInfo>
 #include <QMimeData>
 #include <QTabWidget>
-#include <QTimer>
 #include <QUrl>
 #include <memory>
 #include <utility>
@@ -190,8 +189,8 @@ void BookWindow::dropEvent(QDropEvent* event) {
     event->setDropAction(Qt::CopyAction);
     event->accept();
     // The other program waits until the drop is over.
-    QTimer::singleShot(
-        0, this, [this, names = DraggedFiles(*event->mimeData())] { openFiles(names); });
+    dropped_ = DraggedFiles(*event->mimeData());
+    drop_is_over_.start(0);
 }
 
 }  // namespace orvik

@@ -29,8 +29,8 @@ QString StepName(Editable what, const QString& whose) {
     return RecordEdits::tr("Change phone of %1").arg(whose);
 }
 
-void AddLists(std::vector<book::ListChange> lists, BookDocument::Changes& changes) {
-    for (book::ListChange& one : lists) {
+void AddLists(const std::vector<book::ListChange>& lists, BookDocument::Changes& changes) {
+    for (const book::ListChange& one : lists) {
         changes.push_back({one.List, one.After});
     }
 }
