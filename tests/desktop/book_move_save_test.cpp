@@ -6,6 +6,7 @@
 #include <QSpinBox>
 #include <QThread>
 #include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -193,6 +194,22 @@ TEST_F(BookMoveSaveTest, ADialogThatGoesInTheMiddleCancels) {
     gated.may_go_on = true;
     ASSERT_TRUE(Eventually([&] { return !worker.isBusy(); }));
     EXPECT_THAT(folder.Files(), ElementsAre("plain.ldif"));
+}
+
+TEST_F(BookMoveSaveTest, WhomTheSaveWaitsForIsSaid) {
+    Read("plain.ldif", test::kPlainBook);
+    Open();
+    std::unique_ptr<FolderLock> other;
+    ASSERT_FALSE(system.Lock(folder.Path(), std::chrono::seconds(1), other));
+    BeginToSave("new.vcf");
+    ASSERT_TRUE(Eventually([&] {
+        return Text("moveDoing").find("Waiting for ") != std::string::npos &&
+               Find<QWidget>("moveProgress").isVisible();
+    }));
+    EXPECT_THAT(Text("moveDoing"), HasSubstr("which is saving into this folder"));
+    other.reset();
+    ASSERT_TRUE(Eventually([&] { return Find<QWidget>("moveSummary").isVisible(); }));
+    EXPECT_THAT(test::ReadFile(folder.Name("new.vcf")), StartsWith("BEGIN:VCARD"));
 }
 
 TEST_F(BookMoveSaveTest, ACancelledPreviewCanBeHadAgain) {

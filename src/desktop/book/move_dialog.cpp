@@ -22,6 +22,7 @@
 #include "desktop/book/show_in_folder.h"
 #include "desktop/session/window_place.h"
 #include "desktop/text/plain_text.h"
+#include "desktop/text/short_text.h"
 #include "desktop/views/quiet_line.h"
 
 namespace orvik {
@@ -81,13 +82,15 @@ MoveDialog::MoveDialog(BookDocument& document,
 void MoveDialog::makeProgress() {
     progress_->setObjectName(QStringLiteral("moveProgress"));
     doing_->setObjectName(QStringLiteral("moveDoing"));
+    doing_->setTextFormat(Qt::PlainText);
+    doing_->setWordWrap(true);
     bar_->setObjectName(QStringLiteral("moveBar"));
     bar_->setAccessibleName(tr("Progress"));
     cancel_->setObjectName(QStringLiteral("moveCancel"));
     cancel_->setAutoDefault(false);
     auto* const row = new QHBoxLayout(progress_);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(doing_);
+    row->addWidget(doing_, 1);
     row->addWidget(bar_, 1);
     row->addWidget(cancel_);
     progress_->hide();
@@ -129,15 +132,13 @@ void MoveDialog::connectAll() {
         line_->clear();
         showPage(target_);
     });
-    connect(work_, &MoveWork::began, this, [this](Job job) {
+    connect(work_, &MoveWork::began, this, [this] {
         line_->clear();
-        doing_->setText(job == Job::Preparing ? tr("Looking what the file will hold")
-                                              : tr("Saving"));
-        bar_->setValue(0);
+        showProgress({}, 0);
         slow_.start(kQuiet);
         sync();
     });
-    connect(work_, &MoveWork::progressed, bar_, &QProgressBar::setValue);
+    connect(work_, &MoveWork::progressed, this, &MoveDialog::showProgress);
     connect(work_, &MoveWork::prepared, this, &MoveDialog::takePrepared);
     connect(work_, &MoveWork::wrote, this, &MoveDialog::takeWritten);
 }
@@ -283,6 +284,13 @@ void MoveDialog::reject() {
     if (job != Job::Saving && job != Job::Keeping) {
         QDialog::reject();
     }
+}
+
+void MoveDialog::showProgress(const QString& step, int percent) {
+    const QString usual =
+        work_->job() == Job::Preparing ? tr("Looking what the file will hold") : tr("Saving");
+    doing_->setText(step.isEmpty() ? usual : Shortened(step));
+    bar_->setValue(percent);
 }
 
 // Which controls can be used while what runs.

@@ -62,6 +62,7 @@ class MoveDialog : public QDialog {
     [[nodiscard]] std::string folderOfSources();
     void showFolder();
     void showPage(QWidget* page);
+    void showProgress(const QString& step, int percent);
     void sync();
 
     BookDocument& document_;

@@ -76,6 +76,7 @@ class Writing {
     bool GoesOn(std::size_t written) {
         done_ += written;
         try {
+            SayWhatIsWaitedFor(written == 0);
             watch_.Tell(std::min(done_, all_), all_);
         } catch (const book::WorkThread::Cancelled&) {
             cancelled_ = true;
@@ -83,10 +84,21 @@ class Writing {
         return !cancelled_;
     }
 
+    // What is told before all is written is whom the save waits for. Errors: Cancelled.
+    void SayWhatIsWaitedFor(bool may_wait) {
+        const QStringList told = may_wait ? around_.told() : QStringList();
+        const std::string waits = told.isEmpty() ? std::string() : told.back().toStdString();
+        if (waits != said_ && (may_wait || !said_.empty())) {
+            said_ = waits;
+            watch_.Begin(waits);
+        }
+    }
+
     const BookWorker::Watch& watch_;
     std::size_t all_;
     std::size_t done_ = 0;
     bool cancelled_ = false;
+    std::string said_;
     MoveEnd end_;
     StoppableFiles watched_;
     WorkerConsole around_;
@@ -109,7 +121,6 @@ std::shared_ptr<const MovePreview> PrepareMove(FileSystem& files,
     auto made = std::make_shared<MovePreview>();
     made->Chosen = chosen;
     made->Chosen.AllowLoss = true;
-    watch.Begin("writing");
     WorkerConsole around(files, watch);
     const auto copy = CopyOf(records);
     book_cli::Prepared prepared = book_cli::Prepare(made->Chosen, *copy, around.console());

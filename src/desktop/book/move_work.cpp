@@ -18,9 +18,9 @@ MoveWork::MoveWork(BookDocument& document,
       files_(files),
       numbers_(std::move(records)) {
     connect(&worker_, &BookWorker::ended, this, &MoveWork::takeEnd);
-    connect(&worker_, &BookWorker::progressed, this, [this](const QString&, int percent) {
+    connect(&worker_, &BookWorker::progressed, this, [this](const QString& step, int percent) {
         if (runs_ && !waiting_) {
-            emit progressed(percent);
+            emit progressed(step, percent);
         }
     });
 }

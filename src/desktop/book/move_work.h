@@ -58,7 +58,8 @@ class MoveWork : public QObject {
 
  signals:
     void began(MoveWork::Job job);
-    void progressed(int percent);
+    // step is empty, or what the job waits for.
+    void progressed(const QString& step, int percent);
     // Preparing has ended; why is empty but for a failure.
     void prepared(bool is_done, const QString& why);
     // Saving or keeping has ended, this one with an end that says how.
