@@ -123,9 +123,9 @@ TEST_F(BookDuplicatesPage, ShowsRecordsBesideEachOther) {
               "+ Phone|3||3\n+ Phone||4|4\n");
     EXPECT_EQ(Find<QLabel>("Heading").text(), QStringLiteral("2 records of C. Clark:"));
     const QAbstractItemModel& model = *Beside().model();
-    EXPECT_THAT(model.headerData(1, Qt::Horizontal).toString().toStdString(),
-                testing::EndsWith("a.vcf, line 41 (stays)"));
-    EXPECT_THAT(model.headerData(2, Qt::Horizontal).toString().toStdString(),
+    EXPECT_EQ(model.headerData(1, Qt::Horizontal).toString(), QStringLiteral("line 41 (stays)"));
+    EXPECT_EQ(model.headerData(2, Qt::Horizontal).toString(), QStringLiteral("line 51"));
+    EXPECT_THAT(model.headerData(2, Qt::Horizontal, Qt::ToolTipRole).toString().toStdString(),
                 testing::EndsWith("a.vcf, line 51"));
     // Not by colour alone.
     EXPECT_EQ(model.index(0, 0).data(Qt::AccessibleTextRole).toString(),
@@ -136,6 +136,22 @@ TEST_F(BookDuplicatesPage, ShowsRecordsBesideEachOther) {
     Rows().selectAll();
     EXPECT_EQ(model.rowCount(), 0);
     EXPECT_EQ(Find<QLabel>("Heading").text(), QStringLiteral("5 groups are selected."));
+}
+
+TEST_F(BookDuplicatesPage, NamesTheFilesOfRecordsAndWhoCameFromNone) {
+    Open(Write("a.vcf", People()));
+    Open(Write("b.vcf", book::test::CardOf("FN:Ada Abbott|EMAIL:ada@a.example|TEL:1")));
+    book::Contact added = document.at(0);
+    added.From = {};
+    document.add(QStringLiteral("Add"), {added});
+    Show();
+    Button("Look").click();
+    Wait();
+    const QAbstractItemModel& model = *Beside().model();
+    EXPECT_EQ(model.headerData(1, Qt::Horizontal).toString(),
+              QStringLiteral("a.vcf, line 1 (stays)"));
+    EXPECT_EQ(model.headerData(3, Qt::Horizontal).toString(), QStringLiteral("b.vcf, line 1"));
+    EXPECT_EQ(model.headerData(4, Qt::Horizontal).toString(), QStringLiteral("added here"));
 }
 
 TEST_F(BookDuplicatesPage, VeryLongRecordsAreNotShownButMerged) {

@@ -72,7 +72,7 @@ TEST_F(BookDuplicates, OneGroupIsMergedAsOneStep) {
     EXPECT_THAT(told,
                 testing::AllOf(HasSubstr("Merged 2 records of C. Clark: 1 record is part of "
                                          "another one now."),
-                               HasSubstr("Carried along: FN \u201CC. Clark\u201D.")));
+                               HasSubstr("Carried along: Name \u201CC. Clark\u201D.")));
     EXPECT_EQ(document.thereCount(), 7U);
     document.undoStack().undo();
     EXPECT_EQ(Groups(), kFound);

@@ -116,11 +116,13 @@ void DuplicatesPage::makeTable() {
     QHeaderView& head = *groups_->horizontalHeader();
     head.setStretchLastSection(true);
     head.setSectionResizeMode(DuplicatesModel::kRecords, QHeaderView::ResizeToContents);
-    const int letter = groups_->fontMetrics().averageCharWidth();
-    constexpr int kDecisionLetters = 22;
-    constexpr int kTierLetters = 18;
-    groups_->setColumnWidth(DuplicatesModel::kDecision, kDecisionLetters * letter);
-    groups_->setColumnWidth(DuplicatesModel::kTier, kTierLetters * letter);
+    // Wide enough for what is seen most often.
+    const auto width = [this](const QString& text, int boxes) {
+        return groups_->fontMetrics().horizontalAdvance(text) +
+               boxes * groups_->verticalHeader()->defaultSectionSize();
+    };
+    groups_->setColumnWidth(DuplicatesModel::kDecision, width(tr("to be merged"), 2));
+    groups_->setColumnWidth(DuplicatesModel::kTier, width(TierWords(Tier::Address), 1));
 }
 
 void DuplicatesPage::arrange() {

@@ -1,6 +1,7 @@
 // What Duplicates has the worker do.
 
 #include <QFile>
+#include <QFileInfo>
 #include <QUndoStack>
 #include <algorithm>
 #include <optional>
@@ -9,12 +10,14 @@
 #include <utility>
 
 #include "app/run_time_error.h"
+#include "book/field_words.h"
 #include "book/match/merge_records.h"
 #include "book/match/plan.h"
 #include "book/typed_views.h"
 #include "book_cli/told.h"
 #include "cli/exit_status.h"
 #include "desktop/book/duplicates.h"
+#include "desktop/book/shown_text.h"
 #include "desktop/book/worker_console.h"
 #include "desktop/text/plain_text.h"
 
@@ -37,7 +40,7 @@ QString Counted(std::size_t count, const char* one, const char* many) {
 }
 
 // The values that gave way to others, some of them by name.
-QString CarriedText(const std::vector<book::MergeNote>& notes) {
+QString CarriedText(const Book& book, const std::vector<book::MergeNote>& notes) {
     std::size_t count = 0;
     QStringList named;
     for (const book::MergeNote& note : notes) {
@@ -45,8 +48,10 @@ QString CarriedText(const std::vector<book::MergeNote>& notes) {
             continue;
         }
         if (++count <= kMostCarried) {
-            named << ShortName(note.Field) + QStringLiteral(" \u201C") + ShortName(note.Value) +
-                         QStringLiteral("\u201D");
+            book::Property one;
+            one.Name = book.Names.Find(note.Field);
+            named << ShownLine(book::FieldWords(book, one, {})) + QStringLiteral(" \u201C") +
+                         ShortName(note.Value) + QStringLiteral("\u201D");
         }
     }
     if (count == 0) {
@@ -171,7 +176,7 @@ void Duplicates::merge(const Lines& chosen) {
             for (const book::Renumbered& one : merged.Changed) {
                 merging->Changes.push_back({numbers[one.Before], book.Contacts[one.After], true});
             }
-            merging->Carried = CarriedText(merged.Notes);
+            merging->Carried = CarriedText(book, merged.Notes);
             merging->Gone = merged.Gone.size();
             merging->Lost = merged.Lost;
             book.HowFar = nullptr;
@@ -316,7 +321,7 @@ void Duplicates::loadPlan(const QString& file) {
 }
 
 void Duplicates::takePlan(const QString& file, Plan& plan) {
-    const QString name = ShortName(QFile::encodeName(file).toStdString());
+    const QString name = ShownName(QFileInfo(file).fileName());
     if (!plan.Errors.empty()) {
         QStringList lines;
         const std::size_t shown = std::min(plan.Errors.size(), kMostErrors);

@@ -1,5 +1,7 @@
 #include "desktop/book/side_model.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QFont>
 #include <QGuiApplication>
 #include <QPalette>
@@ -72,6 +74,10 @@ void SideModel::show(const BookDocument::Numbers& records) {
     if (most > 0 && fields <= kMostFields) {
         records_.assign(records.begin(), records.begin() + static_cast<std::ptrdiff_t>(most));
         side_ = book::Compare(document_.book(), records_);
+        const std::uint32_t file = document_.at(records_.front()).From.File;
+        is_one_file_ = std::all_of(records_.begin(), records_.end(), [&](auto record) {
+            return document_.at(record).From.File == file;
+        });
         labels_.resize(most);
         for (std::size_t i = 0; i < most; ++i) {
             labels_[i].Fill(*side_.From, side_.From->Contacts[i]);
@@ -177,7 +183,29 @@ QVariant SideModel::data(const QModelIndex& index, int role) const {
     }
 }
 
+// The file where there are several, and not where that is.
+QString SideModel::placeOf(const book::Origin& from) const {
+    if (from.Lines == 0) {
+        return tr("added here");
+    }
+    const QString line = ShortPlace(from.Line);
+    if (is_one_file_) {
+        return line;
+    }
+    const std::string& file = document_.book().SourceAt(from.File).Name();
+    return ShownName(QFileInfo(QFile::decodeName(file.c_str())).fileName()) + QStringLiteral(", ") +
+           line;
+}
+
 QVariant SideModel::headerData(int section, Qt::Orientation way, int role) const {
+    const bool is_record = section >= kFirstRecord && section < mergedColumn();
+    if (way == Qt::Horizontal && role == Qt::ToolTipRole && is_record) {
+        const book::Origin& from =
+            document_.at(records_[static_cast<std::size_t>(section - kFirstRecord)]).From;
+        return from.Lines == 0
+                   ? QVariant()
+                   : QVariant(PlainTip(PlaceWords(document_.book(), from.File, from.Line)));
+    }
     if (way != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
     }
@@ -188,10 +216,7 @@ QVariant SideModel::headerData(int section, Qt::Orientation way, int role) const
         return tr("After merging");
     }
     const auto number = static_cast<std::size_t>(section - kFirstRecord);
-    const book::Contact& contact = document_.at(records_[number]);
-    const QString place = contact.From.Lines == 0
-                              ? tr("added here")
-                              : PlaceWords(document_.book(), contact.From.File, contact.From.Line);
+    const QString place = placeOf(document_.at(records_[number]).From);
     return number == 0 ? tr("%1 (stays)").arg(place) : place;
 }
 

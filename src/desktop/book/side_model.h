@@ -47,10 +47,12 @@ class SideModel : public QAbstractTableModel {
     [[nodiscard]] QString valueOf(const book::SideValue& value) const;
     [[nodiscard]] QString mergedOf(const book::SideRow& row) const;
     [[nodiscard]] QString textOf(const book::SideRow& row, int column) const;
+    [[nodiscard]] QString placeOf(const book::Origin& from) const;
 
     const BookDocument& document_;
     BookDocument::Numbers records_;
     book::SideBySide side_;
+    bool is_one_file_ = false;
     // By record.
     std::vector<book::GroupLabels> labels_;
 };

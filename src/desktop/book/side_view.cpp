@@ -68,7 +68,7 @@ void SideView::show(const BookDocument::Numbers& records) {
     for (int i = 0; i < model_->columnCount(); ++i) {
         table_->setColumnWidth(i, std::min(table_->columnWidth(i), most));
     }
-    table_->setCurrentIndex(model_->index(0, 0));
+    table_->selectionModel()->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
 }
 
 void SideView::say(const QString& text) {

@@ -90,6 +90,22 @@ TEST(Book, SharesWhatItHoldsWithSnapshots) {
     EXPECT_TRUE(Shown(*copy, copy->Contacts[0]).starts_with("person\nFN:Bo\nX-Own:"));
 }
 
+TEST(Book, GivesExcerptsThatKnowNothingElse) {
+    ReadBook read(ReadVCard,
+                  "BEGIN:VCARD\nVERSION:3.0\nFN:Al\nX-OTHER:1\nEND:VCARD\n"
+                  "BEGIN:VCARD\nVERSION:3.0\nFN:Bo\nitem1.X-OWN;X-PARAM=y:2\nEND:VCARD\n");
+    const std::array<std::uint32_t, 1> second = {1};
+    const auto excerpt = read.book.Excerpt(second);
+    ASSERT_EQ(excerpt->Contacts.size(), 1U);
+    EXPECT_EQ(Shown(*excerpt, excerpt->Contacts[0]), Shown(read.book, read.book.Contacts[1]));
+    EXPECT_EQ(excerpt->Names.Find("X-OTHER"), FieldNames::kNone);
+    EXPECT_FALSE(excerpt->Contacts[0].Changed);
+    EXPECT_EQ(excerpt->BytesOf(excerpt->Contacts[0]), read.book.BytesOf(read.book.Contacts[1]));
+    // The book that it is of may go.
+    read.book = Book();
+    EXPECT_EQ(Shown(*excerpt), "person\nFN:Bo\nitem1.X-OWN;X-PARAM=y:2\n");
+}
+
 // A record of so many addresses, and one of two behind it.
 std::string ManyAddresses(std::size_t count) {
     std::string ldif = "dn:\ncn: Al\n";

@@ -153,6 +153,19 @@ TEST(MatchesTest, ListsAreTheSameWithTheSameMembers) {
     EXPECT_EQ(Found(CardsOf(other, "FN:Crew|EMAIL:x@y.z")), "");
 }
 
+TEST(MatchesTest, WhoHasNoPlaceOfTheirOwnTakesPartIfAllDo) {
+    test::ReadBook read(ReadVCard,
+                        test::CardsOf("FN:Al|EMAIL:a@b.c", "FN:Al|EMAIL:a@b.c", "FN:Bo", "FN:Bo"));
+    read.book.Contacts[1].From.Line = 1;
+    read.book.Contacts[3].From = {};
+    const Matches placed = FindMatches(read.book, false);
+    EXPECT_EQ(test::Shown(placed), "");
+    EXPECT_THAT(placed.Notes, testing::SizeIs(1));
+    const Matches all = FindMatches(read.book, false, TakesPart::All);
+    EXPECT_EQ(test::Shown(all), "merge same 0 1; merge same 2 3");
+    EXPECT_THAT(all.Notes, testing::IsEmpty());
+}
+
 // None of these may take quadratic time; the work is bounded by what a bucket compares.
 TEST(MatchesTest, CrowdsAreToldAndNotCompared) {
     constexpr std::size_t kPeople = 4'000;

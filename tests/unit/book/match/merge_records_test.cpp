@@ -225,5 +225,35 @@ TEST(MergeTest, VeryManyRecordsBecomeOne) {
     EXPECT_EQ(read.book.Contacts.front().Properties.size(), 8'001U);
 }
 
+// Whoever shows the book has numbers of its own.
+TEST(MergeTest, WhoWentAndWhoChangedIsTold) {
+    test::ReadBook read(ReadVCard,
+                        CardsOf("FN:Al|EMAIL:a@b.c",
+                                "FN:Bo|EMAIL:b@b.c",
+                                "FN:Bo|EMAIL:b@b.c|NOTE:x",
+                                "FN:AL|EMAIL:a@b.c|UID:u",
+                                "FN:Crew|X-ADDRESSBOOKSERVER-KIND:group|"
+                                "X-ADDRESSBOOKSERVER-MEMBER:urn:uuid:u"));
+    const Merged merged = MergeRecords(read.book, {{0, 3}, {2, 1}});
+    ASSERT_THAT(merged.Gone, testing::SizeIs(2));
+    EXPECT_EQ(merged.Gone[0].Record, 1U);
+    EXPECT_EQ(merged.Gone[1].Record, 3U);
+    // The one that held all of another one is the same as before.
+    ASSERT_THAT(merged.Changed, testing::SizeIs(2));
+    EXPECT_EQ(merged.Changed[0].Before, 0U);
+    EXPECT_EQ(merged.Changed[0].After, 0U);
+    EXPECT_EQ(merged.Changed[1].Before, 4U);
+    EXPECT_EQ(merged.Changed[1].After, 2U);
+}
+
+TEST(MergeTest, WhatNamesTheRecordIsKnown) {
+    test::ReadBook read(ReadVCard,
+                        CardsOf("FN:Al|EMAIL:a@b.c|UID:v", "FN:Al Berg|EMAIL:a@b.c|UID:u"));
+    const Merged merged = MergeRecords(read.book, {{0, 1}});
+    ASSERT_THAT(merged.Notes, testing::SizeIs(2));
+    EXPECT_FALSE(NamesTheRecord(merged.Notes[0]));
+    EXPECT_TRUE(NamesTheRecord(merged.Notes[1]));
+}
+
 }  // namespace
 }  // namespace orvik::book

@@ -88,5 +88,68 @@ TEST(CheckPlanPlacesTest, SeveralRecordsOnOneLineCannotBeNamed) {
     EXPECT_EQ(checked.Errors[0].Text, "file:1: several records begin on this line");
 }
 
+TEST_F(CheckPlanTest, LinesHaveTheirRecordsAndComments) {
+    const CheckedPlan checked = Checked("merge file:11 file:1 #  so: # it is\nkeep file:21 file:1");
+    ASSERT_THAT(checked.Lines, testing::SizeIs(2));
+    EXPECT_THAT(checked.Lines[0].Records, ElementsAre(1, 0));
+    EXPECT_EQ(checked.Lines[0].Reason, "so: # it is");
+    EXPECT_EQ(checked.Lines[0].Why, Tier::Plan);
+    EXPECT_EQ(checked.Lines[1].Do, Action::Keep);
+    EXPECT_EQ(checked.Lines[1].Reason, "");
+}
+
+TEST_F(CheckPlanTest, WhoCameFromNoFileIsOnNoLine) {
+    read_.book.Contacts.emplace_back();
+    EXPECT_EQ(ErrorsOf("keep file:0"), "2: file:0: no record begins on this line\n");
+}
+
+// Files with the bytes of two of these, and another one.
+class FindSourcesTest : public testing::Test {
+ protected:
+    FindSourcesTest() {
+        for (const char* const name : {"x/a.vcf", "x/b.vcf", "x/c.vcf"}) {
+            book_.AddSource(
+                std::make_unique<Source>(name, *name == 'x' && name[2] == 'c' ? "2" : "1"));
+        }
+    }
+
+    std::string NamesIn(const std::string& text) {
+        Plan plan = ParsePlan(text);
+        FindSources(plan, book_);
+        std::string names;
+        for (const PlanSource& source : plan.Sources) {
+            names += source.Name + " ";
+        }
+        for (const PlannedLine& line : plan.Lines) {
+            for (const PlanPlace& place : line.Places) {
+                names += place.File + ":" + std::to_string(place.Line) + " ";
+            }
+        }
+        return names;
+    }
+
+    const std::string one_ = Sha256("1");
+    const std::string two_ = Sha256("2");
+    Book book_;
+};
+
+TEST_F(FindSourcesTest, TheSameBytesAreTheSameFile) {
+    EXPECT_EQ(NamesIn("# source c.vcf " + two_ + "\n# source a.vcf " + one_ +
+                      "\nmerge a.vcf:3 c.vcf:1 z:9\n"),
+              "x/c.vcf x/a.vcf x/a.vcf:3 x/c.vcf:1 z:9 ");
+}
+
+TEST_F(FindSourcesTest, EachOfSeveralEqualFilesIsMeantOnce) {
+    EXPECT_EQ(
+        NamesIn("# source a " + one_ + "\n# source b " + one_ + "\n# source d " + one_ + "\n"),
+        "x/a.vcf x/b.vcf d ");
+}
+
+TEST_F(FindSourcesTest, ANameThatIsThereIsMeantItself) {
+    EXPECT_EQ(NamesIn("# source x/a.vcf " + two_ + "\n# source b " + one_ + "\n"),
+              "x/a.vcf x/b.vcf ");
+    EXPECT_EQ(NamesIn("# source b " + Sha256("3") + "\n"), "b ");
+}
+
 }  // namespace
 }  // namespace orvik::book
