@@ -31,6 +31,7 @@ ToolBar::ToolBar(
       redo_(addStep(
           "barRedo", tr("Redo"), LineIcon(Drawing::Redo), *actions.Redo, [this] { text_.redo(); })),
       find_(add("barFind", tr("Find"), LineIcon(Drawing::Find), *actions.Find)),
+      move_(addAction(LineIcon(Drawing::Move), tr("Move to another program..."))),
       wanted_(new QAction(tr("Show the &tool bar"), this)),
       books_menu_(new BooksMenu(books, this)) {
     setObjectName(QStringLiteral("toolBar"));
@@ -46,6 +47,7 @@ ToolBar::ToolBar(
     wanted_->setCheckable(true);
     wanted_->setChecked(true);
     addBooks(window);
+    addMove();
     connect(&text_, &QPlainTextEdit::undoAvailable, this, &ToolBar::sync);
     connect(&text_, &QPlainTextEdit::redoAvailable, this, &ToolBar::sync);
     measure();
@@ -80,6 +82,17 @@ QAction* ToolBar::addStep(const char* name,
     return button;
 }
 
+// Its caption may be a short one, its name is not.
+void ToolBar::addMove() {
+    move_->setObjectName(QStringLiteral("barMove"));
+    move_->setToolTip(tr("Show these entries as people, and write them for another program"));
+    connect(move_, &QAction::triggered, this, &ToolBar::moveAsked);
+    QWidget* const button = widgetForAction(move_);
+    button->setAccessibleName(move_->text());
+    button->setAccessibleDescription(move_->toolTip());
+    button->installEventFilter(this);
+}
+
 void ToolBar::addBooks(QWidget& window) {
     connect(books_menu_, &BooksMenu::chosen, this, &ToolBar::bookChosen);
     auto* const button = qobject_cast<QToolButton*>(widgetForAction(open_));
@@ -110,6 +123,7 @@ void ToolBar::sync() {
     open_->setEnabled(free && form.mnuOpen.Enabled);
     save_->setEnabled(free && form.mnuSave.Enabled && !module_.WorkText.empty());
     find_->setEnabled(free);
+    move_->setEnabled(free && !module_.WorkText.empty());
     if (text_.isCovered()) {
         undo_->setEnabled(free && actions_.Undo->isEnabled());
         redo_->setEnabled(free && actions_.Redo->isEnabled());
@@ -138,9 +152,13 @@ void ToolBar::setTip(QAction& button, const QString& says, const QAction& runs) 
 
 void ToolBar::fit(bool low, int width) {
     const auto style =
-        width_with_text_ <= width ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly;
+        width_with_short_text_ <= width ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly;
     if (toolButtonStyle() != style) {
         setToolButtonStyle(style);
+    }
+    const QString caption = width_with_text_ <= width ? move_->text() : tr("Move...");
+    if (move_->iconText() != caption) {
+        move_->setIconText(caption);
     }
     const bool shown = wanted_->isChecked() && !low;
     if (isHidden() == shown) {
@@ -170,9 +188,17 @@ void ToolBar::changeEvent(QEvent* event) {
 
 void ToolBar::measure() {
     const Qt::ToolButtonStyle style = toolButtonStyle();
+    const QString caption = move_->iconText();
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    width_with_text_ = sizeHint().width();
+    width_with_text_ = widthWithText(move_->text());
+    width_with_short_text_ = widthWithText(tr("Move..."));
+    move_->setIconText(caption);
     setToolButtonStyle(style);
+}
+
+int ToolBar::widthWithText(const QString& move_caption) {
+    move_->setIconText(move_caption);
+    return sizeHint().width();
 }
 
 }  // namespace orvik

@@ -1,0 +1,190 @@
+#include "desktop/book/book_windows.h"
+
+#include <QMessageBox>
+#include <QTimer>
+#include <algorithm>
+#include <array>
+#include <string>
+#include <utility>
+
+#include "desktop/session/choice_box.h"
+#include "desktop/session/recovery_offer.h"
+#include "desktop/text/plain_text.h"
+
+namespace orvik {
+namespace {
+
+// "a.ldif", or "a.ldif and 2 more".
+QString ShownFiles(const QStringList& files) {
+    if (files.isEmpty()) {
+        return QObject::tr("a new book");
+    }
+    const QString first = ShortName(files.front().section(u'/', -1).toStdString());
+    return files.size() == 1 ? first
+                             : QObject::tr("%1 and %2 more").arg(first).arg(files.size() - 1);
+}
+
+LeftAnswer Ask(QWidget& window, const RecoveryCopy& copy) {
+    constexpr std::array kAnswers{LeftAnswer::Restore, LeftAnswer::Discard, LeftAnswer::NotNow};
+    const std::vector<Choice> choices = {
+        {QObject::tr("&Restore"), QMessageBox::AcceptRole},
+        {QObject::tr("&Discard"), QMessageBox::DestructiveRole},
+        {QObject::tr("&Not now"), QMessageBox::RejectRole},
+    };
+    const QString amount =
+        copy.Entries == 1 ? QObject::tr("1 record") : QObject::tr("%1 records").arg(copy.Entries);
+    const QString text = WhatWasLeft(ShownFiles(BookKeeper::filesOf(copy)), copy.Seconds, amount) +
+                         u'\n' + QObject::tr("Do you want to restore it, or to discard it?");
+    return kAnswers.at(AskForChoice(&window, text, choices, 0));
+}
+
+// It has no record, and no step that could be taken back.
+bool IsEmpty(BookWindow& window) {
+    BookDocument& document = window.document();
+    return document.thereCount() == 0 && !document.undoStack().canUndo();
+}
+
+}  // namespace
+
+BookWindows::BookWindows(FileSystem& files, RecentBooks& books, std::chrono::milliseconds interval)
+    : files_(files), books_(books), interval_(interval) {}
+
+BookWindows::~BookWindows() = default;
+
+BookWindow& BookWindows::open(std::vector<BookWindow::Input> inputs) {
+    BookWindow& window = *add().Window;
+    window.show();
+    if (!inputs.empty()) {
+        window.open(std::move(inputs));
+    }
+    if (!std::exchange(has_offered_, true)) {
+        // Behind what opened it.
+        QTimer::singleShot(0, this, &BookWindows::offerLeft);
+    }
+    return window;
+}
+
+void BookWindows::openList(const std::string& name, std::string lines) {
+    std::vector<BookWindow::Input> inputs;
+    inputs.push_back({.Name = name, .Bytes = std::move(lines), .Form = book::Format::PlainList});
+    open(std::move(inputs))
+        .tell(tr("These are the addresses and nicknames of the main window. Open the file here to "
+                 "have all of its fields."));
+}
+
+BookWindows::Open& BookWindows::add() {
+    auto made = std::make_unique<Open>();
+    made->Window = std::make_unique<BookWindow>(files_, books_);
+    made->Keeper = std::make_unique<BookKeeper>(made->Window->document(), files_, interval_);
+    BookWindow& window = *made->Window;
+    window.rememberIn(state_file_);
+    connect(&window, &BookWindow::helpAsked, this, &BookWindows::helpAsked);
+    connect(&window, &BookWindow::closed, this, [this, &window] {
+        giveUp(*of(&window));
+        // Behind its own event.
+        QTimer::singleShot(0, this, [this, &window] { drop(&window); });
+    });
+    connect(made->Keeper.get(), &BookKeeper::failed, &window, [&window](const QString& why) {
+        window.tell(tr("What is not saved cannot be kept for the case of a crash: %1.").arg(why));
+    });
+    open_.push_back(std::move(made));
+    return *open_.back();
+}
+
+BookWindows::Open* BookWindows::of(const QObject* window) {
+    const auto found = std::find_if(
+        open_.begin(), open_.end(), [&](const auto& open) { return open->Window.get() == window; });
+    return found == open_.end() ? nullptr : found->get();
+}
+
+// The user has said that what is not saved may go.
+void BookWindows::giveUp(Open& open) {
+    open.Window->document().markSaved();
+}
+
+void BookWindows::drop(const BookWindow* window) {
+    std::erase_if(open_, [&](const auto& open) { return open->Window.get() == window; });
+}
+
+void BookWindows::keepNow() {
+    for (const auto& open : open_) {
+        open->Keeper->keepNow();
+    }
+}
+
+void BookWindows::removeLeft() {
+    RecoveryStore(files_, BookKeeper::kFolder).RemoveLeft();
+}
+
+bool BookWindows::mayLogOut() {
+    for (const auto& open : open_) {
+        open->IsGivenUp = open->Window->mayClose();
+        if (!open->IsGivenUp) {
+            stayAfterLogOut();
+            return false;
+        }
+    }
+    return true;
+}
+
+void BookWindows::stayAfterLogOut() {
+    for (const auto& open : open_) {
+        open->IsGivenUp = false;
+    }
+}
+
+void BookWindows::endForLogOut() {
+    for (const auto& open : open_) {
+        if (open->IsGivenUp) {
+            giveUp(*open);
+        }
+        open->Keeper->keepNow();
+        open->Window->hide();
+    }
+    open_.clear();
+}
+
+// All of them at once: what is restored in one window is no question in the next.
+void BookWindows::offerLeft() {
+    if (open_.empty()) {
+        return;
+    }
+    BookWindow& first = *open_.front()->Window;
+    for (RecoveryStore::Left& left : open_.front()->Keeper->leftBooks()) {
+        switch (Ask(first, left.Copy)) {
+            case LeftAnswer::Restore:
+                restore(std::move(left), first);
+                break;
+            case LeftAnswer::Discard:
+                open_.front()->Keeper->discard(left);
+                break;
+            case LeftAnswer::SaveAs:
+            case LeftAnswer::NotNow:
+                break;
+        }
+    }
+}
+
+// As long as its records are not read, the copy stays where it is, and no other program takes it.
+void BookWindows::restore(RecoveryStore::Left left, BookWindow& first) {
+    const bool is_free = IsEmpty(first) && !first.worker().isBusy();
+    BookWindow& window = is_free ? first : open({});
+    BookKeeper* const keeper = of(&window)->Keeper.get();
+    BookWindow::Input input{.Name = BookKeeper::nameOf(left.Copy),
+                            .Bytes = std::string(left.Copy.Text),
+                            .Form = book::Format::VCard,
+                            .IsUnsaved = true};
+    left.Copy.Text = {};
+    const auto held = std::make_shared<RecoveryStore::Left>(std::move(left));
+    connect(
+        &window,
+        &BookWindow::unsavedRead,
+        keeper,
+        [keeper, held] { keeper->adopt(std::move(*held)); },
+        Qt::SingleShotConnection);
+    std::vector<BookWindow::Input> inputs;
+    inputs.push_back(std::move(input));
+    window.open(std::move(inputs));
+}
+
+}  // namespace orvik
