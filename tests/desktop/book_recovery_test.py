@@ -26,7 +26,8 @@ def leave(name, people):
         f"BEGIN:VCARD\r\nVERSION:4.0\r\nFN:{one}\r\nX-OWN:of {one}\r\nEND:VCARD\r\n".encode() for one in people
     )
     folder = ROOT / name
-    folder.mkdir(parents=True, mode=0o700)
+    ROOT.mkdir(mode=0o700, exist_ok=True)
+    folder.mkdir(mode=0o700)
     (folder / "running").touch()
     fields = {
         "seconds": b"1700000000",

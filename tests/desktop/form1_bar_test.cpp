@@ -169,7 +169,7 @@ TEST_F(Form1BarTest, MoveGivesTheEntriesAsTheyAreShown) {
     // In edit mode with what was typed there.
     SwitchEditMode();
     Find<TextBoxView>("Text1").setPlainText(QStringLiteral("Al <A1>\nb@example.org"));
-    EXPECT_EQ(Moved(), file + "|\"Al\" <A1>\r\n\"\" <b@example.org>\r\n");
+    EXPECT_EQ(Moved(), file + "|\"Al \" <A1>\r\n\"\" <b@example.org>\r\n");
     EXPECT_TRUE(module1.EditMode);
 }
 

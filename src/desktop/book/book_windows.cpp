@@ -1,6 +1,7 @@
 #include "desktop/book/book_windows.h"
 
 #include <QMessageBox>
+#include <QPointer>
 #include <QTimer>
 #include <algorithm>
 #include <array>
@@ -46,10 +47,18 @@ bool IsEmpty(BookWindow& window) {
 
 }  // namespace
 
-BookWindows::BookWindows(FileSystem& files, RecentBooks& books, std::chrono::milliseconds interval)
-    : files_(files), books_(books), interval_(interval) {}
+BookWindows::BookWindows(FileSystem& files,
+                         RecentBooks& books,
+                         QString state_file,
+                         std::chrono::milliseconds interval)
+    : files_(files), books_(books), state_file_(std::move(state_file)), interval_(interval) {}
 
 BookWindows::~BookWindows() = default;
+
+bool BookWindows::areOpen() const {
+    return std::any_of(
+        open_.begin(), open_.end(), [](const auto& open) { return open->Window->isVisible(); });
+}
 
 BookWindow& BookWindows::open(std::vector<BookWindow::Input> inputs) {
     BookWindow& window = *add().Window;
@@ -116,12 +125,20 @@ void BookWindows::removeLeft() {
     RecoveryStore(files_, BookKeeper::kFolder).RemoveLeft();
 }
 
+// While one is asked about, another one may be closed.
 bool BookWindows::mayLogOut() {
+    std::vector<QPointer<BookWindow>> windows;
     for (const auto& open : open_) {
-        open->IsGivenUp = open->Window->mayClose();
-        if (!open->IsGivenUp) {
+        windows.emplace_back(open->Window.get());
+    }
+    for (const QPointer<BookWindow>& window : windows) {
+        const bool may = window.isNull() || window->mayClose();
+        if (!may) {
             stayAfterLogOut();
             return false;
+        }
+        if (Open* const open = of(window)) {
+            open->IsGivenUp = true;
         }
     }
     return true;
@@ -141,22 +158,25 @@ void BookWindows::endForLogOut() {
         open->Keeper->keepNow();
         open->Window->hide();
     }
-    open_.clear();
 }
 
 // All of them at once: what is restored in one window is no question in the next.
 void BookWindows::offerLeft() {
-    if (open_.empty()) {
+    has_offered_ = areOpen();
+    if (!has_offered_) {
         return;
     }
-    BookWindow& first = *open_.front()->Window;
-    for (RecoveryStore::Left& left : open_.front()->Keeper->leftBooks()) {
+    const Open& front = **std::find_if(
+        open_.begin(), open_.end(), [](const auto& open) { return open->Window->isVisible(); });
+    BookWindow& first = *front.Window;
+    const BookKeeper& keeper = *front.Keeper;
+    for (RecoveryStore::Left& left : keeper.leftBooks()) {
         switch (Ask(first, left.Copy)) {
             case LeftAnswer::Restore:
                 restore(std::move(left), first);
                 break;
             case LeftAnswer::Discard:
-                open_.front()->Keeper->discard(left);
+                keeper.discard(left);
                 break;
             case LeftAnswer::SaveAs:
             case LeftAnswer::NotNow:

@@ -35,7 +35,7 @@ class BookWindows : public QObject {
     BookWindow& open(std::vector<BookWindow::Input> inputs);
     // Shows a new window with the entries of the main window, each as "NICK" <ADDR> in a line.
     void openList(const std::string& name, std::string lines);
-    [[nodiscard]] bool areOpen() const { return !open_.empty(); }
+    [[nodiscard]] bool areOpen() const;
 
     // Keeps every book at once.
     void keepNow();
@@ -46,7 +46,8 @@ class BookWindows : public QObject {
     [[nodiscard]] bool mayLogOut();
     // The session goes on after all.
     void stayAfterLogOut();
-    // Closes the windows without a question: what nobody has given up is kept.
+    // Hides the windows without a question: what nobody has given up is kept. Boxes may still wait
+    // for answers, so they go with the program.
     void endForLogOut();
 
  signals:
