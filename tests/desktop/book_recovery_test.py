@@ -92,6 +92,32 @@ def check_private():
             fail(f"{path} has {mode:o}")
 
 
+def changed():
+    """A person's change is kept in time, and a kill leaves it for the next program."""
+    FILE.write_text("dn: cn=Cy\ncn: Cy\nshoeSize: 42\n\ndn: cn=Di\ncn: Di\n")
+    program = BookProgram(FILE)
+    eventually("the file to be read", lambda: program.own(f"^Orvik - {FILE.name}"))
+    focus(program.window)
+    xdo("key", "--delay", "100", "Down", "Delete")
+    eventually("the change to be kept", lambda: len(texts()) == 1)
+    if "\nFN:Cy\r\n" not in texts()[0] or "42\r\n" not in texts()[0] or "Di" in texts()[0]:
+        fail(f"not what was changed is kept: {texts()}")
+    # Undone, there is nothing to be kept; done again, there is.
+    focus(program.window)
+    xdo("key", "--delay", "100", "ctrl+z")
+    eventually("nothing to be kept", lambda: not texts())
+    xdo("key", "--delay", "100", "ctrl+shift+z")
+    eventually("the change to be kept", lambda: len(texts()) == 1)
+    program.kill()
+    program = BookProgram(boxes=1)
+    program.press("Return")
+    eventually("Cy to be back", lambda: program.own(r"^Orvik - old\.ldif \(restored\)"))
+    eventually("Cy to be kept anew", lambda: len(texts()) == 1 and "\nFN:Cy\r\n" in texts()[0])
+    program.quit("alt+d")
+    if ROOT.exists():
+        fail("what was discarded is still there")
+
+
 def restored(number):
     """What was left is restored, belongs to the new program, and survives its end."""
     program = BookProgram(boxes=1)
@@ -159,7 +185,8 @@ def main():
     program.press("alt+d")
     eventually("the copy to go", lambda: not texts())
     program.quit()
-    print("a Book window: restored after KILL, TERM, HUP and INT; not now, discarded, closed")
+    changed()
+    print("a Book window: changed, restored after KILL, TERM, HUP and INT; not now, discarded, closed")
 
 
 main()

@@ -9,6 +9,7 @@
 #include <QToolButton>
 #include <array>
 #include <fstream>
+#include <tuple>
 
 #include "desktop/form1_window_fixture.h"
 #include "desktop/text/text_box_view.h"
@@ -173,19 +174,20 @@ TEST_F(Form1BarTest, MoveGivesTheEntriesAsTheyAreShown) {
     EXPECT_TRUE(module1.EditMode);
 }
 
-TEST_F(Form1BarTest, MoveHasAShortCaptionWhereThereIsNoRoom) {
+TEST_F(Form1BarTest, TheLongestCaptionGoesFirst) {
     Show();
-    const QString name = QStringLiteral("Move to another program...");
-    for (const auto& [width, shown] : {std::pair{900, "Move to another program..."},
-                                       std::pair{480, "Move..."},
-                                       std::pair{900, "Move to another program..."}}) {
+    for (const auto& [width, of_all, of_move] :
+         {std::tuple{900, Qt::ToolButtonTextBesideIcon, Qt::ToolButtonTextBesideIcon},
+          std::tuple{500, Qt::ToolButtonTextBesideIcon, Qt::ToolButtonIconOnly},
+          std::tuple{230, Qt::ToolButtonIconOnly, Qt::ToolButtonIconOnly},
+          std::tuple{900, Qt::ToolButtonTextBesideIcon, Qt::ToolButtonTextBesideIcon}}) {
         window.resize(width, 400);
         Settle();
-        EXPECT_EQ(Bar().toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
-        EXPECT_EQ(ButtonOf("barMove").text(), QLatin1String(shown)) << width;
-        EXPECT_EQ(ButtonOf("barMove").accessibleName(), name);
-        EXPECT_TRUE(ButtonOf("barMove").isVisible());
+        EXPECT_EQ(ButtonOf("barFind").toolButtonStyle(), of_all) << width;
+        EXPECT_EQ(ButtonOf("barMove").toolButtonStyle(), of_move) << width;
+        EXPECT_TRUE(ButtonOf("barMove").isVisible()) << width;
     }
+    EXPECT_EQ(ButtonOf("barMove").accessibleName(), QStringLiteral("Move to another program..."));
     EXPECT_FALSE(ButtonOf("barMove").accessibleDescription().isEmpty());
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QEvent>
+#include <QLayout>
 #include <QToolButton>
 #include <utility>
 
@@ -82,9 +83,11 @@ QAction* ToolBar::addStep(const char* name,
     return button;
 }
 
-// Its caption may be a short one, its name is not.
+// It may have no caption when the others have theirs.
 void ToolBar::addMove() {
     move_->setObjectName(QStringLiteral("barMove"));
+    // Else the dots would go.
+    move_->setIconText(move_->text());
     move_->setToolTip(tr("Show these entries as people, and write them for another program"));
     connect(move_, &QAction::triggered, this, &ToolBar::moveAsked);
     QWidget* const button = widgetForAction(move_);
@@ -151,15 +154,9 @@ void ToolBar::setTip(QAction& button, const QString& says, const QAction& runs) 
 }
 
 void ToolBar::fit(bool low, int width) {
-    const auto style =
-        width_with_short_text_ <= width ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly;
-    if (toolButtonStyle() != style) {
-        setToolButtonStyle(style);
-    }
-    const QString caption = width_with_text_ <= width ? move_->text() : tr("Move...");
-    if (move_->iconText() != caption) {
-        move_->setIconText(caption);
-    }
+    setStyles(
+        width_with_most_text_ <= width ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly,
+        width_with_text_ <= width ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
     const bool shown = wanted_->isChecked() && !low;
     if (isHidden() == shown) {
         setVisible(shown);
@@ -186,19 +183,27 @@ void ToolBar::changeEvent(QEvent* event) {
     }
 }
 
-void ToolBar::measure() {
-    const Qt::ToolButtonStyle style = toolButtonStyle();
-    const QString caption = move_->iconText();
-    setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    width_with_text_ = widthWithText(move_->text());
-    width_with_short_text_ = widthWithText(tr("Move..."));
-    move_->setIconText(caption);
-    setToolButtonStyle(style);
+void ToolBar::setStyles(Qt::ToolButtonStyle style, Qt::ToolButtonStyle of_move) {
+    if (toolButtonStyle() != style) {
+        setToolButtonStyle(style);
+    }
+    auto* const button = qobject_cast<QToolButton*>(widgetForAction(move_));
+    if (button->toolButtonStyle() != of_move) {
+        button->setToolButtonStyle(of_move);
+        // One that is not shown yet tells nobody.
+        layout()->invalidate();
+    }
 }
 
-int ToolBar::widthWithText(const QString& move_caption) {
-    move_->setIconText(move_caption);
-    return sizeHint().width();
+void ToolBar::measure() {
+    const Qt::ToolButtonStyle style = toolButtonStyle();
+    const Qt::ToolButtonStyle of_move =
+        qobject_cast<QToolButton*>(widgetForAction(move_))->toolButtonStyle();
+    setStyles(Qt::ToolButtonTextBesideIcon, Qt::ToolButtonTextBesideIcon);
+    width_with_text_ = sizeHint().width();
+    setStyles(Qt::ToolButtonTextBesideIcon, Qt::ToolButtonIconOnly);
+    width_with_most_text_ = sizeHint().width();
+    setStyles(style, of_move);
 }
 
 }  // namespace orvik

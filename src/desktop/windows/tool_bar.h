@@ -41,7 +41,7 @@ class ToolBar : public QToolBar {
     // The checkable action with which the user shows and hides the bar.
     [[nodiscard]] QAction& wanted() const { return *wanted_; }
     // Fits the bar into a window of this size: it hides in one that is low, and in one that is
-    // narrow it shows a short caption of its longest button, or icons alone.
+    // narrow it shows its longest button, or all of them, without a caption.
     void fit(bool low, int width);
     // How much of the window's height it takes.
     [[nodiscard]] int takenHeight() const;
@@ -69,7 +69,7 @@ class ToolBar : public QToolBar {
     void setTip(QAction& button, const QString& says, const QAction& runs) const;
     void addMove();
     void measure();
-    [[nodiscard]] int widthWithText(const QString& move_caption);
+    void setStyles(Qt::ToolButtonStyle style, Qt::ToolButtonStyle of_move);
 
     Module1& module_;
     Actions actions_;
@@ -83,7 +83,7 @@ class ToolBar : public QToolBar {
     QAction* wanted_;
     BooksMenu* books_menu_;
     int width_with_text_ = 0;
-    int width_with_short_text_ = 0;
+    int width_with_most_text_ = 0;
 };
 
 }  // namespace orvik
