@@ -132,7 +132,9 @@ void RecoveryStore::KeepIn(Own& own, const RecoveryCopy& copy) {
              nobody,
              book,
              false,
-             [&](const auto& /*old*/) { return WriteRecoveryCopy(copy); },
+             [&](const auto& /*old*/) {
+                 return LateText([&copy](const TakePiece& take) { GiveRecoveryCopy(copy, take); });
+             },
              {.LongestWait = kShortWait, .OnlyMine = true});
 }
 

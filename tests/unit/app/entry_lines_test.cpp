@@ -8,7 +8,7 @@ namespace {
 TEST(EntryLinesTest, EachFormOfABookGivesTheSameLines) {
     constexpr std::string_view kLines = "\"Al\" <A1>\r\n\"\" <A2>\r\n";
     EXPECT_EQ(EntryLines("A1\r\nA2\r\n-nick-\r\nAl\r\n\r\n", true, "\r"), kLines);
-    EXPECT_EQ(EntryLines("Al <A1>\rA2\r", false, "\r"), kLines);
+    EXPECT_EQ(EntryLines("Al<A1>\rA2\r", false, "\r"), kLines);
     EXPECT_EQ(EntryLines(kLines, false, "\r"), kLines);
     EXPECT_EQ(EntryLines("\"Al\"<A1>,A2,", false, ","), kLines);
 }
@@ -21,8 +21,8 @@ TEST(EntryLinesTest, WhatIsThereStays) {
 // As somebody types it in edit mode.
 TEST(EntryLinesTest, AnEntryWithoutAnEndKeepsItsLastLetter) {
     EXPECT_EQ(EntryLines("a@b\r\nc@d", false, "\r"), "\"\" <a@b>\r\n\"\" <c@d>\r\n");
-    EXPECT_EQ(EntryLines("Al <a@b>", false, "\r"), "\"Al\" <a@b>\r\n");
-    EXPECT_EQ(EntryLines("Al <a@b>,c@d", false, ","), "\"Al\" <a@b>\r\n\"\" <c@d>\r\n");
+    EXPECT_EQ(EntryLines("Al<a@b>", false, "\r"), "\"Al\" <a@b>\r\n");
+    EXPECT_EQ(EntryLines("Al<a@b>,c@d", false, ","), "\"Al\" <a@b>\r\n\"\" <c@d>\r\n");
 }
 
 TEST(EntryLinesTest, NothingGivesNoLine) {
