@@ -25,6 +25,11 @@ class RecordOrigins {
     // RecordAt: the number of the record that this line is in, found by halves; kNobody for a line
     // outside of all. Of several that begin on one line the first is meant.
     [[nodiscard]] std::uint32_t RecordAt(std::uint32_t file, std::uint32_t line) const;
+    // The same for one line after the other: near is where the last one was found, and is looked at
+    // first; 0 at the beginning.
+    [[nodiscard]] std::uint32_t RecordAt(std::uint32_t file,
+                                         std::uint32_t line,
+                                         std::size_t& near) const;
     // LastBegun: the last record of the file that begins on this line or before it.
     [[nodiscard]] std::uint32_t LastBegun(std::uint32_t file, std::uint32_t line) const;
 
@@ -32,6 +37,10 @@ class RecordOrigins {
     using Place = std::pair<std::uint32_t, std::uint32_t>;
 
     [[nodiscard]] Place PlaceOf(std::uint32_t contact) const;
+    [[nodiscard]] std::size_t BehindOf(const Place& wanted) const;
+    [[nodiscard]] std::uint32_t LastBegun(std::uint32_t file,
+                                          std::uint32_t line,
+                                          std::size_t& near) const;
 
     const std::deque<Contact>& contacts_;
     std::size_t known_ = 0;

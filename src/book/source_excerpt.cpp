@@ -70,6 +70,7 @@ Excerpt ExcerptOf(const Book& book,
     Excerpt excerpt;
     Lines lines(source.Text().substr(anchor.Offset), source.Signs().Cr);
     std::uint32_t record = RecordOrigins::kNobody;
+    std::size_t near = 0;
     PieceCharset piece = PieceCharset::Utf8;
     for (Line line; lines.Next(line);) {
         const std::uint32_t number = anchor.Line + line.Number - 1;
@@ -80,7 +81,7 @@ Excerpt ExcerptOf(const Book& book,
             excerpt.IsCut = number < end;
             break;
         }
-        const std::uint32_t of = records.RecordAt(place.File, number);
+        const std::uint32_t of = records.RecordAt(place.File, number, near);
         if (of == RecordOrigins::kNobody) {
             piece = Judged(line.Text);
         } else if (of != record) {

@@ -72,8 +72,9 @@ bool ProblemList::isSettled(const Key& key) const {
 void ProblemList::growRemarks() {
     const auto& remarks = document_.book().Told.Remarks();
     const book::RecordOrigins& origins = checks_.origins();
+    std::size_t near = 0;
     for (std::size_t i = remark_records_.size(); i < remarks.size(); ++i) {
-        remark_records_.push_back(origins.RecordAt(remarks[i].File, remarks[i].Line));
+        remark_records_.push_back(origins.RecordAt(remarks[i].File, remarks[i].Line, near));
     }
 }
 
@@ -132,11 +133,6 @@ void ProblemList::refresh() {
         add(checks_.missing());
     }
     emit changed();
-}
-
-void ProblemList::setSeen(bool seen) {
-    is_seen_ = seen;
-    refresh();
 }
 
 std::optional<std::size_t> ProblemList::fieldOf(const Problem& one) const {

@@ -29,7 +29,7 @@ class ProblemList : public QObject {
     // Makes the list anew of what there is now, which takes a pass over numbers; an empty one as
     // long as nobody sees it.
     void refresh();
-    void setSeen(bool seen);
+    void setSeen(bool seen) { is_seen_ = seen; }
     [[nodiscard]] const Problems& of(book::ProblemKind kind) const {
         return problems_[static_cast<std::size_t>(kind)];
     }

@@ -158,6 +158,7 @@ void ProblemsPage::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     endFix();
     list_->setSeen(false);
+    list_->refresh();
 }
 
 void ProblemsPage::look() {

@@ -67,6 +67,7 @@ TEST(RecordOriginsTest, AgreesWithALiteralSearch) {
         std::shuffle(contacts.begin(), contacts.end(), engine);
         RecordOrigins records(contacts);
         records.Grow();
+        std::size_t near = 0;
         for (std::uint32_t file = 0; file < 4; ++file) {
             for (std::uint32_t line = 0; line < 60; ++line) {
                 std::uint32_t wanted = kNobody;
@@ -77,6 +78,10 @@ TEST(RecordOriginsTest, AgreesWithALiteralSearch) {
                     }
                 }
                 ASSERT_EQ(records.RecordAt(file, line), wanted) << file << ":" << line;
+                ASSERT_EQ(records.RecordAt(file, line, near), wanted);
+                // From anywhere it is the same.
+                std::size_t somewhere = random(20);
+                ASSERT_EQ(records.RecordAt(file, line, somewhere), wanted);
             }
         }
     }
