@@ -179,6 +179,12 @@ TEST_F(BookDuplicates, NothingIsMergedThatHasChanged) {
     EXPECT_EQ(duplicates.notCompared(), 0U);
 }
 
+TEST_F(BookDuplicates, AStepOfRecordsWithoutANameHasOne) {
+    OpenAndLook(book::test::CardsOf("TEL:1|NOTE:x", "TEL:1|NOTE:x"));
+    Merge({0});
+    EXPECT_EQ(UndoName(), "Merge 2 records of (no name)");
+}
+
 TEST_F(BookDuplicates, AMergingThatCannotBeRedoneIsForgotten) {
     OpenAndLook(People());
     Merge({0});

@@ -2,13 +2,17 @@
 // as cards.
 
 #include <cstdint>
+#include <numeric>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "book/match/decisions.h"
 #include "book/match/matches.h"
 #include "book/match/merge_records.h"
 #include "book/match/plan.h"
 #include "book/match/plan_check.h"
+#include "book/match/side_by_side.h"
 #include "fuzz/book_trip.h"
 #include "fuzz/fuzz_target.h"
 
@@ -52,6 +56,28 @@ void CheckTrip(std::string_view text) {
     Apply(*book, plan);
 }
 
+// A window finds and plans the same, and shows any of the groups.
+void CheckWindow(std::string_view text) {
+    const auto book = orvik::fuzz::ReadBook(ReadVCard, std::string(text));
+    Matches found = FindMatches(*book, false);
+    const std::string plan = PlanText(*book, found);
+    std::vector<std::uint32_t> numbers(book->Contacts.size());
+    std::iota(numbers.begin(), numbers.end(), 0U);
+    const StandingOf all_hold = [](std::uint32_t /*line*/) { return Standing::Holds; };
+    DecidedLines lines = WithFound(found, *book, numbers, {}, all_hold);
+    Check(PlanOf(*book, lines, found.Notes, all_hold).Text == plan, "a plan is that of the tool");
+    for (const DecidedLine& line : lines) {
+        for (const SideRow& row : Compare(*book, line.Match.Records).Rows) {
+            Check(!row.Values.empty(), "a row has a value");
+        }
+    }
+    const CheckedPlan checked = CheckPlan(ParsePlan(plan), *book);
+    const std::vector<bool> all_there(numbers.size(), true);
+    const std::size_t count = lines.size();
+    Check(TakePlan(checked, *book, all_there, lines) == 0, "a plan of the book is taken whole");
+    Check(lines.size() == count, "a plan adds nothing to what it is of");
+}
+
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -62,5 +88,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     // The sum is not to be guessed.
     Apply(*book, ParsePlan("# source file " + Sha256(kCards) + "\n" + std::string(text)));
     CheckTrip(text);
+    CheckWindow(text);
     return 0;
 }

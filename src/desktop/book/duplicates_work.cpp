@@ -13,13 +13,13 @@
 #include "book/field_words.h"
 #include "book/match/merge_records.h"
 #include "book/match/plan.h"
-#include "book/typed_views.h"
 #include "book_cli/told.h"
 #include "cli/exit_status.h"
 #include "desktop/book/duplicates.h"
 #include "desktop/book/shown_text.h"
 #include "desktop/book/worker_console.h"
 #include "desktop/text/plain_text.h"
+#include "desktop/text/short_text.h"
 
 namespace orvik {
 namespace {
@@ -29,6 +29,8 @@ using book::Book;
 // So many carried values are named, and so many lines of a plan that are wrong.
 constexpr std::size_t kMostCarried = 3;
 constexpr std::size_t kMostErrors = 1000;
+// In letters: of what a record is called, in the name of a step.
+constexpr qsizetype kMostOfName = 60;
 
 QString Counted(std::size_t count, const char* one, const char* many) {
     return QString::fromStdString(book_cli::GroupedCount(count, one, many));
@@ -192,12 +194,11 @@ void Duplicates::takeMerged(const BookDocument::Snapshot& snapshot, Merging& mer
             change.After = change.IsThere ? change.After : document_.at(change.Record);
         }
         const BookDocument::Number kept = groups.front().front();
-        const QString what =
-            groups.size() == 1
-                ? tr("%1 of %2")
-                      .arg(Counted(groups.front().size(), "record", "records"),
-                           ShortName(book::NameOf(document_.book(), document_.at(kept)).Shown))
-                : Counted(merging.Chosen.Lines.size(), "group", "groups");
+        const QString what = groups.size() == 1
+                                 ? tr("%1 of %2")
+                                       .arg(Counted(groups.front().size(), "record", "records"),
+                                            WithoutMiddle(RecordName(document_, kept), kMostOfName))
+                                 : Counted(merging.Chosen.Lines.size(), "group", "groups");
         document_.takeOver(snapshot, tr("Merge %1").arg(what), std::move(merging.Changes), {});
         const QUndoStack& steps = document_.undoStack();
         merges_.push_back({steps.index(), steps.command(steps.index() - 1)});

@@ -188,13 +188,13 @@ QString SideModel::placeOf(const book::Origin& from) const {
     if (from.Lines == 0) {
         return tr("added here");
     }
-    const QString line = ShortPlace(from.Line);
-    if (is_one_file_) {
-        return line;
+    QString place;
+    if (!is_one_file_) {
+        const std::string& file = document_.book().SourceAt(from.File).Name();
+        place =
+            ShownName(QFileInfo(QFile::decodeName(file.c_str())).fileName()) + QStringLiteral(", ");
     }
-    const std::string& file = document_.book().SourceAt(from.File).Name();
-    return ShownName(QFileInfo(QFile::decodeName(file.c_str())).fileName()) + QStringLiteral(", ") +
-           line;
+    return place + ShortPlace(from.Line);
 }
 
 QVariant SideModel::headerData(int section, Qt::Orientation way, int role) const {

@@ -9,12 +9,15 @@
 #include "desktop/book/panel_table.h"
 #include "desktop/book/shown_text.h"
 #include "desktop/book/side_model.h"
+#include "desktop/text/short_text.h"
 
 namespace orvik {
 namespace {
 
 // In letters: what a column takes at most when it is shown.
 constexpr int kWidest = 28;
+// And what a record is called above the table.
+constexpr qsizetype kMostOfHeading = 60;
 
 }  // namespace
 
@@ -55,7 +58,7 @@ void SideView::show(const BookDocument::Numbers& records) {
                 : tr("These records have too many fields to be shown beside each other."));
         return;
     }
-    const QString name = RecordName(document_, records.front());
+    const QString name = WithoutMiddle(RecordName(document_, records.front()), kMostOfHeading);
     const auto count = [](std::size_t number) {
         return QString::fromStdString(book_cli::Grouped(number));
     };
