@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "book_cli/json_lines.h"
-#include "book_cli/limits.h"
 #include "book_cli/new_since.h"
+#include "book_cli/prepared.h"
 #include "book_cli/told.h"
 #include "book_cli/verbs.h"
 #include "book_cli/written.h"
@@ -47,12 +47,6 @@ void LoadNew(const Arguments& arguments, Console& console, Loaded& loaded) {
     }
 }
 
-// Why nothing is written; empty if it is.
-std::string RefusalOf(const Arguments& arguments, const book::Book& book, const Written& written) {
-    std::string refusal = TooManyFor(arguments, written.Records);
-    return refusal.empty() ? Refusal(book, arguments.AllowLoss) : refusal;
-}
-
 // Text that is empty where there is nothing to say.
 void TellIf(Console& console, const std::string& text) {
     if (!text.empty()) {
@@ -89,35 +83,26 @@ ExitStatus WriteLoaded(const Arguments& asked,
     book::SortBook(loaded.Book, asked.Sort, asked.Locale);
     Arguments chosen = asked;
     ChooseForm(chosen, loaded.Book);
-    Written written = Write(chosen, loaded, console);
-    if (const std::string refusal = RefusalOf(chosen, loaded.Book, written); !refusal.empty()) {
+    Prepared made = Prepare(chosen, loaded, console);
+    if (!made.Refused.empty()) {
         TellColumns(console, loaded);
         TellRemarks(console, loaded);
         TellIf(console, ListHint(chosen, loaded.Book));
-        console.Tell(refusal);
+        console.Tell(made.Refused);
         return Worse(ExitStatus::Problem, outputs.WriteReport(ReportOf(loaded, {}, extra)));
-    }
-    std::string too_much;
-    if (chosen.Form != nullptr) {
-        DoubtWhatIsTooMuch(*chosen.Form, loaded.Book, written);
-        too_much = TooMuchInAll(*chosen.Form, loaded.Book, written);
-    }
-    std::vector<FilePart> parts;
-    if (chosen.Split > 0) {
-        parts = Cut(chosen, loaded.Book, written);
     }
     // Before the book is written, as it takes memory.
     TellFoundMembers(console, loaded);
     ExitStatus status = StatusOf(loaded.Book);
     status = Worse(status,
-                   parts.empty() ? outputs.WriteBook(std::exchange(written.Text, {}))
-                                 : outputs.WriteParts(parts));
+                   made.Parts.empty() ? outputs.WriteBook(std::exchange(made.Whole.Text, {}))
+                                      : outputs.WriteParts(made.Parts));
     if (status >= ExitStatus::NoBook) {
         return status;
     }
-    const std::string summary = extra.Summary
-                                    ? extra.Summary(chosen, written, parts)
-                                    : ConvertedText(console, chosen, loaded, written, parts);
+    const std::string summary =
+        extra.Summary ? extra.Summary(chosen, made.Whole, made.Parts)
+                      : ConvertedText(console, chosen, loaded, made.Whole, made.Parts);
     if (!chosen.Json) {
         Print(summary, chosen, console);
     } else if (extra.PrintJson) {
@@ -131,10 +116,10 @@ ExitStatus WriteLoaded(const Arguments& asked,
     TellCharsets(console, loaded);
     TellRemarks(console, loaded);
     TellIf(console, ListHint(chosen, loaded.Book));
-    TellIf(console, too_much);
+    TellIf(console, made.TooMuch);
     return chosen.Report.empty()
                ? status
-               : Worse(status, outputs.WriteReport(ReportOf(loaded, parts, extra)));
+               : Worse(status, outputs.WriteReport(ReportOf(loaded, made.Parts, extra)));
 }
 
 }  // namespace orvik::book_cli

@@ -117,11 +117,10 @@ std::string WherePut(const Console& console,
     return arguments.Output == kStandardStream ? "standard output" : console.Strong(files);
 }
 
-std::string ConvertedText(const Console& console,
-                          const Arguments& arguments,
-                          const Loaded& loaded,
-                          const Written& written,
-                          std::span<const FilePart> parts) {
+std::string CountsText(const Console& console,
+                       const Arguments& arguments,
+                       const Loaded& loaded,
+                       const Written& written) {
     const book::Book& book = loaded.Book;
     const std::size_t lost = book.Told.Count(What::Lost);
     const std::string lost_text = "lost " + std::to_string(lost);
@@ -129,14 +128,30 @@ std::string ConvertedText(const Console& console,
     if (!arguments.NewSince.empty()) {
         text += "   left out " + std::to_string(loaded.LeftOut.size());
     }
-    text += "   written " + std::to_string(written.Records) + "   " + Carried(arguments, book) +
-            "   " + (lost > 0 ? console.Alarming(lost_text) : lost_text) + SummaryTail(book) + "\n";
+    return text + "   written " + std::to_string(written.Records) + "   " +
+           Carried(arguments, book) + "   " + (lost > 0 ? console.Alarming(lost_text) : lost_text) +
+           SummaryTail(book);
+}
+
+std::string ConvertedText(const Console& console,
+                          const Arguments& arguments,
+                          const Loaded& loaded,
+                          const Written& written,
+                          std::span<const FilePart> parts) {
+    std::string text = CountsText(console, arguments, loaded, written) + "\n";
     text += WherePut(console, arguments, parts);
     text += ": " + TargetName(arguments, written.Unchanged) + ".";
     const bool cards = arguments.Target == Dialect::VCard30 || arguments.Target == Dialect::VCard40;
     // LDIF has those alone that were there, and tables have none.
     text += cards ? " UIDs stay the same on the next run.\n" : "\n";
-    return text + PartsText(arguments, book, parts);
+    return text + PartsText(arguments, loaded.Book, parts);
+}
+
+std::string ImportText(const ImportForm& form, std::size_t files) {
+    // What is no file that a program imports is put where the program looks for it.
+    const bool imports = !form.Ending.empty();
+    const std::string_view how = !imports ? "Use it " : files > 1 ? "Import each file " : "Import ";
+    return std::string(how) + std::string(form.Where);
 }
 
 std::string PartsText(const Arguments& arguments,
@@ -145,10 +160,7 @@ std::string PartsText(const Arguments& arguments,
     std::string text = FilesOf(parts);
     if (arguments.Form != nullptr) {
         text += NotShown(arguments, book);
-        // What is no file that a program imports is put where the program looks for it.
-        const bool imports = !arguments.Form->Ending.empty();
-        text.append(!imports ? "Use it " : parts.size() > 1 ? "Import each file " : "Import ");
-        text.append(arguments.Form->Where).append("\n");
+        text += ImportText(*arguments.Form, parts.size()) + "\n";
     }
     return text;
 }

@@ -123,22 +123,29 @@ const ImportForm* Unlimited(const Program& program) {
 
 }  // namespace
 
-std::string TooManyFor(const Arguments& arguments, std::size_t records) {
+std::optional<TooMany> TooManyRecords(const Arguments& arguments, std::size_t records) {
     const std::size_t most = arguments.Form == nullptr ? 0 : arguments.Form->Most.Records;
     const std::size_t asked = arguments.Split == 0 ? records : std::min(arguments.Split, records);
     if (most == 0 || asked <= most) {
+        return std::nullopt;
+    }
+    return TooMany{records, most, (records + most - 1) / most, Unlimited(*arguments.For)};
+}
+
+std::string TooManyFor(const Arguments& arguments, std::size_t records) {
+    const auto found = TooManyRecords(arguments, records);
+    if (!found) {
         return {};
     }
-    const std::size_t files = (records + most - 1) / most;
     std::string text(arguments.Form->Why);
     text += ", and there are " + std::to_string(records) + ". So nothing is written; --split " +
-            std::to_string(most);
+            std::to_string(found->Most);
     if (arguments.Output == kStandardStream) {
         text.append(" -o NAME").append(arguments.Form->Ending);
     }
-    text += " writes " + Counted(files, "file", "files");
-    if (const ImportForm* const other = Unlimited(*arguments.For); other != nullptr) {
-        text.append(", and a ").append(other->Ending).append(" file may hold all");
+    text += " writes " + Counted(found->Files, "file", "files");
+    if (found->Unlimited != nullptr) {
+        text.append(", and a ").append(found->Unlimited->Ending).append(" file may hold all");
     }
     return text;
 }

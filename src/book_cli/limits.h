@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include "book/address_book.h"
@@ -10,6 +11,18 @@
 #include "book_cli/written.h"
 
 namespace orvik::book_cli {
+
+// More records than a file may have.
+struct TooMany {
+    std::size_t Records = 0;
+    std::size_t Most = 0;
+    std::size_t Files = 0;  // that would hold all
+    // What the same program takes any number of records from; null for nothing.
+    const ImportForm* Unlimited = nullptr;
+};
+// TooManyRecords: nothing where a file would hold no more than the program takes.
+[[nodiscard]] std::optional<TooMany> TooManyRecords(const Arguments& arguments,
+                                                    std::size_t records);
 
 // TooManyFor: why a file would hold more records than the program takes, and what to type instead;
 // empty if it does not.

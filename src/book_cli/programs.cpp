@@ -178,12 +178,6 @@ constexpr std::array kPrograms = {
     Program{"pegasus", "Pegasus Mail", kPegasus},
 };
 
-// Another ending of the same format; no ending is that of any file.
-bool IsOf(std::string_view ending, std::string_view file) {
-    return HasEnding(file, ending) || (ending == ".vcf" && HasEnding(file, ".vcard")) ||
-           (ending == ".ldif" && HasEnding(file, ".ldi"));
-}
-
 }  // namespace
 
 std::span<const Program> Programs() {
@@ -200,9 +194,15 @@ const Program* ProgramNamed(std::string_view name) {
 const ImportForm* FormOf(const Program& program, std::string_view file) {
     const auto found =
         std::find_if(program.Forms.begin(), program.Forms.end(), [file](const ImportForm& one) {
-            return IsOf(one.Ending, file);
+            return EndsAs(one.Ending, file);
         });
     return found == program.Forms.end() ? nullptr : &*found;
+}
+
+bool EndsAs(std::string_view ending, std::string_view file) {
+    return HasEnding(file, ending) || (ending == ".vcf" && HasEnding(file, ".vcard")) ||
+           (ending == ".ldif" && HasEnding(file, ".ldi")) ||
+           (ending == ".htm" && HasEnding(file, ".html"));
 }
 
 const ImportForm& FormFor(const Program& program, bool has_lists) {

@@ -68,6 +68,10 @@ struct Program {
 // FormOf: what a program imports under the ending of a file's name; null where it is none of them.
 [[nodiscard]] const ImportForm* FormOf(const Program& program, std::string_view file);
 
+// EndsAs: whether a file's name has an ending, or another one of the same format; any has none.
+//   ".vcf", "book.vcard" -> true
+[[nodiscard]] bool EndsAs(std::string_view ending, std::string_view file);
+
 // FormFor: what is written for a program where no name asks for a form.
 [[nodiscard]] const ImportForm& FormFor(const Program& program, bool has_lists);
 

@@ -7,6 +7,7 @@
 #include "app/text.h"
 #include "book/old/old_writers.h"
 #include "book_cli/option_checks.h"
+#include "book_cli/written.h"
 
 namespace orvik::book_cli {
 namespace {
@@ -40,11 +41,11 @@ std::string CsvPrograms() {
 }
 
 bool IsLdifName(std::string_view name) {
-    return HasEnding(name, ".ldif") || HasEnding(name, ".ldi");
+    return EndsAs(".ldif", name);
 }
 
 bool IsVCardName(std::string_view name) {
-    return HasEnding(name, ".vcf") || HasEnding(name, ".vcard");
+    return EndsAs(".vcf", name);
 }
 
 }  // namespace
@@ -97,7 +98,7 @@ void TargetOptions::Take(Arguments& arguments) const {
     } else {
         TakeFormat(arguments);
     }
-    if (!most_.empty() && book::OldWriterOf(arguments.Target) != nullptr) {
+    if (!most_.empty() && !MaySplit(arguments.Target)) {
         throw CLI::ValidationError("--split", "parts vCard, LDIF and CSV alone");
     }
 }

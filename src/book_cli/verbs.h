@@ -72,6 +72,16 @@ struct Extra {
                                         const Written& written,
                                         std::span<const FilePart> parts);
 
+// CountsText: the numbers of it: "read 5   written 5   carried 0   lost 0".
+[[nodiscard]] std::string CountsText(const Console& console,
+                                     const Arguments& arguments,
+                                     const Loaded& loaded,
+                                     const Written& written);
+
+// ImportText: how a program imports what is written for it in so many files.
+//   "Import in Thunderbird: Address Book > Import, then vCard and the file"
+[[nodiscard]] std::string ImportText(const ImportForm& form, std::size_t files);
+
 // PartsText: the end of it: the files, if there are several, and the import.
 [[nodiscard]] std::string PartsText(const Arguments& arguments,
                                     const book::Book& book,

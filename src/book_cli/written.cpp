@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "book/arena.h"
 #include "book/csv_rows.h"
@@ -113,6 +114,10 @@ Written Write(const Arguments& arguments, Loaded& loaded, Console& console) {
     return written;
 }
 
+bool MaySplit(Dialect target) {
+    return book::OldWriterOf(target) == nullptr;
+}
+
 std::vector<FilePart> Cut(const Arguments& arguments, book::Book& book, const Written& written) {
     const std::string_view text = written.Text;
     const book::RecordPlaces& places = written.Places;
@@ -132,17 +137,24 @@ std::vector<FilePart> Cut(const Arguments& arguments, book::Book& book, const Wr
     // A book of nobody is a file, too.
     const std::size_t count = std::max<std::size_t>(layout.Files.size(), 1);
     std::vector<FilePart> parts;
-    for (const std::string& name : PartNames(arguments.Output, count)) {
+    for (std::size_t file = 0; file < count; ++file) {
         std::string part(text.substr(0, places.front()));
-        const std::size_t file = parts.size();
         const std::size_t records = file < layout.Files.size() ? layout.Files[file].size() : 0;
         for (std::size_t i = 0; i < records; ++i) {
             const std::size_t record = layout.Files[file][i];
             part.append(text.substr(places[record], places[record + 1] - places[record]));
         }
-        parts.push_back({name, std::move(part), records});
+        parts.push_back({{}, std::move(part), records});
     }
+    NameParts(arguments.Output, parts);
     return parts;
+}
+
+void NameParts(const std::string& name, std::vector<FilePart>& parts) {
+    std::vector<std::string> names = PartNames(name, parts.size());
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        parts[i].Name = std::move(names[i]);
+    }
 }
 
 }  // namespace orvik::book_cli

@@ -34,10 +34,16 @@ struct FilePart {
     std::size_t Records = 0;
 };
 
+// MaySplit: whether a book of this format can be several files.
+[[nodiscard]] bool MaySplit(book::Dialect target);
+
 // Cut: the book as files of so many records as the arguments ask for. Lists whose members are in
 // other files are told.
 [[nodiscard]] std::vector<FilePart> Cut(const Arguments& arguments,
                                         book::Book& book,
                                         const Written& written);
+
+// NameParts: calls the files of a book after its name.
+void NameParts(const std::string& name, std::vector<FilePart>& parts);
 
 }  // namespace orvik::book_cli
