@@ -1,8 +1,8 @@
 #include "desktop/book/worker_console.h"
 
 #include <chrono>
-#include <string>
 #include <system_error>
+#include <utility>
 
 namespace orvik {
 namespace {
@@ -16,7 +16,7 @@ QStringList LinesOf(const std::string& text) {
 
 }  // namespace
 
-WorkerConsole::WorkerConsole(FileSystem& files, const BookWorker::Watch& watch)
+WorkerConsole::WorkerConsole(FileSystem& files, const BookWorker::Watch& watch, Ask ask)
     : messages_(kProgram, err_, false, std::chrono::milliseconds(0)),
       around_{
           files,
@@ -26,7 +26,7 @@ WorkerConsole::WorkerConsole(FileSystem& files, const BookWorker::Watch& watch)
           [](std::size_t, std::string&) {
               return std::make_error_code(std::errc::bad_file_descriptor);
           },
-          [](const std::string&) { return false; },
+          [ask = std::move(ask)](const std::string& question) { return ask && ask(question); },
           [&watch](std::string_view, std::size_t done, std::size_t all) { watch.Tell(done, all); }},
       console_(around_) {}
 

@@ -4,7 +4,9 @@
 #pragma once
 
 #include <QStringList>
+#include <functional>
 #include <sstream>
+#include <string>
 
 #include "book_cli/console.h"
 #include "cli/messenger.h"
@@ -14,8 +16,9 @@ namespace orvik {
 
 class WorkerConsole {
  public:
-    // Both must outlive this.
-    WorkerConsole(FileSystem& files, const BookWorker::Watch& watch);
+    // Both must outlive this. ask answers for the user; without it nothing is answered with yes.
+    using Ask = std::function<bool(const std::string& question)>;
+    WorkerConsole(FileSystem& files, const BookWorker::Watch& watch, Ask ask = {});
 
     [[nodiscard]] book_cli::Console& console() { return console_; }
     // What was told and what was printed, as lines: "book.ldif: line 3: ...".
