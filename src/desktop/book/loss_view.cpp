@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <algorithm>
-#include <utility>
 
 namespace orvik {
 namespace {
@@ -23,7 +22,7 @@ LossView::LossView(QWidget* parent) : QTreeView(parent) {
     connect(this, &QAbstractItemView::clicked, this, &LossView::showMore);
 }
 
-void LossView::showPreview(std::shared_ptr<const MovePreview> preview) {
+void LossView::showPreview(const std::shared_ptr<const MovePreview>& preview) {
     model_.show(preview);
     if (!preview) {
         return;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QTreeView>
+#include <memory>
 
 #include "desktop/book/loss_model.h"
 
@@ -14,7 +15,7 @@ class LossView : public QTreeView {
     explicit LossView(QWidget* parent);
 
     // Shows what a preview tells, with what is lost in sight.
-    void showPreview(std::shared_ptr<const MovePreview> preview);
+    void showPreview(const std::shared_ptr<const MovePreview>& preview);
 
  protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMetaObject>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -141,6 +140,8 @@ void MoveDialog::connectAll() {
     connect(work_, &MoveWork::progressed, this, &MoveDialog::showProgress);
     connect(work_, &MoveWork::prepared, this, &MoveDialog::takePrepared);
     connect(work_, &MoveWork::wrote, this, &MoveDialog::takeWritten);
+    // The worker's news are not to wait for an answer.
+    connect(this, &MoveDialog::replaceAsked, this, &MoveDialog::askToReplace, Qt::QueuedConnection);
 }
 
 // Whoever walks through the programs does not wait for each.
@@ -235,10 +236,7 @@ void MoveDialog::takeWritten(Job job, const MoveEnd& end) {
     } else if (end.IsCancelled) {
         line_->tell(CancelledText(end));
     } else if (!end.Question.empty()) {
-        // The worker's news are not to wait for an answer.
-        const QString question = QString::fromStdString(end.Question);
-        QMetaObject::invokeMethod(
-            this, [this, job, question] { askToReplace(job, question); }, Qt::QueuedConnection);
+        emit replaceAsked(job, QString::fromStdString(end.Question));
     } else {
         line_->tell(tr("Not saved: %1").arg(end.Told.join(u'\n')));
     }
@@ -288,7 +286,7 @@ void MoveDialog::reject() {
 
 void MoveDialog::showProgress(const QString& step, int percent) {
     const QString usual =
-        work_->job() == Job::Preparing ? tr("Looking what the file will hold") : tr("Saving");
+        work_->job() == Job::Preparing ? tr("Looking at what the file will hold") : tr("Saving");
     doing_->setText(step.isEmpty() ? usual : Shortened(step));
     bar_->setValue(percent);
 }

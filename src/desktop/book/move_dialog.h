@@ -42,6 +42,8 @@ class MoveDialog : public QDialog {
     void saved(const QString& file);
     // A page of the help, "move_google.html".
     void helpAsked(const QString& page);
+    // What is being written needs the user's leave.
+    void replaceAsked(MoveWork::Job job, const QString& question);
 
  private:
     void layOut();

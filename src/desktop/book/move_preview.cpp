@@ -76,7 +76,7 @@ class Writing {
     bool GoesOn(std::size_t written) {
         done_ += written;
         try {
-            SayWhatIsWaitedFor(written == 0);
+            SayWhatIsWaitedFor();
             watch_.Tell(std::min(done_, all_), all_);
         } catch (const book::WorkThread::Cancelled&) {
             cancelled_ = true;
@@ -84,11 +84,11 @@ class Writing {
         return !cancelled_;
     }
 
-    // What is told before all is written is whom the save waits for. Errors: Cancelled.
-    void SayWhatIsWaitedFor(bool may_wait) {
-        const QStringList told = may_wait ? around_.told() : QStringList();
+    // What is told before anything is written is whom the save waits for. Errors: Cancelled.
+    void SayWhatIsWaitedFor() {
+        const QStringList told = done_ == 0 ? around_.told() : QStringList();
         const std::string waits = told.isEmpty() ? std::string() : told.back().toStdString();
-        if (waits != said_ && (may_wait || !said_.empty())) {
+        if (waits != said_) {
             said_ = waits;
             watch_.Begin(waits);
         }

@@ -1,6 +1,5 @@
 #include "desktop/book/move_work.h"
 
-#include <QMetaObject>
 #include <QPointer>
 #include <utility>
 #include <vector>
@@ -18,6 +17,8 @@ MoveWork::MoveWork(BookDocument& document,
       files_(files),
       numbers_(std::move(records)) {
     connect(&worker_, &BookWorker::ended, this, &MoveWork::takeEnd);
+    // What the worker's end begins comes first.
+    connect(this, &MoveWork::workerIsFree, this, &MoveWork::tryToRun, Qt::QueuedConnection);
     connect(&worker_, &BookWorker::progressed, this, [this](const QString& step, int percent) {
         if (runs_ && !waiting_) {
             emit progressed(step, percent);
@@ -133,7 +134,7 @@ void MoveWork::tryToRun() {
     worker_.run(what,
                 std::exchange(waiting_, {}),
                 [self = QPointer<MoveWork>(this), done = std::exchange(done_, {})] {
-                    if (self && self->job_ != Job::None && !self->waiting_) {
+                    if (!self.isNull() && self->job_ != Job::None && !self->waiting_) {
                         done();
                     }
                 });
@@ -143,7 +144,7 @@ void MoveWork::tryToRun() {
 void MoveWork::takeEnd(bool is_done, const QString& why) {
     const bool ran = std::exchange(runs_, false);
     if (waiting_) {
-        QMetaObject::invokeMethod(this, &MoveWork::tryToRun, Qt::QueuedConnection);
+        emit workerIsFree();
     } else if (ran && !is_done && job_ != Job::None) {
         stop(why);
     }

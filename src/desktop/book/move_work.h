@@ -64,6 +64,8 @@ class MoveWork : public QObject {
     void prepared(bool is_done, const QString& why);
     // Saving or keeping has ended, this one with an end that says how.
     void wrote(MoveWork::Job job, const MoveEnd& end);
+    // A job that waits may begin.
+    void workerIsFree();
 
  private:
     void start(Job job, BookWorker::Work work, std::function<void()> done);

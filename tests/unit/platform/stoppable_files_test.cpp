@@ -23,10 +23,6 @@ namespace {
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
 
-// Several pieces.
-const std::string kOld(300'000, 'o');
-const std::string kNew(700'000, 'n');
-
 class StoppableFilesTest : public testing::Test {
  protected:
     // Saves, and stops after so many questions. Returns whether it was stopped.
@@ -37,7 +33,7 @@ class StoppableFilesTest : public testing::Test {
             return ++asked <= stop_after;
         });
         bool failed = false;
-        TrapFailure([&] { ReplaceFile(watched, book, kNew); },
+        TrapFailure([&] { ReplaceFile(watched, book, new_text); },
                     [&](const RunTimeError&) { failed = true; });
         return failed;
     }
@@ -57,10 +53,13 @@ class StoppableFilesTest : public testing::Test {
             }
             ASSERT_LT(stops, 100U);
         }
-        EXPECT_TRUE(test::ReadFile(book) == kNew);
+        EXPECT_TRUE(test::ReadFile(book) == new_text);
         EXPECT_GT(stops, 3U);
     }
 
+    // Several pieces.
+    const std::string old_text = std::string(300'000, 'o');
+    const std::string new_text = std::string(700'000, 'n');
     test::TempFolder folder;
     const std::string book = folder.Name("a.vcf");
     SystemFiles files{false};
@@ -69,8 +68,8 @@ class StoppableFilesTest : public testing::Test {
 
 TEST_F(StoppableFilesTest, TellWhatIsWritten) {
     EXPECT_FALSE(Save(1000));
-    EXPECT_EQ(total, kNew.size());
-    EXPECT_TRUE(test::ReadFile(book) == kNew);
+    EXPECT_EQ(total, new_text.size());
+    EXPECT_TRUE(test::ReadFile(book) == new_text);
     EXPECT_THAT(folder.Files(), ElementsAre("a.vcf"));
 }
 
@@ -79,19 +78,19 @@ TEST_F(StoppableFilesTest, ANewFileThatIsStoppedIsNotThere) {
 }
 
 TEST_F(StoppableFilesTest, AFileKeepsItsContentsWhenItIsStopped) {
-    StopEverywhere([&] { test::WriteFile(book, kOld); }, kOld);
+    StopEverywhere([&] { test::WriteFile(book, old_text); }, old_text);
 }
 
 TEST_F(StoppableFilesTest, AFileWithTwoNamesGetsItsContentsBack) {
     StopEverywhere(
         [&] {
-            test::WriteFile(book, kOld);
+            test::WriteFile(book, old_text);
             std::error_code is_there;
             std::filesystem::create_hard_link(book, folder.Name("b.vcf"), is_there);
         },
-        kOld);
+        old_text);
     EXPECT_THAT(folder.Files(), UnorderedElementsAre("a.vcf", "b.vcf"));
-    EXPECT_TRUE(test::ReadFile(folder.Name("b.vcf")) == kNew);
+    EXPECT_TRUE(test::ReadFile(folder.Name("b.vcf")) == new_text);
 }
 
 TEST_F(StoppableFilesTest, WaitingForAnotherProgramIsStopped) {
@@ -105,19 +104,19 @@ TEST_F(StoppableFilesTest, AKillLeavesTheOldContentsOrTheNew) {
     bool is_new = false;
     std::size_t kills = 0;
     while (!is_new) {
-        test::WriteFile(book, kOld);
+        test::WriteFile(book, old_text);
         const pid_t child = fork();
         if (child == 0) {
             std::size_t asked = 0;
             StoppableFiles watched(
                 files, [&](std::size_t) { return ++asked <= kills || raise(SIGKILL) == 0; });
-            ReplaceFile(watched, book, kNew);
+            ReplaceFile(watched, book, new_text);
             _exit(0);
         }
         int status = 0;
         ASSERT_EQ(waitpid(child, &status, 0), child);
         is_new = WIFEXITED(status);
-        EXPECT_TRUE(test::ReadFile(book) == (is_new ? kNew : kOld)) << kills;
+        EXPECT_TRUE(test::ReadFile(book) == (is_new ? new_text : old_text)) << kills;
         EXPECT_THAT(folder.Files(), ElementsAre("a.vcf"));
         ++kills;
         ASSERT_LT(kills, 100U);
