@@ -35,14 +35,19 @@ class Loader {
     void Load(const std::string& name) {
         console_.Begin(name);
         if (std::optional<std::string> bytes = Bytes(name)) {
-            Take(std::make_unique<book::Source>(name, std::move(*bytes)));
+            Detect(std::make_unique<book::Source>(name, std::move(*bytes)));
         }
         console_.End();
     }
 
-    void Load(const std::string& name, std::string bytes) {
+    void Load(const std::string& name, std::string bytes, book::Format form) {
         console_.Begin(name);
-        Take(std::make_unique<book::Source>(name, std::move(bytes)));
+        auto source = std::make_unique<book::Source>(name, std::move(bytes));
+        if (form == book::Format::None) {
+            Detect(std::move(source));
+        } else {
+            Take(std::move(source), {form, "known beforehand"});
+        }
         console_.End();
     }
 
@@ -98,7 +103,7 @@ class Loader {
         return true;
     }
 
-    void Take(std::unique_ptr<book::Source> source) {
+    void Detect(std::unique_ptr<book::Source> source) {
         book::Detected found = book::Detect(*source);
         if (found.Form == book::Format::None) {
             Fail("this is " + found.Evidence +
@@ -106,6 +111,10 @@ class Loader {
                  ExitStatus::NoBook);
             return;
         }
+        Take(std::move(source), std::move(found));
+    }
+
+    void Take(std::unique_ptr<book::Source> source, book::Detected found) {
         const std::size_t bad = source->BadLetters();
         const std::uint32_t file = loaded_.Book.AddSource(std::move(source));
         book::Charset letters(loaded_.Book.SourceAt(file), AskedFor(loaded_.Book.SourceAt(file)));
@@ -227,9 +236,13 @@ std::optional<std::string> ReadBytes(Console& console,
     return bytes;
 }
 
-void LoadBytes(Console& console, const std::string& name, std::string bytes, Loaded& loaded) {
+void LoadBytes(Console& console,
+               const std::string& name,
+               std::string bytes,
+               Loaded& loaded,
+               book::Format form) {
     const std::string no_charset;
-    Loader(console, no_charset, loaded, {}).Load(name, std::move(bytes));
+    Loader(console, no_charset, loaded, {}).Load(name, std::move(bytes), form);
 }
 
 void Load(Console& console,

@@ -46,8 +46,13 @@ void Load(Console& console,
           Loaded& loaded,
           std::span<const book::CsvMapping> columns);
 
-// LoadBytes: the same of bytes that are there already, as if a file of this name held them.
-void LoadBytes(Console& console, const std::string& name, std::string bytes, Loaded& loaded);
+// LoadBytes: the same of bytes that are there already, as if a file of this name held them. form is
+// None, or what they are known to be.
+void LoadBytes(Console& console,
+               const std::string& name,
+               std::string bytes,
+               Loaded& loaded,
+               book::Format form = book::Format::None);
 
 // ReadBytes: a file that is no address book, or nothing, with the status, after telling what is
 // wrong with it. Errors: std::bad_alloc.

@@ -38,6 +38,20 @@ std::optional<PlainEntry> LooseEntry(std::string_view text) {
 
 }  // namespace
 
+std::optional<PlainEntry> ListedEntryOf(std::string_view line) {
+    line = WithoutBlanksAround(line);
+    const std::size_t open = line.find('<');
+    if (!line.starts_with('"') || open == std::string_view::npos ||
+        line.find('<', open + 1) != std::string_view::npos || line.find('>') != line.size() - 1) {
+        return std::nullopt;
+    }
+    const std::string_view name = WithoutBlanksAround(line.substr(0, open));
+    const std::string_view address =
+        WithoutBlanksAround(line.substr(open + 1, line.size() - open - 2));
+    const bool quoted = name.size() >= 2 && name.ends_with('"');
+    return quoted ? std::optional(PlainEntry{WithoutQuotes(name), address}) : std::nullopt;
+}
+
 std::optional<PlainEntry> PlainEntryOf(std::string_view text) {
     text = WithoutBlanksAround(text);
     if (text.starts_with('<')) {

@@ -18,6 +18,11 @@ struct PlainEntry {
 //   '"Al" <A1>', 'Al <A1>', 'A1 "Al"', '<A1> Al', 'a1@b (Al)', 'a1@b Al' -> Al, A1
 [[nodiscard]] std::optional<PlainEntry> PlainEntryOf(std::string_view text);
 
+// ListedEntryOf: the entry of a line that holds one as the window writes it, and nothing else. The
+// address may be any text, and empty.
+//   '"Al" <a1@b, c@d>' -> Al, a1@b, c@d;  '"Al" <>' -> Al, nothing;  '"Al" <A1>, "Bo" <A2>' -> none
+[[nodiscard]] std::optional<PlainEntry> ListedEntryOf(std::string_view line);
+
 // TakePlainEntry: the text up to the next comma or semicolon that ends an entry; rest moves behind
 // it. A comma behind a text without an address is part of a name.
 //   rest "Abbott, Al <a@b>, c@d" -> "Abbott, Al <a@b>", rest " c@d"

@@ -48,6 +48,9 @@ bool IsListedEntry(std::string_view text, const PlainEntry& entry) {
 }
 
 bool IsListed(std::string_view line) {
+    if (const auto entry = ListedEntryOf(line)) {
+        return IsListedEntry(line, *entry);
+    }
     while (!line.empty()) {
         const std::string_view text = WithoutBlanksAround(TakePlainEntry(line));
         const auto entry = PlainEntryOf(text);
@@ -75,6 +78,11 @@ class PlainListReader {
                 entry_.Skip(rest, line.Number, Reason::NotBegun);
                 continue;
             }
+            if (const auto entry = ListedEntryOf(rest)) {
+                rest = WithoutBlanksAround(rest);
+                Push(*entry, rest, line.Number);
+                continue;
+            }
             while (!rest.empty()) {
                 Take(WithoutBlanksAround(TakePlainEntry(rest)), line.Number);
             }
@@ -95,13 +103,21 @@ class PlainListReader {
         if (!entry && !word) {
             return entry_.Skip(text, line, Reason::NotBegun);
         }
+        Push(entry.value_or(PlainEntry{{}, text}), text, line);
+    }
+
+    void Push(const PlainEntry& entry, std::string_view text, std::uint32_t line) {
+        if (entry.Name.empty() && entry.Address.empty()) {
+            return entry_.Skip(text, line, Reason::NotBegun);
+        }
         entry_.Begin(text, line, 1, ContactKind::Person, {&text, 1});
-        const std::string_view name =
-            entry ? entry_.LettersOfName(entry->Name, "name") : std::string_view{};
-        const std::string_view address = entry_.Letters(entry ? entry->Address : text, "address");
+        const std::string_view name = entry_.LettersOfName(entry.Name, "name");
+        const std::string_view address = entry_.Letters(entry.Address, "address");
         const bool exchanged = entry_.AreExchanged(name, address);
         entry_.PushName(exchanged ? address : name, line);
-        entry_.Push(field::kEmail, exchanged ? name : address, line);
+        if (!address.empty()) {
+            entry_.Push(field::kEmail, exchanged ? name : address, line);
+        }
         entry_.End();
     }
 

@@ -47,6 +47,34 @@ TEST(PlainEntry, IsReadInEachForm) {
     }
 }
 
+TEST(PlainEntry, FillsALineAsTheWindowWritesIt) {
+    const struct {
+        std::string_view Text;
+        std::string_view Expected;  // "name|address"; empty for no such line
+    } rows[] = {
+        {"\"Al\" <a1@b>", "Al|a1@b"},
+        {" \"Al\"<A1> ", "Al|A1"},
+        {"\"Al\" <a1@b, c@d>", "Al|a1@b, c@d"},
+        {"\"5\" disk; x@y\" <a1@b>", "5\" disk; x@y|a1@b"},
+        {"\"Al\" <>", "Al|"},
+        {"\"\" <a1@b>", "|a1@b"},
+        {"\"\" <>", "|"},
+        {"\"Al\" <a1@b>, \"Bo\" <c@d>", ""},
+        {"\"Al\" <a1@b>, c@d", ""},
+        {"\"Al <a1@b>", ""},
+        {"\" <a1@b>", ""},
+        {"\"Al\" a1@b>", ""},
+        {"Al <a1@b>", ""},
+        {"", ""},
+    };
+    for (const auto& row : rows) {
+        const auto entry = ListedEntryOf(row.Text);
+        const std::string shown =
+            entry ? std::string(entry->Name) + "|" + std::string(entry->Address) : std::string();
+        EXPECT_EQ(shown, row.Expected) << row.Text;
+    }
+}
+
 TEST(ReadPlainList, TakesAPersonForEachAddress) {
     const struct {
         std::string Text;
@@ -70,6 +98,9 @@ TEST(ReadPlainList, TakesAPersonForEachAddress) {
          "doubtful 1 EMAIL: al@b: stood in the place of the name, as in all such entries of the "
          "file\n"},
         {"J\xF6rg <j@b>\n", "person\nFN:J\xC3\xB6rg\nN:;J\xC3\xB6rg;;;\nEMAIL:j@b\n", ""},
+        {"\"Al\" <a@b, c@d>\n\"Bo\" <>\n\"\" <>\n",
+         "person\nFN:Al\nN:;Al;;;\nEMAIL:a@b, c@d\nperson\nFN:Bo\nN:;Bo;;;\n",
+         "skipped 3 : \"\" <>: belongs to no record\n"},
         {",;\n, al@b\n", "person\nEMAIL:al@b\n", ""},
         {"", "", ""},
     };
