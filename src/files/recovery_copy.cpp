@@ -11,8 +11,12 @@ namespace {
 // The last field: without it the file is cut off.
 constexpr std::string_view kEnd = "end";
 
+void AppendHead(std::string& bytes, std::string_view name, std::size_t length) {
+    bytes.append(name).append(" ").append(std::to_string(length)).append("\n");
+}
+
 void AppendField(std::string& bytes, std::string_view name, std::string_view value) {
-    bytes.append(name).append(" ").append(std::to_string(value.size())).append("\n");
+    AppendHead(bytes, name, value.size());
     bytes.append(value).append("\n");
 }
 
@@ -103,28 +107,35 @@ std::optional<RecoveryCopy> CopyOf(const Found& found) {
 
 }  // namespace
 
-std::string WriteRecoveryCopy(const RecoveryCopy& copy) {
-    constexpr std::size_t kNames = 200;
-    const bool box_is_text = copy.Box == copy.Text;
-    std::string bytes;
-    bytes.reserve(copy.Text.size() + (box_is_text ? 0 : copy.Box.size()) + copy.Caption.size() +
-                  copy.File.size() + kNames);
-    bytes.append(kRecoveryBeginning);
-    AppendField(bytes, "seconds", std::to_string(copy.Seconds));
-    AppendField(bytes, "entries", std::to_string(copy.Entries));
-    AppendField(bytes, "file", copy.File);
-    AppendField(bytes, "caption", copy.Caption);
-    AppendField(bytes, "mode", copy.Mode);
+void GiveRecoveryCopy(const RecoveryCopy& copy, const TakePiece& take) {
+    std::string between(kRecoveryBeginning);
+    AppendField(between, "seconds", std::to_string(copy.Seconds));
+    AppendField(between, "entries", std::to_string(copy.Entries));
+    AppendField(between, "file", copy.File);
+    AppendField(between, "caption", copy.Caption);
+    AppendField(between, "mode", copy.Mode);
     if (copy.EditMode) {
-        AppendField(bytes, "edit-mode", "");
+        AppendField(between, "edit-mode", "");
     }
-    AppendField(bytes, "text", copy.Text);
-    if (box_is_text) {
-        AppendField(bytes, "box-is-text", "");
+    AppendHead(between, "text", copy.Text.size());
+    take(between);
+    take(copy.Text);
+    between = "\n";
+    if (copy.Box == copy.Text) {
+        AppendField(between, "box-is-text", "");
     } else {
-        AppendField(bytes, "box", copy.Box);
+        AppendHead(between, "box", copy.Box.size());
+        take(between);
+        take(copy.Box);
+        between = "\n";
     }
-    AppendField(bytes, kEnd, "");
+    AppendField(between, kEnd, "");
+    take(between);
+}
+
+std::string WriteRecoveryCopy(const RecoveryCopy& copy) {
+    std::string bytes;
+    GiveRecoveryCopy(copy, [&bytes](std::string_view piece) { bytes.append(piece); });
     return bytes;
 }
 

@@ -15,6 +15,7 @@
 #include <string>
 #include <string_view>
 
+#include "app/late_text.h"
 #include "app/shared_text.h"
 
 namespace orvik {
@@ -36,6 +37,8 @@ struct RecoveryCopy {
 // What each such file of this version begins with.
 inline constexpr std::string_view kRecoveryBeginning = "orvik-recovery 1\n";
 
+// GiveRecoveryCopy: the file's bytes, in pieces: nothing of the texts is copied.
+void GiveRecoveryCopy(const RecoveryCopy& copy, const TakePiece& take);
 // WriteRecoveryCopy: the file's bytes.
 [[nodiscard]] std::string WriteRecoveryCopy(const RecoveryCopy& copy);
 

@@ -91,9 +91,10 @@ std::optional<RecoveryCopy> Read(FileSystem& files, const Path& name) {
 
 }  // namespace
 
-RecoveryStore::RecoveryStore(FileSystem& files) : files_(files), root_(files.StateFolder()) {
+RecoveryStore::RecoveryStore(FileSystem& files, std::string_view folder)
+    : files_(files), root_(files.StateFolder()) {
     if (!root_.empty()) {
-        root_ = root_ / "orvik" / "recovery";
+        root_ = root_ / "orvik" / folder;
     }
 }
 
@@ -131,7 +132,9 @@ void RecoveryStore::KeepIn(Own& own, const RecoveryCopy& copy) {
              nobody,
              book,
              false,
-             [&](const auto& /*old*/) { return WriteRecoveryCopy(copy); },
+             [&](const auto& /*old*/) {
+                 return LateText([&copy](const TakePiece& take) { GiveRecoveryCopy(copy, take); });
+             },
              {.LongestWait = kShortWait, .OnlyMine = true});
 }
 

@@ -3,6 +3,8 @@
 //   orvik/recovery/0123456789abcdef/running    whose lock the running program keeps
 //   orvik/recovery/0123456789abcdef/book       the copy (files/recovery_copy.h)
 //
+// Those of the Book window are in orvik/book-recovery, so that neither takes the other's.
+//
 // A running program has a folder for the open book, and one for each book that another took the
 // place of before it was saved. One whose lock is free is of a program that has ended. A copy that
 // is damaged, or of a later version, stays where it is and is offered to nobody.
@@ -12,6 +14,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include "files/recovery_copy.h"
@@ -23,8 +26,10 @@ class RecoveryStore {
  public:
     using Path = FileSystem::Path;
 
+    static constexpr std::string_view kFolder = "recovery";
+
     // Where files has no folder for states nothing is kept. files must outlive the store.
-    explicit RecoveryStore(FileSystem& files);
+    explicit RecoveryStore(FileSystem& files, std::string_view folder = kFolder);
     RecoveryStore(const RecoveryStore&) = delete;
     RecoveryStore& operator=(const RecoveryStore&) = delete;
     RecoveryStore(RecoveryStore&&) = delete;
