@@ -1,6 +1,7 @@
-// orvik [BOOK]: the window program.
+// orvik [BOOK], orvik --book [FILE...]: the window program.
 
 #include <QCommandLineParser>
+#include <QFile>
 #include <QFileInfo>
 #include <QSessionManager>
 #include <QTimer>
@@ -13,11 +14,13 @@
 #include <new>
 #include <span>
 #include <stdexcept>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/printable.h"
 #include "app/run_time_error.h"
-#include "app/scope.h"
+#include "desktop/book/book_windows.h"
 #include "desktop/help/help_key.h"
 #include "desktop/session/application.h"
 #include "desktop/session/desktop.h"
@@ -82,13 +85,23 @@ void NameProgram() {
     QCoreApplication::setApplicationVersion(QStringLiteral(ORVIK_VERSION));
 }
 
-// The absolute names of the books that are to be opened.
-QStringList ParseArguments(const QCoreApplication& app) {
+struct Arguments {
+    QStringList Books;  // absolute names
+    bool OnlyBookWindow = false;
+};
+
+Arguments ParseArguments(const QCoreApplication& app) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QCoreApplication::tr("Opens, sorts, merges and converts e-mail address books."));
     parser.addHelpOption();
     parser.addVersionOption();
+    const QCommandLineOption book_window(
+        QStringLiteral("book"),
+        QCoreApplication::tr(
+            "Opens every BOOK that is named with all of its fields, in a window of "
+            "their own."));
+    parser.addOption(book_window);
     parser.addPositionalArgument(QStringLiteral("BOOK"),
                                  QCoreApplication::tr("The address book to open."),
                                  QStringLiteral("[BOOK]"));
@@ -98,11 +111,11 @@ QStringList ParseArguments(const QCoreApplication& app) {
         std::exit(EXIT_FAILURE);
     }
     parser.process(app);
-    QStringList books = parser.positionalArguments();
-    for (QString& book : books) {
+    Arguments arguments{parser.positionalArguments(), parser.isSet(book_window)};
+    for (QString& book : arguments.Books) {
         book = QFileInfo(book).absoluteFilePath();
     }
-    return books;
+    return arguments;
 }
 
 // Tests need not wait as long as a person may lose.
@@ -114,45 +127,128 @@ std::chrono::milliseconds RecoveryInterval() {
                                              : orvik::RecoveryKeeper::kInterval;
 }
 
-int RunWindows(orvik::Application& app, const QStringList& books) {
+// What every window has behind it.
+struct Base {
+    explicit Base(orvik::Application& application) : app(application) {
+        app.onOutOfMemory([this] {
+            return desktop.run(
+                [&] { platform.ReportFailure(orvik::RunTimeError(orvik::Failure::OutOfMemory)); });
+        });
+        QObject::connect(&book_windows,
+                         &orvik::BookWindows::helpAsked,
+                         &book_windows,
+                         [this](const QString& topic) { showHelp(topic.toStdString()); });
+    }
+    Base(const Base&) = delete;
+    Base& operator=(const Base&) = delete;
+    Base(Base&&) = delete;
+    Base& operator=(Base&&) = delete;
+    ~Base() { app.onOutOfMemory({}); }
+
+    void showHelp(std::string_view topic) { program.module.ShowHelpTopic(1, "Stripped", topic); }
+
+    orvik::Application& app;
     orvik::Desktop desktop;
     orvik::SystemFiles files;
     orvik::RecentBooks recent = orvik::RecentBooks::OfUser(files);
-    orvik::QtPlatform platform(desktop, files, recent);
-    orvik::Program program(platform, files);
-    orvik::Form1Window window(program.module, desktop, recent);
-    app.onOutOfMemory([&] {
-        return desktop.run(
-            [&] { platform.ReportFailure(orvik::RunTimeError(orvik::Failure::OutOfMemory)); });
-    });
-    const orvik::OnExit silent([&] { app.onOutOfMemory({}); });
-    const auto small_windows = orvik::MakeSmallWindows(program, desktop, &window);
-    const orvik::HelpKey help_key(
-        [&](std::string_view topic) { program.module.ShowHelpTopic(1, "Stripped", topic); });
-    orvik::RestorePlace(window, orvik::WindowPlaceFile());
-    window.rememberIn(orvik::WindowPlaceFile());
-    orvik::RecoveryKeeper keeper(files, RecoveryInterval());
-    window.keepWith(keeper);
-    platform.deleteWithSettings([&keeper] { keeper.removeAll(); });
-    const orvik::EndSignals end_signals([&keeper] { keeper.keepNow(); });
-    // Directly, since the answer must be there when the signal has been sent.
+    orvik::QtPlatform platform{desktop, files, recent};
+    orvik::Program program{platform, files};
+    orvik::HelpKey help_key{[this](std::string_view topic) { showHelp(topic); }};
+    orvik::BookWindows book_windows{files, recent, orvik::WindowPlaceFile(), RecoveryInterval()};
+};
+
+// Directly, since the answer must be there when the signal has been sent.
+template <class MayEnd, class Keep>
+void AnswerLogOuts(QObject& context, MayEnd may_end, Keep keep) {
     QObject::connect(
         qApp,
         &QGuiApplication::commitDataRequest,
-        &window,
-        [&window, &keeper](QSessionManager& manager) {
-            orvik::AnswerLogOut(
-                manager,
-                [&window] { return window.endForLogOut(); },
-                [&keeper] { keeper.keepNow(); });
-        },
+        &context,
+        [may_end, keep](QSessionManager& manager) { orvik::AnswerLogOut(manager, may_end, keep); },
         Qt::DirectConnection);
+}
+
+std::vector<orvik::BookWindow::Input> InputsOf(const QStringList& names) {
+    std::vector<orvik::BookWindow::Input> inputs;
+    for (const QString& name : names) {
+        inputs.push_back({QFile::encodeName(name).toStdString()});
+    }
+    return inputs;
+}
+
+// Ends with the last of the windows.
+int RunBookWindows(orvik::Application& app, const QStringList& books) {
+    Base base(app);
+    orvik::BookWindows& windows = base.book_windows;
+    const auto keep = [&windows] { windows.keepNow(); };
+    const orvik::EndSignals end_signals(keep);
+    AnswerLogOuts(
+        windows,
+        [&windows] {
+            const bool ends = windows.mayLogOut();
+            if (ends) {
+                windows.endForLogOut();
+                QCoreApplication::exit();
+            }
+            return ends;
+        },
+        keep);
+    QGuiApplication::setQuitOnLastWindowClosed(true);
+    // Inside the event loop, so that the program can end while it starts.
+    QTimer::singleShot(0, &windows, [&windows, &books] { windows.open(InputsOf(books)); });
+    return QApplication::exec();
+}
+
+int RunWindows(orvik::Application& app, const QStringList& books) {
+    Base base(app);
+    orvik::Desktop& desktop = base.desktop;
+    orvik::Program& program = base.program;
+    orvik::BookWindows& book_windows = base.book_windows;
+    orvik::Form1Window window(program.module, desktop, base.recent);
+    const auto small_windows = orvik::MakeSmallWindows(program, desktop, &window);
+    orvik::RestorePlace(window, orvik::WindowPlaceFile());
+    window.rememberIn(orvik::WindowPlaceFile());
+    orvik::RecoveryKeeper keeper(base.files, RecoveryInterval());
+    window.keepWith(keeper);
+    base.platform.deleteWithSettings([&] {
+        keeper.removeAll();
+        book_windows.removeLeft();
+    });
+    const auto keep = [&] {
+        keeper.keepNow();
+        book_windows.keepNow();
+    };
+    const orvik::EndSignals end_signals(keep);
+    AnswerLogOuts(
+        window,
+        [&] {
+            if (!book_windows.mayLogOut()) {
+                return false;
+            }
+            const bool ends = window.endForLogOut();
+            if (ends) {
+                book_windows.endForLogOut();
+            } else {
+                book_windows.stayAfterLogOut();
+            }
+            return ends;
+        },
+        keep);
+    QObject::connect(&window,
+                     &orvik::Form1Window::moveAsked,
+                     &book_windows,
+                     [&](const std::string& name, const std::string& lines) {
+                         book_windows.openList(name, lines);
+                     });
+    QObject::connect(&window, &orvik::Form1Window::bookWindowAsked, &book_windows, [&] {
+        book_windows.open({});
+    });
     const auto start = [&] {
         desktop.run([&] {
             program.module.RunEvent([&] { program.form1.Show(orvik::Showing::Modeless); });
         });
         if (!books.isEmpty()) {
-            platform.rememberFolderOf(books.front());
+            base.platform.rememberFolderOf(books.front());
         }
         window.openBooks(books);
         if (!desktop.hasEnded()) {
@@ -164,10 +260,18 @@ int RunWindows(orvik::Application& app, const QStringList& books) {
     starter.setSingleShot(true);
     QObject::connect(&starter, &QTimer::timeout, start);
     starter.start(0);
-    const int status = QApplication::exec();
+    int status = QApplication::exec();
     keeper.end(program.module);
     if (window.isVisible()) {
         orvik::KeepPlace(window, orvik::WindowPlaceFile());
+    }
+    if (book_windows.areOpen()) {
+        window.hide();
+        for (const auto& small : small_windows) {
+            small->hide();
+        }
+        QGuiApplication::setQuitOnLastWindowClosed(true);
+        status = QApplication::exec();
     }
     try {
         desktop.rethrowEnd();
@@ -199,7 +303,8 @@ int Run(int argc, char** argv) {
     QGuiApplication::setWindowIcon(orvik::ProgramIcon());
     // The window goes when the program ends; a box before it is shown is no last window.
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    return RunWindows(app, ParseArguments(app));
+    const Arguments given = ParseArguments(app);
+    return given.OnlyBookWindow ? RunBookWindows(app, given.Books) : RunWindows(app, given.Books);
 }
 
 }  // namespace

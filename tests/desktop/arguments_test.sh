@@ -40,7 +40,15 @@ status=0
 "$program" $'--e\x1b[2J\n\xe2\x80\xae\xc2\x9b<b>' >out 2>err || status=$?
 check "an unknown option" 1
 echo "orvik: There is no display. orvik-batch does the same without one." >wanted
+for words in "book.ldif" "--book" "--book a.ldif b.vcf"; do
+    status=0
+    # shellcheck disable=SC2086
+    "$program" $words >out 2>err || status=$?
+    check "no display: $words" 1
+done
+"$program" --help | grep -q -e '--book' || { echo "arguments: --book is not explained"; failed=1; }
+echo "Unexpected value after '--book'." >wanted
 status=0
-"$program" book.ldif >out 2>err || status=$?
-check "no display" 1
+"$program" --book=a.ldif >out 2>err || status=$?
+check "a value of --book" 1
 exit $failed

@@ -7,7 +7,9 @@
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <QToolButton>
+#include <array>
 #include <fstream>
+#include <tuple>
 
 #include "desktop/form1_window_fixture.h"
 #include "desktop/text/text_box_view.h"
@@ -29,13 +31,27 @@ class Form1BarTest : public test::Form1WindowTest {
         return *qobject_cast<QToolButton*>(Bar().widgetForAction(&Find<QAction>(action)));
     }
     void Push(const char* action) { QTest::mouseClick(&ButtonOf(action), Qt::LeftButton); }
-    // Which of the five can be pressed, as letters: Open, Save, Undo, Redo, Find.
+    // Which of the six can be pressed, as letters: Open, Save, Undo, Redo, Find, Move.
     std::string Enabled() {
         std::string letters;
-        for (const char* const name : {"barOpen", "barSave", "barUndo", "barRedo", "barFind"}) {
+        for (const char* const name : kNames) {
             letters += Find<QAction>(name).isEnabled() ? name[3] : '-';
         }
         return letters;
+    }
+    // What is given to a Book window, "name|lines".
+    std::string Moved() {
+        std::string moved;
+        const auto connection =
+            QObject::connect(&window,
+                             &Form1Window::moveAsked,
+                             &window,
+                             [&moved](const std::string& name, const std::string& lines) {
+                                 moved = name + "|" + lines;
+                             });
+        Push("barMove");
+        QObject::disconnect(connection);
+        return moved;
     }
     std::string Tip(const char* action) { return Find<QAction>(action).toolTip().toStdString(); }
     std::string Write(const char* name, const char* contents = "\"Al\" <A1>\r\n") {
@@ -55,6 +71,8 @@ class Form1BarTest : public test::Form1WindowTest {
         return Find<QMenu>("booksMenu").actions();
     }
 
+    static constexpr std::array kNames = {
+        "barOpen", "barSave", "barUndo", "barRedo", "barFind", "barMove"};
     QTemporaryDir folder;
 };
 
@@ -97,17 +115,17 @@ TEST_F(Form1BarTest, ButtonsRunWhatTheMenusRun) {
 
 TEST_F(Form1BarTest, OnlyWhatWouldDoSomethingIsEnabled) {
     Show();
-    EXPECT_EQ(Enabled(), "O---F");
+    EXPECT_EQ(Enabled(), "O---F-");
     List(kThree);
-    EXPECT_EQ(Enabled(), "OS--F");
+    EXPECT_EQ(Enabled(), "OS--FM");
     Find<QAction>("mnuUn").trigger();
-    EXPECT_EQ(Enabled(), "OSU-F");
+    EXPECT_EQ(Enabled(), "OSU-FM");
     Push("barUndo");
-    EXPECT_EQ(Enabled(), "OS-RF");
+    EXPECT_EQ(Enabled(), "OS-RFM");
     Extract(true);
-    EXPECT_EQ(Enabled(), "-----");
+    EXPECT_EQ(Enabled(), "------");
     Extract(false);
-    EXPECT_EQ(Enabled(), "OS-RF");
+    EXPECT_EQ(Enabled(), "OS-RFM");
 }
 
 TEST_F(Form1BarTest, TipsNameTheCommandAndItsKey) {
@@ -127,18 +145,50 @@ TEST_F(Form1BarTest, InEditModeUndoIsTheTextsOwn) {
     Show();
     List(kThree);
     SwitchEditMode();
-    EXPECT_EQ(Enabled(), "OS--F");
+    EXPECT_EQ(Enabled(), "OS--FM");
     auto& text = Find<TextBoxView>("Text1");
     const SharedText before = module1.WorkText;
     QTest::keyClick(&text, Qt::Key_X);
-    EXPECT_EQ(Enabled(), "OSU-F");
+    EXPECT_EQ(Enabled(), "OSU-FM");
     EXPECT_EQ(Tip("barUndo"), "Undo editing (Ctrl+Z)");
     Push("barUndo");
     EXPECT_EQ(module1.WorkText, before);
-    EXPECT_EQ(Enabled(), "OS-RF");
+    EXPECT_EQ(Enabled(), "OS-RFM");
     Push("barRedo");
     EXPECT_EQ(std::string(module1.WorkText), "x" + std::string(before));
     EXPECT_TRUE(form1.mnuEntEd.Checked);
+}
+
+TEST_F(Form1BarTest, MoveGivesTheEntriesAsTheyAreShown) {
+    Show();
+    List(kThree);
+    EXPECT_EQ(Moved(), "new book|\"Al\" <A1>\r\n\"Bo\" <A2>\r\n\"Cy\" <A3>\r\n");
+    EXPECT_EQ(module1.TextMode, "Native");
+    Choose("mnuOpen", Write("book.txt"));
+    const std::string file = folder.filePath(QStringLiteral("book.txt")).toStdString();
+    EXPECT_EQ(Moved(), file + "|\"Al\" <A1>\r\n");
+    // In edit mode with what was typed there.
+    SwitchEditMode();
+    Find<TextBoxView>("Text1").setPlainText(QStringLiteral("Al <A1>\nb@example.org"));
+    EXPECT_EQ(Moved(), file + "|\"Al \" <A1>\r\n\"\" <b@example.org>\r\n");
+    EXPECT_TRUE(module1.EditMode);
+}
+
+TEST_F(Form1BarTest, TheLongestCaptionGoesFirst) {
+    Show();
+    for (const auto& [width, of_all, of_move] :
+         {std::tuple{900, Qt::ToolButtonTextBesideIcon, Qt::ToolButtonTextBesideIcon},
+          std::tuple{500, Qt::ToolButtonTextBesideIcon, Qt::ToolButtonIconOnly},
+          std::tuple{230, Qt::ToolButtonIconOnly, Qt::ToolButtonIconOnly},
+          std::tuple{900, Qt::ToolButtonTextBesideIcon, Qt::ToolButtonTextBesideIcon}}) {
+        window.resize(width, 400);
+        Settle();
+        EXPECT_EQ(ButtonOf("barFind").toolButtonStyle(), of_all) << width;
+        EXPECT_EQ(ButtonOf("barMove").toolButtonStyle(), of_move) << width;
+        EXPECT_TRUE(ButtonOf("barMove").isVisible()) << width;
+    }
+    EXPECT_EQ(ButtonOf("barMove").accessibleName(), QStringLiteral("Move to another program..."));
+    EXPECT_FALSE(ButtonOf("barMove").accessibleDescription().isEmpty());
 }
 
 TEST_F(Form1BarTest, BooksThatWereOpenedOrSavedAreListed) {
@@ -245,8 +295,8 @@ TEST_F(Form1BarTest, AHiddenBarIsShownFromElsewhere) {
 TEST_F(Form1BarTest, ADisabledButtonShowsTheBarsMenuToo) {
     Show();
     Settle();
-    ASSERT_EQ(Enabled(), "O---F");
-    for (const char* const name : {"barSave", "barUndo", "barFind"}) {
+    ASSERT_EQ(Enabled(), "O---F-");
+    for (const char* const name : {"barSave", "barUndo", "barFind", "barMove"}) {
         QToolButton& button = ButtonOf(name);
         QContextMenuEvent click(
             QContextMenuEvent::Mouse, QPoint(5, 5), button.mapToGlobal(QPoint(5, 5)));
@@ -297,7 +347,7 @@ TEST_F(Form1BarTest, ANarrowWindowShowsIconsAlone) {
     window.resize(230, 400);
     Settle();
     EXPECT_EQ(Bar().toolButtonStyle(), Qt::ToolButtonIconOnly);
-    for (const char* const name : {"barOpen", "barSave", "barUndo", "barRedo", "barFind"}) {
+    for (const char* const name : kNames) {
         EXPECT_TRUE(ButtonOf(name).isVisible()) << name;
         EXPECT_FALSE(Find<QAction>(name).icon().isNull()) << name;
     }

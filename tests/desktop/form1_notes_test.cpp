@@ -184,7 +184,8 @@ TEST_F(Form1NotesTest, TabGoesToItsLinksBetweenHeadingsAndLists) {
     Show();
     window.activateWindow();
     Find<QWidget>("List1Heading").setFocus();
-    for (const char* const next : {"List2Heading", "emptyOpen", "emptyExtract", "List1"}) {
+    for (const char* const next :
+         {"List2Heading", "emptyOpen", "emptyExtract", "emptyBook", "List1"}) {
         QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(window.focusWidget(), &Find<QWidget>(next)) << next;
     }
@@ -196,6 +197,10 @@ TEST_F(Form1NotesTest, ItsLinksRunTheCommands) {
     const std::string file = Write("two.txt", "A1\r\nA2\r\n");
     EXPECT_CALL(platform, ShowFileDialog(_)).WillOnce(Return(""));
     Follow("emptyExtract");
+    int asked = 0;
+    QObject::connect(&window, &Form1Window::bookWindowAsked, &window, [&asked] { ++asked; });
+    Follow("emptyBook");
+    EXPECT_EQ(asked, 1);
     EXPECT_CALL(platform, ShowFileDialog(_)).WillOnce([&](FileDialog& dialog) {
         EXPECT_EQ(dialog.Title, "Open file for conversion");
         return file;

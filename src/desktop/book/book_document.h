@@ -86,6 +86,8 @@ class BookDocument : public QObject {
     // Whether there are changes that no file holds.
     [[nodiscard]] bool isUnsaved() const;
     void markSaved() { undo_.setClean(); }
+    // No file holds it, whatever is undone.
+    void markUnsaved() { undo_.resetClean(); }
     // Another one after each change.
     [[nodiscard]] std::uint64_t revision() const { return revision_; }
 

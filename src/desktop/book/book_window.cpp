@@ -67,7 +67,7 @@ BookWindow::BookWindow(FileSystem& files, RecentBooks& books)
       quiet_line_(new QuietLine(QStringLiteral("bookQuietLine"), this)),
       counts_(new QLabel(this)) {
     setObjectName(QStringLiteral("bookWindow"));
-    SetHelpTopic(*this, "book_window.html");
+    SetHelpTopic(*this, "book.html");
     layOut();
     addMenus();
     connectParts();

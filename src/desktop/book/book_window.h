@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "book/detect.h"
 #include "desktop/book/book_document.h"
 #include "desktop/book/book_rows.h"
 #include "desktop/book/book_worker.h"
@@ -51,6 +52,8 @@ class BookWindow : public QMainWindow {
     struct Input {
         std::string Name;
         std::optional<std::string> Bytes = {};
+        book::Format Form = book::Format::None;  // of bytes, if it is known
+        bool IsUnsaved = false;                  // no file has these bytes
     };
     // Reads them in the worker, and puts their records behind those that are there. A reading that
     // fails or is cancelled changes nothing.
@@ -58,6 +61,8 @@ class BookWindow : public QMainWindow {
 
     // Puts the window and its parts where they were, and from now on keeps that in this file.
     void rememberIn(const QString& file);
+    // Whether the window may close; asks about what is not saved.
+    [[nodiscard]] bool mayClose();
     // Selects a record, and shows it whatever the filter says.
     void showRecord(std::uint32_t record);
     // Says something quietly.
@@ -73,6 +78,8 @@ class BookWindow : public QMainWindow {
     void helpAsked(const QString& topic);
     // The window was closed by its user.
     void closed();
+    // What no file has was read.
+    void unsavedRead();
 
  protected:
     void closeEvent(QCloseEvent* event) override;
@@ -80,14 +87,16 @@ class BookWindow : public QMainWindow {
     void dropEvent(QDropEvent* event) override;
 
  private:
-    // What was read of files: what is to be said of it, and which are books.
+    // What was read: what is to be said of it, what is a book, and which of these are files.
     struct Read {
         QStringList Told;
+        std::vector<std::string> Names;
         std::vector<std::string> Books;
+        bool IsUnsaved = false;
     };
     static Read readAll(FileSystem& files,
                         const BookWorker::Watch& watch,
-                        const std::vector<Input>& inputs,
+                        std::vector<Input>& inputs,
                         book_cli::Loaded& loaded);
     void takeRead(const BookDocument::Snapshot& snapshot, const Read& read);
     void tellRead(const QStringList& told);
@@ -99,8 +108,6 @@ class BookWindow : public QMainWindow {
     void syncTitle();
     void syncCounts();
     void keepPlace();
-    // Whether the window may close; asks about what is not saved.
-    [[nodiscard]] bool mayClose();
 
     // book_window_menu.cpp
     void addMenus();

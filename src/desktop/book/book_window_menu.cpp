@@ -143,9 +143,8 @@ void BookWindow::addHelpMenu() {
     // F1 shows it, too.
     QAction* const help = menu.addAction(tr("&This window"));
     help->setObjectName(QStringLiteral("bookHelp"));
-    connect(help, &QAction::triggered, this, [this] {
-        emit helpAsked(QStringLiteral("book_window.html"));
-    });
+    connect(
+        help, &QAction::triggered, this, [this] { emit helpAsked(QStringLiteral("book.html")); });
 }
 
 void BookWindow::syncActions() {

@@ -66,31 +66,36 @@ void BookWindow::open(std::vector<Input> inputs) {
                                : tr("Nothing was opened: %1.").arg(why));
         }
     });
+    const auto asked = std::make_shared<std::vector<Input>>(std::move(inputs));
     worker_.run(
         tr("Reading"),
-        [&files = files_, snapshot, read, inputs = std::move(inputs)](
-            const BookWorker::Watch& watch) {
-            *read = readAll(files, watch, inputs, *snapshot.Copy);
+        [&files = files_, snapshot, read, asked](const BookWorker::Watch& watch) {
+            *read = readAll(files, watch, *asked, *snapshot.Copy);
         },
         [this, snapshot, read] { takeRead(snapshot, *read); });
 }
 
 BookWindow::Read BookWindow::readAll(FileSystem& files,
                                      const BookWorker::Watch& watch,
-                                     const std::vector<Input>& inputs,
+                                     std::vector<Input>& inputs,
                                      book_cli::Loaded& loaded) {
     Read read;
-    for (const Input& one : inputs) {
+    for (Input& one : inputs) {
         WorkerConsole around(files, watch);
         watch.Begin(Printable(book::FileNameOf(one.Name)));
         const std::size_t before = loaded.Inputs.size();
         if (one.Bytes) {
-            book_cli::LoadBytes(around.console(), one.Name, *one.Bytes, loaded);
+            book_cli::LoadBytes(
+                around.console(), one.Name, std::move(*one.Bytes), loaded, one.Form);
         } else {
             book_cli::Load(around.console(), {&one.Name, 1}, {}, loaded, {});
         }
         for (const QString& line : around.told()) {
             read.Told.append(WithoutFolder(line, one.Name));
+        }
+        if (loaded.Inputs.size() > before) {
+            read.Names.push_back(one.Name);
+            read.IsUnsaved = read.IsUnsaved || one.IsUnsaved;
         }
         if (loaded.Inputs.size() > before && !one.Bytes) {
             read.Books.push_back(one.Name);
@@ -107,13 +112,17 @@ BookWindow::Read BookWindow::readAll(FileSystem& files,
 }
 
 void BookWindow::takeRead(const BookDocument::Snapshot& snapshot, const Read& read) {
-    const std::size_t files = read.Books.size();
+    const std::size_t count = read.Names.size();
     document_.takeRead(snapshot,
-                       files == 1
-                           ? tr("Open %1").arg(ShortName(book::FileNameOf(read.Books.front())))
-                           : tr("Open %1 files").arg(files));
+                       count == 1
+                           ? tr("Open %1").arg(ShortName(book::FileNameOf(read.Names.front())))
+                           : tr("Open %1 files").arg(count));
     for (const std::string& one : read.Books) {
         books_.Add(one);
+    }
+    if (read.IsUnsaved) {
+        document_.markUnsaved();
+        emit unsavedRead();
     }
     sync();
     tellRead(read.Told);

@@ -19,6 +19,11 @@ struct Choice {
 // AskForChoice: asks under the program's name, and returns which choice was taken, counted from 0.
 // The text is shown as it stands. preset is the choice of Enter; Esc and the close box take the
 // last one.
+[[nodiscard]] std::size_t AskForChoice(QWidget* parent,
+                                       const QString& text,
+                                       const std::vector<Choice>& choices,
+                                       std::size_t preset);
+// In the middle of a command, over the window in front.
 [[nodiscard]] std::size_t AskForChoice(Desktop& desktop,
                                        const QString& text,
                                        const std::vector<Choice>& choices,

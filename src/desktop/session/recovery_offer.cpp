@@ -11,10 +11,14 @@
 
 namespace orvik {
 
+QString WhatWasLeft(const QString& book, std::int64_t seconds, const QString& amount) {
+    const QDateTime when = QDateTime::fromSecsSinceEpoch(seconds);
+    const QString time = QLocale().toString(when, QLocale::ShortFormat);
+    return QObject::tr("The program ended before %1 was saved. It was kept on %2, with %3.")
+        .arg(book, time, amount);
+}
+
 LeftAnswer AskAboutLeft(Desktop& desktop, const RecoveryCopy& copy) {
-    const QLocale locale;
-    const QDateTime when = QDateTime::fromSecsSinceEpoch(copy.Seconds);
-    const QString time = locale.toString(when, QLocale::ShortFormat);
     const QString entries =
         copy.Entries == 1 ? QObject::tr("1 entry") : QObject::tr("%1 entries").arg(copy.Entries);
     const QString book = copy.File.empty() ? QObject::tr("a new book") : ShortName(copy.File);
@@ -26,11 +30,9 @@ LeftAnswer AskAboutLeft(Desktop& desktop, const RecoveryCopy& copy) {
         {QObject::tr("&Discard"), QMessageBox::DestructiveRole},
         {QObject::tr("&Not now"), QMessageBox::RejectRole},
     };
-    const QString text = QObject::tr(
-                             "The program ended before %1 was saved. It was kept on %2, "
-                             "with %3.\nDo you want to restore it, to save it under a "
-                             "name, or to discard it?")
-                             .arg(book, time, entries);
+    const QString text =
+        WhatWasLeft(book, copy.Seconds, entries) + u'\n' +
+        QObject::tr("Do you want to restore it, to save it under a name, or to discard it?");
     return kAnswers.at(AskForChoice(desktop, text, choices, 0));
 }
 

@@ -2,6 +2,9 @@
 
 #pragma once
 
+#include <QString>
+#include <cstdint>
+
 #include "desktop/session/desktop.h"
 #include "files/recovery_copy.h"
 
@@ -13,6 +16,12 @@ enum class LeftAnswer {
     SaveAs,   // it is saved
     Discard,  // it goes
 };
+
+// WhatWasLeft: says which book that is, when it was kept, in seconds since 1970, and how much it
+// is.
+//   "book.ldif", 0, "3 entries" -> "The program ended before book.ldif was saved. It was kept on
+//   1/1/70 1:00 AM, with 3 entries."
+[[nodiscard]] QString WhatWasLeft(const QString& book, std::int64_t seconds, const QString& amount);
 
 [[nodiscard]] LeftAnswer AskAboutLeft(Desktop& desktop, const RecoveryCopy& copy);
 

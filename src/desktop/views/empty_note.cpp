@@ -20,16 +20,12 @@ EmptyNote::EmptyNote(QWidget* parent) : QFrame(parent) {
     drop->setTextFormat(Qt::PlainText);
     auto* const extract =
         new LinkButton(QStringLiteral("emptyExtract"), tr("extract addresses from any file"), this);
-    // What the lists do not show, and the command that reads it.
-    auto* const book = new QLabel(tr("Every field of a book, in a terminal:") +
-                                      QStringLiteral("\norvik-book convert FILE -o new.vcf"),
-                                  this);
-    book->setObjectName(QStringLiteral("emptyBook"));
-    book->setTextFormat(Qt::PlainText);
-    book->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    book->setAlignment(Qt::AlignHCenter);
+    // What the lists do not show.
+    auto* const book =
+        new LinkButton(QStringLiteral("emptyBook"), tr("Open a book with every field"), this);
     connect(open, &QAbstractButton::clicked, this, &EmptyNote::openAsked);
     connect(extract, &QAbstractButton::clicked, this, &EmptyNote::extractAsked);
+    connect(book, &QAbstractButton::clicked, this, &EmptyNote::bookAsked);
     auto* const column = new QVBoxLayout(this);
     column->addWidget(open, 0, Qt::AlignHCenter);
     column->addWidget(drop, 0, Qt::AlignHCenter);

@@ -18,6 +18,7 @@ class EmptyNote : public QFrame {
     // The links.
     void openAsked();
     void extractAsked();
+    void bookAsked();
 };
 
 }  // namespace orvik

@@ -51,6 +51,11 @@ QPainterPath PathOf(Drawing drawing) {
             path.addEllipse(QPointF(10, 10), 6, 6);
             AddLines(path, {{14.5, 14.5}, {20, 20}});
             break;
+        case Drawing::Move:
+            AddLines(path, {{13, 8}, {13, 4}, {4, 4}, {4, 20}, {13, 20}, {13, 16}});
+            AddLines(path, {{9, 12}, {20.5, 12}});
+            AddLines(path, {{16.5, 8}, {20.5, 12}, {16.5, 16}});
+            break;
     }
     return path;
 }

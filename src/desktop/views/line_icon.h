@@ -7,7 +7,7 @@
 
 namespace orvik {
 
-enum class Drawing { Open, Save, Undo, Redo, Find };
+enum class Drawing { Open, Save, Undo, Redo, Find, Move };
 
 [[nodiscard]] QIcon LineIcon(Drawing drawing);
 

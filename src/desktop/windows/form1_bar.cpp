@@ -5,6 +5,8 @@
 #include <QMenu>
 #include <QPushButton>
 
+#include "app/entry_lines.h"
+#include "app/working_text.h"
 #include "desktop/session/window_place.h"
 #include "desktop/text/text_box_view.h"
 #include "desktop/text/text_codec.h"
@@ -27,6 +29,7 @@ void Form1Window::addBar() {
     addToolBar(Qt::TopToolBarArea, tool_bar_);
     connect(
         tool_bar_, &ToolBar::bookChosen, this, [this](const QString& name) { openBooks({name}); });
+    connect(tool_bar_, &ToolBar::moveAsked, this, &Form1Window::askForMove);
     connect(&tool_bar_->wanted(), &QAction::toggled, this, [this](bool wanted) {
         if (!state_file_.isEmpty()) {
             KeepBarHidden(!wanted, state_file_);
@@ -36,6 +39,15 @@ void Form1Window::addBar() {
     for (const Heading& heading : headings_) {
         heading.Shown->addAction(&tool_bar_->wanted());
     }
+}
+
+// What the user sees, whichever form it has.
+void Form1Window::askForMove() {
+    const SharedText& text = module_.WorkText;
+    const bool native = module_.IsListed(text) || HasNickLine(text);
+    const std::string file = Form1::FileOf(title());
+    emit moveAsked(file.empty() ? tr("new book").toStdString() : file,
+                   EntryLines(text, native, module_.textSep));
 }
 
 void Form1Window::rememberIn(const QString& file) {

@@ -43,6 +43,7 @@ void Form1Window::addEmptyNote() {
     connect(empty_note_, &EmptyNote::extractAsked, this, [this] {
         findChild<QAction*>(QStringLiteral("mnuExtract"))->trigger();
     });
+    connect(empty_note_, &EmptyNote::bookAsked, this, &Form1Window::bookWindowAsked);
 }
 
 void Form1Window::addNotes() {

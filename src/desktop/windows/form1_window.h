@@ -75,6 +75,13 @@ class Form1Window : public QMainWindow, public View {
     // The session ends: asks as closing does. Returns whether the program has ended.
     bool endForLogOut();
 
+ signals:
+    // The working text is to be shown in a Book window, under the name of its file: each entry as
+    // "NICK" <ADDR> in a line.
+    void moveAsked(const std::string& name, const std::string& lines);
+    // A Book window is to be shown.
+    void bookWindowAsked();
+
  protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -105,6 +112,7 @@ class Form1Window : public QMainWindow, public View {
     void addHeadings();
     void syncHeadings();
     void fitBar();
+    void askForMove();
 
     // form1_notes.cpp
     void addEmptyNote();

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QEvent>
+#include <QLayout>
 #include <QToolButton>
 #include <utility>
 
@@ -31,6 +32,7 @@ ToolBar::ToolBar(
       redo_(addStep(
           "barRedo", tr("Redo"), LineIcon(Drawing::Redo), *actions.Redo, [this] { text_.redo(); })),
       find_(add("barFind", tr("Find"), LineIcon(Drawing::Find), *actions.Find)),
+      move_(addAction(LineIcon(Drawing::Move), tr("Move to another program..."))),
       wanted_(new QAction(tr("Show the &tool bar"), this)),
       books_menu_(new BooksMenu(books, this)) {
     setObjectName(QStringLiteral("toolBar"));
@@ -46,6 +48,7 @@ ToolBar::ToolBar(
     wanted_->setCheckable(true);
     wanted_->setChecked(true);
     addBooks(window);
+    addMove();
     connect(&text_, &QPlainTextEdit::undoAvailable, this, &ToolBar::sync);
     connect(&text_, &QPlainTextEdit::redoAvailable, this, &ToolBar::sync);
     measure();
@@ -80,6 +83,19 @@ QAction* ToolBar::addStep(const char* name,
     return button;
 }
 
+// It may have no caption when the others have theirs.
+void ToolBar::addMove() {
+    move_->setObjectName(QStringLiteral("barMove"));
+    // Else the dots would go.
+    move_->setIconText(move_->text());
+    move_->setToolTip(tr("Show these entries as people, and write them for another program"));
+    connect(move_, &QAction::triggered, this, &ToolBar::moveAsked);
+    QWidget* const button = widgetForAction(move_);
+    button->setAccessibleName(move_->text());
+    button->setAccessibleDescription(move_->toolTip());
+    button->installEventFilter(this);
+}
+
 void ToolBar::addBooks(QWidget& window) {
     connect(books_menu_, &BooksMenu::chosen, this, &ToolBar::bookChosen);
     auto* const button = qobject_cast<QToolButton*>(widgetForAction(open_));
@@ -110,6 +126,7 @@ void ToolBar::sync() {
     open_->setEnabled(free && form.mnuOpen.Enabled);
     save_->setEnabled(free && form.mnuSave.Enabled && !module_.WorkText.empty());
     find_->setEnabled(free);
+    move_->setEnabled(free && !module_.WorkText.empty());
     if (text_.isCovered()) {
         undo_->setEnabled(free && actions_.Undo->isEnabled());
         redo_->setEnabled(free && actions_.Redo->isEnabled());
@@ -137,11 +154,9 @@ void ToolBar::setTip(QAction& button, const QString& says, const QAction& runs) 
 }
 
 void ToolBar::fit(bool low, int width) {
-    const auto style =
-        width_with_text_ <= width ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly;
-    if (toolButtonStyle() != style) {
-        setToolButtonStyle(style);
-    }
+    setStyles(
+        width_with_most_text_ <= width ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly,
+        width_with_text_ <= width ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
     const bool shown = wanted_->isChecked() && !low;
     if (isHidden() == shown) {
         setVisible(shown);
@@ -168,11 +183,27 @@ void ToolBar::changeEvent(QEvent* event) {
     }
 }
 
+void ToolBar::setStyles(Qt::ToolButtonStyle style, Qt::ToolButtonStyle of_move) {
+    if (toolButtonStyle() != style) {
+        setToolButtonStyle(style);
+    }
+    auto* const button = qobject_cast<QToolButton*>(widgetForAction(move_));
+    if (button->toolButtonStyle() != of_move) {
+        button->setToolButtonStyle(of_move);
+        // One that is not shown yet tells nobody.
+        layout()->invalidate();
+    }
+}
+
 void ToolBar::measure() {
     const Qt::ToolButtonStyle style = toolButtonStyle();
-    setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    const Qt::ToolButtonStyle of_move =
+        qobject_cast<QToolButton*>(widgetForAction(move_))->toolButtonStyle();
+    setStyles(Qt::ToolButtonTextBesideIcon, Qt::ToolButtonTextBesideIcon);
     width_with_text_ = sizeHint().width();
-    setToolButtonStyle(style);
+    setStyles(Qt::ToolButtonTextBesideIcon, Qt::ToolButtonIconOnly);
+    width_with_most_text_ = sizeHint().width();
+    setStyles(style, of_move);
 }
 
 }  // namespace orvik

@@ -1,4 +1,5 @@
-// The main window's tool bar. It is no part of the form: its buttons run what menus and keys run.
+// The main window's tool bar. It is no part of the form: its buttons run what menus and keys run,
+// but for the one that goes on in a Book window.
 
 #pragma once
 
@@ -39,8 +40,8 @@ class ToolBar : public QToolBar {
 
     // The checkable action with which the user shows and hides the bar.
     [[nodiscard]] QAction& wanted() const { return *wanted_; }
-    // Fits the bar into a window of this size: it hides in one that is low, and shows its icons
-    // alone in one that is narrow.
+    // Fits the bar into a window of this size: it hides in one that is low, and in one that is
+    // narrow it shows its longest button, or all of them, without a caption.
     void fit(bool low, int width);
     // How much of the window's height it takes.
     [[nodiscard]] int takenHeight() const;
@@ -49,6 +50,8 @@ class ToolBar : public QToolBar {
 
  signals:
     void bookChosen(const QString& name);
+    // The book is to go to another program.
+    void moveAsked();
 
  protected:
     void changeEvent(QEvent* event) override;
@@ -64,7 +67,9 @@ class ToolBar : public QToolBar {
     void addBooks(QWidget& window);
     void showBooks(const QWidget& window);
     void setTip(QAction& button, const QString& says, const QAction& runs) const;
+    void addMove();
     void measure();
+    void setStyles(Qt::ToolButtonStyle style, Qt::ToolButtonStyle of_move);
 
     Module1& module_;
     Actions actions_;
@@ -74,9 +79,11 @@ class ToolBar : public QToolBar {
     QAction* undo_;
     QAction* redo_;
     QAction* find_;
+    QAction* move_;
     QAction* wanted_;
     BooksMenu* books_menu_;
     int width_with_text_ = 0;
+    int width_with_most_text_ = 0;
 };
 
 }  // namespace orvik
