@@ -52,15 +52,23 @@ def texts():
 class BookProgram:
     """A running program that has Book windows alone."""
 
-    def __init__(self, *files, boxes=0):
+    def __init__(self, *files, boxes=0, arguments=("--book",)):
         environment = dict(os.environ, ORVIK_KEEP_WITHIN="50")
-        self.process = subprocess.Popen([PROGRAM, "--book", *map(str, files)], env=environment)
+        self.process = subprocess.Popen([PROGRAM, *arguments, *map(str, files)], env=environment)
+        self.main = None
+        if not arguments:
+            self.main = eventually("a main window", lambda: self.own(BOX))[0]
+            focus(self.main)
+            # The link before the lists.
+            xdo("key", "--delay", "100", "shift+Tab", "Return")
         self.window = eventually("a Book window", lambda: self.own(WINDOW))[0]
         if boxes:
             eventually("an offer", lambda: self.own(BOX))
 
     def own(self, title):
-        return [w for w in windows(title) if xdo("getwindowpid", w) == [str(self.process.pid)]]
+        """Of this program, but for its main window."""
+        main = vars(self).get("main")
+        return [w for w in windows(title) if w != main and xdo("getwindowpid", w) == [str(self.process.pid)]]
 
     def press(self, key):
         focus(eventually("a box", lambda: self.own(BOX))[-1])
@@ -141,6 +149,29 @@ def restored(number):
         fail(f"signal {number} lost the records")
 
 
+def beside_the_main_window():
+    """Opened by its link, a Book window stays when the main window goes, and all is kept."""
+    leave("left", ["Ann"])
+    program = BookProgram(boxes=1, arguments=())
+    program.press("Return")
+    eventually("Ann to be kept anew", lambda: len(texts()) == 1 and not (ROOT / "left").exists())
+    program.kill(signal.SIGTERM)
+    if len(texts()) != 1:
+        fail("TERM lost the records of a Book window beside the main window")
+    program = BookProgram(boxes=1, arguments=())
+    program.press("alt+d")
+    eventually("the copy to go", lambda: not texts())
+    focus(program.main)
+    xdo("key", "ctrl+q")
+    focus(eventually("its question", lambda: program.own(r"^Save\?$"))[0])
+    xdo("key", "alt+n")
+    eventually("the main window to go", lambda: program.main not in windows(BOX))
+    time.sleep(0.3)
+    if program.process.poll() is not None or not program.own(WINDOW):
+        fail("the Book window went with the main window")
+    program.quit()
+
+
 def main():
     FILE.write_text("dn: cn=Cy\ncn: Cy\nmail: cy@example.org\n")
     # Nothing is left by a program that has changed nothing.
@@ -186,7 +217,8 @@ def main():
     eventually("the copy to go", lambda: not texts())
     program.quit()
     changed()
-    print("a Book window: changed, restored after KILL, TERM, HUP and INT; not now, discarded, closed")
+    beside_the_main_window()
+    print("a Book window: changed, restored after KILL, TERM, HUP and INT; not now, discarded, closed, left alone by the main window")
 
 
 main()

@@ -36,6 +36,9 @@ desktop-file-validate "$desktop" || fail "the desktop entry"
 appstreamcli validate-tree --no-net "$usr" || fail "the metainfo"
 xmllint --noout "$metainfo" "$share/mime/packages/orvik-mime.xml" \
     "$share/icons/hicolor/scalable/apps/orvik.svg" || fail "XML"
+for option in $(sed -n 's/^Exec=orvik//p' "$desktop" | grep -oE -- '--[a-z-]+'); do
+    "$usr/bin/orvik" --help | grep -qE -- "$option([^a-z-]|\$)" || fail "the desktop entry gives $option"
+done
 ! grep -E '^MimeType=.*text/(plain|html|csv)' "$desktop" || fail "files of others are claimed"
 for icon in "$share"/icons/hicolor/*x*/apps/orvik.png; do
     size=$(basename "${icon%/apps/*}")

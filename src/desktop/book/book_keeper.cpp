@@ -1,7 +1,6 @@
 #include "desktop/book/book_keeper.h"
 
 #include <QFile>
-#include <QMetaObject>
 #include <algorithm>
 #include <ctime>
 #include <string>
@@ -42,10 +41,12 @@ std::string NamesOf(const book::Book& book) {
 BookKeeper::BookKeeper(BookDocument& document,
                        FileSystem& files,
                        std::chrono::milliseconds interval)
-    : document_(document), store_(files, kFolder), interval_(interval), maker_([this] {
-          QMetaObject::invokeMethod(
-              this, [this] { takeMade(); }, Qt::QueuedConnection);
-      }) {
+    : document_(document),
+      store_(files, kFolder),
+      interval_(interval),
+      maker_([this] { emit made(); }) {
+    // It is told of by the other thread.
+    connect(this, &BookKeeper::made, this, &BookKeeper::takeMade, Qt::QueuedConnection);
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &BookKeeper::look);
     // Each change is a step, and has been done when the stack tells of it.

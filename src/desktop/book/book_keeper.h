@@ -61,6 +61,8 @@ class BookKeeper : public QObject {
  signals:
     // Said once: the book cannot be kept, and why.
     void failed(const QString& why);
+    // There is something to look at, for this object alone.
+    void made();
 
  private:
     // A copy in the making.

@@ -51,7 +51,15 @@ BookWindows::BookWindows(FileSystem& files,
                          RecentBooks& books,
                          QString state_file,
                          std::chrono::milliseconds interval)
-    : files_(files), books_(books), state_file_(std::move(state_file)), interval_(interval) {}
+    : files_(files), books_(books), state_file_(std::move(state_file)), interval_(interval) {
+    // Behind what asked for it.
+    for (QTimer* const timer : {&offer_, &drop_}) {
+        timer->setSingleShot(true);
+        timer->setInterval(0);
+    }
+    connect(&offer_, &QTimer::timeout, this, &BookWindows::offerLeft);
+    connect(&drop_, &QTimer::timeout, this, &BookWindows::dropClosed);
+}
 
 BookWindows::~BookWindows() = default;
 
@@ -67,8 +75,7 @@ BookWindow& BookWindows::open(std::vector<BookWindow::Input> inputs) {
         window.open(std::move(inputs));
     }
     if (!std::exchange(has_offered_, true)) {
-        // Behind what opened it.
-        QTimer::singleShot(0, this, &BookWindows::offerLeft);
+        offer_.start();
     }
     return window;
 }
@@ -89,9 +96,10 @@ BookWindows::Open& BookWindows::add() {
     window.rememberIn(state_file_);
     connect(&window, &BookWindow::helpAsked, this, &BookWindows::helpAsked);
     connect(&window, &BookWindow::closed, this, [this, &window] {
-        giveUp(*of(&window));
-        // Behind its own event.
-        QTimer::singleShot(0, this, [this, &window] { drop(&window); });
+        Open& open = *of(&window);
+        giveUp(open);
+        open.IsClosed = true;
+        drop_.start();
     });
     connect(made->Keeper.get(), &BookKeeper::failed, &window, [&window](const QString& why) {
         window.tell(tr("What is not saved cannot be kept for the case of a crash: %1.").arg(why));
@@ -111,8 +119,8 @@ void BookWindows::giveUp(Open& open) {
     open.Window->document().markSaved();
 }
 
-void BookWindows::drop(const BookWindow* window) {
-    std::erase_if(open_, [&](const auto& open) { return open->Window.get() == window; });
+void BookWindows::dropClosed() {
+    std::erase_if(open_, [](const auto& open) { return open->IsClosed; });
 }
 
 void BookWindows::keepNow() {
@@ -131,17 +139,17 @@ bool BookWindows::mayLogOut() {
     for (const auto& open : open_) {
         windows.emplace_back(open->Window.get());
     }
-    for (const QPointer<BookWindow>& window : windows) {
-        const bool may = window.isNull() || window->mayClose();
-        if (!may) {
-            stayAfterLogOut();
-            return false;
-        }
-        if (Open* const open = of(window)) {
+    const bool may = std::all_of(windows.begin(), windows.end(), [this](const auto& window) {
+        const bool may_go = window.isNull() || window->mayClose();
+        if (Open* const open = may_go ? of(window) : nullptr) {
             open->IsGivenUp = true;
         }
+        return may_go;
+    });
+    if (!may) {
+        stayAfterLogOut();
     }
-    return true;
+    return may;
 }
 
 void BookWindows::stayAfterLogOut() {

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <chrono>
 #include <memory>
 #include <string>
@@ -59,12 +60,13 @@ class BookWindows : public QObject {
     struct Open {
         std::unique_ptr<BookWindow> Window;
         std::unique_ptr<BookKeeper> Keeper;
+        bool IsClosed = false;
         bool IsGivenUp = false;  // if the session ends
     };
     Open& add();
     Open* of(const QObject* window);
     static void giveUp(Open& open);
-    void drop(const BookWindow* window);
+    void dropClosed();
     void offerLeft();
     void restore(RecoveryStore::Left left, BookWindow& first);
 
@@ -74,6 +76,8 @@ class BookWindows : public QObject {
     std::chrono::milliseconds interval_;
     std::vector<std::unique_ptr<Open>> open_;
     bool has_offered_ = false;
+    QTimer offer_;
+    QTimer drop_;
 };
 
 }  // namespace orvik
