@@ -96,8 +96,11 @@ TEST_F(HelpViewerTest, TheContentsLeadToPages) {
     QTRY_VERIFY(contents.model()->rowCount() == 1);
     const QModelIndex first = contents.model()->index(0, 0);
     QTRY_VERIFY(contents.isExpanded(first));
-    const QModelIndex keys = contents.model()->index(8, 0, first);
-    EXPECT_EQ(keys.data().toString(), QStringLiteral("Keys"));
+    const QModelIndex keys =
+        contents.model()
+            ->match(contents.model()->index(0, 0, first), Qt::DisplayRole, QStringLiteral("Keys"))
+            .value(0);
+    ASSERT_TRUE(keys.isValid());
     contents.scrollTo(keys);
     QTest::mouseClick(contents.viewport(), Qt::LeftButton, {}, contents.visualRect(keys).center());
     EXPECT_EQ(Page(Window("secWin")).documentTitle(), QStringLiteral("Keys"));
