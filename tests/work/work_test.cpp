@@ -92,7 +92,8 @@ TEST(WorkTest, EachByteThatACommandReadsCounts) {
     const HostileText& book = texts.at(2);
     const Cell once = Try(book, Holding::Native, convert);
     EXPECT_GE(once.Did.Bytes, book.Text.size());
-    EXPECT_GE(once.Did.Largest, book.Text.size());
+    // The LDIF is made when somebody reads it, and piece by piece.
+    EXPECT_GT(once.Did.Largest, 0U);
     EXPECT_GT(once.Shown, 0U);
     const Cell again = Try(book, Holding::Native, convert);
     EXPECT_EQ(once.Did.Bytes, again.Did.Bytes);
