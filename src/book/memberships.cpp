@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "book/table_columns.h"
 #include "book/identity.h"
 #include "book/members.h"
+#include "book/table_columns.h"
 #include "book/typed_views.h"
 
 namespace orvik::book {

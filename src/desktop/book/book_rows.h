@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "book/table_columns.h"
 #include "book/memberships.h"
+#include "book/table_columns.h"
 #include "book/value_filter.h"
 #include "desktop/book/book_document.h"
 #include "desktop/book/book_worker.h"
