@@ -180,6 +180,7 @@ void BookWindow::move(bool closes) {
         document_.markSaved();
         tell(tr("Saved as %1.").arg(ShownName(file)));
     });
+    connect(dialog, &MoveDialog::helpAsked, this, &BookWindow::helpAsked);
     if (closes) {
         connect(dialog, &QDialog::finished, this, [this] {
             if (!document_.isUnsaved()) {

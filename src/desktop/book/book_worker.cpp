@@ -1,15 +1,13 @@
 #include "desktop/book/book_worker.h"
 
-#include <QMetaObject>
 #include <utility>
 
 namespace orvik {
 
-BookWorker::BookWorker()
-    : thread_([this] {
-          QMetaObject::invokeMethod(
-              this, [this] { look(); }, Qt::QueuedConnection);
-      }) {}
+// The other thread's news are looked at on this one.
+BookWorker::BookWorker() : thread_([this] { emit newsCame(); }) {
+    connect(this, &BookWorker::newsCame, this, &BookWorker::look, Qt::QueuedConnection);
+}
 
 bool BookWorker::run(const QString& what, Work work, std::function<void()> done) {
     if (busy_) {

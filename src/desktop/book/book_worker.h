@@ -31,6 +31,8 @@ class BookWorker : public QObject {
     void progressed(const QString& step, int percent);
     // Sent before done runs. why is empty but for a failure.
     void ended(bool is_done, const QString& why);
+    // Sent on the other thread.
+    void newsCame();
 
  private:
     void look();
