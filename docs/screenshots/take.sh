@@ -23,6 +23,7 @@ work=$(mktemp -d)
 server=
 manager=
 orvik=
+books='^Orvik - friends.ldif, '
 cleanup() {
     for process in $orvik $manager $server; do
         kill "$process" 2>/dev/null || true
@@ -191,6 +192,30 @@ SETTINGS
     take '^User input required$' chooser
     end
 
+    start --book
+    size '^Orvik - Address book$' 760 480
+    take '^Orvik - Address book$' book-welcome
+    end
+
+    start --book "$work/friends.ldif" "$work/outlook.csv" "$work/netscape3.htm"
+    size "$books" 980 560
+    press "$books" ctrl+1
+    take "$books" book-person
+    press "$books" ctrl+2 Down Down
+    take "$books" book-problems
+    press "$books" ctrl+3 alt+d
+    sleep 2
+    press "$books" Tab Tab Tab Tab Down
+    take "$books" book-duplicates
+    press "$books" ctrl+s
+    size '^Move to another program$' 700 440
+    press '^Move to another program$' Down
+    sleep 1
+    take '^Move to another program$' book-move
+    press '^Move to another program$' Escape
+    gone '^Move to another program$'
+    end
+
     # A question about a long file keeps the automation at its first step.
     settings True "$work/letters.txt"
     start
@@ -202,6 +227,7 @@ SETTINGS
 
 cp "$root/samples/netscape4.ldif" "$work/friends.ldif"
 cp "$root/samples/netscape4.ldif" "$work/friends.old"
+cp "$root/samples/outlook.csv" "$root/samples/netscape3.htm" "$work"
 head -c 50000 /dev/zero | tr '\0' x >"$work/letters.txt"
 : >"$work/log"
 mkfifo "$work/display"

@@ -30,6 +30,8 @@ EmptyNote::EmptyNote(QWidget* parent) : QFrame(parent) {
     column->addWidget(open, 0, Qt::AlignHCenter);
     column->addWidget(drop, 0, Qt::AlignHCenter);
     column->addWidget(extract, 0, Qt::AlignHCenter);
+    // The sentence above ends there.
+    column->addSpacing(fontMetrics().height() / 2);
     column->addWidget(book, 0, Qt::AlignHCenter);
     hide();
 }
