@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "app/byte_finder.h"
 #include "app/run_time_error.h"
 #include "app/text.h"
 
@@ -27,7 +28,7 @@ class Splitter {
 
     void Run() {
         for (std::size_t i = 1; i <= text_.size();) {
-            if (!at_start_ || !TakePlainEntry(i)) {
+            if (!at_start_ || !(TakeUsualEntry(i) || TakePlainEntry(i))) {
                 at_start_ = false;
                 i = TakeOrdinary(i);
                 TakeSpecial(i);
@@ -46,6 +47,51 @@ class Splitter {
     // Whether a text holds nothing that parts an entry.
     [[nodiscard]] bool IsOrdinary(std::string_view text) const {
         return std::none_of(text.begin(), text.end(), [this](char c) { return IsSpecial(c); });
+    }
+
+    // Takes the entry that begins at i as TakePlainEntry does, if CR ends it and no more than one
+    // blank and none of the characters that part entries stands where it need not. Else false, and
+    // nothing was taken.
+    bool TakeUsualEntry(std::size_t& i) {
+        if (separator_ != '\r') {
+            return false;
+        }
+        if (behind_usual_ != i) {
+            marks_ = Marks(text_, i - 1);
+        }
+        behind_usual_ = 0;
+        std::size_t start = i - 1;
+        std::size_t mark = marks_.Next();
+        while (mark == start && text_[mark] == '\n') {
+            ++start;
+            mark = marks_.Next();
+        }
+        std::string_view nickname;
+        std::size_t end = mark;
+        if (mark == start && text_[mark] == '"') {
+            const std::size_t quote = marks_.Next();
+            const std::size_t bracket = marks_.Next();
+            const std::size_t close = marks_.Next();
+            end = marks_.Next();
+            if (end == std::string_view::npos || bracket - quote != 2 || end - close != 1 ||
+                text_[quote] != '"' || text_[quote + 1] != ' ' || text_[bracket] != '<' ||
+                text_[close] != '>') {
+                return false;
+            }
+            nickname = text_.substr(start + 1, quote - start - 1);
+            start = bracket + 1;
+            mark = close;
+        }
+        if (end == std::string_view::npos || text_[end] != '\r') {
+            return false;
+        }
+        const std::string_view address = text_.substr(start, mark - start);
+        if (!address.empty() || !nickname.empty()) {
+            take_(address, nickname);
+        }
+        i = end + 2;
+        behind_usual_ = i;
+        return true;
     }
 
     // Takes the entry that begins at i if it is one of the two that books are made of, an address
@@ -139,6 +185,9 @@ class Splitter {
     char separator_;
     bool separated_ = false;
     std::array<bool, 256> special_{};
+    using Marks = ByteFinder<'\r', '\n', '"', '<', '>'>;
+    Marks marks_{{}};
+    std::size_t behind_usual_ = 0;  // the position up to which marks_ were found, or 0
     bool in_nickname_ = false;
     bool at_start_ = true;  // of an entry
     std::string token_;
@@ -151,14 +200,26 @@ class Splitter {
 // last.
 template <class AddLine>
 std::string_view AddLines(std::string_view text, const AddLine& add) {
+    ByteFinder<'\r', '\n'> marks(text);
     std::string kept;
+    std::size_t start = 0;
+    bool has_lf = false;
     for (;;) {
-        const std::size_t end = text.find('\r');
-        if (end == std::string_view::npos) {
-            return text;
+        const std::size_t mark = marks.Next();
+        if (mark == std::string_view::npos) {
+            return text.substr(start);
         }
-        add(WithoutLf(text.substr(0, end), kept));
-        text.remove_prefix(end + 1);
+        if (text[mark] == '\r') {
+            const std::string_view line = text.substr(start, mark - start);
+            add(has_lf ? WithoutLf(line, kept) : line);
+            start = mark + 1;
+            has_lf = false;
+        } else if (mark == start && !has_lf) {
+            // The one that belongs to the line end before.
+            ++start;
+        } else {
+            has_lf = true;
+        }
     }
 }
 

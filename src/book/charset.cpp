@@ -53,9 +53,15 @@ bool IsLetter(UChar32 code) {
     return type == U_UPPERCASE_LETTER || type == U_LOWERCASE_LETTER || type == U_OTHER_LETTER;
 }
 
-// "1 record", "2 records".
+// "1 entry", "2 entries".
 std::string Counted(std::size_t count, std::string_view noun) {
-    return std::to_string(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
+    std::string text = std::to_string(count) + " " + std::string(noun);
+    if (count != 1 && noun.ends_with('y')) {
+        text.replace(text.size() - 1, 1, "ies");
+    } else if (count != 1) {
+        text += noun.ends_with('s') ? "es" : "s";
+    }
+    return text;
 }
 
 // Whether a text is nothing but letters, and what names have between them.

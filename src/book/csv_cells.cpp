@@ -84,6 +84,38 @@ bool IsAddressCell(std::string_view cell) {
     return IsPlainAddress(cell);
 }
 
+std::vector<std::string_view> AddressesIn(std::string_view cell) {
+    std::vector<std::string_view> addresses;
+    while (!cell.empty()) {
+        bool quoted = false;
+        bool bracket = false;
+        std::size_t end = 0;
+        for (; end < cell.size(); ++end) {
+            const char c = cell[end];
+            quoted = quoted != (c == '"');
+            bracket = c == '<' || (bracket && c != '>');
+            if (!quoted && !bracket && (c == ',' || c == ';')) {
+                break;
+            }
+        }
+        const std::string_view piece = WithoutBlanksAround(cell.substr(0, end));
+        cell.remove_prefix(std::min(end + 1, cell.size()));
+        if (!piece.empty() && !IsAddressCell(piece)) {
+            return {};
+        }
+        if (!piece.empty()) {
+            addresses.push_back(piece);
+        }
+    }
+    return addresses;
+}
+
+bool HasAddressesAlone(std::string_view cell) {
+    // Most have one.
+    return IsAddressCell(cell) ||
+           (cell.find_first_of(",;") != std::string_view::npos && !AddressesIn(cell).empty());
+}
+
 bool IsWebCell(std::string_view cell) {
     cell = WithoutBlanksAround(cell);
     return cell.find_first_of(" \t\r\n") == std::string_view::npos &&

@@ -13,6 +13,12 @@ namespace orvik::book {
 
 //   "ada@example.org" and "Ada <ada@example.org>" -> true;  "me @ home" -> false
 [[nodiscard]] bool IsAddressCell(std::string_view cell);
+// AddressesIn: each address of a cell, parted by commas and semicolons that are not in quotes or in
+// brackets; none if a piece is no address.
+//   "a@x, b@x" -> "a@x", "b@x";  "Abbott, Ada <a@x>" -> none
+[[nodiscard]] std::vector<std::string_view> AddressesIn(std::string_view cell);
+// Whether a cell has nothing but addresses, and one at least.
+[[nodiscard]] bool HasAddressesAlone(std::string_view cell);
 //   "https://example.org", "www.example.org" -> true
 [[nodiscard]] bool IsWebCell(std::string_view cell);
 //   "+1 (555) 01-00" -> true;  "12345" and "2001-02-03" -> false

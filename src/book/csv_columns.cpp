@@ -116,7 +116,7 @@ class Matcher {
         // The word of an address may be that of a street: the cells tell.
         const auto addresses = std::count_if(words.begin(), words.end(), IsAddressWord);
         const bool both = addresses > 0 && addresses < std::ssize(words);
-        const bool mail = HoldAny(i, IsAddressCell);
+        const bool mail = HoldAny(i, HasAddressesAlone);
         const std::string_view name = NameAmong(words);
         std::stable_partition(
             words.begin(), words.end(), [name](const CsvWord* one) { return one->Name == name; });
@@ -155,7 +155,7 @@ class Matcher {
     // rows of some programs end where the groups of their person do.
     void ByLayout() {
         constexpr std::array kFirst = {"email1", "given", "family", "nickname", "note"};
-        const bool fits = Hold(0, IsAddressCell) && top_.Columns > kFirst.size() &&
+        const bool fits = Hold(0, HasAddressesAlone) && top_.Columns > kFirst.size() &&
                           Hold(1, IsNameCell) && Hold(2, IsNameCell);
         for (std::size_t i = 0; fits && i < top_.Columns; ++i) {
             if (IsOpen(i) && (i < kFirst.size() || !IsOtherThing(i))) {
@@ -165,7 +165,7 @@ class Matcher {
     }
 
     [[nodiscard]] bool IsOtherThing(std::size_t i) const {
-        return Hold(i, IsAddressCell) || Hold(i, IsWebCell) || Hold(i, IsPhoneCell);
+        return Hold(i, HasAddressesAlone) || Hold(i, IsWebCell) || Hold(i, IsPhoneCell);
     }
 
     void ByCells() {
@@ -176,7 +176,7 @@ class Matcher {
             if (!IsOpen(i)) {
                 continue;
             }
-            if (Hold(i, IsAddressCell)) {
+            if (Hold(i, HasAddressesAlone)) {
                 TakeCells(i, "email1");
             } else if (Hold(i, IsWebCell)) {
                 TakeCells(i, "url");

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "book/carried_name.h"
+#include "book/csv_cells.h"
 #include "book/csv_values.h"
 #include "book/record_lines.h"
 #include "book/value_form.h"
@@ -205,8 +206,9 @@ void CsvContacts::TakeValue(std::size_t column, std::string_view text, std::size
     const CsvField& field = *columns_.All[column].Field;
     const std::string_view value = WithoutBlanksAround(text);
     switch (field.Meaning) {
-        case CsvMeaning::Simple:
-        case CsvMeaning::Address: {
+        case CsvMeaning::Address:
+            return TakeAddresses(column, value, number);
+        case CsvMeaning::Simple: {
             const bool whole = field.Property == field::kNote;
             return PushLabelled(field.Property, whole ? text : value, column, number);
         }
@@ -251,6 +253,19 @@ void CsvContacts::TakeValue(std::size_t column, std::string_view text, std::size
             return Carry(column, text);
         default:
             return Carry(column, text);
+    }
+}
+
+// Some programs write all addresses of a person into one cell.
+void CsvContacts::TakeAddresses(std::size_t column, std::string_view value, std::size_t number) {
+    const NameId name = columns_.All[column].Field->Property;
+    const bool several = value.find_first_of(",;") != std::string_view::npos;
+    const auto addresses = several ? AddressesIn(value) : std::vector<std::string_view>();
+    if (addresses.empty()) {
+        return PushLabelled(name, value, column, number);
+    }
+    for (const std::string_view one : addresses) {
+        PushLabelled(name, one, column, number);
     }
 }
 

@@ -62,6 +62,7 @@ class CsvContacts {
     void TakeKinds(const CsvRow& row);
     void TakeCell(std::size_t column, std::string_view cell);
     void TakeValue(std::size_t column, std::string_view text, std::size_t number);
+    void TakeAddresses(std::size_t column, std::string_view value, std::size_t number);
     void TakeName(std::size_t column, std::string_view value);
     void TakePost(std::size_t column, std::string_view value, std::size_t number);
     void TakeFirm(std::size_t column, std::string_view value);

@@ -44,6 +44,7 @@ struct Signs {
     std::size_t Words = 0;      // cells of the first row that name a column
     bool AddressAbove = false;  // a cell of the first row is an address
     bool EmptyAbove = false;    // a cell of the first row is empty
+    bool ValuesAbove = false;   // a cell of the first row is a value, as no header is
     bool Addresses = false;     // a column holds addresses below the first row
     bool OtherThings = false;   // another column holds something else
     bool Even = true;           // no row has more cells, and most have as many
@@ -58,10 +59,26 @@ bool HoldsAddresses(const Sample& sample, std::size_t column, std::size_t first)
         const auto& row = sample.Rows[i];
         if (column < row.size() && !WithoutBlanksAround(row[column]).empty()) {
             ++filled;
-            addresses += IsAddressCell(row[column]) ? 1U : 0U;
+            addresses += HasAddressesAlone(row[column]) ? 1U : 0U;
         }
     }
     return filled > 0 && 2 * addresses > filled;
+}
+
+// A page, something with an at inside, a number or another cell without a letter, or what stands
+// for nothing.
+bool IsValue(std::string_view cell) {
+    constexpr std::array<std::string_view, 4> kNothing = {"none", "n/a", "null", "nil"};
+    cell = WithoutBlanksAround(cell);
+    const bool letters = std::any_of(cell.begin(), cell.end(), [](char c) {
+        return static_cast<unsigned char>(c) >= 0x80 || (c >= 'a' && c <= 'z') ||
+               (c >= 'A' && c <= 'Z');
+    });
+    return IsWebCell(cell) || cell.find('@', 1) != std::string_view::npos ||
+           (!cell.empty() && !letters) ||
+           std::any_of(kNothing.begin(), kNothing.end(), [cell](std::string_view word) {
+               return SameName(cell, word);
+           });
 }
 
 Signs SignsOf(const Sample& sample) {
@@ -74,8 +91,9 @@ Signs SignsOf(const Sample& sample) {
     for (const std::string_view cell : first) {
         const CsvHeaderKey key = KeyOf(cell);
         signs.Words += !key.Text.empty() && !CsvWords::All().Find(key.Text).empty() ? 1U : 0U;
-        signs.AddressAbove = signs.AddressAbove || IsAddressCell(cell);
+        signs.AddressAbove = signs.AddressAbove || HasAddressesAlone(cell);
         signs.EmptyAbove = signs.EmptyAbove || key.Text.empty();
+        signs.ValuesAbove = signs.ValuesAbove || IsValue(cell);
     }
     std::size_t equal = 0;
     for (const auto& row : sample.Rows) {
@@ -111,11 +129,11 @@ bool IsRagged(const Signs& signs, const Sample& sample) {
     }
     const auto& first = sample.Rows.front();
     const auto at = static_cast<std::size_t>(
-        std::find_if(first.begin(), first.end(), IsAddressCell) - first.begin());
+        std::find_if(first.begin(), first.end(), HasAddressesAlone) - first.begin());
     return at <= kLast &&
            std::all_of(sample.Rows.begin(), sample.Rows.end(), [at](const auto& row) {
-               return at < row.size() && IsAddressCell(row[at]) &&
-                      std::count_if(row.begin(), row.end(), IsAddressCell) == 1;
+               return at < row.size() && HasAddressesAlone(row[at]) &&
+                      std::count_if(row.begin(), row.end(), HasAddressesAlone) == 1;
            });
 }
 
@@ -132,12 +150,13 @@ std::optional<CsvForm> NamedForm(std::string_view text) {
     if (!named) {
         return std::nullopt;
     }
-    return CsvForm{line.back(), true, end, "line 1 names the separator"};
+    return CsvForm{line.back(), true, end, "line 1 names the separator", 1};
 }
 
-// Headers that nobody knows are rarely empty; a person without an address would be lost as one.
+// Headers that nobody knows are rarely empty, and no values; a person without an address would be
+// lost as one.
 bool HasHeader(const Signs& signs) {
-    return !signs.AddressAbove && (signs.Words > 0 || !signs.EmptyAbove);
+    return !signs.AddressAbove && (signs.Words > 0 || (!signs.EmptyAbove && !signs.ValuesAbove));
 }
 
 // The separator that parts the first row into most cells, where others have as many.
@@ -165,27 +184,67 @@ CsvForm BestForm(std::string_view text, Signs& best, std::size_t& rows, bool& ra
     return form;
 }
 
-}  // namespace
+void PassLine(std::string_view text, CsvForm& form) {
+    const std::size_t end = std::min(text.find_first_of("\r\n", form.From), text.size());
+    const std::size_t behind = text.substr(end).starts_with("\r\n") ? end + 2 : end + 1;
+    form.From = std::min(behind, text.size());
+    ++form.FirstLine;
+}
 
-std::optional<CsvForm> CsvFormOf(std::string_view text) {
+std::optional<CsvForm> FormOfRows(std::string_view text, std::uint32_t first_line) {
     Signs signs;
     std::size_t rows = 0;
     bool ragged = false;
+    CsvForm form = BestForm(text, signs, rows, ragged);
+    const std::string line = "line " + std::to_string(first_line);
+    if (IsNamed(signs)) {
+        form.Evidence = line + " names columns";
+    } else if (IsBare(signs, rows) || ragged) {
+        form.Evidence = line + " begins rows with addresses";
+    } else {
+        return std::nullopt;
+    }
+    return form;
+}
+
+// The form of rows behind comments, or behind a line that says how many people were found.
+std::optional<CsvForm> FormBehind(std::string_view text) {
+    CsvForm behind;
+    while (text.substr(behind.From).starts_with('#')) {
+        PassLine(text, behind);
+    }
+    const bool comments = behind.From > 0;
+    if (!comments) {
+        PassLine(text, behind);
+    }
+    const std::string_view line = text.substr(0, behind.From);
+    const std::string_view rows = text.substr(behind.From);
+    // Addresses and tabs, as programs answer a question for an address.
+    const bool answer = line.find_first_of("\t@") == std::string_view::npos &&
+                        HasAddressesAlone(rows.substr(0, std::min(rows.find('\t'), rows.size())));
+    if (rows.empty() || (!comments && !answer)) {
+        return std::nullopt;
+    }
+    auto form = FormOfRows(rows, behind.FirstLine);
+    if (!form || (!comments && form->Separator != '\t')) {
+        return std::nullopt;
+    }
+    form->From = behind.From;
+    form->FirstLine = behind.FirstLine;
+    return form;
+}
+
+}  // namespace
+
+std::optional<CsvForm> CsvFormOf(std::string_view text) {
     if (auto named = NamedForm(text)) {
         Sample sample;
         Fill(text.substr(named->From), named->Separator, sample);
         named->HasHeader = HasHeader(SignsOf(sample));
         return named;
     }
-    CsvForm form = BestForm(text, signs, rows, ragged);
-    if (IsNamed(signs)) {
-        form.Evidence = "line 1 names columns";
-    } else if (IsBare(signs, rows) || ragged) {
-        form.Evidence = "line 1 begins rows with addresses";
-    } else {
-        return std::nullopt;
-    }
-    return form;
+    auto form = FormOfRows(text, 1);
+    return form ? form : FormBehind(text);
 }
 
 CsvForm LikelyCsvForm(std::string_view text) {

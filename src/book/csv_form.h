@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,8 +13,9 @@ namespace orvik::book {
 struct CsvForm {
     char Separator = ',';
     bool HasHeader = true;
-    std::size_t From = 0;  // where the rows begin, behind a line "sep=;"
-    std::string Evidence;  // "line 1 names columns"
+    std::size_t From = 0;  // where the rows begin, behind a line "sep=;" comments or what is no row
+    std::string Evidence = {};    // "line 1 names columns"
+    std::uint32_t FirstLine = 1;  // the number of the line at From
 };
 
 // CsvFormOf: the form of a text that is an address book by rows: its first rows have the same

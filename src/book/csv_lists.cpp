@@ -38,7 +38,7 @@ bool IsOfListItself(const Book& book, const Property& one) {
 
 }  // namespace
 
-CsvLists::CsvLists(Book& book, const Directory& directory, bool labels)
+CsvLists::CsvLists(Book& book, const Directory& directory, Reason lost)
     : book_(book), left_(kMostInner) {
     for (std::size_t i = 0; i < book.Contacts.size(); ++i) {
         const Contact& contact = book.Contacts[i];
@@ -47,8 +47,9 @@ CsvLists::CsvLists(Book& book, const Directory& directory, bool labels)
         }
         book.TellLosses(contact);
         const std::string_view name = book.Keep(NameOf(book, contact).Shown);
-        if (!labels || WithoutBlanksAround(name).empty()) {
-            Tell(contact, field::kFn, name, What::Lost, labels ? Reason::NoName : Reason::NoLists);
+        if (lost != Reason::None || WithoutBlanksAround(name).empty()) {
+            const Reason why = lost == Reason::None ? Reason::NoName : lost;
+            Tell(contact, field::kFn, name, What::Lost, why);
             continue;
         }
         list_of_.emplace(i, lists_.size());

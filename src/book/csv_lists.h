@@ -16,9 +16,9 @@ namespace orvik::book {
 
 class CsvLists {
  public:
-    // Tells what became of each list and of its fields; with no labels all lists are lost. The book
-    // must outlive this.
-    CsvLists(Book& book, const Directory& directory, bool labels);
+    // Tells what became of each list and of its fields; with a reason all lists are lost for it.
+    // The book must outlive this.
+    CsvLists(Book& book, const Directory& directory, Reason lost = Reason::None);
 
     // The lists that a person is in, by the number of the record.
     [[nodiscard]] std::span<const std::string_view> Of(std::size_t record) const;

@@ -24,8 +24,8 @@ std::string WithSingleQuotes(std::string_view text) {
 
 }  // namespace
 
-CsvRows::CsvRows(std::string_view text, char separator, Arena& texts)
-    : text_(text), separator_(separator), texts_(texts) {}
+CsvRows::CsvRows(std::string_view text, char separator, Arena& texts, std::uint32_t first_line)
+    : text_(text), separator_(separator), texts_(texts), line_(first_line) {}
 
 bool CsvRows::EndsCellAt(std::size_t at) const {
     return at >= text_.size() || text_[at] == separator_ || IsLineEnd(text_[at]);

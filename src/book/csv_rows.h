@@ -26,7 +26,8 @@ struct CsvRow {
 class CsvRows {
  public:
     // Cells whose quotes are doubled are copied into texts; both must outlive this.
-    CsvRows(std::string_view text, char separator, Arena& texts);
+    // first_line is the number of the line that the text begins with.
+    CsvRows(std::string_view text, char separator, Arena& texts, std::uint32_t first_line = 1);
 
     // The next row; false at the end of the text. Lines without a letter are passed over.
     //   'a;"b;""c"""' by ';' -> a, b;"c"
@@ -54,7 +55,7 @@ class CsvRows {
     char separator_;
     Arena& texts_;
     std::size_t at_ = 0;
-    std::uint32_t line_ = 1;
+    std::uint32_t line_;
     // What was found behind a quote holds for each other one up to there, so that no byte is looked
     // at twice.
     std::size_t known_from_ = 0;

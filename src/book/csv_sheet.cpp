@@ -46,6 +46,10 @@ CsvSheet::CsvSheet(Book& book, std::uint32_t file, Charset& charset, FormOf form
       decoded_(text_.data() != book.SourceAt(file).Text().data()),
       form_(form(text_)),
       rows_(Rows()) {
+    const std::string_view before = text_.substr(0, text_.find_first_of("\r\n"));
+    if (form_.FirstLine > 1 && !before.starts_with('#')) {
+        book_.Told.Add({{}, before, file_, 1, FieldNames::kNone, What::Skipped, Reason::NotBegun});
+    }
     Look();
     CsvRow header;
     if (form_.HasHeader) {
@@ -55,7 +59,7 @@ CsvSheet::CsvSheet(Book& book, std::uint32_t file, Charset& charset, FormOf form
 
 // From the first row on; the line that names the separator is counted, too.
 CsvRows CsvSheet::Rows() const {
-    return {text_.substr(form_.From), form_.Separator, book_.Texts()};
+    return {text_.substr(form_.From), form_.Separator, book_.Texts(), form_.FirstLine};
 }
 
 void CsvSheet::TakeHeader(const CsvRow& row) {

@@ -9,6 +9,7 @@
 #include "book/field_names.h"
 #include "book/lines.h"
 #include "book/old/old_formats.h"
+#include "book/old/read_netscape3.h"
 #include "book/old/read_pegasus_text.h"
 #include "book/utf8.h"
 
@@ -51,7 +52,6 @@ constexpr std::array kOthers = {
 };
 
 constexpr std::array kPages = {
-    Kind{"<!DOCTYPE NETSCAPE-Bookmark-file", "a file of bookmarks"},
     Kind{"<!DOCTYPE", "an HTML or XML page"},
     Kind{"<HTML", "an HTML page"},
     Kind{"<?XML", "an XML document"},
@@ -164,12 +164,16 @@ Detected DetectOld(const Source& source, bool is_signed) {
     return {};
 }
 
-Detected Something(std::string_view text) {
+Detected Something(const Source& source) {
+    const std::string_view text = source.Text();
     if (text.empty()) {
         return {Format::None, "an empty file"};
     }
     const std::string_view begin =
         text.substr(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
+    if (begin.starts_with('<') && IsBookmarkPage(source)) {
+        return {Format::None, "a file of bookmarks"};
+    }
     for (const Kind& kind : kPages) {
         if (StartsAsName(begin, kind.Start)) {
             return {Format::None, std::string(kind.Name)};
@@ -218,7 +222,7 @@ Detected Detect(const Source& source) {
     if (Detected old = DetectOld(source, false); old.Form != Format::None) {
         return old;
     }
-    Detected other = Something(source.Text());
+    Detected other = Something(source);
     // Pages and bytes have rows and addresses by chance.
     if (const auto form = other.Evidence == kText ? CsvFormOf(source.Text()) : std::nullopt) {
         return {Format::Csv, form->Evidence};

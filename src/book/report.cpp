@@ -56,6 +56,10 @@ std::string_view WordsFor(Reason reason) {
         "stood in the place of the name, as in all such entries of the file",
         "is marked as deleted",
         "is in one piece, and may be parted otherwise when it is read",
+        "is the nickname of another record, too, and was numbered",
+        "is not all that the book holds, and a file of the target is one list and its members",
+        "was put together again from what a comma had made two entries of",
+        "has signs that the format does not know",
         "has no address, and the target has nothing else"};
     static_assert(!kWords.back().empty());
     return kWords[static_cast<std::size_t>(reason)];

@@ -61,6 +61,10 @@ enum class Reason : std::uint8_t {
     Exchanged,       // a name in the place of the address, and the other way round
     Deleted,         // a record that its program would not show
     PartedElse,      // a value whose parts the target does not tell apart
+    TakenNickname,   // a nickname that stands for another record in the target
+    NotAlone,        // a list beside others, where a file of the target is one list
+    PutTogether,     // one record made of two that a comma had parted
+    OddSigns,        // signs that the format does not allow
     NoAddress,       // a record without an address, where the target knows nobody else
     kCount
 };

@@ -98,7 +98,8 @@ std::string WriteCsv(Book& book, CsvProgram program) {
     const CsvLayout layout(program, numbered);
     const Identities identities(book);
     const Directory directory(book, identities);
-    const CsvLists lists(book, directory, program != CsvProgram::Thunderbird);
+    const bool labels = program != CsvProgram::Thunderbird;
+    const CsvLists lists(book, directory, labels ? Reason::None : Reason::NoLists);
     const Windows1252 letters;
     std::string text = program == CsvProgram::OutlookNew ? "\xEF\xBB\xBF" : "";
     text.reserve(book.LikelyLength() + book.Contacts.size() * layout.Columns().size());

@@ -8,6 +8,7 @@
 #include "app/printable.h"
 #include "book/mail/mail_search.h"
 #include "book/mail/people_book.h"
+#include "book/old/old_writers.h"
 #include "book_cli/find_told.h"
 #include "book_cli/json_lines.h"
 #include "book_cli/told.h"
@@ -112,7 +113,9 @@ cli::ExitStatus Find(const Arguments& arguments, Console& console, Outputs& outp
     const auto chosen = Chosen(search.Found(), arguments.Find, told, counts);
     told.End();
     Loaded loaded;
-    book::AddPeople(search.Found(), chosen, loaded.Book);
+    // Nobody has written the notes, so that nothing is lost where there is no place for them.
+    const book::OldWriter* const old = book::OldWriterOf(arguments.Target);
+    book::AddPeople(search.Found(), chosen, old == nullptr || old->HoldsNotes, loaded.Book);
     const std::string found = FoundText(search.Totals(), counts, !arguments.Report.empty());
     const auto print = [&] { PrintPeople(console, loaded.Book, search.Found(), chosen); };
     if (arguments.Json && arguments.Output == kStandardStream) {

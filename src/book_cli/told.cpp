@@ -265,9 +265,12 @@ std::string ListHint(const Arguments& arguments, const book::Book& book) {
         return {};
     }
     const ImportForm& other = FormFor(*arguments.For, true);
-    return other.TakesLists ? std::string(arguments.For->Title) + " takes lists from a " +
-                                  std::string(other.Ending) + " file"
-                            : "";
+    const std::string title(arguments.For->Title);
+    const std::string file = " from a " + std::string(other.Ending) + " file";
+    return !other.TakesLists ? ""
+           : other.Form == book::Dialect::PegasusList
+               ? title + " takes a list" + file + ", made of a book of that list and its members"
+               : title + " takes lists" + file;
 }
 
 std::string Refusal(const book::Book& book, bool allow_loss) {

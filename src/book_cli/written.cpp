@@ -79,7 +79,8 @@ std::size_t LostWhole(const book::Book& book, const book::OldWriter& writer) {
     const std::string_view name = book.Names.Text(book::field::kFn);
     return static_cast<std::size_t>(std::count_if(
         book.Told.Remarks().begin(), book.Told.Remarks().end(), [&](const book::Remark& one) {
-            const bool list = one.Why == book::Reason::NoLists || one.Why == book::Reason::Empty;
+            const bool list = one.Why == book::Reason::NoLists ||
+                              one.Why == book::Reason::NotAlone || one.Why == book::Reason::Empty;
             return one.Kind == book::What::Lost && one.Field == name &&
                    (one.Why == book::Reason::NoAddress || (list && writer.HoldsLists));
         }));

@@ -2,21 +2,36 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <initializer_list>
 
 namespace orvik {
 namespace {
 
+// keys: in lower case, the frequent ones first.
+KeyedFormat::Keys ByFirstLetter(std::initializer_list<std::string_view> keys) {
+    KeyedFormat::Keys by_letter;
+    for (const std::string_view key : keys) {
+        by_letter.at(static_cast<unsigned char>(key.front())).push_back(key);
+    }
+    return by_letter;
+}
+
 // Whether a line begins with an own key, written as programs write it, and a colon: most lines that
 // are not read do.
 bool BeginsWithOwnKey(std::string_view line, const KeyedFormat& format) {
-    return std::any_of(format.OwnKeys.begin(), format.OwnKeys.end(), [&](std::string_view own) {
-        return line.front() == own.front() && line.size() > own.size() && line[own.size()] == ':' &&
-               line.starts_with(own);
+    const auto& keys = format.OwnKeysOf(line.front());
+    return std::any_of(keys.begin(), keys.end(), [&](std::string_view own) {
+        return line.size() > own.size() && line[own.size()] == ':' && line.starts_with(own);
     });
 }
 
 bool IsOwnKey(std::string_view key, const KeyedFormat& format) {
-    return std::any_of(format.OwnKeys.begin(), format.OwnKeys.end(), [key](std::string_view own) {
+    // Only letters have such a letter in lower case.
+    constexpr unsigned kLower = 0x20;
+    const char first =
+        key.empty() ? '\0' : static_cast<char>(static_cast<unsigned char>(key.front()) | kLower);
+    const auto& keys = format.OwnKeysOf(first);
+    return std::any_of(keys.begin(), keys.end(), [key](std::string_view own) {
         return own.size() == key.size() && own == ToLower(key);
     });
 }
@@ -46,22 +61,22 @@ const KeyedFormat& LdifLines() {
     static const KeyedFormat kLdif{"xmozillanickname: ",
                                    "mail: ",
                                    true,
-                                   {"objectclass",
-                                    "dn",
-                                    "xnavusehtmlmail",
-                                    "version",
-                                    "changetype",
-                                    "modifytimestamp",
-                                    "xnavusecallpointserver",
-                                    "xmozillausehtmlmail",
-                                    "xmozillauseconferenceserver",
-                                    "mozillausehtmlmail"}};
+                                   ByFirstLetter({"objectclass",
+                                                  "dn",
+                                                  "xnavusehtmlmail",
+                                                  "version",
+                                                  "changetype",
+                                                  "modifytimestamp",
+                                                  "xnavusecallpointserver",
+                                                  "xmozillausehtmlmail",
+                                                  "xmozillauseconferenceserver",
+                                                  "mozillausehtmlmail"})};
     return kLdif;
 }
 
 const KeyedFormat& JunoLines() {
     static const KeyedFormat kJuno{
-        "Name:", "Email:", false, {"type", "version", "deleted", "time"}};
+        "Name:", "Email:", false, ByFirstLetter({"type", "version", "deleted", "time"})};
     return kJuno;
 }
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <array>
 #include <string_view>
 #include <vector>
 
@@ -12,12 +13,18 @@
 namespace orvik {
 
 struct KeyedFormat {
+    // The keys of what a program keeps for itself, by their first letter.
+    using Keys = std::array<std::vector<std::string_view>, 256>;
+
     std::string_view NicknameKey;
     std::string_view AddressKey;
     // The line behind an address is passed over: it is never recognised.
     bool PassesOver;
-    // The keys, in lower case, of what a program keeps for itself, the frequent ones first.
-    std::vector<std::string_view> OwnKeys;
+    Keys OwnKeys;
+
+    [[nodiscard]] const std::vector<std::string_view>& OwnKeysOf(char first) const {
+        return OwnKeys[static_cast<unsigned char>(first)];  // NOLINT: 256 entries, one per char
+    }
 };
 
 [[nodiscard]] const KeyedFormat& LdifLines();

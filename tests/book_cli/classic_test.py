@@ -18,8 +18,9 @@ SAMPLES = pathlib.Path(sys.argv[3]).resolve()
 # What a list can hold, and what the formats do to it.
 ODD = ('"R&D <rows>" <al@example.org>\r\n"Ren&eacute;e" <re@example.org>\r\n"O\'Neil, Pat" <pat@example.org>\r\n'
        '"" <nobody@example.org>\r\n"Cy: Coe" <100%cy@example.org>\r\n"J\xf6rg" <j@example.org>\r\n')
-ENDINGS = (".txt", ".htm", ".nv", ".pml", ".ldif")
+NAMES = ("saved.txt", "saved.htm", "saved.nv", "saved.pml", "saved.ldif", "nndbase.txt")
 failed = 0
+counts = {"commas": 0}
 
 
 def fail(what):
@@ -64,8 +65,9 @@ def check(book, folder):
     pairs = pairs_of(folder / "pairs.txt")
     if len(pairs) < 6:
         fail(f"{book.name}: {len(pairs)} entries")
-    for ending in ENDINGS:
-        saved = folder / f"saved{ending}"
+    for saved_as in NAMES:
+        saved = folder / saved_as
+        ending = saved.suffix
         run(BATCH, "--open", book, "--save", saved, cwd=folder)
         # Added to a book that is there.
         if ending in (".htm", ".nv"):
@@ -74,14 +76,31 @@ def check(book, folder):
         people = [one for one in people if one["kind"] == "person"]
         times = 2 if ending in (".htm", ".nv") else 1
         if len(people) != times * len(pairs):
-            fail(f"{book.name}, {ending}: {len(people)} people, not {times * len(pairs)}")
+            fail(f"{book.name}, {saved_as}: {len(people)} people, not {times * len(pairs)}")
         for pair in pairs:
             if missing(people, as_saved(pair, ending)):
-                fail(f"{book.name}, {ending}: {pair} is missing")
+                fail(f"{book.name}, {saved_as}: {pair} is missing")
             if not missing(people, (pair[0], pair[1] + "x")):
-                fail(f"{book.name}, {ending}: a planted address was not missed")
+                fail(f"{book.name}, {saved_as}: a planted address was not missed")
         saved.unlink()
+    check_commas(book, pairs, folder)
     return len(pairs)
+
+
+def check_commas(book, pairs, folder):
+    """Saving with commas makes two entries of a name with one. Of a list it has made a single entry before."""
+    if book.suffix not in (".ldif", ".csv", ".abx"):
+        return
+    saved = folder / "commas.txt"
+    run(BATCH, "--separator", "comma", "--open", book, "--save", saved, cwd=folder)
+    people = [json.loads(line) for line in run(BOOK, "show", "--json", saved, cwd=folder).splitlines()]
+    for pair in pairs:
+        if missing(people, pair):
+            fail(f"{book.name}, commas: {pair} is missing")
+        if not missing(people, (pair[0], pair[1] + "x")):
+            fail(f"{book.name}, commas: a planted address was not missed")
+    counts["commas"] += len(people)
+    saved.unlink()
 
 
 def main():
@@ -92,8 +111,9 @@ def main():
         (folder / "odd.txt").write_bytes(ODD.encode("latin-1"))
         for book in (*books, folder / "odd.txt"):
             entries += check(book, folder)
-    print(f"{len(books) + 1} books, {entries} entries, {len(ENDINGS)} formats, {failed} failures")
-    return 1 if failed or len(books) < 7 else 0
+    print(f"{len(books) + 1} books, {entries} entries, {len(NAMES)} formats, "
+          f"{counts['commas']} people behind commas, {failed} failures")
+    return 1 if failed or len(books) < 7 or counts["commas"] < 40 else 0
 
 
 if __name__ == "__main__":

@@ -54,7 +54,7 @@ void CheckPeople(const People& people) {
         all.push_back(i);
     }
     Book book;
-    AddPeople(people, all, book);
+    AddPeople(people, all, true, book);
     Check(book.Contacts.size() == all.size(), "each is a contact");
     Check(all.empty() == WriteVCard(book, Dialect::VCard30).empty(), "each is written");
 }

@@ -74,7 +74,10 @@ std::vector<std::string_view> FieldsOf(const Person::Place& place) {
     return fields;
 }
 
-void AddPeople(const People& people, const std::vector<std::uint32_t>& which, Book& book) {
+void AddPeople(const People& people,
+               const std::vector<std::uint32_t>& which,
+               bool notes,
+               Book& book) {
     std::unordered_map<std::uint32_t, std::uint32_t> sources;
     for (const std::uint32_t number : which) {
         const Person& person = people.All()[number].Who;
@@ -94,9 +97,11 @@ void AddPeople(const People& people, const std::vector<std::uint32_t>& which, Bo
             builder.PushName(book.Keep(name), 0);
         }
         builder.PushKept(field::kEmail, person.Address, 0);
-        std::string note;
-        AppendUtf8(NoteOf(people, person), note);
-        builder.PushKept(field::kNote, note, 0);
+        if (notes) {
+            std::string note;
+            AppendUtf8(NoteOf(people, person), note);
+            builder.PushKept(field::kNote, note, 0);
+        }
         builder.PushKept(field::kUid,
                          "urn:uuid:" + TextOf(Version5Uuid("mailto:" + people.All()[number].Key)),
                          0);

@@ -13,8 +13,12 @@
 namespace orvik::book {
 
 // AddPeople: a contact for each person, in this order: FN, N where the name has several words,
-// EMAIL, a NOTE that says where and when, and a UID that is the same for the same address.
-void AddPeople(const People& people, const std::vector<std::uint32_t>& which, Book& book);
+// EMAIL, a NOTE that says where and when if notes are wanted, and a UID that is the same for the
+// same address.
+void AddPeople(const People& people,
+               const std::vector<std::uint32_t>& which,
+               bool notes,
+               Book& book);
 
 // "2001-03-04T10:00:00Z"; empty for no time.
 [[nodiscard]] std::string TimeText(MailTime time);

@@ -110,8 +110,9 @@ class AliasJudge {
             Take(line);
         }
         const bool notes = noted_ > 0 && settings_ == 0;
+        const bool unlike = 2 * unknown_ > aliases_ + noted_;
         if (script_ || addresses_ + noted_ == 0 || 3 * addresses_ + 3 * noted_ < aliases_ ||
-            2 * unknown_ > aliases_ + noted_) {
+            (unlike && !IsNamedByEudora(source))) {
             return std::nullopt;
         }
         const AliasBook named = NamedBook(source);
@@ -123,7 +124,8 @@ class AliasJudge {
                              : windows && settings_ + comments_ == 0 ? AliasBook::Eudora
                              : likely_mutt_                          ? AliasBook::Mutt
                                                                      : AliasBook::Mailrc;
-        return AliasSigns{of, first_};
+        return unlike && of != AliasBook::Eudora ? std::nullopt
+                                                 : std::optional(AliasSigns{of, first_});
     }
 
  private:
@@ -164,8 +166,11 @@ class AliasJudge {
     void TakeAlias(const LongLine& line, std::string_view word, std::string_view rest) {
         eudora_ = eudora_ || rest.starts_with('"') || word == "Alias" || word == "ALIAS";
         mutt_ += rest.starts_with("-group") ? 1U : 0U;
+        // The classic commands write "" for somebody without a nickname.
+        const bool unnamed = rest.starts_with("\"\"");
         const std::string_view nickname = TakeWord(rest, true);
-        if (nickname.find_first_of("=/;|") != std::string_view::npos || nickname.empty()) {
+        if (nickname.find_first_of("=/;|") != std::string_view::npos ||
+            (nickname.empty() && (!unnamed || rest.empty()))) {
             // "alias ll='ls -l'"
             script_ = script_ || nickname.find('=') != std::string_view::npos;
             ++unknown_;
@@ -187,15 +192,27 @@ class AliasJudge {
                        rest.find(',') != std::string_view::npos;
     }
 
-    AliasBook NamedBook(const Source& source) {
+    static std::string FileName(const Source& source) {
         std::string name = ToLower(source.Name());
         name.erase(0, name.find_last_of("/\\") + 1);
+        return name;
+    }
+
+    // The names that the program gives its books. It passes over lines that it does not know.
+    static bool IsNamedByEudora(const Source& source) {
+        const std::string name = FileName(source);
+        return name.starts_with("nndbase") || name.starts_with("rcpdbase") ||
+               name.starts_with("eudora nicknames") || name.ends_with(".nnt");
+    }
+
+    AliasBook NamedBook(const Source& source) {
+        const std::string name = FileName(source);
         const auto has = [&name](std::string_view part) {
             return name.find(part) != std::string::npos;
         };
         is_named_ = true;
-        if (has("nndbase") || has("rcpdbase") || has("eudora") || has("nickname") ||
-            name.ends_with(".nnt")) {
+        if (IsNamedByEudora(source) || has("nndbase") || has("rcpdbase") || has("eudora") ||
+            has("nickname")) {
             return AliasBook::Eudora;
         }
         if (has("mutt") || has("aliases")) {

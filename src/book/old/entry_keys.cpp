@@ -35,7 +35,7 @@ EntryKeys::EntryKeys(const Book& book, std::string_view forbidden)
     : book_(book),
       forbidden_(forbidden),
       keys_(book.Contacts.size()),
-      own_(book.Contacts.size(), false) {
+      why_other_(book.Contacts.size(), Reason::ChangedSigns) {
     for (std::size_t i = 0; i < keys_.size(); ++i) {
         const std::string_view nickname = FirstOf(book, book.Contacts[i], field::kNickname);
         std::string_view rest = nickname;
@@ -44,7 +44,9 @@ EntryKeys::EntryKeys(const Book& book, std::string_view forbidden)
             // Lists find nobody by blanks alone, for which _ stands.
             const std::string plain = Plain(word);
             keys_[i] = Unique(NicknameKey(plain).empty() ? "entry" : plain);
-            own_[i] = keys_[i] == word;
+            why_other_[i] = keys_[i] == word ? Reason::None
+                            : plain == word  ? Reason::TakenNickname
+                                             : Reason::ChangedSigns;
         }
     }
 }
@@ -90,17 +92,17 @@ std::string EntryKeys::Next(std::size_t record) {
     return Unique(Make(record), '-');
 }
 
-void TakeNicknames(Fitting& entry, bool is_own) {
+void TakeNicknames(Fitting& entry, Reason why_other) {
     const Property* const first = entry.Next(field::kNickname);
     if (first == nullptr) {
         return;
     }
-    if (is_own) {
+    if (why_other == Reason::None) {
         static_cast<void>(entry.TakeWords(field::kNickname, 1, Fitting::IsAny));
         return;
     }
     if (Fitting::FirstWordOf(*first) == Unescaped(first->Value)) {
-        entry.Doubt(*first, Reason::ChangedSigns);
+        entry.Doubt(*first, why_other);
     } else {
         entry.Lose(*first, Reason::NotInTarget);
     }

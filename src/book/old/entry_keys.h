@@ -11,6 +11,7 @@
 
 #include "book/address_book.h"
 #include "book/old/fitting.h"
+#include "book/report.h"
 
 namespace orvik::book {
 
@@ -23,8 +24,8 @@ class EntryKeys {
 
     // Empty for a record that has none yet.
     [[nodiscard]] const std::string& Of(std::size_t record) const { return keys_[record]; }
-    // Whether it is what the record calls itself.
-    [[nodiscard]] bool IsOwn(std::size_t record) const { return own_[record]; }
+    // Why it is not what the record calls itself; None if it is.
+    [[nodiscard]] Reason WhyOther(std::size_t record) const { return why_other_[record]; }
     // A short name for a record without one: its name if that is a word, which lists alone have
     // as it is; else made of its name or its address.
     //   "Abbott, Ada" -> "abbott-ada"
@@ -39,13 +40,13 @@ class EntryKeys {
     const Book& book_;
     std::string_view forbidden_;
     std::vector<std::string> keys_;
-    std::vector<bool> own_;
+    std::vector<Reason> why_other_;
     std::unordered_set<std::string> used_;
     // How many have begun so.
     std::unordered_map<std::string, std::size_t> counts_;
 };
 
-// Takes the nicknames of a record whose first one is its short name.
-void TakeNicknames(Fitting& entry, bool is_own);
+// Takes the nicknames of a record whose first one is its short name, or became another one.
+void TakeNicknames(Fitting& entry, Reason why_other);
 
 }  // namespace orvik::book

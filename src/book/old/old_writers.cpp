@@ -17,25 +17,32 @@ namespace orvik::book {
 namespace {
 
 constexpr std::array kWriters = {
-    OldWriter{
-        Dialect::Netscape3, "Netscape 3 HTML, windows-1252", ".htm", ".html", true, WriteNetscape3},
-    OldWriter{Dialect::Juno, "Juno address book, windows-1252", ".nv", "", true, WriteJuno},
+    OldWriter{Dialect::Netscape3,
+              "Netscape 3 HTML, windows-1252",
+              ".htm",
+              ".html",
+              true,
+              true,
+              WriteNetscape3},
+    OldWriter{Dialect::Juno, "Juno address book, windows-1252", ".nv", "", true, false, WriteJuno},
     OldWriter{Dialect::PegasusList,
               "Pegasus Mail distribution list, windows-1252",
               ".pml",
               "",
               true,
+              false,
               WritePegasusList},
-    OldWriter{Dialect::PlainList, "plain list, UTF-8", ".txt", "", false, WritePlainList},
+    OldWriter{Dialect::PlainList, "plain list, UTF-8", ".txt", "", false, false, WritePlainList},
     OldWriter{Dialect::PegasusText,
               "Pegasus Mail addresses as text, windows-1252",
               "",
               "",
               false,
+              true,
               WritePegasusText},
-    OldWriter{Dialect::Mutt, "mutt aliases, UTF-8", "", "", true, WriteMutt},
-    OldWriter{Dialect::Pine, "pine address book, ASCII", "", "", true, WritePine},
-    OldWriter{Dialect::Abook, "abook address book, UTF-8", "", "", false, WriteAbook},
+    OldWriter{Dialect::Mutt, "mutt aliases, UTF-8", "", "", true, true, WriteMutt},
+    OldWriter{Dialect::Pine, "pine address book, ASCII", "", "", true, true, WritePine},
+    OldWriter{Dialect::Abook, "abook address book, UTF-8", "", "", false, true, WriteAbook},
 };
 
 template <class Is>

@@ -16,6 +16,7 @@ struct OldWriter {
     std::string_view Ending;  // ".htm"; empty for one whose files have no ending of their own
     std::string_view OtherEnding;
     bool HoldsLists = false;
+    bool HoldsNotes = false;
     std::string (*Write)(Book& book) = nullptr;
 };
 

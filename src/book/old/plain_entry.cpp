@@ -80,6 +80,29 @@ std::optional<PlainEntry> PlainEntryOf(std::string_view text) {
     return LooseEntry(text);
 }
 
+std::optional<JoinedEntry> JoinedEntryOf(std::string_view text, std::string_view next) {
+    constexpr std::string_view kNobody = "\" <>";
+    constexpr std::string_view kBegin = "\" <";
+    constexpr std::string_view kBetween = ">\" <";
+    text = WithoutBlanksAround(text);
+    next = WithoutBlanksAround(next);
+    const std::size_t between = next.find(kBetween);
+    if (!text.starts_with('"') || !text.ends_with(kNobody) || text.size() <= kNobody.size() + 1 ||
+        !next.starts_with(kBegin) || !next.ends_with('>') || between == std::string_view::npos) {
+        return std::nullopt;
+    }
+    const std::string_view family = text.substr(1, text.size() - kNobody.size() - 1);
+    const std::string_view address = next.substr(kBegin.size(), between - kBegin.size());
+    std::string_view given = next.substr(between + kBetween.size());
+    given = WithoutBlanksAround(given.substr(0, given.size() - 1));
+    constexpr std::string_view kOdd = "\"<>";
+    if (given.empty() || given.find_first_of(kOdd) != std::string_view::npos ||
+        family.find_first_of(kOdd) != std::string_view::npos || !IsAddressCell(address)) {
+        return std::nullopt;
+    }
+    return JoinedEntry{std::string(family) + ", " + std::string(given), address};
+}
+
 bool IsQuotedEntry(std::string_view line) {
     line = WithoutBlanksAround(line);
     if (line.starts_with('"')) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace orvik::book {
@@ -17,6 +18,16 @@ struct PlainEntry {
 // before a name in quotes.
 //   '"Al" <A1>', 'Al <A1>', 'A1 "Al"', '<A1> Al', 'a1@b (Al)', 'a1@b Al' -> Al, A1
 [[nodiscard]] std::optional<PlainEntry> PlainEntryOf(std::string_view text);
+
+// JoinedEntryOf: what was one entry, whose name has a comma, before the window made two of it where
+// commas part entries; nothing for two others.
+//   '"Abbott" <>', '" <al@b.org>" < Al>' -> "Abbott, Al", al@b.org
+struct JoinedEntry {
+    std::string Name;
+    std::string_view Address;
+};
+[[nodiscard]] std::optional<JoinedEntry> JoinedEntryOf(std::string_view text,
+                                                       std::string_view next);
 
 // IsQuotedEntry: whether a line is something in brackets, alone or behind a name in quotes, as
 // lists of addresses have it and tables do not.

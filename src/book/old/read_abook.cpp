@@ -54,6 +54,11 @@ class AbookReader {
                 state_ = IsAbookFormat(line.Text) ? State::Format : State::Entry;
                 first_ = line;
                 last_ = line;
+            } else if (line.Text.starts_with('[')) {
+                // What is never closed ends the item, and nothing is read up to the next one.
+                Finish();
+                state_ = State::Outside;
+                entry_.Skip(line.Text, line.Number, Reason::NotBegun);
             } else if (WithoutBlanksAround(line.Text).empty() || line.Text.starts_with('#') ||
                        state_ == State::Format) {
                 continue;

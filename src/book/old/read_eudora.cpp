@@ -64,13 +64,16 @@ struct EudoraEntry {
 
 class EudoraEntries {
  public:
-    // The lines about a nickname, which may be there already.
+    // The lines about a nickname, which may be there already. Without one, each line is for itself.
     EudoraEntry& Of(std::string_view nickname, std::string_view bytes, std::uint32_t line) {
-        const auto [place, is_new] = places_.try_emplace(ToLower(nickname), all_.size());
-        if (is_new) {
-            all_.push_back({nickname, bytes, line, 1, {}, {}});
+        if (!nickname.empty()) {
+            const auto [place, is_new] = places_.try_emplace(ToLower(nickname), all_.size());
+            if (!is_new) {
+                return all_[place->second];
+            }
         }
-        return all_[place->second];
+        all_.push_back({nickname, bytes, line, 1, {}, {}});
+        return all_.back();
     }
     [[nodiscard]] const std::deque<EudoraEntry>& All() const { return all_; }
 
@@ -137,9 +140,10 @@ class EudoraReader {
             if (word.empty()) {
                 continue;
             }
-            const std::string_view nickname =
-                note || SameName(word, "alias") ? TakeWord(rest, true) : std::string_view{};
-            if (nickname.empty()) {
+            const bool known = note || SameName(word, "alias");
+            const bool quoted = rest.starts_with('"');
+            const std::string_view nickname = known ? TakeWord(rest, true) : std::string_view{};
+            if (!known || (nickname.empty() && (!quoted || rest.empty()))) {
                 entry_.Skip(line.Text, line.Number, Reason::NotBegun);
                 continue;
             }
@@ -188,7 +192,10 @@ class EudoraReader {
                      entry.Lines,
                      list_ ? ContactKind::List : ContactKind::Person,
                      values);
-        entry_.PushWords(field::kNickname, entry_.Letters(entry.Nickname, "nickname"), entry.Line);
+        if (!entry.Nickname.empty()) {
+            entry_.PushWords(
+                field::kNickname, entry_.Letters(entry.Nickname, "nickname"), entry.Line);
+        }
         first_ = last_ = name_ = beside_ = {};
         post_ = {};
         TakeAddresses(entry);

@@ -271,23 +271,35 @@ class Netscape3Reader {
     std::vector<bool> alone_;            // no other record begins in its line
 };
 
+// The number of the line, one of the first, in which a page says what it is; 0 for none.
+std::uint32_t LineThatNames(const Source& source, std::string_view name) {
+    constexpr std::uint32_t kLines = 6;
+    constexpr std::size_t kLongest = 1000;
+    Line line;
+    for (Lines lines(source.Text()); lines.Next(line) && line.Number <= kLines;) {
+        if (ToLower(line.Text.substr(0, kLongest)).find(name) != std::string::npos) {
+            return line.Number;
+        }
+    }
+    return 0;
+}
+
 }  // namespace
 
 std::optional<std::string> Netscape3Evidence(const Source& source) {
-    constexpr std::uint32_t kLines = 6;
-    constexpr std::string_view kName = "netscape-addressbook-file";
-    Line line;
-    for (Lines lines(source.Text()); lines.Next(line) && line.Number <= kLines;) {
-        constexpr std::size_t kLongest = 1000;
-        if (ToLower(line.Text.substr(0, kLongest)).find(kName) != std::string::npos) {
-            return "line " + std::to_string(line.Number) + " names the format";
-        }
-    }
-    return std::nullopt;
+    const std::uint32_t line = LineThatNames(source, "netscape-addressbook-file");
+    return line == 0 ? std::nullopt
+                     : std::optional("line " + std::to_string(line) + " names the format");
+}
+
+bool IsBookmarkPage(const Source& source) {
+    return LineThatNames(source, "netscape-bookmark-file") > 0;
 }
 
 std::optional<std::string> AddressPageEvidence(const Source& source) {
-    if (!WithoutBlanksAround(source.Text().substr(0, 4096)).starts_with('<')) {
+    // Bookmarks have the same tags, and now and then a link to an address.
+    if (!WithoutBlanksAround(source.Text().substr(0, 4096)).starts_with('<') ||
+        IsBookmarkPage(source)) {
         return std::nullopt;
     }
     HtmlTagKind last = HtmlTagKind::Other;

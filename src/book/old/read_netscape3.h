@@ -18,6 +18,9 @@ namespace orvik::book {
 //   "<DL><p><DT><A HREF=\"mailto:a@b\">..." -> "line 1 links an address in a list"
 [[nodiscard]] std::optional<std::string> AddressPageEvidence(const Source& source);
 
+// Whether a page says that it holds bookmarks, which have the same tags.
+[[nodiscard]] bool IsBookmarkPage(const Source& source);
+
 // ReadNetscape3: a contact for each entry and each folder; a folder is a list of what is in it.
 void ReadNetscape3(Book& book, std::uint32_t file, Charset& charset);
 

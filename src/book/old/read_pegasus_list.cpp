@@ -99,8 +99,15 @@ class ListReader {
     }
 
     void AddList() {
-        const std::string_view text = source_.Text();
-        entry_.Begin(text, 1, last_, ContactKind::List, {&text, 1});
+        // Who has an address has letters of his own.
+        std::vector<std::string_view> values;
+        for (const SettingLine& one : settings_) {
+            values.push_back(one.Is.Value);
+        }
+        for (const Member& one : members_) {
+            values.push_back(one.Words);
+        }
+        entry_.Begin(source_.Text(), 1, last_, ContactKind::List, values);
         AddSettings();
         for (const Member& one : members_) {
             if (!one.Words.empty()) {

@@ -1,7 +1,6 @@
 #include "book/old/read_pine.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -12,100 +11,16 @@
 #include <vector>
 
 #include "app/text.h"
-#include "book/lines.h"
 #include "book/member_names.h"
 #include "book/old/encoded_words.h"
 #include "book/old/entry_builder.h"
 #include "book/old/mailboxes.h"
 #include "book/old/nicknames.h"
+#include "book/old/pine_entries.h"
 #include "book/value_form.h"
 
 namespace orvik::book {
 namespace {
-
-constexpr std::string_view kPineDeleted = "#DELETED-";
-constexpr std::size_t kPineFields = 5;
-
-// A line, and those that begin with a blank behind it.
-struct PineEntry {
-    std::string_view Bytes;
-    std::uint32_t Line = 0;
-    std::uint32_t Lines = 0;
-    std::array<std::string_view, kPineFields> Fields;  // without blanks around them
-    std::size_t Tabs = 0;
-    std::string Joined;  // what the fields stand in where there are several lines
-
-    [[nodiscard]] std::string_view Nickname() const { return Fields[0]; }
-    [[nodiscard]] std::string_view Name() const { return Fields[1]; }
-    [[nodiscard]] std::string_view Address() const { return Fields[2]; }
-    [[nodiscard]] bool IsComment() const {
-        return Bytes.starts_with("# ") || Bytes.starts_with("#\n") || Bytes.starts_with("#\r");
-    }
-    [[nodiscard]] bool IsDeleted() const { return StartsAsName(Nickname(), kPineDeleted); }
-    [[nodiscard]] bool HasParentheses() const { return Address().starts_with('('); }
-    // Whether it goes on behind a tab, as entries of nothing else do.
-    [[nodiscard]] bool IsBroken() const {
-        const std::size_t end = std::min(Bytes.find_first_of("\r\n"), Bytes.size());
-        return Lines > 1 && Bytes.substr(0, end).ends_with('\t');
-    }
-};
-
-class PineEntries {
- public:
-    explicit PineEntries(const Source& source) : lines_(source.Text(), source.Signs().Cr) {}
-
-    bool Next(PineEntry& entry) {
-        while (has_line_ || lines_.Next(line_)) {
-            has_line_ = false;
-            // An entry may begin with a tab alone, and go on behind it.
-            const bool blank = line_.Text.find('\t') == std::string_view::npos &&
-                               WithoutBlanksAround(line_.Text).empty();
-            if (!blank && TakeEntry(entry)) {
-                return true;
-            }
-        }
-        return false;
-    }
-
- private:
-    // Whether it has anything.
-    bool TakeEntry(PineEntry& entry) {
-        entry.Line = line_.Number;
-        entry.Lines = 1;
-        entry.Joined.clear();
-        std::string_view text = line_.Text;
-        const char* const begin = text.data();
-        const char* end = line_.WithEnd.data() + line_.WithEnd.size();
-        while ((has_line_ = lines_.Next(line_)) && line_.Text.starts_with(' ')) {
-            // The end of the line and the blanks count as one.
-            entry.Joined.append(entry.Lines == 1 ? text : "").append(" ");
-            entry.Joined.append(
-                line_.Text.substr(std::min(line_.Text.find_first_not_of(' '), line_.Text.size())));
-            end = line_.WithEnd.data() + line_.WithEnd.size();
-            ++entry.Lines;
-        }
-        entry.Bytes = {begin, static_cast<std::size_t>(end - begin)};
-        Split(entry.Lines == 1 ? text : entry.Joined, entry);
-        return std::any_of(entry.Fields.begin(), entry.Fields.end(), [](std::string_view one) {
-            return !one.empty();
-        });
-    }
-
-    static void Split(std::string_view text, PineEntry& entry) {
-        entry.Tabs = 0;
-        for (std::size_t i = 0; i < kPineFields; ++i) {
-            // The last one has all that is left.
-            const std::size_t tab = i + 1 < kPineFields ? text.find('\t') : std::string_view::npos;
-            entry.Fields[i] = WithoutBlanksAround(text.substr(0, tab));
-            entry.Tabs += tab != std::string_view::npos ? 1U : 0U;
-            text.remove_prefix(tab == std::string_view::npos ? text.size() : tab + 1);
-        }
-    }
-
-    Lines lines_;
-    Line line_;
-    bool has_line_ = false;
-};
 
 std::vector<Mailbox> MailboxesIn(std::string_view address) {
     if (address.starts_with('(')) {
@@ -224,6 +139,15 @@ class PineReader {
         return boxes;
     }
 
+    void DoubtOdd(const PineEntry& entry) {
+        if (!IsPineNickname(entry.Nickname())) {
+            entry_.Doubt("nickname", Field(entry, 0, "nickname"), Reason::OddSigns);
+        }
+        if (entry.Tabs == 1) {
+            entry_.Doubt({}, Field(entry, 1, "fullname"), Reason::FewParts);
+        }
+    }
+
     void Take(const PineEntry& entry) {
         const std::vector<Mailbox> raw = MailboxesIn(entry.Address());
         const bool nickname =
@@ -235,6 +159,7 @@ class PineReader {
                      entry.Lines,
                      list ? ContactKind::List : ContactKind::Person,
                      {&entry.Bytes, 1});
+        DoubtOdd(entry);
         if (!entry.Nickname().empty()) {
             entry_.PushWords(field::kNickname, Field(entry, 0, "nickname"), entry.Line);
         }
@@ -284,11 +209,6 @@ class PineReader {
     std::unordered_set<std::uint32_t> further_;  // by line
 };
 
-// What a nickname of pine never has.
-bool IsPineNickname(std::string_view text) {
-    return text.find_first_of(" ,@\";:()[]<>\\") == std::string_view::npos;
-}
-
 bool IsNumber(std::string_view text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
@@ -305,44 +225,96 @@ bool IsCalledPine(const std::string& file) {
            name.find("addrbook") != std::string::npos || name.find("pine") != std::string::npos;
 }
 
+// Whether a file has the name that the program gives it.
+bool IsNamedByPine(const std::string& file) {
+    const std::string name = ToLower(file.substr(file.find_last_of("/\\") + 1));
+    return name == ".addressbook" || name == "addressbook" || name == "addrbook";
+}
+
+// Looks for what entries of pine have, and for what they never have.
+class PineJudge {
+ public:
+    explicit PineJudge(const Source& source)
+        : source_(source), called_(IsCalledPine(source.Name())), signs_(called_) {}
+
+    std::optional<std::string> Run() {
+        PineEntry entry;
+        for (PineEntries entries(source_); entries.Next(entry);) {
+            if (entry.IsComment() || entry.IsDeleted()) {
+                signs_ = signs_ || entry.IsDeleted();
+                continue;
+            }
+            first_ = first_ == 0 && entry.Tabs > 0 ? entry.Line : first_;
+            if (entry.Tabs >= 2 && IsPineNickname(entry.Nickname())) {
+                Take(entry);
+            } else {
+                TakeOdd(entry);
+            }
+        }
+        const bool found = IsNamedByPine(source_.Name()) ? IsLikelyByName() : IsLikely();
+        return found ? std::optional("line " + std::to_string(first_) + " begins an entry")
+                     : std::nullopt;
+    }
+
+ private:
+    static bool HasAddress(const PineEntry& entry) {
+        return entry.HasParentheses() || entry.Address().find('@') != std::string_view::npos;
+    }
+
+    void Take(const PineEntry& entry) {
+        const bool address = HasAddress(entry);
+        certain_ = certain_ || entry.IsBroken();
+        continued_ = continued_ || (entry.HasParentheses() && entry.Lines > 1);
+        const bool words = !address && entry.Address().find(' ') != std::string_view::npos;
+        // The header of a table has no address.
+        const bool header = count_ == 0 && !address && !called_;
+        other_ = other_ || IsNumber(entry.Nickname()) || words || header;
+        signs_ = signs_ || IsOfPine(entry);
+        ++count_;
+        addresses_ += address ? 1U : 0U;
+        names_ += entry.Name().find(' ') != std::string_view::npos ? 1U : 0U;
+    }
+
+    // What the program would not write.
+    void TakeOdd(const PineEntry& entry) {
+        const bool address = entry.Tabs >= 2 && HasAddress(entry);
+        odd_addresses_ += address ? 1U : 0U;
+        ++(entry.Tabs > 0 ? odd_ : strange_);
+    }
+
+    [[nodiscard]] bool IsLikelyByName() const {
+        return addresses_ + odd_addresses_ > 0 && strange_ <= count_ + odd_;
+    }
+
+    // A few lines may be odd where the others can be nothing else.
+    [[nodiscard]] bool IsLikely() const {
+        const std::size_t odd = odd_ + strange_;
+        const bool clear = certain_ || continued_;
+        const bool few =
+            odd == 0 || (clear ? 2 * odd <= count_ : 10 * odd <= count_ && 2 * names_ >= count_);
+        const bool likely = 2 * addresses_ >= count_ && (signs_ || 2 * names_ >= count_);
+        return count_ > 0 && few && (certain_ || (!other_ && likely));
+    }
+
+    const Source& source_;
+    bool called_;
+    bool signs_;
+    bool certain_ = false;    // no other program writes such entries
+    bool continued_ = false;  // a list goes on in another line
+    bool other_ = false;      // there is what another program would write
+    std::uint32_t first_ = 0;
+    std::size_t count_ = 0;      // of entries without fault
+    std::size_t addresses_ = 0;  // in these
+    std::size_t names_ = 0;      // of several words, in these
+    std::size_t odd_ = 0;        // other lines with a tab
+    std::size_t odd_addresses_ = 0;
+    std::size_t strange_ = 0;  // lines without a tab
+};
+
 }  // namespace
 
 std::optional<std::string> PineEvidence(const Source& source) {
-    std::uint32_t first = 0;
-    std::size_t count = 0;
-    std::size_t names = 0;
-    std::size_t addresses = 0;
-    bool signs = IsCalledPine(source.Name());
-    bool certain = false;
-    bool odd = false;
-    PineEntry entry;
-    for (PineEntries entries(source); entries.Next(entry);) {
-        if (entry.IsComment() || entry.IsDeleted()) {
-            signs = signs || entry.IsDeleted();
-            continue;
-        }
-        const bool address =
-            entry.HasParentheses() || entry.Address().find('@') != std::string_view::npos;
-        if (entry.Tabs < 2 || !IsPineNickname(entry.Nickname())) {
-            return std::nullopt;
-        }
-        certain = certain || entry.IsBroken();
-        const bool number = IsNumber(entry.Nickname());
-        const bool words = !address && entry.Address().find(' ') != std::string_view::npos;
-        // The header of a table has no address.
-        const bool header = first == 0 && !address && !IsCalledPine(source.Name());
-        odd = odd || number || words || header;
-        first = first == 0 ? entry.Line : first;
-        signs = signs || IsOfPine(entry);
-        ++count;
-        addresses += address ? 1U : 0U;
-        names += entry.Name().find(' ') != std::string_view::npos ? 1U : 0U;
-    }
-    const bool likely = 2 * addresses >= count && (signs || 2 * names >= count);
-    if (count == 0 || (!certain && (odd || !likely))) {
-        return std::nullopt;
-    }
-    return "line " + std::to_string(first) + " begins an entry";
+    return PineJudge(source).Run();
 }
 
 void ReadPine(Book& book, std::uint32_t file, Charset& charset) {

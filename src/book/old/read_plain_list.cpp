@@ -47,12 +47,27 @@ bool IsListedEntry(std::string_view text, const PlainEntry& entry) {
            (!entry.Loose || IsNoSentence(entry.Name));
 }
 
+// The entry that an entry makes with the one behind it, which rest then moves behind.
+std::optional<JoinedEntry> TakeJoined(std::string_view text, std::string_view& rest) {
+    // The half of a name has nobody.
+    if (!text.ends_with("<>")) {
+        return std::nullopt;
+    }
+    std::string_view behind = rest;
+    auto joined = JoinedEntryOf(text, TakePlainEntry(behind));
+    rest = joined ? behind : rest;
+    return joined;
+}
+
 bool IsListed(std::string_view line) {
     if (const auto entry = ListedEntryOf(line)) {
         return IsListedEntry(line, *entry);
     }
     while (!line.empty()) {
         const std::string_view text = WithoutBlanksAround(TakePlainEntry(line));
+        if (TakeJoined(text, line)) {
+            continue;
+        }
         const auto entry = PlainEntryOf(text);
         if (text.empty() && !line.empty()) {
             return false;
@@ -84,12 +99,31 @@ class PlainListReader {
                 continue;
             }
             while (!rest.empty()) {
-                Take(WithoutBlanksAround(TakePlainEntry(rest)), line.Number);
+                const std::string_view text = WithoutBlanksAround(TakePlainEntry(rest));
+                if (const auto joined = TakeJoined(text, rest)) {
+                    const char* const end =
+                        rest.empty() ? line.Text.data() + line.Text.size() : rest.data() - 1;
+                    Push(*joined,
+                         {text.data(), static_cast<std::size_t>(end - text.data())},
+                         line.Number);
+                } else {
+                    Take(text, line.Number);
+                }
             }
         }
     }
 
  private:
+    void Push(const JoinedEntry& joined, std::string_view bytes, std::uint32_t line) {
+        const std::string_view name = book_.Keep(joined.Name);
+        entry_.Begin(bytes, line, 1, ContactKind::Person, {&bytes, 1});
+        const std::string_view letters = entry_.LettersOfName(name, "name");
+        entry_.Doubt("name", letters, Reason::PutTogether);
+        entry_.PushName(letters, line);
+        entry_.Push(field::kEmail, entry_.Letters(joined.Address, "address"), line);
+        entry_.End();
+    }
+
     void Take(std::string_view text, std::uint32_t line) {
         constexpr std::string_view kBetween = " \t,;";
         text.remove_prefix(std::min(text.find_first_not_of(kBetween), text.size()));
@@ -133,7 +167,7 @@ bool IsTable(const Source& source) {
     Line line;
     for (Lines lines(source.Text(), source.Signs().Cr); all && lines.Next(line);) {
         const std::string_view text = WithoutBlanksAround(line.Text);
-        all = text.empty() || IsQuotedEntry(text);
+        all = text.empty() || text.starts_with('#') || IsQuotedEntry(text);
     }
     // Names with commas make columns of a list.
     return !all && CsvFormOf(source.Text()).has_value();
@@ -150,7 +184,7 @@ std::optional<std::string> PlainListEvidence(const Source& source) {
     Line line;
     for (Lines lines(source.Text(), source.Signs().Cr); lines.Next(line);) {
         const std::string_view text = WithoutBlanksAround(line.Text);
-        if (text.empty()) {
+        if (text.empty() || text.starts_with('#')) {
             continue;
         }
         ++filled;

@@ -64,7 +64,7 @@ class AbookWriter {
     std::string Write() {
         const Identities identities(book_);
         const Directory directory(book_, identities);
-        const CsvLists lists(book_, directory, true);
+        const CsvLists lists(book_, directory);
         text_ = kAbookHead;
         std::size_t number = 0;
         for (std::size_t i = 0; i < book_.Contacts.size(); ++i) {

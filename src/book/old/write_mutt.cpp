@@ -129,7 +129,7 @@ class MuttWriter {
         groups_ = entry_.TakeWords(field::kCategories, Fitting::kAny, IsWord);
         const std::string name = entry_.TakeName();
         const std::string& key = keys_.Of(record);
-        TakeNicknames(entry_, keys_.IsOwn(record));
+        TakeNicknames(entry_, keys_.WhyOther(record));
         for (const Property* const one : addresses) {
             const std::string address = OneLine(one->Value);
             if (one == addresses.front()) {
@@ -197,7 +197,7 @@ class MuttWriter {
         const bool alone = count == 1 && members.find('@') != std::string::npos;
         groups_ = entry_.TakeWords(field::kCategories, Fitting::kAny, IsWord);
         TellName(record, alone);
-        TakeNicknames(entry_, keys_.IsOwn(record));
+        TakeNicknames(entry_, keys_.WhyOther(record));
         Begin(keys_.Of(record));
         text_ += members;
         EndWithNote();

@@ -32,7 +32,7 @@ class PegasusListWriter {
             WriteList(*list);
         } else {
             // Tells that they are lost.
-            const CsvLists lists(book_, directory_, false);
+            const CsvLists lists(book_, directory_, Reason::NotAlone);
             for (const Contact& contact : book_.Contacts) {
                 WritePerson(contact);
             }

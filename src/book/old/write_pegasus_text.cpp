@@ -52,7 +52,7 @@ class PegasusTextWriter {
         const Identities identities(book_);
         const Directory directory(book_, identities);
         // Tells that they are lost.
-        const CsvLists lists(book_, directory, false);
+        const CsvLists lists(book_, directory, Reason::NoLists);
         std::size_t done = 0;
         for (const Contact& contact : book_.Contacts) {
             if (contact.Kind == ContactKind::Person) {

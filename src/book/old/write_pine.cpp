@@ -161,7 +161,7 @@ class PineWriter {
     }
 
     void TakeOthers(std::size_t record, Fields& fields) {
-        TakeNicknames(entry_, keys_.IsOwn(record));
+        TakeNicknames(entry_, keys_.WhyOther(record));
         fields[0] = {keys_.Of(record)};
         const auto folder = [](std::string_view field, std::string_view /*line*/) {
             return field == "fcc";

@@ -11,7 +11,7 @@ std::string WritePlainList(Book& book) {
     const Identities identities(book);
     const Directory directory(book, identities);
     // Tells that they are lost.
-    const CsvLists lists(book, directory, false);
+    const CsvLists lists(book, directory, Reason::NoLists);
     std::string text;
     Fitting person(book, {});
     std::size_t done = 0;

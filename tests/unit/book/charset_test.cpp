@@ -103,6 +103,21 @@ TEST(Charset, SaysWhatItTook) {
     EXPECT_EQ(SentenceOf("\x1B$B$\"\x1B(B"), "ISO-2022-JP (guessed)");
 }
 
+TEST(Charset, CountsWhatRecordsAreCalled) {
+    const Source source("file", "Zo\xC3\xAB J\xF6rg J\xF6");
+    Charset charset(source, {});
+    for (const std::string_view text : {"Zo\xC3\xAB", "J\xF6rg", "J\xF6"}) {
+        charset.Judge({&text, 1}, 1);
+    }
+    const auto counts = [&charset](std::string_view noun) {
+        const std::string all = charset.Sentence(noun);
+        return all.substr(0, all.find(')')) + all.substr(all.rfind('('));
+    };
+    EXPECT_EQ(counts("entry"), "UTF-8 (1 entry(2 entries, lines 1, 1)");
+    EXPECT_EQ(counts("alias"), "UTF-8 (1 alias(2 aliases, lines 1, 1)");
+    EXPECT_EQ(counts("card"), "UTF-8 (1 card(2 cards, lines 1, 1)");
+}
+
 TEST(Charset, TakesLettersOfOldMacsWhereLinesEndWithCr) {
     EXPECT_EQ(SentenceOf("J\x9Arg\r"), "macintosh (assumed; e.g. \"J\xC3\xB6rg\r\")");
     EXPECT_EQ(SentenceOf("J\xF6rg\r"), "windows-1252 (assumed; e.g. \"J\xC3\xB6rg\r\")");

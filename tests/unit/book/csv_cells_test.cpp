@@ -20,6 +20,25 @@ TEST(CsvCells, TellWhatTheyHold) {
          {"", "me @ home", "@example.org", "ada@", "a@b@c", "a@b, c@d"}) {
         EXPECT_FALSE(IsAddressCell(cell)) << cell;
     }
+    const struct {
+        const char* Cell;
+        std::vector<std::string_view> Expected;
+    } rows[] = {
+        {"a@x", {"a@x"}},
+        {" a@x , Ada <b@x>;c@x,", {"a@x", "Ada <b@x>", "c@x"}},
+        {"\"Abbott, Ada\" <a@x>;b@x", {"\"Abbott, Ada\" <a@x>", "b@x"}},
+        {"Abbott, Ada <a@x>", {}},
+        {"a@x, none", {}},
+        {" ,;", {}},
+        {"", {}},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(AddressesIn(row.Cell), row.Expected) << row.Cell;
+        const bool one = IsAddressCell(row.Cell);
+        EXPECT_EQ(HasAddressesAlone(row.Cell), one || !row.Expected.empty()) << row.Cell;
+    }
+    EXPECT_TRUE(HasAddressesAlone("Abbott, Ada <a@x>"));
+    EXPECT_FALSE(HasAddressesAlone("a@x, none"));
     EXPECT_TRUE(IsWebCell("https://example.org/a"));
     EXPECT_TRUE(IsWebCell("www.example.org"));
     EXPECT_FALSE(IsWebCell("www."));

@@ -16,6 +16,14 @@ Detected DetectedAs(const std::string& name, const std::string& text) {
     return Detect(Source(name, text));
 }
 
+std::string Repeated(const std::string& line, int times) {
+    std::string text;
+    for (int i = 0; i < times; ++i) {
+        text += line;
+    }
+    return text;
+}
+
 TEST(DetectTextBooks, KnowsEachByItsContent) {
     const struct {
         std::string Text;
@@ -34,6 +42,7 @@ TEST(DetectTextBooks, KnowsEachByItsContent) {
         {"alias ada a@x\nnote ada <name:Ada>\n", Format::Eudora, "line 1 begins an alias"},
         {"note ada <name:Ada>\n", Format::Eudora, "line 1 begins an alias"},
         {"alias \"ada a\" a@x\n", Format::Eudora, "line 1 begins an alias"},
+        {"alias \"\" a@x\nalias \"\" b@x\n", Format::Eudora, "line 1 begins an alias"},
         {"Alias ada a@x\n", Format::Eudora, "line 1 begins an alias"},
         {"alias ada a@x\r\n", Format::Eudora, "line 1 begins an alias"},
         {"alias ada a@x\ralias b b@x\r", Format::Eudora, "line 1 begins an alias"},
@@ -120,6 +129,35 @@ TEST(DetectTextBooks, LetsTheNameDecideWhatIsOpen) {
     EXPECT_EQ(DetectedAs("x.txt", "Ada Abbott\nBen Berg\n").Form, Format::None);
     EXPECT_EQ(DetectedAs(".addressbook", "lu\tLu\tlu\n").Form, Format::None);
     EXPECT_EQ(DetectedAs(".addressbook", "lu\tLu\tlu\nada\tAda\ta@x\n").Form, Format::Pine);
+}
+
+// One odd line costs no book.
+TEST(DetectTextBooks, ForgivesOddLines) {
+    const struct {
+        const char* Name;
+        std::string Text;
+        Format Expected;
+    } rows[] = {
+        {".addressbook", "ben o\tBen\tb@x.org\nada\tAda\ta@x.org\n", Format::Pine},
+        {".addressbook", "\"q\tBen\tb@x.org\n", Format::Pine},
+        {"C:\\PINE\\ADDRBOOK", "lu\tLu\nada\tAda\ta@x.org\njunk\n", Format::Pine},
+        {".addressbook", "junk\nmore\nada\tAda\ta@x.org\n", Format::None},
+        {"x", "lu\tLu\nrow\tCrew\t(ada,\n   b@x)\nada\tAda\ta@x\n", Format::Pine},
+        {"x", "lu\tLu\nrow\tCrew\t(ada,\n   b@x)\n", Format::None},
+        {"x", "\"q\tA\ta@x\nb\tBen Berg\t\n   b@x\nc\tCoe\tc@x\n", Format::Pine},
+        {"x", "lu\tLu\n" + Repeated("ada\tAda Abbott\ta@x\n", 10), Format::Pine},
+        {"x", "lu\tLu\n" + Repeated("ada\tAda Abbott\ta@x\n", 9), Format::None},
+        {"x", "Mary Ann\tBerg\tm@x.org\n" + Repeated("Ada\tAbbott\ta@x.org\n", 20), Format::Csv},
+        {"NNdbase.txt", "junk\nalias ada a@x\nmore junk\nnote ada Rows\n", Format::Eudora},
+        {"book.nnt", "junk\nmore\nalso\nalias ada a@x\n", Format::Eudora},
+        {"RCPdbase.txt", "junk\nmore\nalias ll ls\n", Format::None},
+        {"NNdbase.txt", "#!/bin/sh\nalias ada a@x\n", Format::None},
+        {"letter.txt", "junk\nalias ada a@x\nmore junk\nnote ada Rows\n", Format::None},
+        {"letter.txt", "junk\nalias ada a@x\nnote ada <name:Ada>\n", Format::Eudora},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(DetectedAs(row.Name, row.Text).Form, row.Expected) << row.Name << row.Text;
+    }
 }
 
 TEST(DetectTextBooks, SaysWhatToDoAboutBinaryBooks) {

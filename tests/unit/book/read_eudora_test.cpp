@@ -41,6 +41,21 @@ TEST(EudoraNote, HasFieldsAndWhatIsLeft) {
     }
 }
 
+// As the classic commands write people without a nickname.
+TEST(ReadEudora, KeepsEachWithoutANickname) {
+    const ReadBook read(ReadEudora,
+                        "alias \"a\" a@x\r\nalias \"\" cy@x\r\nalias \"\" cy@x\r\nalias \"\"\r\n"
+                        "alias \"\" Di Dorn <d@x>\r\nalias \"\" a,e@x\r\n");
+    EXPECT_EQ(Shown(read.book),
+              "person\nNICKNAME:a\nEMAIL:a@x\nperson\nEMAIL:cy@x\nperson\nEMAIL:cy@x\n"
+              "person\nEMAIL:d@x\nFN:Di Dorn\nN:Dorn;Di;;;\n"
+              "list\nMEMBER:x-orvik-line:1\nMEMBER:mailto:e@x\n");
+    EXPECT_EQ(Told(read.book),
+              "skipped 4 : alias \"\": belongs to no record\n"
+              "doubtful 5 N: Di Dorn: was parted at a blank into given and family name, as all "
+              "such names of the file\n");
+}
+
 TEST(ReadEudora, PutsAliasAndNoteTogether) {
     const ReadBook read(
         ReadEudora,

@@ -33,6 +33,14 @@ TEST(ReadPegasusList, KeepsAllLines) {
     EXPECT_EQ(read.book.Contacts.back().From.Lines, 12U);
 }
 
+TEST(ReadPegasusList, CountsLettersWhereTheyStand) {
+    const ReadBook read(ReadPegasusList,
+                        "\\TITLE T\n\"J\xC3\xB6rg\" <a@x>\n\"Zo\xEB B\xF6nder\" <b@x>\n");
+    EXPECT_EQ(read.sentence,
+              "UTF-8 (1 record), windows-1252 (assumed; e.g. \"\"Zo\xC3\xAB B\xC3\xB6nder\" "
+              "<b@x>\") (1 record, line 3)");
+}
+
 TEST(ReadPegasusList, IsCalledAsItsFileWithoutATitle) {
     EXPECT_EQ(Shown(ReadBook(ReadPegasusList, "\\NOSIG\nJ\xF6rg\n").book),
               "list\nFN:file\nX-ORVIK-PML-NOSIG:\nMEMBER;VALUE=text:J\xC3\xB6rg\n");

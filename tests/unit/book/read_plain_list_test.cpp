@@ -75,6 +75,50 @@ TEST(PlainEntry, FillsALineAsTheWindowWritesIt) {
     }
 }
 
+TEST(PlainEntry, IsJoinedWhereACommaPartedIt) {
+    const struct {
+        std::string_view Text;
+        std::string_view Next;
+        std::string_view Expected;  // "name|address"; empty for two entries
+    } rows[] = {
+        {"\"Berg\" <>", "\" <b@x>\" < Ben>", "Berg, Ben|b@x"},
+        {" \"Berg\" <>", " \" <b@x>\" <Ben O> ", "Berg, Ben O|b@x"},
+        {"\"\" <>", "\" <b@x>\" < Ben>", ""},
+        {"\"Berg\" <c@x>", "\" <b@x>\" < Ben>", ""},
+        {"\"Berg\" <>", "\"Ben\" <b@x>", ""},
+        {"\"Berg\" <>", "\" <b@x>\" <>", ""},
+        {"\"Berg\" <>", "\" <b>\" < Ben>", ""},
+        {"\"Berg\" <>", "\" <b@x>\" < B\"n>", ""},
+        {"\"Berg\" <>", "", ""},
+        {"\" <>", "\" <b@x>\" < Ben>", ""},
+    };
+    for (const auto& row : rows) {
+        const auto joined = JoinedEntryOf(row.Text, row.Next);
+        const std::string shown =
+            joined ? joined->Name + "|" + std::string(joined->Address) : std::string();
+        EXPECT_EQ(shown, row.Expected) << row.Text << row.Next;
+    }
+}
+
+TEST(ReadPlainList, PutsNamesTogetherThatCommasParted) {
+    const ReadBook read(ReadPlainList,
+                        "\"Ada\" <a@x>,\"Berg\" <>,\" <b@x>\" < Ben>,\"Coe\" <>,\"\" <d@x>,\n"
+                        "\"E\" <>,\" <e@x>\" < Ed>");
+    EXPECT_EQ(Shown(read.book),
+              "person\nFN:Ada\nN:;Ada;;;\nEMAIL:a@x\n"
+              "person\nFN:Berg, Ben\nN:Berg;Ben;;;\nEMAIL:b@x\n"
+              "person\nEMAIL:d@x\n"
+              "person\nFN:E, Ed\nN:E;Ed;;;\nEMAIL:e@x\n");
+    EXPECT_EQ(Told(read.book),
+              "doubtful 1 name: Berg, Ben: was put together again from what a comma had made two "
+              "entries of\n"
+              "skipped 1 : \"Coe\" <>: belongs to no record\n"
+              "doubtful 2 name: E, Ed: was put together again from what a comma had made two "
+              "entries of\n");
+    EXPECT_EQ(read.book.BytesOf(read.book.Contacts[1]), "\"Berg\" <>,\" <b@x>\" < Ben>");
+    EXPECT_EQ(read.book.BytesOf(read.book.Contacts[3]), "\"E\" <>,\" <e@x>\" < Ed>");
+}
+
 TEST(ReadPlainList, TakesAPersonForEachAddress) {
     const struct {
         std::string Text;

@@ -119,6 +119,22 @@ TEST(WriteOldOdd, PeopleOfOneNameAndNicknameStayTwo) {
               "EMAIL:c@b.org\n");
 }
 
+TEST(WriteOldOdd, TheSecondOfANicknameIsToldAsSuch) {
+    const std::string cards = Card("FN:Ada\nNICKNAME:x\nEMAIL:a@b.org\n") +
+                              Card("FN:Ben\nNICKNAME:x\nEMAIL:b@b.org\n") +
+                              Card("FN:Cy\nNICKNAME:x\\, y\nEMAIL:c@b.org\n");
+    for (const Dialect form : {Dialect::Mutt, Dialect::Pine}) {
+        const std::string told = Trip(form, cards).Told();
+        EXPECT_NE(
+            told.find("NICKNAME: x: is the nickname of another record, too, and was numbered\n"),
+            std::string::npos)
+            << told;
+        EXPECT_NE(told.find("NICKNAME: x\\, y: has signs that the target cannot hold\n"),
+                  std::string::npos)
+            << told;
+    }
+}
+
 TEST(WriteOldOdd, AnAddressThatWouldBeAnotherOneIsTold) {
     const std::string told = "doubtful 1 EMAIL: ";
     for (const Dialect form : {Dialect::Mutt, Dialect::Pine}) {

@@ -37,7 +37,10 @@ void CountLine(UnreadEntries& entries, const std::string& line, const KeyedForma
         return;
     }
     const std::string key = ToLower(line.substr(0, std::min(colon, line.find(';'))));
-    if (std::find(format.OwnKeys.begin(), format.OwnKeys.end(), key) == format.OwnKeys.end()) {
+    const auto has_key = [&](const auto& own) {
+        return std::find(own.begin(), own.end(), key) != own.end();
+    };
+    if (std::none_of(format.OwnKeys.begin(), format.OwnKeys.end(), has_key)) {
         entries.Other(std::string_view(line).substr(colon + 1));
     }
 }
