@@ -189,6 +189,7 @@ TEST_F(BookShellTest, ClosingAsksAboutWhatIsInNoFile) {
 }
 
 TEST_F(BookShellTest, ClosingAsksNothingWhereNothingChanged) {
+    EXPECT_EQ(Find<QAction>("bookClose").shortcut(), QKeySequence(Qt::CTRL | Qt::Key_W));
     Change();
     Do("bookUndo");
     EXPECT_TRUE(window.close());
