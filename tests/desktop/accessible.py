@@ -63,6 +63,34 @@ def press(item, action="Press"):
     assert actions.doAction(names.index(action)), names
 
 
+def is_usable(item):
+    states = item.getState()
+    return states.contains(pyatspi.STATE_SHOWING) and states.contains(pyatspi.STATE_SENSITIVE)
+
+
+def choose(item, row):
+    """A row of a table or a list, and no other."""
+    table = item.queryTable()
+    assert table.addRowSelection(row), f"{item.name}: {row}"
+    for other in list(table.getSelectedRows()):
+        if other != row:
+            table.removeRowSelection(other)
+
+
+def text_of(item):
+    return item.queryText().getText(0, -1)
+
+
+def write(item, text):
+    assert item.queryEditableText().setTextContents(text), f"{item.name}: {text}"
+
+
+def cells(item):
+    """What the cells of a table say, row by row."""
+    table = item.queryTable()
+    return [[table.getAccessibleAt(row, column).name for column in range(table.nColumns)] for row in range(table.nRows)]
+
+
 @contextmanager
 def running(*command):
     """Runs the program until the end of the block."""

@@ -51,6 +51,16 @@ TEST_F(BookMoveDialogTest, EachProgramIsShownWithWhatItWouldLose) {
               "Import in Thunderbird: Address Book > Import, then LDIF and the file");
 }
 
+TEST_F(BookMoveDialogTest, WhatAScreenReaderSelectsIsChosen) {
+    Read("plain.ldif", test::kPlainBook);
+    Open();
+    const auto& programs = Find<QListWidget>("movePrograms");
+    programs.selectionModel()->select(programs.model()->index(1, 0),
+                                      QItemSelectionModel::ClearAndSelect);
+    EXPECT_EQ(Text("moveTitle"), "Google Contacts");
+    EXPECT_EQ(programs.selectedItems().size(), 1);
+}
+
 TEST_F(BookMoveDialogTest, LosingValuesNeedsATick) {
     Read("rich.vcf", test::kRichBook);
     Open();

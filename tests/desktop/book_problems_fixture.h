@@ -44,7 +44,7 @@ class BookProblemsTest : public testing::Test {
     [[nodiscard]] std::string box(const char* name) const {
         return Find<QPlainTextEdit>(*page, name).toPlainText().toStdString();
     }
-    void goTo(const char* text) const { GoTo(table(), QString::fromUtf8(text)); }
+    int goTo(const char* text) const { return GoTo(table(), QString::fromUtf8(text)); }
     void click(const char* name) const {
         QTest::mouseClick(&Find<QAbstractButton>(*page, name), Qt::LeftButton);
     }

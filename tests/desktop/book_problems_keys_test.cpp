@@ -56,6 +56,19 @@ TEST_F(BookProblemsTest, TabReachesAll) {
     EXPECT_TRUE(table().hasFocus());
 }
 
+// A screen reader selects, and moves nothing.
+TEST_F(BookProblemsTest, WhatIsSelectedAloneIsShown) {
+    open("a.ldif", kOneOfEach);
+    const int row = goTo("a domain without a dot");
+    goTo("the sign < in the name");
+    table().selectionModel()->select(
+        table().model()->index(row, 0),
+        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    EXPECT_EQ(table().currentIndex().row(), row);
+    EXPECT_THAT(box("problemDetail"), HasSubstr("a domain without a dot"));
+    EXPECT_EQ(table().selectionModel()->selectedRows().size(), 1);
+}
+
 TEST_F(BookProblemsTest, EscapeLeavesTheEditor) {
     open("a.ldif", kOneOfEach);
     goTo("the sign < in the name");

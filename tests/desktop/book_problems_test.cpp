@@ -244,10 +244,13 @@ TEST_F(BookProblemsTest, ProblemsOfRecordsAndFilesThatAreGone) {
     EXPECT_THAT(rows(), HasSubstr("belongs to no record"));
     undo();
     EXPECT_THAT(rows(), HasSubstr("is no base64"));
-    ReadInto(document, "b.ldif", "dn: cn=Di\ncn: Di\nmail: di@\n");
+    ReadInto(document, "/far/b.ldif", "dn: cn=Di\ncn: Di\nmail: di@\n");
     EXPECT_THAT(rows(), HasSubstr("What was assumed about files (2)"));
     EXPECT_THAT(rows(), HasSubstr("Bad addresses (2)"));
     EXPECT_THAT(rows(), HasSubstr("| Di | b.ldif, line 3\n"));
+    // Below, there is room for the folder.
+    goTo("di@");
+    EXPECT_THAT(box("problemDetail"), HasSubstr("Di (/far/b.ldif, line 3)\n"));
     undo();
     EXPECT_THAT(rows(), HasSubstr("What was assumed about files (1)"));
     undo();

@@ -65,7 +65,9 @@ TEST_F(BookShellTest, DroppedFilesAreOpenedTogether) {
     Write("a.vcf", Card("Al"));
     Write("b.csv", "Name,Email\nBo,bo@a.example\nCy,cy@a.example\n");
     Write("c.vcf", Card("Di"));
-    Show();
+    // Also where no window becomes active.
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     EXPECT_EQ(Drag({Url("a.vcf"), Url("b.csv"), Url("c.vcf")}, true), Qt::CopyAction);
     EXPECT_EQ(window.document().thereCount(), 0U) << "while the other program waits";
     QCoreApplication::processEvents();
@@ -187,6 +189,7 @@ TEST_F(BookShellTest, ClosingAsksAboutWhatIsInNoFile) {
 }
 
 TEST_F(BookShellTest, ClosingAsksNothingWhereNothingChanged) {
+    EXPECT_EQ(Find<QAction>("bookClose").shortcut(), QKeySequence(Qt::CTRL | Qt::Key_W));
     Change();
     Do("bookUndo");
     EXPECT_TRUE(window.close());

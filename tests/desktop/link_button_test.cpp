@@ -1,6 +1,8 @@
 #include "desktop/views/link_button.h"
 
+#include <QImage>
 #include <QPalette>
+#include <QWidget>
 
 #include <gtest/gtest.h>
 
@@ -35,6 +37,30 @@ TEST(LinkButtonTest, ALinkIsReadableOnAnyBackground) {
     // Where even letters cannot be read well, it is as they are.
     EXPECT_EQ(LinkButton::linkColor(PaletteOf("#777777", "#888888"), QColor(0x80, 0x80, 0x80)),
               QColor(0x88, 0x88, 0x88));
+}
+
+TEST(LinkButtonTest, ALinkThatCannotBeUsedLooksLikeIt) {
+    QWidget parent;
+    LinkButton link(QStringLiteral("link"), QStringLiteral("MMM"), &parent);
+    QPalette palette = PaletteOf("#0000ff", "#000000");
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0x80, 0x80, 0x80));
+    palette.setColor(QPalette::Disabled, QPalette::Link, Qt::blue);
+    parent.setPalette(palette);
+    const auto is_blue = [&] {
+        const QImage image = link.grab().toImage();
+        for (int x = 0; x < image.width(); ++x) {
+            for (int y = 0; y < image.height(); ++y) {
+                const QColor colour = image.pixelColor(x, y);
+                if (colour.blue() > colour.red() + 40) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(is_blue());
+    link.setEnabled(false);
+    EXPECT_FALSE(is_blue());
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ using book::What;
 std::shared_ptr<const MovePreview> Preview(int lost, int carried) {
     auto loaded = std::make_shared<book_cli::Loaded>();
     book::Book& book = loaded->Book;
-    book.AddSource(std::make_unique<book::Source>("a\n.vcf", ""));
+    book.AddSource(std::make_unique<book::Source>("/far/a\n.vcf", ""));
     for (int i = 0; i < lost; ++i) {
         book.Told.Add({"TEL", "5", 0, 3, book::FieldNames::kNone, What::Lost, Reason::NotInTarget});
     }
@@ -51,6 +51,10 @@ TEST(LossModel, ReasonsHoldTheirValues) {
     ASSERT_EQ(model.rowCount(lost), 2);
     EXPECT_EQ(TextAt(model.index(1, 0, lost)),
               "a\\x0A.vcf: line 3: lost: TEL \"5\": has no place in the target");
+    // The row has no room for the folder.
+    EXPECT_EQ(
+        model.index(1, 0, lost).data(Qt::ToolTipRole).toString(),
+        QStringLiteral("/far/a\\x0A.vcf: line 3: lost: TEL \"5\": has no place in the target"));
     EXPECT_EQ(TextAt(model.index(1, 0)), "Carried: X-0 (1)");
     EXPECT_FALSE(model.isMore(lost));
     model.show(nullptr);

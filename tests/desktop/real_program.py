@@ -39,6 +39,12 @@ def focus(window):
         time.sleep(0.02)
 
 
+def press_keys(title, *keys):
+    """In the front window of this title."""
+    focus(eventually(f"a window {title}", lambda: windows(title))[-1])
+    xdo("key", "--delay", "50", *keys)
+
+
 class Program:
     """A running program; keys go to its front window."""
 

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Starts the program on a Wayland compositor without a screen: a book that its automation sorts is kept
-# when the compositor is taken away, and offered by the next start. The tests of drops and of recovery
-# run there, too. Arguments: the program, and the one of the tests.
+# when the compositor is taken away, and offered by the next start. So is what a Book window has made of
+# its book. The tests of drops, of recovery and of the Book window that need no keys run there, too.
+# Arguments: the program, and the one of the tests.
 #
 # The compositor has no seat. So there is no clipboard, which a program can only claim with a key or a
 # button, and no key can be sent: Qt would look for the method of input of a keyboard.
@@ -10,10 +11,14 @@ program=$1
 tests=$2
 # shellcheck source=tests/desktop/display.sh
 . "$(dirname "$0")/display.sh"
+# shellcheck source=tests/desktop/bus.sh
+. "$(dirname "$0")/bus.sh"
 unset DISPLAY
 export QT_QPA_PLATFORM=wayland WAYLAND_DISPLAY=orvik-test ORVIK_KEEP_WITHIN=50
 
 compositor() {
+    # One that was killed has left its own.
+    rm -f "$XDG_RUNTIME_DIR/$WAYLAND_DISPLAY"
     start weston --backend=headless-backend.so --socket="$WAYLAND_DISPLAY" --no-config --idle-time=0
     weston=$!
     eventually test -S "$XDG_RUNTIME_DIR/$WAYLAND_DISPLAY"
@@ -51,8 +56,18 @@ kill -TERM "$orvik"
 eventually ended "$orvik"
 kept | cmp - "$work/copy" || fail "a book that was offered is another one"
 
+# A Book window keeps its book, too; what is pressed in it a screen reader presses.
+rm -r "$XDG_STATE_HOME/orvik/recovery"
+{
+    as_reader book_wayland_test.py "$program" "$work/twice.vcf" "$weston"
+    wait "$weston" || true
+} 2>/dev/null
+compositor
+as_reader book_wayland_test.py "$program" "$work/twice.vcf"
+
 # Without keys and without a limit of file sizes, which the compositor's memory is subject to. What the
 # Wayland libraries leak is theirs; a sanitized build looks for our leaks where there is no compositor.
-ASAN_OPTIONS=${ASAN_OPTIONS:+$ASAN_OPTIONS:}detect_leaks=0 "$tests" --gtest_filter="*Drop*:Form1Recovery*:Form1Restore*:RecoveryKeeper*-$(
+book_tests=$(printf 'Book%s*:' Checks Document Duplicates. Keeper MoveDialog Plans WindowsTest Worker)
+ASAN_OPTIONS=${ASAN_OPTIONS:+$ASAN_OPTIONS:}detect_leaks=0 "$tests" --gtest_filter="$book_tests*Drop*:Form1Recovery*:Form1Restore*:RecoveryKeeper*-$(
     printf '*%s*:' AChangeIsKeptSoon IsOnTheDiskAllTheTime CannotBeKept WhileAPersonTypes
 )" >>"$log" 2>&1 || fail "the tests failed"

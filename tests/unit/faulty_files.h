@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -23,12 +24,16 @@ struct Fault {
     std::error_code Error;
     std::size_t Calls = 0;
     std::string Failed;  // the names of the calls that went wrong, joined by "+"
+    bool Kills = false;  // the program instead of the call
 
     // Whether this call is one of them.
     bool Hits(const std::string& name) {
         ++Calls;
         const bool hit = Calls == Call || Calls == Second;
         if (hit) {
+            if (Kills) {
+                std::raise(SIGKILL);
+            }
             Failed.append(Failed.empty() ? "" : "+").append(name);
         }
         return hit;

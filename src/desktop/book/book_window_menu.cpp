@@ -66,7 +66,8 @@ void BookWindow::addFileMenu() {
     move_ = add(menu, "bookMove", tr("&Move to another program..."), QKeySequence::Save);
     connect(move_, &QAction::triggered, this, [this] { move(false); });
     menu.addSeparator();
-    QAction* const close = add(menu, "bookClose", tr("&Close"), QKeySequence(Qt::CTRL | Qt::Key_W));
+    // Not every desktop has it as its first key for that.
+    QAction* const close = add(menu, "bookClose", tr("&Close"), Qt::CTRL | Qt::Key_W);
     connect(close, &QAction::triggered, this, &QWidget::close);
 }
 

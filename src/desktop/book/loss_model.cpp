@@ -112,7 +112,7 @@ void LossModel::showMore(const QModelIndex& index) {
     endInsertRows();
 }
 
-QString LossModel::textOf(const QModelIndex& index) const {
+QString LossModel::textOf(const QModelIndex& index, bool with_folder) const {
     const QModelIndex above = parent(index);
     const auto row = static_cast<std::size_t>(index.row());
     if (isMore(index)) {
@@ -125,7 +125,8 @@ QString LossModel::textOf(const QModelIndex& index) const {
     const std::uint32_t number =
         preview_->Groups[static_cast<std::size_t>(above.row())].Remarks[row];
     const book::Remark& remark = book.Told.Remarks()[number];
-    return ShownName(book.SourceAt(remark.File).Name()) + QStringLiteral(": ") +
+    const std::string_view file = book.SourceAt(remark.File).Name();
+    return ShownName(with_folder ? file : book::FileNameOf(file)) + QStringLiteral(": ") +
            QString::fromStdString(book_cli::RemarkText(book, remark));
 }
 
@@ -136,9 +137,9 @@ QVariant LossModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
         case Qt::AccessibleTextRole:
-            return Shortened(textOf(index));
+            return Shortened(textOf(index, false));
         case Qt::ToolTipRole:
-            return PlainTip(textOf(index));
+            return PlainTip(textOf(index, true));
         default:
             return {};
     }

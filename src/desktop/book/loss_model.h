@@ -46,7 +46,7 @@ class LossModel : public QAbstractItemModel {
     [[nodiscard]] Page& pageOf(const QModelIndex& parent);
     [[nodiscard]] const Page& pageOf(const QModelIndex& parent) const;
     [[nodiscard]] static Page firstPage(std::size_t all);
-    [[nodiscard]] QString textOf(const QModelIndex& index) const;
+    [[nodiscard]] QString textOf(const QModelIndex& index, bool with_folder) const;
 
     std::shared_ptr<const MovePreview> preview_;
     Page groups_;

@@ -110,6 +110,12 @@ MoveTarget::MoveTarget(bool has_lists, QWidget* parent)
     columns->addLayout(left);
     columns->addLayout(right_, 1);
     connect(programs_, &QListWidget::currentRowChanged, this, &MoveTarget::chooseProgram);
+    // A screen reader selects without making it the current one.
+    connect(programs_, &QListWidget::itemSelectionChanged, this, [this] {
+        if (const auto chosen = programs_->selectedItems(); chosen.size() == 1) {
+            programs_->setCurrentItem(chosen.front());
+        }
+    });
     programs_->setCurrentRow(0);
 }
 

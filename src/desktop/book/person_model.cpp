@@ -78,7 +78,7 @@ QString PersonModel::placeOf(const book::Property& field) const {
     }
     return field.File == document_.at(*record_).From.File
                ? ShortPlace(field.Line)
-               : PlaceWords(document_.book(), field.File, field.Line);
+               : NearPlace(document_.book(), field.File, field.Line);
 }
 
 QVariant PersonModel::data(const QModelIndex& index, int role) const {

@@ -138,7 +138,7 @@ QVariant ProblemModel::data(const QModelIndex& index, int role) const {
             const ProblemList::Place place = list_.placeOf(*one);
             return place.Line > 0 && document_.book().SourceCount() == 1
                        ? ShortPlace(place.Line)
-                       : PlaceWords(document_.book(), place.File, place.Line);
+                       : NearPlace(document_.book(), place.File, place.Line);
         }
     }
 }

@@ -122,7 +122,7 @@ void ProblemsPage::connectAll() {
     connect(table_->selectionModel(),
             &QItemSelectionModel::selectionChanged,
             this,
-            &ProblemsPage::showButtons);
+            &ProblemsPage::followSelection);
     connect(fix_button_, &QAbstractButton::clicked, this, &ProblemsPage::beginFix);
     connect(keep_button_, &QAbstractButton::clicked, this, [this] { list_->keep(selected()); });
     connect(leave_out_button_, &QAbstractButton::clicked, this, [this] {
@@ -251,6 +251,18 @@ void ProblemsPage::showButtons() {
     if (document_.isFrozen()) {
         endFix();
     }
+}
+
+// What is selected alone is what is shown and fixed, also where a screen reader has selected it.
+void ProblemsPage::followSelection() {
+    const QItemSelection selection = table_->selectionModel()->selection();
+    if (selection.size() == 1 && selection.front().height() == 1 &&
+        selection.front().top() != table_->currentIndex().row()) {
+        table_->selectionModel()->setCurrentIndex(
+            model_->index(selection.front().top(), ProblemModel::kWhat),
+            QItemSelectionModel::NoUpdate);
+    }
+    showButtons();
 }
 
 std::vector<book::Problem> ProblemsPage::selected() const {

@@ -52,6 +52,7 @@ class ProblemsPage : public QWidget {
     void showState();
     void showCurrent();
     [[nodiscard]] std::optional<book::ExcerptPlace> linesFor(const book::Problem& one) const;
+    void followSelection();
     void showButtons();
     void setCurrentRow(int row);
     void ask(const QModelIndex& index);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "app/printable.h"
+#include "book/source.h"
 #include "book/typed_views.h"
 #include "desktop/text/plain_text.h"
 #include "desktop/text/short_text.h"
@@ -13,6 +14,13 @@ namespace {
 
 QString ToLetters(const std::string& text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QString PlaceIn(std::string_view file, std::uint32_t line) {
+    const QString name = ShortName(file);
+    return line == 0 ? name
+                     : QCoreApplication::translate("Book", "%1, line %2")
+                           .arg(name, QString::number(line));
 }
 
 }  // namespace
@@ -49,10 +57,11 @@ QString RecordName(const BookDocument& document, BookDocument::Number record) {
 }
 
 QString PlaceWords(const book::Book& book, std::uint32_t file, std::uint32_t line) {
-    const QString name = ShortName(book.SourceAt(file).Name());
-    return line == 0 ? name
-                     : QCoreApplication::translate("Book", "%1, line %2")
-                           .arg(name, QString::number(line));
+    return PlaceIn(book.SourceAt(file).Name(), line);
+}
+
+QString NearPlace(const book::Book& book, std::uint32_t file, std::uint32_t line) {
+    return PlaceIn(book::FileNameOf(book.SourceAt(file).Name()), line);
 }
 
 QString ShortPlace(std::uint32_t line) {

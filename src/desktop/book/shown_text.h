@@ -23,9 +23,11 @@ inline constexpr std::size_t kMostOfLine = 1000;
 // RecordName: what a record is called; "(no name)" for none.
 [[nodiscard]] QString RecordName(const BookDocument& document, BookDocument::Number record);
 
-// PlaceWords: "book.ldif, line 12"; the file alone for line 0.
+// PlaceWords: "/a/book.ldif, line 12"; the file alone for line 0.
+// NearPlace: "book.ldif, line 12" where there is room for no folder.
 // ShortPlace: "line 12" where everybody knows the file.
 [[nodiscard]] QString PlaceWords(const book::Book& book, std::uint32_t file, std::uint32_t line);
+[[nodiscard]] QString NearPlace(const book::Book& book, std::uint32_t file, std::uint32_t line);
 [[nodiscard]] QString ShortPlace(std::uint32_t line);
 
 }  // namespace orvik

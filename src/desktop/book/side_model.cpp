@@ -1,7 +1,5 @@
 #include "desktop/book/side_model.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QFont>
 #include <QGuiApplication>
 #include <QPalette>
@@ -188,13 +186,7 @@ QString SideModel::placeOf(const book::Origin& from) const {
     if (from.Lines == 0) {
         return tr("added here");
     }
-    QString place;
-    if (!is_one_file_) {
-        const std::string& file = document_.book().SourceAt(from.File).Name();
-        place =
-            ShownName(QFileInfo(QFile::decodeName(file.c_str())).fileName()) + QStringLiteral(", ");
-    }
-    return place + ShortPlace(from.Line);
+    return is_one_file_ ? ShortPlace(from.Line) : NearPlace(document_.book(), from.File, from.Line);
 }
 
 QVariant SideModel::headerData(int section, Qt::Orientation way, int role) const {

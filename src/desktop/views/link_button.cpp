@@ -66,7 +66,9 @@ void LinkButton::paintEvent(QPaintEvent* /*event*/) {
     QFont underlined = font();
     underlined.setUnderline(true);
     painter.setFont(underlined);
-    painter.setPen(linkColor(palette(), palette().color(parentWidget()->backgroundRole())));
+    painter.setPen(isEnabled()
+                       ? linkColor(palette(), palette().color(parentWidget()->backgroundRole()))
+                       : palette().color(QPalette::Disabled, QPalette::WindowText));
     painter.drawText(rect(), Qt::AlignCenter, text());
     drawFocus(painter, rect());
 }
