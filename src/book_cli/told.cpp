@@ -206,7 +206,7 @@ std::string RemarksReport(const book::Book& book) {
     return text;
 }
 
-std::string ReportOf(const Loaded& loaded) {
+std::string InputsReport(const Loaded& loaded) {
     const book::Book& book = loaded.Book;
     std::string text;
     for (std::uint32_t i = 0; i < loaded.Inputs.size(); ++i) {
@@ -229,6 +229,12 @@ std::string ReportOf(const Loaded& loaded) {
                                 loaded.Inputs[i].Columns});
         }
     }
+    return text;
+}
+
+std::string ReportOf(const Loaded& loaded) {
+    const book::Book& book = loaded.Book;
+    std::string text = InputsReport(loaded);
     for (const book::Contact& one : book.Contacts) {
         const std::string name = book::NameOf(book, one).Shown;
         text += ReportLine({NameOf(What::Read),
