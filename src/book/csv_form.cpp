@@ -167,7 +167,7 @@ CsvForm BestForm(std::string_view text, Signs& best, std::size_t& rows, bool& ra
 
 }  // namespace
 
-std::optional<CsvForm> CsvFormOf(std::string_view text) {
+std::optional<CsvForm> CsvFormOf(std::string_view text, bool called_table) {
     Signs signs;
     std::size_t rows = 0;
     bool ragged = false;
@@ -180,7 +180,7 @@ std::optional<CsvForm> CsvFormOf(std::string_view text) {
     CsvForm form = BestForm(text, signs, rows, ragged);
     if (IsNamed(signs)) {
         form.Evidence = "line 1 names columns";
-    } else if (IsBare(signs, rows) || ragged) {
+    } else if (IsBare(signs, rows + (called_table ? 1 : 0)) || ragged) {
         form.Evidence = "line 1 begins rows with addresses";
     } else {
         return std::nullopt;

@@ -327,10 +327,10 @@ run "a column that is not there" 0 show people.csv --map Age=note
 tells "people.csv: --map: there is no column Age"
 run "letters of two bytes in a plain file" 0 show people.csv --charset utf-16le
 tells "people.csv: --charset: the file is not in UTF-16LE"
-run "check a table" 0 check people.csv --report checked.json
+run "check a table" 0 check people.csv --report checked_table.json
 prints "2 checked: 2 valid, 0 odd, 0 bad"
 tells_once 'people.csv: columns matched by header, German: "Vorname" -> given name'
-has checked.json '"reason":"columns matched by header, German: '
+has checked_table.json '"reason":"columns matched by header, German: '
 printf 'Vorname;Nachname;Ort;Verein?\r\nAda;Abbott;Ulm;ada@@example.org\r\n' >club.csv
 run "check without the column" 0 check club.csv
 prints "0 checked: 0 valid, 0 odd, 0 bad"
