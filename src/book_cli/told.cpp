@@ -235,7 +235,7 @@ std::string InputsReport(const Loaded& loaded) {
 std::string ReportOf(const Loaded& loaded) {
     const book::Book& book = loaded.Book;
     std::string text = InputsReport(loaded);
-    for (const book::Contact& one : book.Contacts) {
+    const auto add_read = [&](const book::Contact& one) {
         const std::string name = book::NameOf(book, one).Shown;
         text += ReportLine({NameOf(What::Read),
                             book.SourceAt(one.From.File).Name(),
@@ -244,7 +244,9 @@ std::string ReportOf(const Loaded& loaded) {
                             name,
                             {},
                             {}});
-    }
+    };
+    std::for_each(book.Contacts.begin(), book.Contacts.end(), add_read);
+    std::for_each(loaded.Labels.begin(), loaded.Labels.end(), add_read);
     for (const book::Contact& one : loaded.LeftOut) {
         const std::string name = book::NameOf(book, one).Shown;
         text += ReportLine({"left out",
