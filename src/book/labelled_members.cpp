@@ -56,7 +56,7 @@ std::vector<Contact> LabelMembers(Book& book) {
     {
         const Identities identities(book);
         const Directory directory(book, identities);
-        const CsvLists lists(book, directory, true);
+        const CsvLists lists(book, directory);
         for (std::size_t i = 0; i < book.Contacts.size(); ++i) {
             Label(book, book.Contacts[i], lists.Of(i));
         }
