@@ -131,6 +131,33 @@ bool IsPhoneCell(std::string_view cell) {
            std::count_if(cell.begin(), cell.end(), IsDigit) >= kFewest && !NumbersOf(cell);
 }
 
+bool IsDialledCell(std::string_view cell) {
+    cell = WithoutBlanksAround(cell);
+    return IsPhoneCell(cell) && (cell.front() == '0' || cell.find_first_of("+()-/ ") < cell.size());
+}
+
+bool IsDateCell(std::string_view cell) {
+    constexpr std::size_t kWhole = 10;
+    return IsoDate(cell, DateOrder::DayFirst).size() == kWhole;
+}
+
+bool IsCodeCell(std::string_view cell) {
+    constexpr std::size_t kShortest = 3;
+    constexpr std::size_t kLongest = 5;
+    cell = WithoutBlanksAround(cell);
+    return cell.size() >= kShortest && cell.size() <= kLongest &&
+           std::all_of(cell.begin(), cell.end(), IsDigit);
+}
+
+bool IsLongCodeCell(std::string_view cell) {
+    constexpr std::size_t kLength = 5;
+    return IsCodeCell(cell) && WithoutBlanksAround(cell).size() == kLength;
+}
+
+bool HasDigit(std::string_view cell) {
+    return std::any_of(cell.begin(), cell.end(), IsDigit);
+}
+
 bool IsDayCell(std::string_view cell) {
     cell = WithoutBlanksAround(cell);
     std::uint32_t day = 0;

@@ -23,6 +23,15 @@ namespace orvik::book {
 [[nodiscard]] bool IsWebCell(std::string_view cell);
 //   "+1 (555) 01-00" -> true;  "12345" and "2001-02-03" -> false
 [[nodiscard]] bool IsPhoneCell(std::string_view cell);
+// A phone by more than its digits, as other numbers have these, too.
+//   "+1 555 0100", "0151 2345678" -> true;  "12345678" -> false
+[[nodiscard]] bool IsDialledCell(std::string_view cell);
+// A whole date with a year of four digits: "1980-04-12", "12.4.1980" -> true
+[[nodiscard]] bool IsDateCell(std::string_view cell);
+// What a postal code may be, three to five digits; and one of five.
+[[nodiscard]] bool IsCodeCell(std::string_view cell);
+[[nodiscard]] bool IsLongCodeCell(std::string_view cell);
+[[nodiscard]] bool HasDigit(std::string_view cell);
 // A number from 1 to 31.
 [[nodiscard]] bool IsDayCell(std::string_view cell);
 // Letters and what names have between them, no digit.

@@ -113,6 +113,12 @@ class Matcher {
     }
 
     void TakeOneOf(std::size_t i, std::vector<const CsvWord*>& words) {
+        // A word that says home or private is none of a phone where no cell has a digit.
+        const bool digits = IsEmpty(i) || HoldAny(i, HasDigit);
+        std::erase_if(words, [digits](const CsvWord* one) {
+            return !digits && one->Field->Property == field::kTel &&
+                   one->Field->Meaning == CsvMeaning::Simple;
+        });
         // The word of an address may be that of a street: the cells tell.
         const auto addresses = std::count_if(words.begin(), words.end(), IsAddressWord);
         const bool both = addresses > 0 && addresses < std::ssize(words);
@@ -180,8 +186,9 @@ class Matcher {
                 TakeCells(i, "email1");
             } else if (Hold(i, IsWebCell)) {
                 TakeCells(i, "url");
-            } else if (top_.Header.empty() && Hold(i, IsPhoneCell)) {
+            } else if (Hold(i, top_.Header.empty() ? IsPhoneCell : IsDialledCell)) {
                 TakeCells(i, "phone");
+                columns_.All[i].Unsure = !top_.Header.empty();
             } else if (top_.Header.empty() && Hold(i, IsNameCell)) {
                 names_.push_back(i);
             }
@@ -200,6 +207,50 @@ class Matcher {
                 TakeCells(i, "label");
             }
         }
+        TakeDates();
+        TakeCodes();
+    }
+
+    // The only column that holds dates may hold birthdays.
+    void TakeDates() {
+        std::vector<std::size_t> dates;
+        for (std::size_t i = 0; i < top_.Columns; ++i) {
+            if (IsOpen(i) && Hold(i, IsDateCell)) {
+                dates.push_back(i);
+            }
+        }
+        const bool known = HasField("birthday") || HasField("birthday.year") ||
+                           HasField("birthday.month") || HasField("birthday.day");
+        if (dates.size() == 1 && !known) {
+            TakeCells(dates[0], "birthday");
+            columns_.All[dates[0]].Unsure = true;
+        }
+    }
+
+    // Numbers beside a town or a street, or of five digits where no header says anything.
+    void TakeCodes() {
+        for (std::size_t i = 0; i < top_.Columns; ++i) {
+            const std::string_view place = PlaceBeside(i);
+            const bool bare = columns_.Language.empty() && Hold(i, IsLongCodeCell);
+            if (IsOpen(i) && Hold(i, IsCodeCell) && (bare || !place.empty())) {
+                const std::string name = "zip." + std::string(place.empty() ? "home" : place);
+                if (!HasField(name)) {
+                    TakeCells(i, name);
+                    columns_.All[i].Unsure = true;
+                }
+            }
+        }
+    }
+
+    // "work" where the column on either side holds a part of that postal address; empty for none.
+    [[nodiscard]] std::string_view PlaceBeside(std::size_t i) const {
+        for (const std::size_t other : {i + 1, i - 1}) {
+            if (other < top_.Columns && columns_.All[other].Field->Meaning == CsvMeaning::Post &&
+                !columns_.All[other].Field->Types.empty()) {
+                return columns_.All[other].Field->Types;
+            }
+        }
+        return {};
     }
 
     static bool IsSingleWord(std::string_view cell) {
@@ -288,26 +339,6 @@ class Matcher {
     std::vector<std::size_t> names_;
 };
 
-// A long header is told by its beginning.
-std::string Told(const CsvColumn& column, std::size_t number) {
-    return column.Header.empty() ? ColumnName(number) : "\"" + std::string(column.Header) + "\"";
-}
-
-std::string_view HowOf(const CsvColumns& columns) {
-    const auto is_of = [&](CsvGround ground) {
-        return std::any_of(columns.All.begin(), columns.All.end(), [ground](const auto& one) {
-            return one.Used && one.Ground == ground;
-        });
-    };
-    return !columns.Program.empty()  ? "by header"
-           : is_of(CsvGround::Words) ? "by common words"
-           : is_of(CsvGround::Tag)   ? "by tags"
-           : is_of(CsvGround::Place) ? "by position, unproven"
-           : is_of(CsvGround::Cells) ? "by their cells"
-           : is_of(CsvGround::Asked) ? "as asked"
-                                     : "by nothing";
-}
-
 }  // namespace
 
 CsvMapping ParseMapping(std::string_view text) {
@@ -321,40 +352,6 @@ CsvMapping ParseMapping(std::string_view text) {
 
 CsvColumns MatchColumns(const CsvTop& top, std::span<const CsvMapping> asked) {
     return Matcher(top, asked).Match();
-}
-
-std::string SentenceOf(const CsvColumns& columns) {
-    std::string text = "columns matched " + std::string(HowOf(columns));
-    if (!columns.Language.empty()) {
-        text += ", " + std::string(LanguageName(columns.Language));
-    }
-    std::string_view between = ": ";
-    for (std::size_t i = 0; i < columns.All.size(); ++i) {
-        const CsvColumn& one = columns.All[i];
-        if (!one.Used || one.Field->Meaning == CsvMeaning::Kind) {
-            continue;
-        }
-        text += between;
-        text += Told(one, i) + " -> " + std::string(ShownName(*one.Field));
-        const bool date = one.Field->Meaning == CsvMeaning::Date && !one.Order.Certain;
-        if (date) {
-            const bool month = one.Order.Order == DateOrder::MonthFirst;
-            text += month ? " (taken for month/day/year)" : " (taken for day/month/year)";
-        }
-        const bool other_way = one.Ground == CsvGround::Cells || one.Ground == CsvGround::Asked ||
-                               (one.Ground == CsvGround::Words && !columns.Program.empty());
-        if (other_way && HowOf(columns) != "by their cells" && HowOf(columns) != "as asked") {
-            text += one.Ground == CsvGround::Cells   ? " (by its cells)"
-                    : one.Ground == CsvGround::Words ? " (a common word)"
-                                                     : " (as asked)";
-        }
-        between = ", ";
-    }
-    return text;
-}
-
-std::string ColumnName(std::size_t column) {
-    return "column " + std::to_string(column + 1);
 }
 
 }  // namespace orvik::book

@@ -33,6 +33,7 @@ struct CsvColumn {
     const CsvField* Field = nullptr;
     std::uint32_t Number = 0;  // of a numbered column
     CsvGround Ground = CsvGround::None;
+    bool Unsure = false;             // other things look as its cells do
     FoundOrder Order;                // of a column of dates
     std::size_t KindColumn = kNone;  // which says home or work of this one
     bool Used = false;               // a cell held something

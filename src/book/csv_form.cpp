@@ -191,7 +191,9 @@ void PassLine(std::string_view text, CsvForm& form) {
     ++form.FirstLine;
 }
 
-std::optional<CsvForm> FormOfRows(std::string_view text, std::uint32_t first_line) {
+std::optional<CsvForm> FormOfRows(std::string_view text,
+                                  std::uint32_t first_line,
+                                  bool called_table) {
     Signs signs;
     std::size_t rows = 0;
     bool ragged = false;
@@ -199,7 +201,7 @@ std::optional<CsvForm> FormOfRows(std::string_view text, std::uint32_t first_lin
     const std::string line = "line " + std::to_string(first_line);
     if (IsNamed(signs)) {
         form.Evidence = line + " names columns";
-    } else if (IsBare(signs, rows) || ragged) {
+    } else if (IsBare(signs, rows + (called_table ? 1 : 0)) || ragged) {
         form.Evidence = line + " begins rows with addresses";
     } else {
         return std::nullopt;
@@ -208,7 +210,7 @@ std::optional<CsvForm> FormOfRows(std::string_view text, std::uint32_t first_lin
 }
 
 // The form of rows behind comments, or behind a line that says how many people were found.
-std::optional<CsvForm> FormBehind(std::string_view text) {
+std::optional<CsvForm> FormBehind(std::string_view text, bool called_table) {
     CsvForm behind;
     while (text.substr(behind.From).starts_with('#')) {
         PassLine(text, behind);
@@ -225,7 +227,7 @@ std::optional<CsvForm> FormBehind(std::string_view text) {
     if (rows.empty() || (!comments && !answer)) {
         return std::nullopt;
     }
-    auto form = FormOfRows(rows, behind.FirstLine);
+    auto form = FormOfRows(rows, behind.FirstLine, called_table);
     if (!form || (!comments && form->Separator != '\t')) {
         return std::nullopt;
     }
@@ -236,15 +238,15 @@ std::optional<CsvForm> FormBehind(std::string_view text) {
 
 }  // namespace
 
-std::optional<CsvForm> CsvFormOf(std::string_view text) {
+std::optional<CsvForm> CsvFormOf(std::string_view text, bool called_table) {
     if (auto named = NamedForm(text)) {
         Sample sample;
         Fill(text.substr(named->From), named->Separator, sample);
         named->HasHeader = HasHeader(SignsOf(sample));
         return named;
     }
-    auto form = FormOfRows(text, 1);
-    return form ? form : FormBehind(text);
+    auto form = FormOfRows(text, 1, called_table);
+    return form ? form : FormBehind(text, called_table);
 }
 
 CsvForm LikelyCsvForm(std::string_view text) {

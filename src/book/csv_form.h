@@ -22,7 +22,8 @@ struct CsvForm {
 // number of cells, and its first one has known words, or a column holds addresses. Nothing for any
 // other.
 //   "First Name;Last Name;E-mail Address\n..." -> by ";";  "Dear Ada,\nsee a@b, c\n" -> nothing
-[[nodiscard]] std::optional<CsvForm> CsvFormOf(std::string_view text);
+// One row without a header is enough where the file is called a table.
+[[nodiscard]] std::optional<CsvForm> CsvFormOf(std::string_view text, bool called_table = false);
 
 // LikelyCsvForm: the form of a text that is said to be one.
 [[nodiscard]] CsvForm LikelyCsvForm(std::string_view text);

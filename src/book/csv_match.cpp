@@ -14,6 +14,7 @@ constexpr std::size_t kMostPlaces = 256;
 struct Votes {
     std::size_t Words = 0;
     std::size_t Common = 0;
+    std::size_t Own = 0;  // words that are no English
 };
 
 }  // namespace
@@ -29,6 +30,7 @@ CsvHeaderWords::CsvHeaderWords(const CsvTop& top) : keys_(top.Columns) {
     }
     FindProgram();
     FindPlaces();
+    FindTongue();
 }
 
 void CsvHeaderWords::FindProgram() {
@@ -89,7 +91,7 @@ std::vector<const CsvWord*> CsvHeaderWords::WordsIn(const CsvTable& table,
     return words;
 }
 
-std::string_view CsvHeaderWords::Tongue() const {
+void CsvHeaderWords::FindTongue() {
     const CsvWords& all = CsvWords::All();
     std::map<std::string_view, Votes> votes;
     for (const CsvHeaderKey& key : keys_) {
@@ -101,19 +103,23 @@ std::string_view CsvHeaderWords::Tongue() const {
         for (const auto& [tongue, common] : tongues) {
             ++votes[tongue].Words;
             votes[tongue].Common += common ? 1U : 0U;
+            votes[tongue].Own += tongues.contains("en") ? 0U : 1U;
         }
     }
-    std::string_view best;
     Votes most;
     for (const auto& [tongue, one] : votes) {
         // What is the same in many languages is taken for English.
         const auto rank = std::tuple(one.Words, one.Common, tongue == "en");
-        if (rank > std::tuple(most.Words, most.Common, best == "en")) {
-            best = tongue;
+        if (rank > std::tuple(most.Words, most.Common, tongue_ == "en")) {
+            tongue_ = tongue;
             most = one;
         }
     }
-    return best;
+    const std::size_t words = tongue_ == "en" ? most.Words : most.Own;
+    const bool most_alone = std::all_of(votes.begin(), votes.end(), [&](const auto& row) {
+        return row.first == tongue_ || row.second.Own < words;
+    });
+    sure_ = program_ != nullptr || (words > 1 && most_alone);
 }
 
 bool CsvHeaderWords::IsElsewhere(std::string_view field, std::size_t column) const {
@@ -209,8 +215,9 @@ std::vector<const CsvWord*> CsvHeaderWords::ByTongue(std::string_view language,
         found.push_back({rank + (table.IsGeneric() ? 0 : 1), &all.At(hit)});
         ++fields[all.At(hit).Name];
     }
-    // A word that other languages have for several things says nothing.
-    if (fields.size() > 1) {
+    // A word of other languages says nothing where they have it for several things, or where the
+    // file is in another one.
+    if (fields.size() > 1 || sure_) {
         std::erase_if(found, [](const Ranked& one) { return one.Rank >= 4; });
     }
     std::stable_sort(found.begin(), found.end(), [&](const Ranked& one, const Ranked& other) {

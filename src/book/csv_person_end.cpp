@@ -16,6 +16,7 @@ namespace {
 
 // Google's own group, of all whom the user has taken up.
 constexpr std::string_view kEverybody = "* myContacts";
+constexpr std::string_view kOldEverybody = "* My Contacts";
 
 // Columns whose cells the reader may keep under their header.
 bool MayComeBack(CsvMeaning meaning) {
@@ -189,6 +190,7 @@ void CsvPersonWriter::WriteGroups(std::span<const std::string_view> lists) {
     bool everybody = false;
     const std::string_view between = google_ ? kBetweenValues : std::string_view(";");
     const auto add = [&](std::string_view group) {
+        group = group == kOldEverybody ? kEverybody : group;
         const bool known = !seen_groups_.emplace(group).second;
         const bool none = group == kEverybody && !google_;
         everybody = everybody || group == kEverybody;

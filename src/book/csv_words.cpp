@@ -27,6 +27,7 @@ constexpr std::array kLanguages = {
     std::pair<std::string_view, std::string_view>{"it", "Italian"},
     std::pair<std::string_view, std::string_view>{"ja", "Japanese"},
     std::pair<std::string_view, std::string_view>{"ko", "Korean"},
+    std::pair<std::string_view, std::string_view>{"nb", "Norwegian"},
     std::pair<std::string_view, std::string_view>{"nb-NO", "Norwegian"},
     std::pair<std::string_view, std::string_view>{"nl", "Dutch"},
     std::pair<std::string_view, std::string_view>{"pl", "Polish"},
@@ -41,6 +42,7 @@ constexpr std::array kLanguages = {
     std::pair<std::string_view, std::string_view>{"sv-SE", "Swedish"},
     std::pair<std::string_view, std::string_view>{"tr", "Turkish"},
     std::pair<std::string_view, std::string_view>{"uk", "Ukrainian"},
+    std::pair<std::string_view, std::string_view>{"zh", "Chinese"},
     std::pair<std::string_view, std::string_view>{"zh-CN", "Chinese"},
     std::pair<std::string_view, std::string_view>{"zh-TW", "Chinese (Taiwan)"},
 };

@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "app/text.h"
 #include "book/csv_form.h"
 #include "book/field_names.h"
 #include "book/lines.h"
@@ -224,7 +225,9 @@ Detected Detect(const Source& source) {
     }
     Detected other = Something(source);
     // Pages and bytes have rows and addresses by chance.
-    if (const auto form = other.Evidence == kText ? CsvFormOf(source.Text()) : std::nullopt) {
+    const bool table = HasEnding(source.Name(), ".csv") || HasEnding(source.Name(), ".tsv");
+    if (const auto form =
+            other.Evidence == kText ? CsvFormOf(source.Text(), table) : std::nullopt) {
         return {Format::Csv, form->Evidence};
     }
     return other;

@@ -1,4 +1,4 @@
-// What a file is: its content decides, whatever it is called.
+// What a file is: its content decides; its name only where a table of one row would else be a text.
 
 #pragma once
 

@@ -181,7 +181,8 @@ class Parser {
                            std::find(kVerbs.begin(), kVerbs.end(), words[1]) == kVerbs.end();
         if (words.size() == 1 || other) {
             throw CLI::ValidationError(other ? words[1] : "orvik-book",
-                                       "a verb stands first: show, convert, check or diff");
+                                       "a verb stands first: show, convert, check, diff, find, "
+                                       "dupes or clean");
         }
     }
 

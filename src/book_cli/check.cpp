@@ -28,16 +28,27 @@ std::string Padded(std::string text, std::size_t width) {
     return text;
 }
 
+// "bad: two @", "valid: al@xn--bcher-kva.example in ASCII".
+std::string VerdictOf(const AddressEntry& entry) {
+    std::string verdict = std::string(entry.Class) + ": " + Printable(entry.Reason);
+    if (!entry.Ascii.empty()) {
+        verdict += entry.Reason.empty() ? "" : "; ";
+        verdict += Printable(Shortened(entry.Ascii)) + " in ASCII";
+    }
+    return verdict;
+}
+
 std::string TextOf(const Console& console, const AddressEntry& entry) {
     constexpr std::size_t kAddressWidth = 22;
     constexpr std::size_t kReasonWidth = 29;
-    const std::string verdict = std::string(entry.Class) + ": " + Printable(entry.Reason);
+    const std::string verdict = VerdictOf(entry);
     const std::string padded = Padded(verdict, kReasonWidth);
     const bool bad = entry.Class == NameOf(AddressClass::Bad);
+    const bool flagged = entry.Class != NameOf(AddressClass::Valid);
     return Printable(entry.File) + ":" + std::to_string(entry.Line) + "  " +
            Padded(Printable(Shortened(entry.Address)), kAddressWidth) +
            (bad ? console.Alarming(verdict) : verdict) + padded.substr(verdict.size()) +
-           "kept, flagged\n";
+           (flagged ? "kept, flagged\n" : "kept\n");
 }
 
 std::string SummaryOf(const Counts& counts) {
@@ -103,7 +114,7 @@ class Checker {
         }
         if (arguments_.Json) {
             console_.Out() << AddressLine(entry);
-        } else if (checked.Class() != AddressClass::Valid) {
+        } else if (checked.Class() != AddressClass::Valid || !checked.Ascii.empty()) {
             console_.Out() << TextOf(console_, entry);
         }
     }
@@ -126,10 +137,13 @@ cli::ExitStatus Check(const Arguments& arguments, Console& console, Outputs& out
         console.Out() << SummaryOf(checker.Found());
     }
     cli::ExitStatus status = Worse(outputs.FinishPrinting(), loaded.Status);
+    TellColumns(console, loaded);
     TellCharsets(console, loaded);
     TellRemarks(console, loaded);
     if (!arguments.Report.empty() && !loaded.Inputs.empty()) {
-        status = Worse(status, outputs.WriteReport(checker.Report() + RemarksReport(loaded.Book)));
+        status = Worse(status,
+                       outputs.WriteReport(InputsReport(loaded) + checker.Report() +
+                                           RemarksReport(loaded.Book)));
     }
     const bool has_bad = checker.Found()[static_cast<std::size_t>(AddressClass::Bad)] > 0;
     status = Worse(status, has_bad ? cli::ExitStatus::Problem : cli::ExitStatus::Done);

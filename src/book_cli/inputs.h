@@ -35,6 +35,8 @@ struct Loaded {
     cli::ExitStatus Status = cli::ExitStatus::Done;
     // Contacts of the book that are not among its records any more, as an older book has them.
     std::vector<book::Contact> LeftOut = {};
+    // Lists that became categories of their members.
+    std::vector<book::Contact> Labels = {};
 
     [[nodiscard]] std::vector<book::Format> Formats() const;
 };

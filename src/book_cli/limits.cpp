@@ -1,12 +1,17 @@
 #include "book_cli/limits.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
+#include <optional>
+#include <utility>
 
 #include "book/ldif_sets.h"
 #include "book/picture_bytes.h"
 #include "book/typed_views.h"
 #include "book/value_form.h"
+#include "book/vcard_fields.h"
+#include "book_cli/json_lines.h"
 #include "book_cli/told.h"
 
 namespace orvik::book_cli {
@@ -27,10 +32,16 @@ class Doubts {
         : form_(form), book_(book), written_(written) {}
 
     void AddAll() {
+        const bool asks = form_.MembersByAddress || !form_.ListsInLists;
+        const std::optional<Catalogue> catalogue =
+            asks && HasLists(book_) ? std::optional<Catalogue>(std::in_place, book_) : std::nullopt;
         for (std::size_t i = 0; i < book_.Contacts.size(); ++i) {
             const book::Contact& contact = book_.Contacts[i];
             if (contact.Kind == book::ContactKind::List) {
                 AddOfList(contact);
+                if (catalogue) {
+                    AddOfMembers(*catalogue, contact);
+                }
             } else {
                 AddOfPerson(contact);
             }
@@ -46,6 +57,23 @@ class Doubts {
         const bool cards = form_.Form == Dialect::VCard30 || form_.Form == Dialect::VCard40;
         if (!form_.TakesLists && (cards || form_.Form == Dialect::Ldif)) {
             Add(list, {}, NameOf(list), Reason::NoLists);
+        }
+    }
+
+    // What the program does not find of a list, although the file has it.
+    void AddOfMembers(const Catalogue& catalogue, const book::Contact& list) {
+        for (const book::ListMember& one : catalogue.Members().MembersOf(list)) {
+            if (one.Record == book::ListMember::kNobody) {
+                continue;
+            }
+            const bool inner = book_.Contacts[one.Record].Kind == book::ContactKind::List;
+            const bool bare = form_.MembersByAddress && !inner && one.Address.empty();
+            if (bare || (inner && !form_.ListsInLists)) {
+                Add(list,
+                    book_.Names.Text(one.Field->Name),
+                    book_.Keep(one.Name),
+                    inner ? Reason::ListInList : Reason::NoAddress);
+            }
         }
     }
 
@@ -71,11 +99,36 @@ class Doubts {
 
     void AddOfPhoto(const book::Contact& person, const book::Property& photo) {
         const std::string_view field = book_.Names.Text(photo.Name);
-        if (!form_.TakesPhotos) {
+        const std::size_t bytes = BytesOfPhoto(book_, photo);
+        // The address of a picture is one in cards.
+        const bool address = bytes == 0 && form_.Form != Dialect::Ldif;
+        const bool unread = !form_.TakesPhotos || (form_.UsualPhotosOnly && !IsUsual(photo));
+        if (unread && !address) {
             Add(person, field, {}, Reason::NotRead);
-        } else if (IsOver(BytesOfPhoto(book_, photo), form_.Most.PhotoBytes)) {
+        } else if (IsOver(bytes, form_.Most.PhotoBytes)) {
             Add(person, field, {}, Reason::TooLarge);
         }
+    }
+
+    // Whether all programs know this kind of picture.
+    [[nodiscard]] bool IsUsual(const book::Property& photo) const {
+        constexpr std::array<std::string_view, 7> kUsual = {"image/jpeg",
+                                                            "image/jpg",
+                                                            "image/png",
+                                                            "image/gif",
+                                                            "image/bmp",
+                                                            "image/x-bmp",
+                                                            "image/x-ms-bmp"};
+        const auto uri = book::SplitDataUri(photo.Value);
+        std::string_view type = uri ? uri->Type : std::string_view{};
+        for (const book::Param& param : book_.DetailsOf(photo).Params) {
+            const bool media =
+                param.Name == book::field::kType && book::IsMediaType(param.Value) && !uri;
+            type = media ? param.Value : type;
+        }
+        const std::string found =
+            book::MediaTypeOf(photo.Name, type, uri ? uri->Base64 : std::string_view(photo.Value));
+        return std::find(kUsual.begin(), kUsual.end(), found) != kUsual.end();
     }
 
     static bool IsOver(std::size_t count, std::size_t most) { return most > 0 && count > most; }
@@ -147,25 +200,33 @@ std::string TooManyFor(const Arguments& arguments, std::size_t records) {
 
 std::string TooMuchInAll(const ImportForm& form, const book::Book& book, const Written& written) {
     constexpr std::size_t kMegabyte = 1024UL * 1024;
-    const std::size_t records = book.Contacts.size();
+    const std::string keeper(form.Keeper);
     std::string text;
-    if (form.Most.AllRecords > 0 && records > form.Most.AllRecords) {
-        text = "iCloud keeps at most " + std::to_string(form.Most.AllRecords) +
-               " contacts of one user, and there are " + std::to_string(records);
+    if (form.Most.AllRecords > 0 && written.Records > form.Most.AllRecords) {
+        text = keeper + " at most " + std::to_string(form.Most.AllRecords) +
+               " contacts of one user, and there are " + std::to_string(written.Records);
     }
+    const auto add = [&](std::size_t bytes, std::size_t most, std::string_view what) {
+        if (most > 0 && bytes > most) {
+            text += (text.empty() ? "" : "; ") + keeper + " at most " +
+                    std::to_string(most / kMegabyte) + " MB of one user" + std::string(what) +
+                    ", and there are " + std::to_string((bytes + kMegabyte - 1) / kMegabyte);
+        }
+    };
     std::size_t photos = 0;
+    std::size_t photo_bytes = 0;
     for (const book::Contact& contact : book.Contacts) {
         for (const book::Property& one : contact.Properties) {
-            photos += one.Name == book::field::kPhoto ? one.Value.size() : 0;
+            if (one.Name == book::field::kPhoto) {
+                photos += one.Value.size();
+                photo_bytes += BytesOfPhoto(book, one);
+            }
         }
     }
-    const std::size_t bytes = written.Text.size() - std::min(written.Text.size(), photos);
-    if (form.Most.AllBytes > 0 && bytes > form.Most.AllBytes) {
-        text += std::string(text.empty() ? "" : "; ") + "iCloud keeps at most " +
-                std::to_string(form.Most.AllBytes / kMegabyte) +
-                " MB of one user without pictures, and there are " +
-                std::to_string((bytes + kMegabyte - 1) / kMegabyte);
-    }
+    add(written.Text.size() - std::min(written.Text.size(), photos),
+        form.Most.AllBytes,
+        " without pictures");
+    add(photo_bytes, form.Most.AllPhotoBytes, " in pictures");
     return text;
 }
 

@@ -21,8 +21,12 @@ constexpr ImportLimits kICloud = {.Records = 0,
                                   .Addresses = 0,
                                   .PhonesOfKind = 0,
                                   .AllRecords = 50000,
-                                  .AllBytes = 48 * kKilobyte * kKilobyte};
+                                  .AllBytes = 48 * kKilobyte * kKilobyte,
+                                  .AllPhotoBytes = 200 * kKilobyte * kKilobyte};
+// An older page of Google has the second one, and newer ones speak of more.
+constexpr ImportLimits kGoogleLimits = {.Records = 3000, .AllRecords = 25000};
 
+constexpr std::string_view kGoogleKeeper = "Google Contacts is said to keep";
 constexpr std::string_view kGoogleWhy = "Google Contacts is said to take 3000 people at a time";
 constexpr std::string_view kGoogleWhere =
     "in Google Contacts: contacts.google.com, usually Import at the left, then Select file";
@@ -35,6 +39,8 @@ constexpr std::array kThunderbird = {
                .Form = Dialect::Ldif,
                .Set = LdifAttributes::Thunderbird,
                .TakesLists = true,
+               .MembersByAddress = true,
+               .ListsInLists = false,
                .TakesPhotos = false,
                .Most = {.Addresses = book::kAddressesOfThunderbird, .PhonesOfKind = 1},
                .Where = "in Thunderbird: Address Book > Import, then LDIF and the file"},
@@ -49,12 +55,15 @@ constexpr std::array kGoogle = {
                .Form = Dialect::Csv,
                .Table = CsvProgram::Google,
                .TakesLists = true,
-               .Most = {.Records = 3000},
+               .Most = kGoogleLimits,
+               .Keeper = kGoogleKeeper,
                .Why = kGoogleWhy,
                .Where = kGoogleWhere},
     ImportForm{.Ending = ".vcf",
                .Form = Dialect::VCard30,
-               .Most = {.Records = 3000},
+               .TakesPhotos = false,
+               .Most = kGoogleLimits,
+               .Keeper = kGoogleKeeper,
                .Why = kGoogleWhy,
                .Where = kGoogleWhere},
 };
@@ -63,7 +72,9 @@ constexpr std::array kApple = {
     ImportForm{.Ending = ".vcf",
                .Form = Dialect::VCard30,
                .TakesLists = true,
+               .UsualPhotosOnly = true,
                .Most = kICloud,
+               .Keeper = "iCloud keeps",
                .Where =
                    "in Contacts on a Mac: usually File > Import; on iCloud.com: usually Import in "
                    "the menu of Contacts; on an iPhone: open the file in Mail or Files"},
@@ -96,6 +107,8 @@ constexpr std::array kOutlookNew = {
 constexpr std::array kNextcloud = {
     ImportForm{.Ending = ".vcf",
                .Form = Dialect::VCard30,
+               .TakesLists = true,
+               .ListsAsCategories = true,
                .Where =
                    "in Nextcloud: Contacts > Settings > Import contacts, then the file and the "
                    "address book"},
@@ -124,6 +137,7 @@ constexpr std::array kEvolution = {
                .Form = Dialect::Ldif,
                .Set = LdifAttributes::Evolution,
                .TakesLists = true,
+               .ListsInLists = false,
                .TakesPhotos = false,
                .Where =
                    "in Evolution: File > Import > Import a single file, then the file, its type "

@@ -26,10 +26,11 @@ struct ImportLimits {
     std::size_t Addresses = 0;
     // Phones of one kind, as LDIF has kinds.
     std::size_t PhonesOfKind = 0;
-    // Records, and bytes without pictures, of all that somebody keeps there. More files are of
-    // none.
+    // Records, bytes without pictures, and bytes of pictures, of all that somebody keeps there.
+    // More files are of none.
     std::size_t AllRecords = 0;
     std::size_t AllBytes = 0;
+    std::size_t AllPhotoBytes = 0;
 };
 
 // A kind of file that a program imports.
@@ -43,9 +44,18 @@ struct ImportForm {
     book::GroupForm Groups = book::GroupForm::Prefix;
     // Whether lists arrive as lists, or as what the program has in their place.
     bool TakesLists = false;
-    // Whether pictures are read; tables hold none.
+    // Lists have to be categories of their members; tables and old formats have their own ways.
+    bool ListsAsCategories = false;
+    // How lists of LDIF are read: members by their address alone, and no list in a list.
+    bool MembersByAddress = false;
+    bool ListsInLists = true;
+    // Whether the bytes of pictures are read; tables hold none. And whether of the usual kinds
+    // alone: JPEG, PNG, GIF and BMP.
     bool TakesPhotos = true;
+    bool UsualPhotosOnly = false;
     ImportLimits Most = {};
+    // Who keeps no more than all of that: "iCloud keeps".
+    std::string_view Keeper = {};
     // Why no file may have more records; a sentence about the program.
     std::string_view Why = {};
     // Where the user imports it, in the words of the program where they are known.

@@ -200,7 +200,7 @@ std::string RemarksReport(const book::Book& book) {
     return text;
 }
 
-std::string ReportOf(const Loaded& loaded) {
+std::string InputsReport(const Loaded& loaded) {
     const book::Book& book = loaded.Book;
     std::string text;
     for (std::uint32_t i = 0; i < loaded.Inputs.size(); ++i) {
@@ -223,7 +223,13 @@ std::string ReportOf(const Loaded& loaded) {
                                 loaded.Inputs[i].Columns});
         }
     }
-    for (const book::Contact& one : book.Contacts) {
+    return text;
+}
+
+std::string ReportOf(const Loaded& loaded) {
+    const book::Book& book = loaded.Book;
+    std::string text = InputsReport(loaded);
+    const auto add_read = [&](const book::Contact& one) {
         const std::string name = book::NameOf(book, one).Shown;
         text += ReportLine({NameOf(What::Read),
                             book.SourceAt(one.From.File).Name(),
@@ -232,7 +238,9 @@ std::string ReportOf(const Loaded& loaded) {
                             name,
                             {},
                             {}});
-    }
+    };
+    std::for_each(book.Contacts.begin(), book.Contacts.end(), add_read);
+    std::for_each(loaded.Labels.begin(), loaded.Labels.end(), add_read);
     for (const book::Contact& one : loaded.LeftOut) {
         const std::string name = book::NameOf(book, one).Shown;
         text += ReportLine({"left out",

@@ -65,6 +65,9 @@ void TellRemarks(Console& console, const Loaded& loaded);
 // Adds the members of lists that are no record of the book to what was skipped.
 void AddMissingMembers(book::Book& book, const Catalogue& catalogue);
 
+// The lines of a report for what was decided about each file: its letters and its columns.
+[[nodiscard]] std::string InputsReport(const Loaded& loaded);
+
 // The lines of a report: the contacts that were read, each value with a remark, and how many were
 // kept.
 [[nodiscard]] std::string ReportOf(const Loaded& loaded);

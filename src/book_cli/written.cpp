@@ -7,9 +7,11 @@
 
 #include "book/arena.h"
 #include "book/csv_rows.h"
+#include "book/labelled_members.h"
 #include "book/old/old_writers.h"
 #include "book/typed_views.h"
 #include "book/unchanged.h"
+#include "book/utf8.h"
 #include "book/write_csv.h"
 #include "book/write_ldif.h"
 #include "book/write_vcard.h"
@@ -86,11 +88,35 @@ std::size_t LostWhole(const book::Book& book, const book::OldWriter& writer) {
         }));
 }
 
+// Programs take UTF-8 alone, and no mark before the first card. What has other bytes is written
+// anew. Returns whether no file may stay as it is.
+bool ChangeUnfit(book::Book& book) {
+    bool unfit = false;
+    std::vector<bool> broken(book.SourceCount());
+    for (std::uint32_t i = 0; i < broken.size(); ++i) {
+        const book::Source& source = book.SourceAt(i);
+        broken[i] = source.Signs().NotAscii && book::CountUtf8(source.Text()).Bad > 0;
+        unfit = unfit || broken[i] || source.HasMark();
+    }
+    for (book::Contact& contact : book.Contacts) {
+        // Those that came from no file have no bytes.
+        const std::string_view bytes = book.BytesOf(contact);
+        const bool bad =
+            !bytes.empty() && broken[contact.From.File] && book::CountUtf8(bytes).Bad > 0;
+        contact.Changed = contact.Changed || bad;
+    }
+    return unfit;
+}
+
 }  // namespace
 
 Written Write(const Arguments& arguments, Loaded& loaded, Console& console) {
     book::Book& book = loaded.Book;
     Written written;
+    const bool unfit = arguments.For != nullptr && ChangeUnfit(book);
+    if (arguments.Form != nullptr && arguments.Form->ListsAsCategories) {
+        loaded.Labels = book::LabelMembers(book);
+    }
     const bool table = arguments.Target == Dialect::Csv;
     const book::OldWriter* const old = book::OldWriterOf(arguments.Target);
     const bool people_alone = old != nullptr ? !old->HoldsLists : table;
@@ -105,7 +131,7 @@ Written Write(const Arguments& arguments, Loaded& loaded, Console& console) {
                              ? std::nullopt
                              : book::UnchangedFile(book, arguments.Target);
     const bool measured = arguments.Form != nullptr && arguments.Form->Most.RecordBytes > 0;
-    const bool wants_places = arguments.Split > 0 || (measured && !as_read);
+    const bool wants_places = arguments.Split > 0 || unfit || (measured && !as_read);
     book.HowFar = console.ProgressOf("writing");
     console.Begin(arguments.Output);
     written.Text = TextOf(arguments, book, wants_places ? &written.Places : nullptr);

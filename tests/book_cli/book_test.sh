@@ -200,6 +200,7 @@ prints "0 checked: 0 valid, 0 odd, 0 bad"
 cp flagged.vcf flagged.kept
 run "check what is flagged" 1 check flagged.vcf
 prints 'flagged.vcf:7  joe@@example.org        bad: two @                     kept, flagged
+flagged.vcf:12  al@bücher.example       valid: al@xn--bcher-kva.example in ASCII  kept
 flagged.vcf:13  al@localhost            odd: a domain without a dot    kept, flagged
 flagged.vcf:14  /O=FIRST/OU=SITE/CN=AL  odd: an Exchange name, no internet address  kept, flagged
 flagged.vcf:15  "a".l@example.org       deprecated: quotes, blanks or comments beside a dot of the name  kept, flagged
@@ -326,6 +327,16 @@ run "a column that is not there" 0 show people.csv --map Age=note
 tells "people.csv: --map: there is no column Age"
 run "letters of two bytes in a plain file" 0 show people.csv --charset utf-16le
 tells "people.csv: --charset: the file is not in UTF-16LE"
+run "check a table" 0 check people.csv --report checked_table.json
+prints "2 checked: 2 valid, 0 odd, 0 bad"
+tells_once 'people.csv: columns matched by header, German: "Vorname" -> given name'
+has checked_table.json '"reason":"columns matched by header, German: '
+printf 'Vorname;Nachname;Ort;Verein?\r\nAda;Abbott;Ulm;ada@@example.org\r\n' >club.csv
+run "check without the column" 0 check club.csv
+prints "0 checked: 0 valid, 0 odd, 0 bad"
+run "check a column as asked" 1 check club.csv --map "Verein?=address"
+has out "club.csv:2  ada@@example.org        bad: two @"
+tells '"Verein?" -> address (as asked)'
 for wrong in Verein Verein=nonsense =note; do
     run "a wrong map: $wrong" 2 show people.csv --map "$wrong"
     tells "--map"

@@ -202,7 +202,7 @@ cmp -s broken.vcf stays.vcf || fail "the card was changed"
 run "an option before the verb" 2 --json show bo.vcf
 tells "--json: options stand behind the verb show"
 run "a file without a verb" 2 bo.vcf
-tells "bo.vcf: a verb stands first: show, convert, check or diff"
+tells "bo.vcf: a verb stands first: show, convert, check, diff, find, dupes or clean"
 run "nothing at all" 2
 tells "orvik-book: a verb stands first"
 run "a folder by its name" 2 convert bo.vcf -o folder/

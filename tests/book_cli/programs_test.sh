@@ -97,9 +97,53 @@ tells 'lists.ldif: line 14: lost: FN "Crew": is a list, and the target knows non
 tells "Thunderbird takes lists from a .ldif file"
 tells "so nothing is written; --allow-loss writes the rest"
 is_missing table.csv
-run "a list for Nextcloud" 0 convert lists.ldif --to nextcloud -o cloud.vcf
-tells 'lists.ldif: line 14: doubtful: "Crew"'
-if grep -q "takes lists" err; then fail "names a file that is none"; fi
+run "a list for Nextcloud" 0 convert lists.ldif --to nextcloud -o cloud.vcf --report cloud.json
+has out "read 3   written 2   carried 0   lost 0"
+[ "$(grep -c '^CATEGORIES:Crew' cloud.vcf)" = 2 ] || fail "no categories: $(cat cloud.vcf)"
+if grep -q "KIND\|takes lists" cloud.vcf err; then fail "the list is a card, or is said to be in another file"; fi
+[ "$(grep -c '"what":"read"' cloud.json)" = 3 ] || fail "the report has not all that was read"
+printf 'BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nN:;;;;\r\nFN:Al\r\nCATEGORIES:Oars\\,Rowers,Crew\r\nEND:VCARD\r\n' >cat.vcf
+for name in Crew Rowers; do
+    printf 'BEGIN:VCARD\r\nVERSION:3.0\r\nUID:%s\r\nN:;;;;\r\nFN:%s\r\nX-ADDRESSBOOKSERVER-KIND:group\r\n' $name $name
+    printf 'X-ADDRESSBOOKSERVER-MEMBER:urn:uuid:1\r\nEND:VCARD\r\n'
+done >>cat.vcf
+run "categories beside lists" 0 convert cat.vcf --to nextcloud
+has out 'CATEGORIES:Oars\,Rowers,Crew,Rowers'
+sed 's/urn:uuid:1/urn:uuid:2/' cat.vcf >nobody.vcf
+run "members of a list for Nextcloud who are nobody" 1 convert nobody.vcf --to nextcloud
+tells 'lost: X-ADDRESSBOOKSERVER-MEMBER "urn:uuid:2": is not in these files'
+run "files for Nextcloud" 0 convert lists.ldif --to nextcloud --split 1 -o parts.vcf
+has parts-2.vcf "CATEGORIES:Crew"
+printf '%s\n' '' 'dn: cn=Cy' 'objectclass: person' 'cn: Cy' '' 'dn: cn=All' 'objectclass: groupOfNames' 'cn: All' \
+    'member: cn=Crew' 'member: cn=Cy' 'member: cn=Al,mail=al@example.org' | cat lists.ldif - >inner.ldif
+run "a list in a list for Thunderbird" 0 convert inner.ldif --to thunderbird -o inner-thunderbird.ldif
+tells_once 'inner.ldif: line 24: doubtful: MEMBER "Crew": is a list in a list'
+tells_once 'inner.ldif: line 24: doubtful: MEMBER "Cy": has no address, and the target has nothing else'
+has out "doubtful 3"
+run "a list in a list for Evolution" 0 convert inner.ldif --to evolution -o inner-evolution.ldif
+tells_once 'MEMBER "Crew": is a list in a list'
+has out "doubtful 1"
+run "a list in a list for KAddressBook" 0 convert inner.ldif --to kaddressbook -o inner-kaddressbook.ldif
+if grep -q "MEMBER" err; then fail "tells of members: $(cat err)"; fi
+
+# Letters that are none, and a mark before the first card.
+printf 'BEGIN:VCARD\r\nVERSION:%s\r\nUID:1\r\nFN:Bj\303\266rk \303\251 \377\r\nN:x;;;;\r\nEMAIL:b@example.org\r\nEND:VCARD\r\n' \
+    3.0 >broken.vcf
+sed 's/VERSION:3.0/VERSION:4.0/' broken.vcf >broken4.vcf
+for broken_name in broken broken4; do
+    run "a broken letter stays for nobody" 0 convert $broken_name.vcf --vcard $([ $broken_name = broken ] && echo 3 || echo 4) \
+        -o same.vcf --force
+    cmp $broken_name.vcf same.vcf || fail "it is another one"
+    for target in thunderbird.vcf thunderbird.ldif thunderbird.csv google.csv google.vcf apple.vcf outlook-new.csv nextcloud.vcf \
+        kaddressbook.vcf kaddressbook.ldif evolution.vcf evolution.ldif outlook.vcf; do
+        run "a broken letter for $target" 1 convert $broken_name.vcf --to "${target%%.*}" -o "whole.${target#*.}" --force --allow-loss
+        tells 'lost: FN "Björk é \xFF": has bytes that are no text'
+        python3 -c 'import sys; open(sys.argv[1], encoding="utf-8").read()' "whole.${target#*.}" || fail "no UTF-8"
+    done
+done
+printf '\357\273\277BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nN:;;;;\r\nFN:Bo\r\nEND:VCARD\r\n' >marked.vcf
+run "a mark" 0 convert marked.vcf --to thunderbird -o unmarked.vcf
+[ "$(head -c 5 unmarked.vcf)" = BEGIN ] || fail "the mark is there still"
 
 # What a program does not show.
 run "a third address for Thunderbird" 0 convert lists.ldif --to thunderbird -o three.ldif
@@ -163,6 +207,21 @@ run "too many for iCloud" 0 convert crowd.vcf --to apple -o crowd-apple.vcf
 tells "iCloud keeps at most 50000 contacts of one user, and there are 50001"
 run "too much for iCloud" 0 convert heavy.vcf --to apple -o heavy-apple.vcf
 tells "iCloud keeps at most 48 MB of one user without pictures, and there are 50"
+run "too many for Google in all" 0 convert crowd.vcf --to google -o crowd-google.csv --split 3000
+tells "Google Contacts is said to keep at most 25000 contacts of one user, and there are 50001"
+printf 'BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nN:;;;;\r\nFN:Bo\r\nPHOTO;ENCODING=b;TYPE=%s:%s\r\nEND:VCARD\r\n' \
+    WEBP UklGRg== JPEG /9j/4AAQ GIF R0lGODdh "x-ms-bmp" Qk0= "" UklGRg== >kinds.vcf
+sed 's/;TYPE=:/:/' kinds.vcf >pictures.vcf
+run "kinds of pictures for Apple" 0 convert pictures.vcf --to apple -o pictures-apple.vcf
+for line in 1 29; do
+    tells_once "pictures.vcf: line $line: doubtful: PHOTO: is in the file, but the program does not read it"
+done
+[ "$(grep -c PHOTO: err)" = 2 ] || fail "other pictures: $(cat err)"
+run "pictures for Google" 0 convert pictures.vcf --to google -o pictures-google.vcf
+[ "$(grep -c 'PHOTO: is in the file, but the program does not read it' err)" = 5 ] || fail "not all: $(cat err)"
+printf 'BEGIN:VCARD\r\nVERSION:3.0\r\nUID:1\r\nN:;;;;\r\nFN:Bo\r\nPHOTO;VALUE=uri:https://example.org/a.jpg\r\nEND:VCARD\r\n' >linked.vcf
+run "the address of a picture for Google" 0 convert linked.vcf --to google -o linked-google.vcf
+tells_nothing
 run "no limit for others" 0 convert crowd.vcf --to nextcloud -o crowd-cloud.vcf
 tells_nothing
 

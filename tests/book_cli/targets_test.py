@@ -193,6 +193,75 @@ def planted(name, data, people):
     counts.update(before)
 
 
+# Members of lists: one by its record, one without an address, a list in a list, and who is nobody.
+LISTS = """BEGIN:VCARD\r
+VERSION:3.0\r
+UID:bare\r
+N:;Bareq;;;\r
+FN:Bareq\r
+TEL;TYPE=HOME:+47 55 00 01\r
+END:VCARD\r
+BEGIN:VCARD\r
+VERSION:3.0\r
+UID:inner\r
+N:Innerq;;;;\r
+FN:Innerq\r
+X-ADDRESSBOOKSERVER-KIND:group\r
+X-ADDRESSBOOKSERVER-MEMBER:urn:uuid:u0\r
+END:VCARD\r
+BEGIN:VCARD\r
+VERSION:3.0\r
+UID:outer\r
+N:Outerq;;;;\r
+FN:Outerq\r
+X-ADDRESSBOOKSERVER-KIND:group\r
+X-ADDRESSBOOKSERVER-MEMBER:urn:uuid:u1\r
+X-ADDRESSBOOKSERVER-MEMBER:urn:uuid:bare\r
+X-ADDRESSBOOKSERVER-MEMBER:urn:uuid:inner\r
+END:VCARD\r
+"""
+# What becomes of the lists: labels in a field of each person, records, or nothing.
+LABELS = {"google.csv": "Labels", "outlook.csv": "Categories", "outlook-new.csv": "Categories",
+          "nextcloud.vcf": "CATEGORIES"}
+RECORDS = ("thunderbird.ldif", "kaddressbook.ldif", "evolution.ldif", "apple.vcf")
+MEMBERS = {"u0": {"Innerq", "Outerq"}, "u1": {"Outerq"}, "bare": {"Outerq"}}
+
+
+def labels_of(name, data):
+    """The lists in the field of each person, by what names the person."""
+    found = {}
+    for one in records(name, letters(name, data)):
+        whole = "\n".join(text for texts in one.values() for text in texts)
+        field = "\n".join(text for text in one.get(LABELS[name], []))
+        for uid, word in (("u0", "mail1q1@"), ("u1", "mail1q2@"), ("bare", "Bareq")):
+            if word in whole:
+                found[uid] = {label for label in ("Innerq", "Outerq") if label in re.split(r" ::: |[;,\n]", field)}
+    return found
+
+
+def check_lists(name, data, told):
+    if name in LABELS:
+        if labels_of(name, data) != MEMBERS:
+            fail(f"lists>{name}: {labels_of(name, data)}")
+        return
+    text = re.sub(r"\r?\n[ \t]", "", letters(name, data))
+    blocks = re.split(r"END:VCARD" if name.endswith(".vcf") else r"\n\n", text)
+    lists = {word: [block for block in blocks if re.search(rf"(?im)^(fn|cn):+ ?{word}\r?$", block)]
+             for word in ("Innerq", "Outerq")}
+    count = {word: len(re.findall(r"(?im)^(?:x-addressbookserver-)?member:", block[0])) if block else 0
+             for word, block in lists.items()}
+    known = name in RECORDS
+    # All that was there is in cards and in LDIF; what the program does not make of it is told.
+    if not name.endswith(".csv") and count != {"Innerq": 1, "Outerq": 3}:
+        fail(f"lists>{name}: members {count}")
+    expected = {"is a list, and the target knows none": 0 if known else 2,
+                'MEMBER "Innerq": is a list in a list': name in ("thunderbird.ldif", "evolution.ldif"),
+                'MEMBER "Bareq": has no address': name == "thunderbird.ldif"}
+    for words, times in expected.items():
+        if told.replace("X-ADDRESSBOOKSERVER-", "").count(words) != times:
+            fail(f"lists>{name}: {words!r} is told {told.count(words)} times, not {int(times)}:\n{told}")
+
+
 def main():
     people = [person(number) for number in range(1, PEOPLE + 1)]
     with tempfile.TemporaryDirectory() as folder:
@@ -208,6 +277,11 @@ def main():
                 at_second = work / ("second-" + second)
                 more = convert(at_first, second, at_second)
                 check(f"source>{first}>{second}", second, at_second.read_bytes(), told + more, people)
+        source.write_bytes(source.read_bytes() + LISTS.encode())
+        for form in FORMS:
+            target = work / ("lists-" + form)
+            told = convert(source, form, target)
+            check_lists(form, target.read_bytes(), told)
     if "table" in sys.argv:
         for form in FORMS:
             print(f"{form:20}", *(f"{what} {counts[form, what]:5}" for what in ("in place", "elsewhere", "lost")))

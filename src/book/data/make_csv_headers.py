@@ -8,7 +8,7 @@ are its own, with B for the lists of others, and with C where nobody has proved 
 A  rows of trust A,
 2  rows of trust B that two sources agree on: a row that names two, and a row whose word another source
    reads as the same field in the same language,
-C  the words of no program, which are looked at last.
+C  the words of no program, which are looked at last, and OWN_WORDS below.
 
 What is written has a block for each program and language, and a line for each word: trust, position (0
 where it may stand anywhere), field, and the word.
@@ -41,6 +41,11 @@ SECOND_LIST = {
 }
 # Words for one name that several lists have for the whole one, too.
 BOTH_NAMES = {("Outlook", "es"), ("Outlook", "fr"), ("Outlook", "it")}
+# Words of no program that the table has for programs alone: what stands before a name.
+OWN_WORDS = {
+    ("generic", "de"): [("prefix", "Titel"), ("prefix", "Anrede")],
+    ("generic", "nl"): [("prefix", "Titel")],
+}
 # Sources that are several by themselves.
 SEVERAL = ("B+", "B: public", "; ", " and ", ", ")
 # What a numbered column of Google holds.
@@ -141,6 +146,9 @@ def blocks_of(rows):
         # The first one is that of the greatest trust.
         if key not in block or "A2C".index(trust) < "A2C".index(block[key][0]):
             block[key] = (trust, position, field_of(row), " ".join(row["header"].split()))
+    for name, words in OWN_WORDS.items():
+        for field, word in words:
+            blocks[name].setdefault((normalised(word), field, 0), ("C", 0, field, word))
     return blocks
 
 

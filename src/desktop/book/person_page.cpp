@@ -18,6 +18,7 @@
 #include "desktop/book/person_model.h"
 #include "desktop/book/shown_text.h"
 #include "desktop/book/source_text.h"
+#include "desktop/text/plain_text.h"
 
 namespace orvik {
 namespace {
@@ -170,6 +171,10 @@ void PersonPage::showRecord(std::optional<BookDocument::Number> record) {
     const book::Contact& contact = document_.at(*record);
     title_->setText(RecordName(document_, *record));
     origin_->setText(originWords(contact));
+    origin_->setToolTip(contact.From.Lines == 0
+                            ? QString()
+                            : PlainTip(PlaceWords(
+                                  document_.book(), contact.From.File, contact.From.Line)));
     showPicture(contact);
     const book::Origin& from = contact.From;
     source_->setPlace(from.Lines == 0
@@ -188,7 +193,7 @@ QString PersonPage::originWords(const book::Contact& contact) const {
     if (from.Lines == 0) {
         return tr("%1, added here").arg(kind);
     }
-    const QString place = PlaceWords(document_.book(), from.File, from.Line);
+    const QString place = NearPlace(document_.book(), from.File, from.Line);
     return contact.Changed ? tr("%1 from %2, changed since").arg(kind, place)
                            : tr("%1 from %2").arg(kind, place);
 }

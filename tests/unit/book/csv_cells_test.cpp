@@ -11,6 +11,19 @@
 namespace orvik::book {
 namespace {
 
+TEST(CsvCells, AreNumbersOfSeveralKinds) {
+    EXPECT_TRUE(IsDialledCell(" +1 555 0100 ") && IsDialledCell("0151234567"));
+    EXPECT_FALSE(IsDialledCell("12345678") || IsDialledCell("") || IsDialledCell("1980-04-12"));
+    EXPECT_TRUE(IsDateCell("1980-04-12") && IsDateCell("12.4.1980") && IsDateCell("4/13/1980"));
+    EXPECT_FALSE(IsDateCell("12.4.80") || IsDateCell("--04-12") || IsDateCell("") ||
+                 IsDateCell("13.13.1980"));
+    EXPECT_TRUE(IsCodeCell("101") && IsCodeCell(" 89073 ") && IsLongCodeCell(" 89073"));
+    EXPECT_FALSE(IsCodeCell("12") || IsCodeCell("123456") || IsCodeCell("AB1 2CD") ||
+                 IsLongCodeCell("1234"));
+    EXPECT_TRUE(HasDigit("Room 5"));
+    EXPECT_FALSE(HasDigit("Falso") || HasDigit(""));
+}
+
 TEST(CsvCells, TellWhatTheyHold) {
     for (const std::string_view cell :
          {"ada@example.org", " ada@example.org ", "Ada <ada@example.org>"}) {

@@ -104,6 +104,27 @@ TEST(CsvColumns, MayHaveFalseFriends) {
     // Without month and year beside it, it is the whole date.
     EXPECT_EQ(Matched({"Vorname", "Nachname", "Anzeigename", "Geburtstag", "Messenger-Name"}),
               "Thunderbird de: given family fn birthday im.aim");
+    // Before a name in German and Dutch, a job in Swedish alone; for Yahoo always a job.
+    EXPECT_EQ(Matched({"Titel", "Vorname", "Nachname", "E-Mail"}),
+              " de: prefix given family email1");
+    EXPECT_EQ(Matched({"Titel", "Voornaam", "Achternaam", "E-mailadres", "Functie"}),
+              " nl: prefix given family email1 title");
+    const Cells swedish = {"F\xC3\xB6rnamn", "Efternamn", "Visa", "Titel"};
+    EXPECT_EQ(Matched(swedish), "Thunderbird sv-SE: given family fn title");
+    EXPECT_EQ(Matched({"Title", "First", "Last", "Email", "Home County", "Work Post Code"}),
+              "Yahoo en: title given family email1 region.home zip.work");
+}
+
+TEST(CsvColumns, AreNoWordsOfAnotherLanguage) {
+    // Spanish for a phone at home, in Brazil what is private.
+    EXPECT_EQ(Matched({"Primeiro nome", "Sobrenome", "E-mail Address", "Particular"}),
+              " pt: given family email1 -");
+    EXPECT_EQ(Matched({"Fornavn", "Efternavn", "Privat"}), " da: given family -");
+    // Nor is a word one of a phone where the cells are none.
+    const Cells german = {"Name", "Mail", "Handy", "Privat"};
+    EXPECT_EQ(Matched(german, {{"Ada"}, {}, {}, {"Aus"}}), " de: fn email1 phone.mobile none");
+    EXPECT_EQ(Matched(german, {{"Ada"}, {}, {}, {"0151 234567"}}),
+              " de: fn email1 phone.mobile phone.home");
 }
 
 TEST(CsvColumns, AreFoundByCommonWords) {
@@ -129,6 +150,21 @@ TEST(CsvColumns, AreFoundByTheirCells) {
     EXPECT_EQ(Matched({}, {{"Ada Abbott"}, {"ada@example.org"}, {"+1 555 0100"}, {"17"}}),
               " : fn email1 phone -");
     EXPECT_EQ(Matched({}, {{"Ada"}, {"Abbott"}, {"ada@example.org"}}), " : given family email1");
+    EXPECT_EQ(Matched({"Foo", "Bar", "Baz", "Qux"},
+                      {{"ada@example.org"}, {"+1 555 0100"}, {"1980-04-12"}, {"89073"}}),
+              " : email1 phone birthday zip.home");
+    // Plain numbers are no phones under a header, and short ones no codes beside nothing.
+    EXPECT_EQ(Matched({"Foo", "Bar", "Baz"}, {{"ada@example.org"}, {"12345678"}, {"1234"}}),
+              " : email1 - -");
+    EXPECT_EQ(Matched({"Vorname", "Mail", "Ort", "Foo"}, {{"Ada"}, {}, {"Wien"}, {"1010"}}),
+              " de: given email1 city.home zip.home");
+    EXPECT_EQ(Matched({"Vorname", "Mail", "Ort", "Foo"}, {{"Ada"}, {}, {"Wien"}, {"42"}}),
+              " de: given email1 city.home -");
+    // One of two columns of dates may be anything, and so is one beside the birthday.
+    EXPECT_EQ(Matched({"Mail", "Foo", "Bar"}, {{"ada@example.org"}, {"12.4.1980"}, {"2001-02-03"}}),
+              " en: email1 - -");
+    EXPECT_EQ(Matched({"Mail", "Birthday", "Bar"}, {{}, {"4/12/1980"}, {"2/3/2001"}}),
+              " en: email1 birthday -");
 }
 
 TEST(CsvColumns, AreWhatTheUserSays) {
@@ -159,6 +195,14 @@ TEST(CsvColumns, AreTold) {
               "columns matched by header, German: \"Vorname\" -> given name, \"E-Mail-Adresse\" -> "
               "address, \"Jahrestag\" -> anniversary (taken for day/month/year), \"Foo\" -> kept "
               "under its header, \"Home\" -> home phone (a common word)");
+    const Cells unknown = {"Foo", "Bar"};
+    top.Header = unknown;
+    top.Columns = unknown.size();
+    top.Cells = {{"ada@example.org"}, {"+1 555 0100"}};
+    columns = MatchColumns(top, {});
+    columns.All[0].Used = columns.All[1].Used = true;
+    EXPECT_EQ(SentenceOf(columns),
+              "columns matched by their cells: \"Foo\" -> address, \"Bar\" -> phone (doubtful)");
 }
 
 // Many columns of one word that has two meanings.

@@ -208,5 +208,20 @@ TEST(DetectKinds, TablesMayEndWithGroups) {
     }
 }
 
+TEST(DetectKinds, OneRowIsATableWhereItIsCalledOne) {
+    const std::string row = "ada@example.org,Ada,Abbott\n";
+    const std::string found = "line 1 begins rows with addresses";
+    const Row rows[] = {
+        {"one.csv", row, Format::Csv, found},
+        {"ONE.TSV", "Ada Abbott\tada@example.org\t+1 555 0100", Format::Csv, found},
+        {"one.txt", row, Format::None, "a text"},
+        {"one.csv", "Ada,Abbott,+1 555 0100\n", Format::None, "a text"},
+        {"one.csv", "Dear Ada, please write to ada@example.org\n", Format::None, "a text"},
+    };
+    for (const Row& one : rows) {
+        Check(one);
+    }
+}
+
 }  // namespace
 }  // namespace orvik::book

@@ -59,6 +59,13 @@ TEST(WriteCsvForGoogle, WritesLabelsOfTheUser) {
               "Phone 2 - Value: 2\n");
 }
 
+TEST(WriteCsvForGoogle, KnowsItsOwnGroupInBothSpellings) {
+    const std::string lines = "N:;Ada;;;\nFN:Ada\nCATEGORIES:* My Contacts,Crew\n";
+    EXPECT_EQ(Google(lines).Row(), "First Name: Ada\nLabels: * myContacts ::: Crew\n");
+    const std::string both = "N:;Ada;;;\nFN:Ada\nCATEGORIES:* My Contacts,* myContacts\n";
+    EXPECT_EQ(Google(both).Row(), "First Name: Ada\nLabels: * myContacts\n");
+}
+
 TEST(WriteCsvForGoogle, NeverWritesWhatIsTakenForTwo) {
     const Written written = Google("N:;Ada;;;\nFN:Ada\nTEL:1 ::: 2\nCATEGORIES:a ::: b\n");
     EXPECT_EQ(written.Row(),

@@ -1,9 +1,14 @@
 #include "book_cli/programs.h"
 
+#include <memory>
 #include <set>
+#include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include "book_cli/limits.h"
 
 namespace orvik::book_cli {
 namespace {
@@ -60,6 +65,29 @@ TEST(ProgramsTest, WhatNobodyHasSeenIsToldWithCare) {
             EXPECT_THAT(std::string(form.Where), HasSubstr("usually")) << name;
         }
     }
+}
+
+// A book of so many bytes in pictures would take the test long.
+TEST(ProgramsTest, PicturesHaveALimitInAll) {
+    book::Book book;
+    book.AddSource(std::make_unique<book::Source>("a.vcf", ""));
+    book::Contact one;
+    book.BeginRead(one, {}, true);
+    std::vector<book::Property> none;
+    book.AddRead(one, none);
+    constexpr std::size_t kMegabyte = 1024UL * 1024;
+    const std::string bytes = "data:image/png;base64," + std::string(2 * kMegabyte, 'A');
+    book.Add(book.Contacts.front(), book::field::kPhoto, bytes);
+    ImportForm form;
+    form.Keeper = "iCloud keeps";
+    form.Most.AllPhotoBytes = kMegabyte;
+    const Written written{.Text = bytes, .Places = {}, .Records = 1, .Unchanged = false};
+    EXPECT_EQ(TooMuchInAll(form, book, written),
+              "iCloud keeps at most 1 MB of one user in pictures, and there are 2");
+    form.Most.AllPhotoBytes = 2 * kMegabyte;
+    EXPECT_EQ(TooMuchInAll(form, book, written), "");
+    const ImportLimits& apple = ProgramNamed("apple")->Forms.front().Most;
+    EXPECT_EQ(apple.AllPhotoBytes, 200 * kMegabyte);
 }
 
 }  // namespace
