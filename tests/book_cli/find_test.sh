@@ -303,6 +303,42 @@ people 'two@example.org 1'
 run "nobody" 0 find tree/box/uidlist --headers-only -o nobody.vcf
 has out "0 addresses"
 
+# What mail programs show to nobody is passed over, and told.
+mkdir -p unseen/box/{cur,new}
+cat >unseen/folder <<'MBOX'
+From MAILER-DAEMON Mon Nov  2 09:00:00 2026
+From: Mail System Internal Data <MAILER-DAEMON@host.example>
+Subject: DON'T DELETE THIS MESSAGE -- FOLDER INTERNAL DATA
+X-IMAP: 1
+
+This text is part of the internal format; admin@host.example
+
+From - Mon Nov 02 09:00:00 2026
+X-Mozilla-Status: 0009
+From: deleted@example.org
+
+also@example.org
+
+From - Mon Nov 02 09:00:00 2026
+X-Mozilla-Status: 0001
+From: kept@example.org
+
+MBOX
+printf 'From: trash@example.org\n\n' >unseen/box/cur/1:2,ST
+printf 'From: read@example.org\n\n' >unseen/box/cur/2:2,S
+run "deleted messages" 0 find --json unseen --report unseen.json
+people 'kept@example.org 1
+read@example.org 1'
+tells "2 messages, "
+tells "left out: 2 deleted messages, 1 message of a folder about itself"
+has unseen.json '"file":"unseen/box/cur/1:2,ST","line":0,"field":"","value":"","target":"","reason":"is deleted"'
+has unseen.json '"file":"unseen/folder","line":8,"field":"","value":"","target":"","reason":"is deleted"'
+has unseen.json '"line":1,"field":"","value":"","target":"","reason":"holds what a mail server keeps of the folder"'
+run "deleted messages without a report" 0 find unseen -o unseen.vcf
+has out "1 message of a folder about itself (listed with --report)"
+run "a deleted one that is named" 0 find --json unseen/box/cur/1:2,ST
+people 'trash@example.org 1'
+
 # Usage.
 run "help" 0 find --help
 for word in --headers-only --min --since --me --no-reply --report; do has out "$word"; done
