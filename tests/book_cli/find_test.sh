@@ -339,6 +339,17 @@ has out "1 message of a folder about itself (listed with --report)"
 run "a deleted one that is named" 0 find --json unseen/box/cur/1:2,ST
 people 'trash@example.org 1'
 
+# Folders and messages of other programs.
+printf '\1\1\1\1\nFrom: m1@example.org\n\nx\n\1\1\1\1\n\1\1\1\1\nFrom: m2@example.org\nMessage-ID: <id@mid.example>\n\ny\n\1\1\1\1\n' >mmdf
+printf '64\nFrom: em@example.org\nMessage-ID: <q1@mid.example>\n\nhello x@y.org\n<?xml version="1.0"?>\n<plist><string>p@l.example</string></plist>\n' >1.emlx
+run "MMDF and a message of Apple Mail" 0 find --json mmdf 1.emlx
+people 'em@example.org 1
+m1@example.org 1
+m2@example.org 1
+x@y.org 1'
+tells "3 messages, "
+tells "left out: 2 Message-IDs"
+
 # Usage.
 run "help" 0 find --help
 for word in --headers-only --min --since --me --no-reply --report; do has out "$word"; done

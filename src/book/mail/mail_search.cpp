@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/file_calls.h"
+#include "app/text.h"
 #include "book/detect.h"
 #include "book/mail/mail_kind.h"
 #include "book/mail/unseen_mail.h"
@@ -162,6 +163,9 @@ void MailSearch::LookAtMessage(const MailWalk::File& file, const NextPiece& next
     // A message that was taken out of a folder may have kept what parts messages there.
     std::string_view message = text;
     std::string_view marker;
+    if (HasEnding(file.Path, ".emlx") && !EmlxMessage(message).empty()) {
+        message = EmlxMessage(message);
+    }
     if (message.starts_with("From ")) {
         const std::size_t end = std::min(message.find('\n'), message.size() - 1) + 1;
         marker = message.substr(0, end);
