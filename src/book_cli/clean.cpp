@@ -63,18 +63,20 @@ std::string WonText(const book::Book& book, const book::MergeNote& note) {
            " won";
 }
 
-// Which value won where there can be one only; other spellings are in the report.
+// Which value won where there can be one only, and after these which spelling did.
 void TellMerged(Console& console, const book::Book& book, const book::Merged& merged) {
     std::size_t told = 0;
-    for (const book::MergeNote& note : merged.Notes) {
-        const bool names_the_record = note.Field == "UID" || note.Field == "X-ORVIK-LDIF-dn";
-        if (note.IsSpelling || names_the_record || ++told > kMostTold) {
-            continue;
+    for (const bool spellings : {false, true}) {
+        for (const book::MergeNote& note : merged.Notes) {
+            const bool names_the_record = note.Field == "UID" || note.Field == "X-ORVIK-LDIF-dn";
+            if (note.IsSpelling != spellings || names_the_record || ++told > kMostTold) {
+                continue;
+            }
+            console.Begin(book.SourceAt(note.From.File).Name());
+            console.Tell("line " + std::to_string(note.From.Line) +
+                         ": carried: " + Printable(note.Field) + " \"" +
+                         Printable(Shortened(note.Value)) + "\": " + WonText(book, note));
         }
-        console.Begin(book.SourceAt(note.From.File).Name());
-        console.Tell("line " + std::to_string(note.From.Line) +
-                     ": carried: " + Printable(note.Field) + " \"" +
-                     Printable(Shortened(note.Value)) + "\": " + WonText(book, note));
     }
     console.End();
     if (told > kMostTold) {

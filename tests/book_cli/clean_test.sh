@@ -73,12 +73,16 @@ CHECK
 # The plan is done.
 run "clean" 0 clean --plan plan.txt --sort family -o book.vcf --report report.json
 prints '7 read   1 merged away   6 written   0 values lost'
-tells_nothing
+tells_once 'b.ldif: line 1: carried: FN "ADA ABBOTT": "Ada Abbott" of a.vcf, line 1 won'
+tells_once 'b.ldif: line 1: carried: EMAIL "Ada@Example.org": "ada@example.org" of a.vcf, line 1 won'
+tells_once 'b.ldif: line 1: carried: TEL "15550100": "+1 (555) 0100" of a.vcf, line 1 won'
+lines err 3
 has book.vcf 'TEL;TYPE=home;TYPE=work:+1 (555) 0100'
 has book.vcf 'X-ORVIK-MERGED-EMAIL:Ada@Example.org'
 [ "$(grep -c 'MEMBER:' book.vcf)" = 1 ] || fail "members: $(grep MEMBER: book.vcf)"
 [ "$(grep '^FN:' book.vcf | tr -d '\r' | paste -sd,)" = 'FN:Ada Abbott,FN:B. Berg,FN:Ben Berg,FN:Crew,FN:Nobody,FN:Sales' ] ||
     fail "order: $(grep '^FN:' book.vcf)"
+! grep -q 'has no place' report.json || fail "report: $(cat report.json)"
 has report.json '{"what":"merged","file":"b.ldif","line":1,"field":"","value":"","target":"","reason":"is part of a.vcf, line 1"}'
 has report.json '"field":"FN","value":"ADA ABBOTT","target":"X-ORVIK-MERGED-FN","reason":"\"Ada Abbott\" of a.vcf, line 1 won"}'
 run "clean again" 0 clean --plan plan.txt --sort family -o again.vcf
