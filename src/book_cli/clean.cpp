@@ -128,7 +128,7 @@ ExitStatus TakePlan(Arguments& arguments, Console& console, book::Plan& plan) {
         return status;
     }
     plan = book::ParsePlan(*text);
-    if (!plan.Errors.empty()) {
+    if (plan.LacksSource) {
         TellErrors(console, arguments.Plan, plan.Errors);
         return ExitStatus::Problem;
     }
@@ -145,14 +145,20 @@ ExitStatus Clean(const Arguments& arguments, Console& console) {
     book::Plan plan;
     ExitStatus status = TakePlan(chosen, console, plan);
     Outputs outputs(console, chosen);
-    status = status == ExitStatus::Done ? outputs.Check() : status;
     if (status != ExitStatus::Done) {
         return status;
     }
+    status = outputs.Check();
     Loaded loaded;
-    Load(console, chosen.Files, chosen.Charset, loaded, chosen.Columns);
-    if (loaded.Status != ExitStatus::Done) {
-        return loaded.Status;
+    if (status == ExitStatus::Done) {
+        Load(console, chosen.Files, chosen.Charset, loaded, chosen.Columns);
+        status = loaded.Status;
+    }
+    if (status != ExitStatus::Done) {
+        if (!plan.Errors.empty()) {
+            TellErrors(console, chosen.Plan, plan.Errors);
+        }
+        return status;
     }
     const auto groups = GroupsFor(chosen, console, plan, loaded.Book);
     if (!groups) {
