@@ -353,6 +353,10 @@ tells "left out: 2 Message-IDs"
 # Usage.
 run "help" 0 find --help
 for word in --headers-only --min --since --me --no-reply --report; do has out "$word"; done
+has out "Exit status: 0 all"
+! grep -q 'standard input' out || fail "find reads no standard input"
+run "help of show" 0 show --help
+has out "A file named - is standard input."
 run "nothing to look through" 2 find
 run "own addresses before the paths" 0 find --json --me two@example.org tree/deep/er
 people ''
@@ -361,5 +365,7 @@ for wrong in "find -" "find x --since yesterday" "find x --since 2024-02-30" "fi
     # shellcheck disable=SC2086
     run "usage: $wrong" 2 $wrong
 done
+run "standard input" 2 find -
+tells "find reads files and folders; a file of this name is ./-"
 
 exit $failed
