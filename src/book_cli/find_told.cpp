@@ -118,7 +118,9 @@ void FindTold::TakeWalk(const book::SearchNote& note) {
     if (note.Walk == book::WalkNote::NoInput) {
         status_ = Worse(status_, cli::ExitStatus::NoInput);
     }
-    if (note.Walk == book::WalkNote::Failed || note.Walk == book::WalkNote::NoInput) {
+    const bool fails = note.Walk == book::WalkNote::Failed || note.Walk == book::WalkNote::NoInput;
+    // Another program may take a whole folder away meanwhile.
+    if (fails && ++failed_ <= kMostPartsTold) {
         console_.Begin(note.Path);
         console_.Tell(reason);
         console_.Begin(kReading);
@@ -175,6 +177,10 @@ void FindTold::End() {
             console_.Tell(std::to_string(told - kMostPartsTold) +
                           " more parts; --report FILE names all");
         }
+    }
+    if (failed_ > kMostPartsTold) {
+        console_.Tell(std::to_string(failed_ - kMostPartsTold) +
+                      " more cannot be read; --report FILE names all");
     }
     if (lines_ > kMostLines) {
         AddLine({});

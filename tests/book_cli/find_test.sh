@@ -295,6 +295,13 @@ people 'two@example.org 1'
 run "one that is not there" 66 find --json nothere tree/deep/er
 tells "nothere: File not found"
 people 'two@example.org 1'
+# shellcheck disable=SC2046
+run "many that are not there" 66 find --json $(seq -f gone%.0f 1 23) tree/deep/er --report gone.json
+people 'two@example.org 1'
+tells_once "gone20: File not found"
+tells "3 more cannot be read; --report FILE names all"
+! grep -q "gone21" err || fail "tells: $(cat err)"
+has gone.json '"file":"gone23"'
 run "a pipe" 66 find tree/pipe
 tells "tree/pipe: is a pipe, a device or another thing without an end"
 run "what it wrote is no mail" 0 find tree/deep/er -o tree/deep/er/found.vcf
