@@ -21,12 +21,13 @@ using MergeGroups = std::vector<std::vector<std::uint32_t>>;
 
 struct CheckedPlan {
     MergeGroups Groups;
-    // By line: sources that are others by now, records that are not there, people and lists that
-    // would become one, and what one line merges and another one keeps apart.
+    // By line: those of the plan, sources that are others by now, records that are not there or
+    // twice in a line, people and lists that would become one, and what one line merges and another
+    // one keeps apart.
     std::vector<PlanError> Errors;
 };
 
-// CheckPlan: of a plan without errors. The book has read the plan's sources. n log n.
+// CheckPlan: of a plan that lacks no source. The book has read the plan's sources. n log n.
 [[nodiscard]] CheckedPlan CheckPlan(const Plan& plan, const Book& book);
 
 }  // namespace orvik::book
