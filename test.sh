@@ -153,6 +153,7 @@ bench() {
     cmake --build --preset bench
     build/bench/bin/orvik-bench
     build/bench/bin/orvik-book-bench
+    build/bench/bin/orvik-mail-bench
 }
 
 mkdir -p build

@@ -95,6 +95,8 @@ enum class ValueForm : std::uint8_t {
 inline constexpr std::string_view kCarriedFromLdif = "X-ORVIK-LDIF-";
 inline constexpr std::string_view kCarriedFromVCard = "X-ORVIK-VCARD-";
 inline constexpr std::string_view kCarriedFromCsv = "X-ORVIK-CSV-";
+// What a value is called whose place another record's has.
+inline constexpr std::string_view kCarriedFromMerge = "X-ORVIK-MERGED-";
 // The option of such an attribute of LDIF that stands beside what programs know, not for a part of
 // it.
 inline constexpr std::string_view kBesides = "x-more";

@@ -66,7 +66,9 @@ VCardName NameIn(Dialect version, std::string_view name) {
     if (newer ? IsIn(kOnlyIn30, name) : IsIn(kOnlyIn40, name)) {
         return {std::string(kCarriedFromVCard).append(name), true};
     }
-    return {std::string(name), StartsAsName(name, "X-ORVIK-")};
+    // What was merged is called so in cards, and in no other format.
+    const bool carried = StartsAsName(name, "X-ORVIK-") && !StartsAsName(name, kCarriedFromMerge);
+    return {std::string(name), carried};
 }
 
 std::optional<DataUri> SplitDataUri(std::string_view value) {

@@ -29,7 +29,16 @@ constexpr const char* kExamples =
     "  orvik-book clean --plan plan.txt --sort family -o clean.vcf\n"
     "\n"
     "A file named - is standard input.\n"
-    "\n"
+    "\n";
+
+// Mail is no stream.
+constexpr const char* kExamplesOfFind =
+    "Examples:\n"
+    "  orvik-book find Mail/Inbox Maildir letter.eml --min 2 -o people.vcf\n"
+    "  orvik-book find Mail --since 2024-05-31 --me me@example.org --json\n"
+    "\n";
+
+constexpr const char* kStatuses =
     "Exit status: 0 all, 1 something skipped, lost, bad or different, 2 usage,\n"
     "65 no address book, 66 no input, 71 out of memory, 73 cannot create,\n"
     "74 input/output error, 130 interrupted.";
@@ -63,7 +72,7 @@ class Parser {
         app_.set_version_flag(
             "--version", "orvik-book " ORVIK_VERSION, "Print the version and exit");
         app_.set_help_flag("-h,--help", "Print this help and exit");
-        app_.footer(kExamples);
+        app_.footer(std::string(kExamples) + kStatuses);
         app_.failure_message(&cli::UsageMessage);
         app_.require_subcommand(1);
         show_ = AddVerb("show", "Say what is in address books", "FILE");
@@ -159,6 +168,7 @@ class Parser {
     void AddFind() {
         find_ = app_.add_subcommand("find", "Find the people in mail, and write them");
         find_->failure_message(&cli::UsageMessage);
+        find_->footer(std::string(kExamplesOfFind) + kStatuses);
         AddFindOptions(*find_, arguments_.Files, arguments_.Find);
         AddPrinting(*find_);
         target_.AddTo(*find_, arguments_);

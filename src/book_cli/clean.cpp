@@ -63,17 +63,19 @@ std::string WonText(const book::Book& book, const book::MergeNote& note) {
            " won";
 }
 
-// Which value won where there can be one only; other spellings are in the report.
+// Which value won where there can be one only, and after these which spelling did.
 void TellMerged(Console& console, const book::Book& book, const book::Merged& merged) {
     std::size_t told = 0;
-    for (const book::MergeNote& note : merged.Notes) {
-        if (note.IsSpelling || NamesTheRecord(note) || ++told > kMostTold) {
-            continue;
+    for (const bool spellings : {false, true}) {
+        for (const book::MergeNote& note : merged.Notes) {
+            if (note.IsSpelling != spellings || NamesTheRecord(note) || ++told > kMostTold) {
+                continue;
+            }
+            console.Begin(book.SourceAt(note.From.File).Name());
+            console.Tell("line " + std::to_string(note.From.Line) +
+                         ": carried: " + Printable(note.Field) + " \"" +
+                         Printable(Shortened(note.Value)) + "\": " + WonText(book, note));
         }
-        console.Begin(book.SourceAt(note.From.File).Name());
-        console.Tell("line " + std::to_string(note.From.Line) +
-                     ": carried: " + Printable(note.Field) + " \"" +
-                     Printable(Shortened(note.Value)) + "\": " + WonText(book, note));
     }
     console.End();
     if (told > kMostTold) {
@@ -125,7 +127,7 @@ ExitStatus TakePlan(Arguments& arguments, Console& console, book::Plan& plan) {
         return status;
     }
     plan = book::ParsePlan(*text);
-    if (!plan.Errors.empty()) {
+    if (plan.LacksSource) {
         TellErrors(console, arguments.Plan, plan.Errors);
         return ExitStatus::Problem;
     }
@@ -142,14 +144,20 @@ ExitStatus Clean(const Arguments& arguments, Console& console) {
     book::Plan plan;
     ExitStatus status = TakePlan(chosen, console, plan);
     Outputs outputs(console, chosen);
-    status = status == ExitStatus::Done ? outputs.Check() : status;
     if (status != ExitStatus::Done) {
         return status;
     }
+    status = outputs.Check();
     Loaded loaded;
-    Load(console, chosen.Files, chosen.Charset, loaded, chosen.Columns);
-    if (loaded.Status != ExitStatus::Done) {
-        return loaded.Status;
+    if (status == ExitStatus::Done) {
+        Load(console, chosen.Files, chosen.Charset, loaded, chosen.Columns);
+        status = loaded.Status;
+    }
+    if (status != ExitStatus::Done) {
+        if (!plan.Errors.empty()) {
+            TellErrors(console, chosen.Plan, plan.Errors);
+        }
+        return status;
     }
     const auto groups = GroupsFor(chosen, console, plan, loaded.Book);
     if (!groups) {

@@ -40,6 +40,8 @@ const char* ReasonOf(book::WalkNote note) {
             return "is where programs are still writing";
         case book::WalkNote::OfServer:
             return "belongs to the mail server";
+        case book::WalkNote::Trashed:
+            return "is deleted";
         case book::WalkNote::Again:
             return "was read already";
         case book::WalkNote::Failed:
@@ -69,6 +71,10 @@ std::string FoundText(const book::SearchTotals& totals, const FindCounts& counts
     add(counts.Mine, "of --me", "of --me");
     add(totals.Older, "older message", "older messages");
     add(totals.Undated, "without a date", "without a date");
+    add(totals.Deleted, "deleted message", "deleted messages");
+    add(totals.FolderData,
+        "message of a folder about itself",
+        "messages of folders about themselves");
     add(totals.Links, "link", "links");
     add(totals.Binary, "file that is no text", "files that are no text");
     add(totals.Encrypted, "encrypted part", "encrypted parts");
@@ -81,7 +87,9 @@ std::string FoundText(const book::SearchTotals& totals, const FindCounts& counts
         text.append(between).append(one);
         between = ", ";
     }
-    const bool listed = totals.Undecodable + totals.Encrypted + totals.Binary > 0;
+    const bool listed =
+        totals.Undecodable + totals.Encrypted + totals.Binary + totals.Deleted + totals.FolderData >
+        0;
     return text + (listed && !has_report ? " (listed with --report)\n" : "\n");
 }
 
@@ -110,7 +118,9 @@ void FindTold::TakeWalk(const book::SearchNote& note) {
     if (note.Walk == book::WalkNote::NoInput) {
         status_ = Worse(status_, cli::ExitStatus::NoInput);
     }
-    if (note.Walk == book::WalkNote::Failed || note.Walk == book::WalkNote::NoInput) {
+    const bool fails = note.Walk == book::WalkNote::Failed || note.Walk == book::WalkNote::NoInput;
+    // Another program may take a whole folder away meanwhile.
+    if (fails && ++failed_ <= kMostPartsTold) {
         console_.Begin(note.Path);
         console_.Tell(reason);
         console_.Begin(kReading);
@@ -141,7 +151,7 @@ void FindTold::Take(const book::SearchNote& note) {
         note.What == Kind::Binary ? "is " + note.Reason + ", no text" : note.Reason;
     AddLine(ReportLine(
         {NameOf(book::What::Skipped), note.Path, note.Line, note.Part, note.Message, {}, reason}));
-    if (note.What != Kind::Binary) {
+    if (note.What != Kind::Binary && note.What != Kind::Unseen) {
         TellPart(note);
     }
     if (note.What == Kind::Undecodable || note.What == Kind::TooLong) {
@@ -167,6 +177,10 @@ void FindTold::End() {
             console_.Tell(std::to_string(told - kMostPartsTold) +
                           " more parts; --report FILE names all");
         }
+    }
+    if (failed_ > kMostPartsTold) {
+        console_.Tell(std::to_string(failed_ - kMostPartsTold) +
+                      " more cannot be read; --report FILE names all");
     }
     if (lines_ > kMostLines) {
         AddLine({});

@@ -60,6 +60,7 @@ class FindTold {
     std::string report_;
     std::size_t lines_ = 0;
     std::array<std::size_t, 2> told_{};
+    std::size_t failed_ = 0;  // files and folders that could not be read
     cli::ExitStatus status_ = cli::ExitStatus::Done;
 };
 

@@ -11,7 +11,6 @@
 #include "book/typed_views.h"
 #include "book/value_form.h"
 #include "book/vcard_fields.h"
-#include "book_cli/json_lines.h"
 #include "book_cli/told.h"
 
 namespace orvik::book_cli {

@@ -73,12 +73,16 @@ CHECK
 # The plan is done.
 run "clean" 0 clean --plan plan.txt --sort family -o book.vcf --report report.json
 prints '7 read   1 merged away   6 written   0 values lost'
-tells_nothing
+tells_once 'b.ldif: line 1: carried: FN "ADA ABBOTT": "Ada Abbott" of a.vcf, line 1 won'
+tells_once 'b.ldif: line 1: carried: EMAIL "Ada@Example.org": "ada@example.org" of a.vcf, line 1 won'
+tells_once 'b.ldif: line 1: carried: TEL "15550100": "+1 (555) 0100" of a.vcf, line 1 won'
+lines err 3
 has book.vcf 'TEL;TYPE=home;TYPE=work:+1 (555) 0100'
 has book.vcf 'X-ORVIK-MERGED-EMAIL:Ada@Example.org'
 [ "$(grep -c 'MEMBER:' book.vcf)" = 1 ] || fail "members: $(grep MEMBER: book.vcf)"
 [ "$(grep '^FN:' book.vcf | tr -d '\r' | paste -sd,)" = 'FN:Ada Abbott,FN:B. Berg,FN:Ben Berg,FN:Crew,FN:Nobody,FN:Sales' ] ||
     fail "order: $(grep '^FN:' book.vcf)"
+! grep -q 'has no place' report.json || fail "report: $(cat report.json)"
 has report.json '{"what":"merged","file":"b.ldif","line":1,"field":"","value":"","target":"","reason":"is part of a.vcf, line 1"}'
 has report.json '"field":"FN","value":"ADA ABBOTT","target":"X-ORVIK-MERGED-FN","reason":"\"Ada Abbott\" of a.vcf, line 1 won"}'
 run "clean again" 0 clean --plan plan.txt --sort family -o again.vcf
@@ -118,7 +122,10 @@ run "one record in two lines" 0 clean --plan joined.txt -o joined.vcf
 prints '7 read   2 merged away   5 written   0 values lost'
 { cat plan.txt; printf 'merge a.vcf:15 b.ldif:6\nmerge a.vcf:2 b.ldif:1\nglue a.vcf:1\n'; } >wrong.txt
 run "a line that is none" 1 clean --plan wrong.txt -o wrong.vcf
+tells 'wrong.txt: line 5: this keeps apart what line 6 merges'
+tells 'wrong.txt: line 7: a.vcf:2: no record begins on this line'
 tells 'wrong.txt: line 8: a line begins with merge, ask, keep or #'
+tells_once 'wrong.txt: Nothing is written'
 is_missing wrong.vcf
 sed -i '$d' wrong.txt
 run "lines that cannot be done" 1 clean --plan wrong.txt -o wrong.vcf
@@ -131,6 +138,18 @@ is_missing wrong.vcf
 run "a person and a list" 1 clean --plan kinds.txt -o wrong.vcf
 tells 'kinds.txt: line 3: a person and a list cannot become one'
 
+{ sed '/^#/!d' plan.txt; echo 'merge a.vcf:1 a.vcf:1'; } >twice.txt
+run "a record twice in a line" 1 clean --plan twice.txt -o wrong.vcf
+tells 'twice.txt: line 3: a.vcf:1: the line names this record twice'
+printf '# source a.vcf 12\nglue a.vcf:1\nmerge a.vcf:1 a.vcf:9\n' >lacks.txt
+run "a source that is none" 1 clean --plan lacks.txt -o wrong.vcf
+tells 'lacks.txt: line 1: a source needs its name and the 64 digits of its SHA-256'
+tells 'lacks.txt: line 2: a line begins with merge, ask, keep or #'
+lines err 3
+echo 'merge a.vcf:1 a.vcf:9' >lacks.txt
+run "no source at all" 1 clean --plan lacks.txt -o wrong.vcf
+tells 'lacks.txt: line 1: the plan names no source; a line "# source FILE SHA-256" does for each'
+
 # Sources that are others by now.
 mkdir other
 cp plan.txt b.ldif other/
@@ -140,7 +159,10 @@ run "a plan for its own output" 1 clean --plan plan.txt -o new.vcf
 tells 'plan.txt: line 1: a.vcf is not what it was when the plan was made'
 is_missing new.vcf
 rm b.ldif
+echo 'glue a.vcf:1' >>plan.txt
 run "a source that is gone" 66 clean --plan plan.txt -o new.vcf
+tells 'b.ldif: File not found'
+tells 'plan.txt: line 6: a line begins with merge, ask, keep or #'
 is_missing new.vcf
 cd ..
 cp a.vcf 'my: "book" #1.vcf'

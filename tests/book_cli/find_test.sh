@@ -295,6 +295,13 @@ people 'two@example.org 1'
 run "one that is not there" 66 find --json nothere tree/deep/er
 tells "nothere: File not found"
 people 'two@example.org 1'
+# shellcheck disable=SC2046
+run "many that are not there" 66 find --json $(seq -f gone%.0f 1 23) tree/deep/er --report gone.json
+people 'two@example.org 1'
+tells_once "gone20: File not found"
+tells "3 more cannot be read; --report FILE names all"
+! grep -q "gone21" err || fail "tells: $(cat err)"
+has gone.json '"file":"gone23"'
 run "a pipe" 66 find tree/pipe
 tells "tree/pipe: is a pipe, a device or another thing without an end"
 run "what it wrote is no mail" 0 find tree/deep/er -o tree/deep/er/found.vcf
@@ -303,9 +310,60 @@ people 'two@example.org 1'
 run "nobody" 0 find tree/box/uidlist --headers-only -o nobody.vcf
 has out "0 addresses"
 
+# What mail programs show to nobody is passed over, and told.
+mkdir -p unseen/box/{cur,new}
+cat >unseen/folder <<'MBOX'
+From MAILER-DAEMON Mon Nov  2 09:00:00 2026
+From: Mail System Internal Data <MAILER-DAEMON@host.example>
+Subject: DON'T DELETE THIS MESSAGE -- FOLDER INTERNAL DATA
+X-IMAP: 1
+
+This text is part of the internal format; admin@host.example
+
+From - Mon Nov 02 09:00:00 2026
+X-Mozilla-Status: 0009
+From: deleted@example.org
+
+also@example.org
+
+From - Mon Nov 02 09:00:00 2026
+X-Mozilla-Status: 0001
+From: kept@example.org
+
+MBOX
+printf 'From: trash@example.org\n\n' >unseen/box/cur/1:2,ST
+printf 'From: read@example.org\n\n' >unseen/box/cur/2:2,S
+run "deleted messages" 0 find --json unseen --report unseen.json
+people 'kept@example.org 1
+read@example.org 1'
+tells "2 messages, "
+tells "left out: 2 deleted messages, 1 message of a folder about itself"
+has unseen.json '"file":"unseen/box/cur/1:2,ST","line":0,"field":"","value":"","target":"","reason":"is deleted"'
+has unseen.json '"file":"unseen/folder","line":8,"field":"","value":"","target":"","reason":"is deleted"'
+has unseen.json '"line":1,"field":"","value":"","target":"","reason":"holds what a mail server keeps of the folder"'
+run "deleted messages without a report" 0 find unseen -o unseen.vcf
+has out "1 message of a folder about itself (listed with --report)"
+run "a deleted one that is named" 0 find --json unseen/box/cur/1:2,ST
+people 'trash@example.org 1'
+
+# Folders and messages of other programs.
+printf '\1\1\1\1\nFrom: m1@example.org\n\nx\n\1\1\1\1\n\1\1\1\1\nFrom: m2@example.org\nMessage-ID: <id@mid.example>\n\ny\n\1\1\1\1\n' >mmdf
+printf '64\nFrom: em@example.org\nMessage-ID: <q1@mid.example>\n\nhello x@y.org\n<?xml version="1.0"?>\n<plist><string>p@l.example</string></plist>\n' >1.emlx
+run "MMDF and a message of Apple Mail" 0 find --json mmdf 1.emlx
+people 'em@example.org 1
+m1@example.org 1
+m2@example.org 1
+x@y.org 1'
+tells "3 messages, "
+tells "left out: 2 Message-IDs"
+
 # Usage.
 run "help" 0 find --help
 for word in --headers-only --min --since --me --no-reply --report; do has out "$word"; done
+has out "Exit status: 0 all"
+! grep -q 'standard input' out || fail "find reads no standard input"
+run "help of show" 0 show --help
+has out "A file named - is standard input."
 run "nothing to look through" 2 find
 run "own addresses before the paths" 0 find --json --me two@example.org tree/deep/er
 people ''
@@ -314,5 +372,7 @@ for wrong in "find -" "find x --since yesterday" "find x --since 2024-02-30" "fi
     # shellcheck disable=SC2086
     run "usage: $wrong" 2 $wrong
 done
+run "standard input" 2 find -
+tells "find reads files and folders; a file of this name is ./-"
 
 exit $failed

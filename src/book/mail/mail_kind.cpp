@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 
 #include "app/text.h"
 #include "book/field_names.h"
 #include "book/lines.h"
 #include "book/mail/mbox.h"
 #include "book/source.h"
+#include "book/value_form.h"
 
 namespace orvik::book {
 namespace {
@@ -61,6 +63,9 @@ MailKind KindOfMail(std::string_view beginning, std::string_view name) {
     if (WideFormOf(beginning) != WideForm::None) {
         return MailKind::WideText;
     }
+    if (beginning.starts_with(kMmdfLine)) {
+        return MailKind::Folder;
+    }
     if (beginning.starts_with(kMark)) {
         beginning.remove_prefix(kMark.size());
     }
@@ -70,10 +75,24 @@ MailKind KindOfMail(std::string_view beginning, std::string_view name) {
     if (BeginsWithMarker(beginning)) {
         return MailKind::Folder;
     }
-    if (HasEnding(name, ".eml") || BeginsWithHeader(beginning)) {
+    if (HasEnding(name, ".eml") || BeginsWithHeader(beginning) ||
+        (HasEnding(name, ".emlx") && !EmlxMessage(beginning).empty())) {
         return MailKind::Message;
     }
     return beginning.find('\0') == std::string_view::npos ? MailKind::Text : MailKind::Binary;
+}
+
+std::string_view EmlxMessage(std::string_view text) {
+    std::size_t length = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), length);
+    const std::size_t end = text.find('\n');
+    if (read.ec != std::errc() || end == std::string_view::npos) {
+        return {};
+    }
+    const auto digits = static_cast<std::size_t>(read.ptr - text.data());
+    return digits <= end && WithoutBlanksAround(text.substr(digits, end - digits)).empty()
+               ? text.substr(end + 1, length)
+               : std::string_view();
 }
 
 }  // namespace orvik::book

@@ -4,8 +4,10 @@
 #include <utility>
 
 #include "app/file_calls.h"
+#include "app/text.h"
 #include "book/detect.h"
 #include "book/mail/mail_kind.h"
+#include "book/mail/unseen_mail.h"
 #include "book/source.h"
 
 namespace orvik::book {
@@ -98,6 +100,7 @@ MailSearch::MailSearch(FileSystem& files, const SearchOptions& options, Listener
 
 void MailSearch::Pass(const std::string& path, WalkNote note, std::error_code error) {
     totals_.Links += note == WalkNote::Link ? 1U : 0U;
+    totals_.Deleted += note == WalkNote::Trashed ? 1U : 0U;
     listener_.Tell({SearchNote::Kind::Walk, path, 0, {}, {}, {}, note, error});
 }
 
@@ -160,6 +163,9 @@ void MailSearch::LookAtMessage(const MailWalk::File& file, const NextPiece& next
     // A message that was taken out of a folder may have kept what parts messages there.
     std::string_view message = text;
     std::string_view marker;
+    if (HasEnding(file.Path, ".emlx") && !EmlxMessage(message).empty()) {
+        message = EmlxMessage(message);
+    }
     if (message.starts_with("From ")) {
         const std::size_t end = std::min(message.find('\n'), message.size() - 1) + 1;
         marker = message.substr(0, end);
@@ -222,10 +228,30 @@ void MailSearch::TakeText(const MailWalk::File& file, const MailFindings& findin
     people_.Add(findings, file.Place);
 }
 
+bool MailSearch::IsPassedOver(const MailWalk::File& file, std::string_view text, std::size_t line) {
+    const Unseen unseen = UnseenKindOf(text);
+    if (unseen == Unseen::None) {
+        return false;
+    }
+    const bool deleted = unseen == Unseen::Deleted;
+    ++(deleted ? totals_.Deleted : totals_.FolderData);
+    listener_.Tell({SearchNote::Kind::Unseen,
+                    file.Path,
+                    line,
+                    {},
+                    {},
+                    deleted ? "is deleted" : "holds what a mail server keeps of the folder"});
+    return true;
+}
+
 void MailSearch::TakeMessage(const MailWalk::File& file,
                              std::string_view text,
                              std::string_view marker,
                              std::size_t line) {
+    last_left_out_ = IsPassedOver(file, text, line);
+    if (last_left_out_) {
+        return;
+    }
     ++totals_.Messages;
     const MailFindings findings = reader_.Read(text, marker);
     last_time_ = findings.Time;

@@ -33,14 +33,16 @@ struct SearchTotals {
     std::size_t Undecodable = 0;
     std::size_t Encrypted = 0;
     std::size_t Binary = 0;
-    std::size_t Older = 0;    // messages from before Since
-    std::size_t Undated = 0;  // messages and texts without a date, where one is asked for
+    std::size_t Deleted = 0;     // messages that no mail program shows; not among Messages
+    std::size_t FolderData = 0;  // nor are what servers write into folders
+    std::size_t Older = 0;       // messages from before Since
+    std::size_t Undated = 0;     // messages and texts without a date, where one is asked for
     std::size_t Links = 0;
 };
 
 // What is told of a search as it goes on.
 struct SearchNote {
-    enum class Kind : std::uint8_t { Undecodable, Encrypted, TooLong, Binary, Walk };
+    enum class Kind : std::uint8_t { Undecodable, Encrypted, TooLong, Binary, Unseen, Walk };
     Kind What = Kind::Walk;
     const std::string& Path;
     std::size_t Line = 0;  // on which the message begins in its file, 0 for none
@@ -79,6 +81,8 @@ class MailSearch {
                      std::string_view text,
                      std::string_view marker,
                      std::size_t line);
+    // Whether a message is passed over, which is told.
+    bool IsPassedOver(const MailWalk::File& file, std::string_view text, std::size_t line);
     void TakeText(const MailWalk::File& file, const MailFindings& findings);
     void TakeRest(const MailWalk::File& file, std::string_view text, std::size_t line);
     void Keep(const MailWalk::File& file, const MailFindings& findings);

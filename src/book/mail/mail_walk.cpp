@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/file_calls.h"
+#include "book/mail/unseen_mail.h"
 
 namespace orvik::book {
 namespace {
@@ -120,6 +121,10 @@ void MailWalk::TakeEntry(const Pending& folder, const FolderEntry& entry) {
     }
     const auto identity = IdentityOf(entry.Status);
     if (named_.contains(identity) || seen_.contains(identity)) {
+        return;
+    }
+    if (IsTrashedName(entry.Name)) {
+        listener_.Tell(path, WalkNote::Trashed, {});
         return;
     }
     const bool message = !folder.Maildir.empty();

@@ -22,6 +22,7 @@ enum class WalkNote : std::uint8_t {
     NoInput,   // one of these that the user named
     Unsent,    // in the folder of a Maildir where programs are still writing
     OfServer,  // what a mail server keeps beside the messages of a Maildir
+    Trashed,   // a message that its name says is deleted
     Again      // the same file or folder as before
 };
 

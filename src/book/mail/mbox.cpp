@@ -9,6 +9,8 @@ namespace orvik::book {
 namespace {
 
 constexpr std::string_view kFrom = "From ";
+constexpr std::string_view kBeforeFrom = "\nFrom ";
+constexpr std::string_view kBeforeMmdf = "\n\1\1\1\1";
 constexpr std::string_view kQuoted = ">From ";
 // A marker and the line behind it are never longer than what is looked at.
 constexpr std::size_t kLongestLookedAt = 8192;
@@ -67,6 +69,11 @@ bool IsBare(std::string_view line) {
     const std::size_t last = line.find_last_not_of(kBlanks);
     line = line.substr(0, last + 1);
     return line == "From" || line == "From -";
+}
+
+// With its end.
+std::string_view FirstLine(std::string_view text) {
+    return text.substr(0, std::min(text.find('\n'), text.size() - 1) + 1);
 }
 
 bool IsEmptyLine(std::string_view line) {
@@ -142,11 +149,24 @@ bool MboxReader::HasLines(std::size_t at, std::size_t count) {
     return true;
 }
 
+bool MboxReader::Parts(std::size_t place) {
+    HasLines(place, 2);
+    const std::size_t line = at_ + place;
+    if (is_mmdf_) {
+        return LineAt(line) == kMmdfLine;
+    }
+    const std::size_t behind = std::min(buffer_.find('\n', line), buffer_.size() - 1) + 1;
+    const std::string_view before = std::string_view(buffer_).substr(at_, place);
+    const bool behind_empty = before == "\n" || before == "\r\n" || before.ends_with("\n\n") ||
+                              before.ends_with("\n\r\n");
+    return IsMarker(behind_empty, LineAt(line), LineAt(behind));
+}
+
 // Where the message that begins at at_ ends, counted from there.
 std::size_t MboxReader::FindEnd() {
     std::size_t from = 0;
     for (;;) {
-        const std::size_t found = buffer_.find("\nFrom ", at_ + from);
+        const std::size_t found = buffer_.find(is_mmdf_ ? kBeforeMmdf : kBeforeFrom, at_ + from);
         if (found == std::string::npos) {
             const std::size_t held = buffer_.size() - at_;
             // What may be the beginning of a marker is looked at again.
@@ -162,13 +182,7 @@ std::size_t MboxReader::FindEnd() {
             continue;
         }
         const std::size_t place = found + 1 - at_;
-        HasLines(place, 2);
-        const std::size_t line = at_ + place;
-        const std::size_t behind = std::min(buffer_.find('\n', line), buffer_.size() - 1) + 1;
-        const std::string_view before = std::string_view(buffer_).substr(at_, place);
-        const bool behind_empty = before == "\n" || before == "\r\n" || before.ends_with("\n\n") ||
-                                  before.ends_with("\n\r\n");
-        if (IsMarker(behind_empty, LineAt(line), LineAt(behind))) {
+        if (Parts(place)) {
             return place;
         }
         from = place;
@@ -180,6 +194,7 @@ bool MboxReader::Next(MboxMessage& message) {
     if (at_ == buffer_.size()) {
         return false;
     }
+    is_mmdf_ = is_mmdf_ || (line_ == 1 && LineAt(at_) == kMmdfLine);
     message = {};
     message.Line = line_;
     message.IsRest = is_rest_;
@@ -188,13 +203,15 @@ bool MboxReader::Next(MboxMessage& message) {
     std::string_view whole = std::string_view(buffer_).substr(at_, end);
     line_ += static_cast<std::size_t>(std::count(whole.begin(), whole.end(), '\n'));
     at_ += end;
+    if (is_mmdf_ && !message.IsRest) {
+        whole.remove_prefix(FirstLine(whole).size());
+    }
     if (!message.IsRest && whole.starts_with(kFrom)) {
-        const std::size_t line = std::min(whole.find('\n'), whole.size() - 1) + 1;
-        message.Marker = whole.substr(0, line);
+        message.Marker = FirstLine(whole);
         while (message.Marker.ends_with('\n') || message.Marker.ends_with('\r')) {
             message.Marker.remove_suffix(1);
         }
-        whole.remove_prefix(line);
+        whole.remove_prefix(FirstLine(whole).size());
     }
     message.Text = whole;
     return true;

@@ -9,6 +9,9 @@
 
 namespace orvik::book {
 
+// The line before and behind each message of an MMDF folder.
+inline constexpr std::string_view kMmdfLine = "\1\1\1\1";
+
 // Appends some more bytes of a file; false at its end.
 using NextPiece = std::function<bool(std::string& to)>;
 
@@ -32,6 +35,7 @@ struct MboxMessage {
 // at: programs that change a folder do not keep them right.
 [[nodiscard]] bool IsMarker(bool behind_empty, std::string_view line, std::string_view next);
 
+// A folder that begins with kMmdfLine is parted by these lines alone.
 class MboxReader {
  public:
     explicit MboxReader(NextPiece next, std::size_t longest = kLongestMessage)
@@ -43,6 +47,8 @@ class MboxReader {
  private:
     bool Fill();
     [[nodiscard]] std::size_t FindEnd();
+    // Whether the line there begins a message.
+    bool Parts(std::size_t place);
     [[nodiscard]] std::string_view LineAt(std::size_t at) const;
     bool HasLines(std::size_t at, std::size_t count);
 
@@ -52,6 +58,7 @@ class MboxReader {
     std::size_t at_ = 0;  // of what was not handed out
     std::size_t line_ = 1;
     bool at_end_ = false;
+    bool is_mmdf_ = false;
     bool is_rest_ = false;
 };
 

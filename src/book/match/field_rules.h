@@ -11,9 +11,6 @@
 
 namespace orvik::book {
 
-// The beginning of the name under which a value is carried whose place another record's has.
-inline constexpr std::string_view kCarriedFromMerge = "X-ORVIK-MERGED-";
-
 enum class Comparing : std::uint8_t {
     Ignored,  // names the record, or changes with each saving
     Name,     // FN and N, as words in any order

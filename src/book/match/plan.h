@@ -66,6 +66,7 @@ struct Plan {
     std::vector<PlanSource> Sources;
     std::vector<PlannedLine> Lines;
     std::vector<PlanError> Errors;  // the lines that are none; nothing is to be done then
+    bool LacksSource = false;       // one of these should have named a source
 };
 
 // ParsePlan: any bytes, in linear time.

@@ -44,13 +44,26 @@ class Joined {
 class PlanChecker {
  public:
     PlanChecker(const Plan& plan, const Book& book)
-        : plan_(plan), book_(book), merged_in_(book.Contacts.size(), 0) {}
+        : plan_(plan),
+          book_(book),
+          merged_in_(book.Contacts.size(), 0),
+          named_in_(book.Contacts.size(), 0) {
+        found_.Errors = plan.Errors;
+    }
 
     CheckedPlan Check() && {
-        CheckSources();
-        if (!found_.Errors.empty()) {
-            return std::move(found_);
+        if (CheckSources()) {
+            CheckLines();
         }
+        std::stable_sort(
+            found_.Errors.begin(),
+            found_.Errors.end(),
+            [](const PlanError& one, const PlanError& other) { return one.Line < other.Line; });
+        return std::move(found_);
+    }
+
+ private:
+    void CheckLines() {
         FindPlaces();
         std::vector<MatchLine>& lines = found_.Lines;
         lines.reserve(plan_.Lines.size());
@@ -62,15 +75,11 @@ class PlanChecker {
         if (found_.Errors.empty()) {
             found_.Groups = GroupsOf(lines, book_.Contacts.size());
         }
-        std::stable_sort(
-            found_.Errors.begin(),
-            found_.Errors.end(),
-            [](const PlanError& one, const PlanError& other) { return one.Line < other.Line; });
-        return std::move(found_);
     }
 
- private:
-    void CheckSources() {
+    // Whether they are what the plan was made for.
+    bool CheckSources() {
+        const std::size_t before = found_.Errors.size();
         for (std::uint32_t i = 0; i < book_.SourceCount(); ++i) {
             files_.emplace(book_.SourceAt(i).Name(), i);
         }
@@ -82,6 +91,7 @@ class PlanChecker {
                 Fail(source.Line, source.Name, " is not what it was when the plan was made");
             }
         }
+        return found_.Errors.size() == before;
     }
 
     static std::uint64_t PlaceOf(std::uint32_t file, std::uint32_t line) {
@@ -117,6 +127,8 @@ class PlanChecker {
                 Fail(line.Line, name, ": no record begins on this line");
             } else if (!found->second) {
                 Fail(line.Line, name, ": several records begin on this line");
+            } else if (std::exchange(named_in_[*found->second], line.Line) == line.Line) {
+                Fail(line.Line, name, ": the line names this record twice");
             } else {
                 records.push_back(*found->second);
             }
@@ -176,6 +188,8 @@ class PlanChecker {
     std::unordered_map<std::uint64_t, std::optional<std::uint32_t>> places_;
     // The first line that merges a record, 0 for none.
     std::vector<std::size_t> merged_in_;
+    // The last line that names a record, 0 for none.
+    std::vector<std::size_t> named_in_;
     CheckedPlan found_;
 };
 

@@ -23,8 +23,9 @@ struct CheckedPlan {
     MergeGroups Groups;
     // Each line of the plan with the numbers of its records, and its comment for a reason.
     std::vector<MatchLine> Lines;
-    // By line: sources that are others by now, records that are not there, people and lists that
-    // would become one, and what one line merges and another one keeps apart.
+    // By line: those of the plan, sources that are others by now, records that are not there or
+    // twice in a line, people and lists that would become one, and what one line merges and another
+    // one keeps apart.
     std::vector<PlanError> Errors;
 };
 
@@ -32,7 +33,7 @@ struct CheckedPlan {
 // their names, but under another one, get that: their bytes are the same.
 void FindSources(Plan& plan, const Book& book);
 
-// CheckPlan: of a plan without errors. The book has read the plan's sources. n log n.
+// CheckPlan: of a plan that lacks no source. The book has read the plan's sources. n log n.
 [[nodiscard]] CheckedPlan CheckPlan(const Plan& plan, const Book& book);
 
 }  // namespace orvik::book

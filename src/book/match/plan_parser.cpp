@@ -87,9 +87,10 @@ class PlanParser {
             TakeLine(WithoutBlanksAround(text.substr(0, end)));
             text.remove_prefix(std::min(end + 1, text.size()));
         }
-        if (plan_.Sources.empty() && plan_.Errors.empty()) {
+        if (plan_.Sources.empty() && !plan_.LacksSource) {
             number_ = 1;
-            Fail("the plan names no source; a line \"# source FILE SHA-256\" does for each");
+            FailAsSource(
+                "the plan names no source; a line \"# source FILE SHA-256\" does for each");
         }
         return std::move(plan_);
     }
@@ -113,13 +114,13 @@ class PlanParser {
         SkipBlanks(rest);
         Word file;
         if (!TakeWord(rest, file)) {
-            return Fail("the name of a source has a quote that is not closed");
+            return FailAsSource("the name of a source has a quote that is not closed");
         }
         SkipBlanks(rest);
         Word sum;
         const bool whole = TakeWord(rest, sum) && IsSum(sum.Name) && file.Behind.empty();
         if (!whole || !WithoutBlanksAround(rest).empty()) {
-            return Fail("a source needs its name and the 64 digits of its SHA-256");
+            return FailAsSource("a source needs its name and the 64 digits of its SHA-256");
         }
         if (!names_.insert(file.Name).second) {
             return Fail("this source is named twice");
@@ -169,6 +170,11 @@ class PlanParser {
         place.File = word.IsQuoted ? word.Name : std::string(whole.substr(0, colon));
         line.Places.push_back(std::move(place));
         return true;
+    }
+
+    void FailAsSource(std::string text) {
+        Fail(std::move(text));
+        plan_.LacksSource = true;
     }
 
     void Fail(std::string text) { plan_.Errors.push_back({number_, std::move(text)}); }

@@ -92,6 +92,18 @@ TEST_F(MailWalkTest, TakesAMaildirForOnePlace) {
                             "m/new/2@mm"));
 }
 
+TEST_F(MailWalkTest, PassesDeletedMessagesOver) {
+    for (const char* const name : {"m/cur/1:2,S", "m/cur/2:2,ST", "m/new/3", "only/cur/4!2,T"}) {
+        Make(name);
+    }
+    EXPECT_THAT(Walk({"m", "only"}),
+                ElementsAre("m/cur/1:2,S@mm",
+                            Note(WalkNote::Trashed, "m/cur/2:2,ST"),
+                            "m/new/3@mm",
+                            Note(WalkNote::Trashed, "only/cur/4!2,T")));
+    EXPECT_THAT(Walk({"m/cur/2:2,ST"}), ElementsAre("m/cur/2:2,ST@m/cur/2:2,ST"));
+}
+
 TEST_F(MailWalkTest, FollowsLinksOfTheUserAlone) {
     Make("a/1");
     Make("b/2");

@@ -95,6 +95,22 @@ TEST(MboxReader, PartsMessagesHoweverTheyCome) {
     }
 }
 
+TEST(MboxReader, PartsMmdfByItsLines) {
+    const std::string folder =
+        "\1\1\1\1\nTo: x\n\nFrom a Thu Jan  1 10:00:00 1998\nTo: no\n\1\1\1\1\n"
+        "\1\1\1\1\nFrom b Thu Jan  1 10:00:00 1998\nTo: y\n\n\1\1\1\1 is no line\n\1\1\1\1\n";
+    for (std::size_t piece = 1; piece <= folder.size(); ++piece) {
+        EXPECT_THAT(Messages(folder, piece),
+                    ElementsAre("To: x\n\nFrom a Thu Jan  1 10:00:00 1998\nTo: no\n",
+                                "",
+                                "To: y\n\n\1\1\1\1 is no line\n",
+                                ""))
+            << piece;
+    }
+    EXPECT_THAT(Messages("\1\1\1\1\r\nTo: x\r\n\1\1\1\1\r\n\1\1\1\1", 3),
+                ElementsAre("To: x\r\n", "", ""));
+}
+
 TEST(MboxReader, KeepsCrLf) {
     EXPECT_THAT(
         Messages("From a Thu Jan 1 10:00:00 1998\r\nTo: x\r\n\r\ny\r\n\r\nFrom \r\nTo: z\r\n", 7),

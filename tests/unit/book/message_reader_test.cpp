@@ -257,6 +257,10 @@ TEST(MailKind, IsWhatTheContentSays) {
         {"Colour: red\n\nbody", "x.EML", Message},
         {"Dear Al,\nTo: you\n", "x", Text},
         {"", "x", Text},
+        {"\1\1\1\1\nTo: x\n", "x", Folder},
+        {"12  \nTo: x\n\nbody<?xml?>", "1.emlx", Message},
+        {"12  \nTo: x\n\nbody<?xml?>", "1", Text},
+        {"Hello\n", "1.emlx", Text},
         {std::string("\x89PNG\0", 5), "x", Binary},
         {std::string("\xFF\xFE"
                      "a\0",
@@ -268,6 +272,15 @@ TEST(MailKind, IsWhatTheContentSays) {
     for (const auto& one : cases) {
         EXPECT_EQ(one.Kind, KindOfMail(one.Bytes, one.Name)) << one.Bytes;
     }
+}
+
+TEST(MailKind, FindsTheMessageBetweenItsLengthAndAPropertyList) {
+    EXPECT_EQ("To: x\n\nbody", EmlxMessage("11        \nTo: x\n\nbody<?xml?>"));
+    EXPECT_EQ("To: x", EmlxMessage("99\r\nTo: x"));
+    for (const char* const text : {"", "5", "\nTo: x", "To: x\n", "5 x\nTo: x", "-5\nTo: x"}) {
+        EXPECT_EQ("", EmlxMessage(text)) << text;
+    }
+    EXPECT_EQ("", EmlxMessage("99999999999999999999999\nTo: x"));
 }
 
 }  // namespace

@@ -52,6 +52,8 @@ TEST(MatchesTest, SameAreTheFoldedValues) {
         Row{"FN:Al|TEL:1|X-ORVIK-MERGED-FN:Al", "FN:Al|TEL:1", kSame},
         Row{"NOTE:", "NOTE:", ""},
         Row{"FN:Al", "FN:Al", kSame},
+        Row{"TEL:5", "TEL:5", kSame},
+        Row{"FN:Al|TEL:5", "FN:Bo|TEL:5", ""},
         Row{"FN:Al", "FN:Bo", ""}};
     Check(kRows);
 }

@@ -23,7 +23,6 @@ class CheckPlanTest : public testing::Test {
     CheckedPlan Checked(const std::string& lines) {
         const Plan plan =
             ParsePlan("# source file " + Sha256(read_.book.SourceAt(0).Bytes()) + "\n" + lines);
-        EXPECT_THAT(plan.Errors, testing::IsEmpty());
         return CheckPlan(plan, read_.book);
     }
 
@@ -43,7 +42,7 @@ TEST_F(CheckPlanTest, LinesThatMergeAreJoined) {
                 ElementsAre(ElementsAre(1, 0)));
     EXPECT_THAT(Checked("merge file:11 file:1\nmerge file:21 file:11").Groups,
                 ElementsAre(ElementsAre(1, 0, 2)));
-    EXPECT_THAT(Checked("merge file:1\nmerge file:11 file:11").Groups, testing::IsEmpty());
+    EXPECT_THAT(Checked("merge file:1\nmerge file:11").Groups, testing::IsEmpty());
 }
 
 TEST_F(CheckPlanTest, WhatIsNotThereIsNamedByLine) {
@@ -62,7 +61,24 @@ TEST_F(CheckPlanTest, WhatIsKeptApartIsNotMerged) {
               "3: this keeps apart what line 2 merges\n");
     EXPECT_EQ(ErrorsOf("keep file:1 file:21\nmerge file:1 file:11\nmerge file:11 file:21"),
               "2: this keeps apart what line 4 merges\n");
-    EXPECT_EQ(ErrorsOf("keep file:1 file:1\nmerge file:1 file:11"), "");
+}
+
+TEST_F(CheckPlanTest, ARecordStandsOnceInALine) {
+    EXPECT_EQ(ErrorsOf("merge file:1 file:11 file:1\nkeep file:21 file:21"),
+              "2: file:1: the line names this record twice\n"
+              "3: file:21: the line names this record twice\n");
+    EXPECT_EQ(ErrorsOf("merge file:1 file:11\nmerge file:1 file:21"), "");
+}
+
+TEST_F(CheckPlanTest, WhatIsWrongIsToldTogether) {
+    const std::string lines =
+        "merge file:1 file:11\nglue file:1\nkeep file:1 file:11\nmerge file\nask file:2\n";
+    EXPECT_EQ(ErrorsOf(lines),
+              "3: a line begins with merge, ask, keep or #\n"
+              "4: this keeps apart what line 2 merges\n"
+              "5: a record is named as FILE:LINE, with the name in quotes where it has blanks\n"
+              "6: file:2: no record begins on this line\n");
+    EXPECT_THAT(Checked(lines).Groups, testing::IsEmpty());
 }
 
 TEST_F(CheckPlanTest, ChangedSourcesAreNamed) {
