@@ -153,6 +153,8 @@ bench() {
     cmake --build --preset bench
     build/bench/bin/orvik-bench
     build/bench/bin/orvik-book-bench
+    build/bench/bin/orvik-book-window-bench 100000
+    build/bench/bin/orvik-book-window-bench 1000000
 }
 
 mkdir -p build
