@@ -154,6 +154,8 @@ bench() {
     build/bench/bin/orvik-bench
     build/bench/bin/orvik-book-bench
     build/bench/bin/orvik-mail-bench
+    build/bench/bin/orvik-book-window-bench 100000
+    build/bench/bin/orvik-book-window-bench 1000000
 }
 
 mkdir -p build

@@ -63,10 +63,10 @@ class FieldsOf {
         for (const ListMember& member : directory.MembersOf(contact_)) {
             const auto other = called.find(member.Record);
             Add("MEMBER",
-                other != called.end()     ? other->second
-                : !member.Uid.empty()     ? PlainUid(member.Uid)
-                : !member.Address.empty() ? ToLower(member.Address)
-                                          : member.Name);
+                other != called.end()                  ? other->second
+                : member.Record != ListMember::kNobody ? PlainUid(directory.UidOf(member))
+                : !member.Address.empty()              ? ToLower(member.Address)
+                                                       : member.Name);
         }
         for (const Property& one : contact_.Properties) {
             AddProperty(one);

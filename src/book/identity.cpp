@@ -132,28 +132,40 @@ std::string PlainUid(std::string_view uid) {
     return plain.starts_with(kUrn) ? plain.substr(kUrn.size()) : plain;
 }
 
-std::string AsUrn(std::string_view uid) {
+bool IsUuid(std::string_view uid) {
     constexpr std::string_view kShape = "99999999-9999-9999-9999-999999999999";
-    const bool uuid = uid.size() == kShape.size() &&
-                      std::equal(uid.begin(), uid.end(), kShape.begin(), [](char c, char wanted) {
-                          return wanted == '9' ? g_ascii_isxdigit(c) : c == wanted;
-                      });
-    return (uuid ? "urn:uuid:" : "") + std::string(uid);
+    return uid.size() == kShape.size() &&
+           std::equal(uid.begin(), uid.end(), kShape.begin(), [](char c, char wanted) {
+               return wanted == '9' ? g_ascii_isxdigit(c) : c == wanted;
+           });
 }
 
-std::string Identities::UidAt(std::size_t contact) const {
+std::string AsUrn(std::string_view uid) {
+    return (IsUuid(uid) ? "urn:uuid:" : "") + std::string(uid);
+}
+
+void Identities::FindOwn() const {
     if (own_.empty()) {
         own_.reserve(book_.Contacts.size());
         for (const Contact& one : book_.Contacts) {
             own_.push_back(OwnUid(one));
         }
     }
-    if (!own_[contact].empty()) {
-        return std::string(own_[contact]);
-    }
+}
+
+void Identities::MakeNow() const {
+    FindOwn();
     if (made_.empty()) {
         MakeAll();
     }
+}
+
+std::string Identities::UidAt(std::size_t contact) const {
+    FindOwn();
+    if (!own_[contact].empty()) {
+        return std::string(own_[contact]);
+    }
+    MakeNow();
     return TextOf(made_[contact]);
 }
 

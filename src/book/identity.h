@@ -25,14 +25,22 @@ class Identities {
     // The book must outlive this. Its records are gone through when the first UID is asked for.
     explicit Identities(const Book& book) : book_(book), lines_(book) {}
 
+    // Makes them of the records as they are now, which may be changed then.
+    void MakeNow() const;
     // By the number of the contact.
     [[nodiscard]] std::string UidAt(std::size_t contact) const;
+    // The UID that it came with; empty for none.
+    [[nodiscard]] std::string_view OwnUidAt(std::size_t contact) const {
+        FindOwn();
+        return own_[contact];
+    }
     // The record that a member names by its line.
     [[nodiscard]] std::optional<std::size_t> RecordOf(const Property& member) const {
         return lines_.RecordOf(member);
     }
 
  private:
+    void FindOwn() const;
     void MakeAll() const;
 
     const Book& book_;
@@ -49,6 +57,9 @@ class Identities {
 
 // PlainUid: a UID without "urn:uuid:", in lower case, as records are compared.
 [[nodiscard]] std::string PlainUid(std::string_view uid);
+
+// IsUuid: whether a UID is written as a UUID, as those are that are made.
+[[nodiscard]] bool IsUuid(std::string_view uid);
 
 // AsUrn: a UID as an address of RFC 9562, if it is a UUID; any other one stays.
 [[nodiscard]] std::string AsUrn(std::string_view uid);

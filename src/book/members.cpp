@@ -48,25 +48,38 @@ std::string DnOfContact(const Book& book, const Contact& contact) {
     return DnOf(NameOf(book, contact).Shown, FirstOf(book, contact, field::kEmail));
 }
 
-Directory::Directory(const Book& book, const Identities& identities)
-    : book_(book), identities_(identities), names_(book) {
+const Directory::Index& Directory::IndexOf(By what) const {
+    std::optional<Index>& index = indexes_[static_cast<std::size_t>(what)];
+    if (!index) {
+        index = MakeIndex(what);
+    }
+    return *index;
+}
+
+Directory::Index Directory::MakeIndex(By what) const {
+    Index index;
     // Nobody is looked for where there is no list.
-    if (std::none_of(book.Contacts.begin(), book.Contacts.end(), [](const Contact& contact) {
+    if (std::none_of(book_.Contacts.begin(), book_.Contacts.end(), [](const Contact& contact) {
             return contact.Kind == ContactKind::List;
         })) {
-        return;
+        return index;
     }
-    for (std::size_t i = 0; i < book.Contacts.size(); ++i) {
-        const Contact& contact = book.Contacts[i];
+    for (std::size_t i = 0; i < book_.Contacts.size(); ++i) {
+        const Contact& contact = book_.Contacts[i];
         const std::uint32_t file = contact.From.File;
-        by_uid_.Add(PlainUid(identities.UidAt(i)), i, file);
-        by_dn_.Add(DnOfContact(book, contact), i, file);
-        if (contact.Kind == ContactKind::Person) {
+        if (what == By::Uid) {
+            index.Add(PlainUid(identities_.UidAt(i)), i, file);
+        } else if (what == By::OwnUid) {
+            index.Add(PlainUid(identities_.OwnUidAt(i)), i, file);
+        } else if (what == By::Dn) {
+            index.Add(DnOfContact(book_, contact), i, file);
+        } else if (contact.Kind == ContactKind::Person) {
             for (const std::string& address : AddressesOf(contact)) {
-                by_address_.Add(ToLower(address), i, file);
+                index.Add(ToLower(address), i, file);
             }
         }
     }
+    return index;
 }
 
 void Directory::Index::Add(std::string key, std::size_t record, std::uint32_t file) {
@@ -78,12 +91,13 @@ void Directory::Index::Add(std::string key, std::size_t record, std::uint32_t fi
 
 // Of several the first in the file of the list is meant, else the first of all: files that know
 // nothing of each other may give two people one name.
-void Directory::Find(ListMember& member,
-                     const Index& index,
-                     std::string_view key,
-                     std::uint32_t file) const {
+void Directory::Find(ListMember& member, By what, std::string_view key, std::uint32_t file) const {
+    if (member.Record != ListMember::kNobody || key.empty()) {
+        return;
+    }
+    const Index& index = IndexOf(what);
     const auto found = index.First.find(std::string(key));
-    if (member.Record != ListMember::kNobody || key.empty() || found == index.First.end()) {
+    if (found == index.First.end()) {
         return;
     }
     member.Record = found->second;
@@ -93,12 +107,17 @@ void Directory::Find(ListMember& member,
     }
 }
 
+// What is no UUID is none that was made, and to make them takes long.
+void Directory::FindUid(ListMember& member, std::string_view uid, std::uint32_t file) const {
+    const std::string plain = PlainUid(uid);
+    Find(member, IsUuid(plain) ? By::Uid : By::OwnUid, plain, file);
+}
+
 void Directory::Fill(ListMember& member) const {
     if (member.Record == ListMember::kNobody) {
         return;
     }
     const Known& known = KnownAt(member.Record);
-    member.Uid = identities_.UidAt(member.Record);
     member.Name = known.Name;
     if (member.Address.empty()) {
         member.Address = known.Address;
@@ -125,17 +144,17 @@ ListMember Directory::Referred(std::string_view reference, std::uint32_t file) c
         DnParts parts = PartsOfDn(reference);
         member.Name = std::move(parts.Name);
         member.Address = std::move(parts.Address);
-        Find(member, by_dn_, reference, file);
+        Find(member, By::Dn, reference, file);
         // UIDs that end as base64 does look like one, too.
-        Find(member, by_uid_, PlainUid(reference), file);
+        FindUid(member, reference, file);
     } else {
-        Find(member, by_uid_, PlainUid(reference), file);
+        FindUid(member, reference, file);
         // Other schemes than mailto have an at, too.
         const bool address = reference.find('@') != std::string_view::npos &&
                              reference.find(':') == std::string_view::npos;
         member.Address = address ? reference : std::string_view{};
     }
-    Find(member, by_address_, ToLower(member.Address), file);
+    Find(member, By::Address, ToLower(member.Address), file);
     Fill(member);
     return member;
 }
@@ -159,8 +178,8 @@ ListMember Directory::OfEvolution(const Property& property) const {
     member.Name = param("X-EVOLUTION-DEST-NAME");
     const std::string_view address = param("X-EVOLUTION-DEST-EMAIL");
     member.Address = address.empty() ? property.Value : address;
-    Find(member, by_uid_, PlainUid(param("X-EVOLUTION-DEST-CONTACT-UID")), property.File);
-    Find(member, by_address_, ToLower(member.Address), property.File);
+    FindUid(member, param("X-EVOLUTION-DEST-CONTACT-UID"), property.File);
+    Find(member, By::Address, ToLower(member.Address), property.File);
     Fill(member);
     return member;
 }

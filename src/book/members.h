@@ -4,9 +4,11 @@
 
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -22,8 +24,7 @@ namespace orvik::book {
 struct ListMember {
     std::string Name;
     std::string Address;
-    std::string Uid;                  // empty for one that is no record of the book
-    std::size_t Record = kNobody;     // its number
+    std::size_t Record = kNobody;     // its number; kNobody for one that is no record of the book
     bool Shared = false;              // another record has the name that the list says, too
     const Property* Field = nullptr;  // of the list; set by MembersOf
 
@@ -32,8 +33,9 @@ struct ListMember {
 
 class Directory {
  public:
-    // Both must outlive the directory.
-    Directory(const Book& book, const Identities& identities);
+    // Both must outlive the directory. Records are gone through when somebody is looked for.
+    Directory(const Book& book, const Identities& identities)
+        : book_(book), identities_(identities), names_(book) {}
 
     // The members of a list in its order; none for a person.
     [[nodiscard]] std::vector<ListMember> MembersOf(const Contact& list) const;
@@ -41,6 +43,10 @@ class Directory {
     [[nodiscard]] ListMember MemberOf(const Property& property) const;
     // The member that an address of a list of Evolution is.
     [[nodiscard]] ListMember OfEvolution(const Property& property) const;
+    // Empty for one that is no record of the book.
+    [[nodiscard]] std::string UidOf(const ListMember& member) const {
+        return member.Record == ListMember::kNobody ? "" : identities_.UidAt(member.Record);
+    }
     // DnOfContact of a record, found once.
     [[nodiscard]] const std::string& DnAt(std::size_t record) const { return KnownAt(record).Dn; }
 
@@ -58,10 +64,13 @@ class Directory {
         std::map<std::pair<std::string, std::uint32_t>, std::size_t> Others;
     };
 
-    void Find(ListMember& member,
-              const Index& index,
-              std::string_view key,
-              std::uint32_t file) const;
+    enum class By : std::uint8_t { Uid, OwnUid, Dn, Address, kCount };
+
+    [[nodiscard]] const Index& IndexOf(By what) const;
+    [[nodiscard]] Index MakeIndex(By what) const;
+    // Unless the member is found already. FindUid: whatever case the UID has.
+    void FindUid(ListMember& member, std::string_view uid, std::uint32_t file) const;
+    void Find(ListMember& member, By what, std::string_view key, std::uint32_t file) const;
     [[nodiscard]] ListMember Referred(std::string_view reference, std::uint32_t file) const;
     [[nodiscard]] ListMember Named(std::string_view name) const;
     void Fill(ListMember& member) const;
@@ -69,9 +78,8 @@ class Directory {
 
     const Book& book_;
     const Identities& identities_;
-    Index by_uid_;
-    Index by_dn_;
-    Index by_address_;
+    // Most lists name their members in one way, and UIDs take long to be made.
+    mutable std::array<std::optional<Index>, static_cast<std::size_t>(By::kCount)> indexes_;
     MemberNames names_;
     mutable std::unordered_map<std::size_t, Known> known_;
 };

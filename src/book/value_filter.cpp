@@ -6,6 +6,7 @@
 #include "book/match/folding.h"
 #include "book/readable_value.h"
 #include "book/typed_views.h"
+#include "book/word_search.h"
 
 namespace orvik::book {
 namespace {
@@ -28,11 +29,19 @@ bool IsForPrograms(const Book& book, const Property& one) {
     }
 }
 
-bool HoldsAll(std::string_view text, const std::vector<std::string>& words) {
-    return std::all_of(words.begin(), words.end(), [text](const std::string& word) {
-        return text.find(word) != std::string_view::npos;
-    });
-}
+class Searches {
+ public:
+    explicit Searches(const std::vector<std::string>& words) : all_(words.begin(), words.end()) {}
+
+    // Whether all of the words are there.
+    [[nodiscard]] bool AreIn(std::string_view text) const {
+        return std::all_of(
+            all_.begin(), all_.end(), [text](const WordSearch& one) { return one.IsIn(text); });
+    }
+
+ private:
+    std::vector<WordSearch> all_;
+};
 
 }  // namespace
 
@@ -121,16 +130,18 @@ void ValueFilter::DropOld() {
 }
 
 ValueFilter::Found ValueFilter::Find(const std::vector<std::string>& words) const {
+    const Searches searches(words);
     Found found(texts_.size());
     for (std::size_t i = 0; i < texts_.size(); ++i) {
-        found[i] = HoldsAll(texts_[i], words);
+        found[i] = searches.AreIn(texts_[i]);
     }
     return found;
 }
 
 void ValueFilter::Narrow(const std::vector<std::string>& words, Found& found) const {
+    const Searches searches(words);
     for (std::size_t i = 0; i < found.size(); ++i) {
-        found[i] = found[i] && HoldsAll(texts_[i], words);
+        found[i] = found[i] && searches.AreIn(texts_[i]);
     }
 }
 

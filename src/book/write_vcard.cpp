@@ -264,7 +264,7 @@ class CardWriter {
         bool whole = AppendParams(one, book_.DetailsOf(one), line, found);
         std::string value(one.Value);
         if (found) {
-            value = AsUrn(member.Uid);
+            value = AsUrn(directory_.UidOf(member));
         } else if (IsDn(one.Value) && !member.Address.empty()) {
             value = "mailto:" + member.Address;
             // What follows from the address need not be kept.

@@ -81,9 +81,10 @@ void PrintFields(std::ostream& out, const Catalogue& from, std::size_t number) {
     PrintArray(out, "emails", book::AddressesOf(contact), plain);
     PrintArray(out, "phones", book::PhonesOf(contact), plain);
     PrintArray(
-        out, "members", from.Members().MembersOf(contact), [](const book::ListMember& member) {
-            return TextOf(
-                {{"name", member.Name}, {"address", member.Address}, {"uid", member.Uid}});
+        out, "members", from.Members().MembersOf(contact), [&from](const book::ListMember& member) {
+            return TextOf({{"name", member.Name},
+                           {"address", member.Address},
+                           {"uid", from.Members().UidOf(member)}});
         });
     PrintArray(out, "properties", contact.Properties, [&from](const book::Property& one) {
         return PropertyOf(from, one);

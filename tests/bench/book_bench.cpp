@@ -2,7 +2,6 @@
 // and writing of each format, and how much memory it takes.
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -16,6 +15,7 @@
 
 #include "bench/memory.h"
 #include "bench/processor_time.h"
+#include "bench/rich_person.h"
 #include "book/address_book.h"
 #include "book/charset.h"
 #include "book/read_csv.h"
@@ -30,33 +30,6 @@ namespace {
 
 using book::Book;
 using book::Dialect;
-
-// A person as the programs of 1998 wrote one: 600 bytes, 25 a line.
-void AppendPerson(std::size_t number, std::string& to) {
-    constexpr std::array<std::string_view, 8> kFirst = {
-        "Mary", "John", "Anne-Marie", "Li", "Fatima", "Oluwaseun", "Jo", "Alexander"};
-    constexpr std::array<std::string_view, 7> kLast = {
-        "Miller", "O'Brien", "Ng", "Garcia", "Papadopoulos", "Lee", "van der Berg"};
-    constexpr std::array<std::string_view, 4> kHosts = {
-        "mail.example", "example.org", "students.university.example", "x.example"};
-    const std::string given(kFirst[number % kFirst.size()]);
-    const std::string family(kLast[number % kLast.size()]);
-    const std::string name = given + " " + family;
-    const std::string digits = std::to_string(number);
-    const std::string address = given + digits + "@" + std::string(kHosts[number % kHosts.size()]);
-    to += "dn: cn=" + name + ",mail=" + address + "\ncn: " + name + "\nsn: " + family +
-          "\ngivenname: " + given +
-          "\nobjectclass: top\nobjectclass: person\nobjectclass: organizationalPerson\n"
-          "objectclass: inetOrgPerson\nmail: " +
-          address + "\nxmozillanickname: " + given + digits +
-          "\nxmozillausehtmlmail: FALSE\nxmozillauseconferenceserver: 0\nl: Springfield\n"
-          "st: IL\npostalcode: 62701\nstreetaddress: " +
-          digits +
-          " Main Street\ncountryname: US\no: The choir of the town\ntitle: tenor\n"
-          "telephonenumber: 555-0100\nhomephone: 555-0101\nfacsimiletelephonenumber: 555-0102\n"
-          "cellphone: 555-" +
-          digits + "\ndescription: met at the meeting of May\n\n";
-}
 
 constexpr std::size_t kLongFile = 100U * 1024 * 1024;
 

@@ -6,17 +6,19 @@
 
 namespace orvik::bench {
 
+// What a clock of the system says, in milliseconds: of the process, or of this thread.
+inline double MillisecondsOn(clockid_t clock) {
+    std::timespec time{};
+    clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
 // The processor time of a function, in milliseconds.
 template <class Work>
 double Milliseconds(const Work& work) {
-    const auto now = [] {
-        std::timespec time{};
-        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-    };
-    const double before = now();
+    const double before = MillisecondsOn(CLOCK_PROCESS_CPUTIME_ID);
     work();
-    return now() - before;
+    return MillisecondsOn(CLOCK_PROCESS_CPUTIME_ID) - before;
 }
 
 }  // namespace orvik::bench

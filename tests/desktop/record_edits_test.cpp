@@ -54,6 +54,19 @@ TEST_F(RecordEditsTest, EachChangeIsOneStepWithItsName) {
     EXPECT_FALSE(window.isWindowModified());
 }
 
+TEST_F(RecordEditsTest, WhoeverTypesKeepsItWhenListsAreFound) {
+    Type(0, Column::Addresses, "n@a.example");
+    EXPECT_FALSE(IsTyping());
+    Table().setCurrentIndex(Place(0, Column::Phones));
+    Do("bookChange");
+    QLineEdit& field = Find<QLineEdit>("cellEditor");
+    field.setText(QStringLiteral("23"));
+    Wait();
+    EXPECT_EQ(field.text(), QStringLiteral("23"));
+    End(field);
+    EXPECT_EQ(Cell(0, Column::Phones), "23");
+}
+
 TEST_F(RecordEditsTest, WhatIsTheSameIsNoChange) {
     Type(0, Column::Name, " Ada Abbott ");
     Type(0, Column::Nickname, "ad");

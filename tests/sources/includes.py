@@ -28,7 +28,7 @@ BEYOND = (
     ("store/*", "glib.h"),
 )
 WITH_QT = re.compile(
-    r"(?:src|tests)/desktop/|tests/bench/(?:window_bench.cpp|book_window_bench.cpp|own_folder.h)$|tests/readers/kcontacts_cards.cpp$"
+    r"(?:src|tests)/desktop/|tests/bench/(?:window_bench.cpp|book_window_bench.cpp|own_folder.h|timed_application.h)$|tests/readers/kcontacts_cards.cpp$"
 )
 
 

@@ -25,6 +25,7 @@ MergedLists::MergedLists(Book& book, const std::vector<std::uint32_t>& into)
     if (!has_lists) {
         return;
     }
+    identities_.MakeNow();
     const Directory directory(book, identities_);
     for (std::uint32_t i = 0; i < book.Contacts.size(); ++i) {
         book.TellFar(0, book.Contacts.size());

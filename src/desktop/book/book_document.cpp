@@ -142,8 +142,9 @@ void BookDocument::takeRead(const Snapshot& snapshot, const QString& name) {
 
 bool BookDocument::isUnsaved() const {
     const int saved = undo_.cleanIndex();
-    const auto [begin, end] = std::minmax(saved, undo_.index());
-    for (int i = begin; i >= 0 && i < end; ++i) {
+    const int now = undo_.index();
+    const int end = std::max(saved, now);
+    for (int i = std::min(saved, now); i >= 0 && i < end; ++i) {
         if (dynamic_cast<const Reading*>(undo_.command(i)) == nullptr) {
             return true;
         }

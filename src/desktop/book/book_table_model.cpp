@@ -30,13 +30,19 @@ BookTableModel::BookTableModel(const BookDocument& document,
     : QAbstractTableModel(parent), document_(document), rows_(rows), edits_(edits) {
     connect(&rows_, &BookRows::aboutToChange, this, [this] { beginResetModel(); });
     connect(&rows_, &BookRows::changed, this, [this] { endResetModel(); });
-    const auto repaint = [this] {
+    const auto repaint = [this](int first, int last) {
         if (rowCount() > 0) {
-            emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+            emit dataChanged(index(0, first), index(rowCount() - 1, last));
         }
     };
-    connect(&document_, &BookDocument::changed, this, repaint);
-    connect(&rows_, &BookRows::listsFound, this, repaint);
+    connect(&document_, &BookDocument::changed, this, [this, repaint] {
+        repaint(0, columnCount() - 1);
+    });
+    // This comes at any time, and must not take away what is being typed in another column.
+    connect(&rows_, &BookRows::listsFound, this, [repaint] {
+        constexpr int kLists = static_cast<int>(Column::Lists);
+        repaint(kLists, kLists);
+    });
 }
 
 int BookTableModel::rowCount(const QModelIndex& parent) const {

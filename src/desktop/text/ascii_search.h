@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "app/byte_lanes.h"
+
 namespace orvik {
 
 // The first byte, and the first letter, outside ASCII.
@@ -30,12 +32,9 @@ class AsciiSearch {
 
  private:
     [[nodiscard]] bool isAt(const char* place) const;
-    [[nodiscard]] std::size_t rarestBut(std::size_t other) const;
 
     std::string letters_;
-    // Two places in them, which are looked at first.
-    std::size_t rarest_;
-    std::size_t second_;
+    RarePlaces places_;
 };
 
 }  // namespace orvik

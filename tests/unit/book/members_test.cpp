@@ -24,10 +24,10 @@ std::string Members(ReadBook::Reader reader, const std::string& text) {
     for (const ListMember& one : directory.MembersOf(read.book.Contacts.back())) {
         shown += one.Name + " <" + one.Address + ">";
         if (one.Record != ListMember::kNobody) {
-            EXPECT_EQ(one.Uid, identities.UidAt(one.Record));
+            EXPECT_EQ(directory.UidOf(one), identities.UidAt(one.Record));
             shown += " " + std::to_string(one.Record);
         } else {
-            EXPECT_EQ(one.Uid, "");
+            EXPECT_EQ(directory.UidOf(one), "");
         }
         shown += "\n";
     }
@@ -83,10 +83,11 @@ TEST(Directory, TakesOneRecordVeryOften) {
         }
         const ReadBook read(reader, text + "\n");
         const Identities identities(read.book);
-        const auto members = Directory(read.book, identities).MembersOf(read.book.Contacts.front());
+        const Directory directory(read.book, identities);
+        const auto members = directory.MembersOf(read.book.Contacts.front());
         ASSERT_GE(members.size(), kTimes);
         EXPECT_EQ(members.back().Record, 0U);
-        EXPECT_EQ(members.back().Uid, identities.UidAt(0));
+        EXPECT_EQ(directory.UidOf(members.back()), identities.UidAt(0));
     }
 }
 
