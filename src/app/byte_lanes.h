@@ -45,8 +45,7 @@ struct RarePlaces {
 
 // The word is in lower case, and not empty.
 inline RarePlaces RarePlacesOf(std::string_view word) {
-    static constexpr std::string_view kCommonFirst =
-        "eaoinrlstm.@dhcugpb kvfywj-0123456789zxq";
+    static constexpr std::string_view kCommonFirst = "eaoinrlstm.@dhcugpb kvfywj-0123456789zxq";
     const auto rarest_but = [word](std::size_t other) {
         std::size_t rarest = other == 0 ? 1 : 0;
         for (std::size_t i = 0; i < word.size(); ++i) {

@@ -171,10 +171,10 @@ void PersonPage::showRecord(std::optional<BookDocument::Number> record) {
     const book::Contact& contact = document_.at(*record);
     title_->setText(RecordName(document_, *record));
     origin_->setText(originWords(contact));
-    origin_->setToolTip(contact.From.Lines == 0
-                            ? QString()
-                            : PlainTip(PlaceWords(
-                                  document_.book(), contact.From.File, contact.From.Line)));
+    origin_->setToolTip(
+        contact.From.Lines == 0
+            ? QString()
+            : PlainTip(PlaceWords(document_.book(), contact.From.File, contact.From.Line)));
     showPicture(contact);
     const book::Origin& from = contact.From;
     source_->setPlace(from.Lines == 0
