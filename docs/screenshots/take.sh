@@ -20,6 +20,9 @@ palette_of() { echo "/usr/share/qt6ct/colors/$1.conf"; }
 [ -r "$(palette_of darker)" ] || { echo "qt6ct is missing: run ./setup.sh --tests" >&2; exit 1; }
 
 work=$(mktemp -d)
+# Its name is in pictures.
+folder_of_books=/tmp/books
+[ ! -e "$folder_of_books" ] || { echo "$folder_of_books is there already" >&2; exit 1; }
 server=
 manager=
 orvik=
@@ -28,7 +31,7 @@ cleanup() {
     for process in $orvik $manager $server; do
         kill "$process" 2>/dev/null || true
     done
-    rm -rf "$work"
+    rm -rf "$work" "$folder_of_books"
 }
 trap cleanup EXIT
 
@@ -197,7 +200,8 @@ SETTINGS
     take '^Orvik - Address book$' book-welcome
     end
 
-    start --book "$work/friends.ldif" "$work/outlook.csv" "$work/netscape3.htm"
+    start --book "$folder_of_books/friends.ldif" "$folder_of_books/outlook.csv" \
+        "$folder_of_books/netscape3.htm"
     size "$books" 980 560
     press "$books" ctrl+1
     take "$books" book-person
@@ -227,7 +231,8 @@ SETTINGS
 
 cp "$root/samples/netscape4.ldif" "$work/friends.ldif"
 cp "$root/samples/netscape4.ldif" "$work/friends.old"
-cp "$root/samples/outlook.csv" "$root/samples/netscape3.htm" "$work"
+mkdir "$folder_of_books"
+cp "$work/friends.ldif" "$root/samples/outlook.csv" "$root/samples/netscape3.htm" "$folder_of_books"
 head -c 50000 /dev/zero | tr '\0' x >"$work/letters.txt"
 : >"$work/log"
 mkfifo "$work/display"

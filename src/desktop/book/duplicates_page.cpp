@@ -123,6 +123,11 @@ void DuplicatesPage::makeTable() {
     };
     groups_->setColumnWidth(DuplicatesModel::kDecision, width(tr("to be merged"), 2));
     groups_->setColumnWidth(DuplicatesModel::kTier, width(TierWords(Tier::Address), 1));
+    constexpr int kLettersOfWho = 30;
+    // Who it is matters most, and stands where the page is narrow, too.
+    groups_->setColumnWidth(DuplicatesModel::kReason,
+                            groups_->fontMetrics().averageCharWidth() * kLettersOfWho);
+    head.moveSection(head.visualIndex(DuplicatesModel::kReason), 1);
 }
 
 void DuplicatesPage::arrange() {
