@@ -309,6 +309,17 @@ TEST_F(BookShellTest, AllIsDoneWithKeysAlone) {
     window.document().markSaved();
 }
 
+TEST_F(BookShellTest, WordsOfAnyLengthDoNotWidenTheWindow) {
+    OpenText(Card(std::string(3000, 'W')));
+    Table().selectAll();
+    Show();
+    EXPECT_LT(window.minimumSizeHint().width(), 1080);
+    window.open({{Path(std::string(200, 'x').c_str())}});
+    Wait();
+    EXPECT_FALSE(Told().empty());
+    EXPECT_LT(window.minimumSizeHint().width(), 1080);
+}
+
 TEST_F(BookShellTest, OpenedFilesAreRemembered) {
     RecentBooks kept(files, Path("books"), Path("shared"));
     BookWindow other(files, kept);

@@ -26,6 +26,7 @@
 #include "desktop/book/side_view.h"
 #include "desktop/session/window_place.h"
 #include "desktop/views/quiet_line.h"
+#include "desktop/views/wrapped_label.h"
 
 namespace orvik {
 namespace {
@@ -88,8 +89,7 @@ DuplicatesPage::DuplicatesPage(BookDocument& document,
     setObjectName(QStringLiteral("duplicatesPage"));
     setAccessibleName(tr("Duplicates"));
     status_->setObjectName(QStringLiteral("duplicatesStatus"));
-    status_->setTextFormat(Qt::PlainText);
-    status_->setWordWrap(true);
+    WrapText(*status_);
     tiers_->setObjectName(QStringLiteral("duplicatesTiers"));
     tiers_->setAccessibleName(tr("Which groups are shown"));
     tiers_->addItem(QString());
