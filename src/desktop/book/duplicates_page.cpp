@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -155,7 +156,15 @@ void DuplicatesPage::arrange() {
     column->addWidget(quiet_);
 }
 
+// What is told about a merging moves the buttons: the second click would be on another one.
+bool DuplicatesPage::eventFilter(QObject* button, QEvent* event) {
+    return event->type() == QEvent::MouseButtonDblClick || QWidget::eventFilter(button, event);
+}
+
 void DuplicatesPage::connectAll() {
+    for (QPushButton* const one : {merge_, keep_, later_, merge_sure_, merge_ticked_}) {
+        one->installEventFilter(this);
+    }
     connect(look_, &QPushButton::clicked, duplicates_, &Duplicates::look);
     connect(save_, &QPushButton::clicked, this, [this] { askForPlan(DialogKind::Save); });
     connect(load_, &QPushButton::clicked, this, [this] { askForPlan(DialogKind::Open); });
