@@ -309,6 +309,23 @@ TEST_F(BookShellTest, AllIsDoneWithKeysAlone) {
     window.document().markSaved();
 }
 
+TEST_F(BookShellTest, AButtonPressedByItsKeyTakesWhatIsTyped) {
+    OpenText(Card("Ada") + Card("Ada"));
+    Show();
+    Find<QTabWidget>("bookPanel").setCurrentIndex(2);
+    Table().setCurrentIndex(Place(0, Column::Name));
+    Do("bookChange");
+    QLineEdit& cell = Find<QLineEdit>("cellEditor");
+    cell.selectAll();
+    QTest::keyClicks(&cell, QStringLiteral("Eve"));
+    Find<QPushButton>("duplicatesLook").animateClick();
+    EXPECT_EQ(Names(), "Eve Ada");
+    EXPECT_FALSE(IsTyping());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return window.worker().isBusy(); }));
+    Wait();
+    window.document().markSaved();
+}
+
 TEST_F(BookShellTest, WordsOfAnyLengthDoNotWidenTheWindow) {
     OpenText(Card(std::string(3000, 'W')));
     Table().selectAll();
