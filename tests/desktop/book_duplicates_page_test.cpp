@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QListView>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
@@ -193,6 +194,30 @@ TEST_F(BookDuplicatesPage, OneCommandMergesAllThatAreSure) {
     EXPECT_TRUE(Button("MergeSure").isEnabled());
     EXPECT_THAT(TextOf(Rows()), testing::StartsWith("undecided|same"));
     EXPECT_GT(Beside().model()->rowCount(), 0);
+}
+
+TEST_F(BookDuplicatesPage, ADoubleClickIsOneClick) {
+    ShowLooked(People());
+    Rows().selectRow(0);
+    QTest::mouseClick(&Button("Merge"), Qt::LeftButton);
+    Wait();
+    ASSERT_EQ(document.thereCount(), 7U);
+    // The pointer is over another button now.
+    QPushButton& sure = Button("MergeSure");
+    const QPoint middle = sure.rect().center();
+    QMouseEvent second(QEvent::MouseButtonDblClick,
+                       middle,
+                       sure.mapToGlobal(middle),
+                       Qt::LeftButton,
+                       Qt::LeftButton,
+                       {});
+    QApplication::sendEvent(&sure, &second);
+    QTest::mouseRelease(&sure, Qt::LeftButton);
+    Wait();
+    EXPECT_EQ(document.thereCount(), 7U);
+    QTest::mouseClick(&sure, Qt::LeftButton);
+    Wait();
+    EXPECT_EQ(document.thereCount(), 6U);
 }
 
 TEST_F(BookDuplicatesPage, SeveralGroupsAreDecidedAtOnce) {

@@ -309,6 +309,34 @@ TEST_F(BookShellTest, AllIsDoneWithKeysAlone) {
     window.document().markSaved();
 }
 
+TEST_F(BookShellTest, AButtonPressedByItsKeyTakesWhatIsTyped) {
+    OpenText(Card("Ada") + Card("Ada"));
+    Show();
+    Find<QTabWidget>("bookPanel").setCurrentIndex(2);
+    Table().setCurrentIndex(Place(0, Column::Name));
+    Do("bookChange");
+    QLineEdit& cell = Find<QLineEdit>("cellEditor");
+    cell.selectAll();
+    QTest::keyClicks(&cell, QStringLiteral("Eve"));
+    Find<QPushButton>("duplicatesLook").animateClick();
+    EXPECT_EQ(Names(), "Eve Ada");
+    EXPECT_FALSE(IsTyping());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return window.worker().isBusy(); }));
+    Wait();
+    window.document().markSaved();
+}
+
+TEST_F(BookShellTest, WordsOfAnyLengthDoNotWidenTheWindow) {
+    OpenText(Card(std::string(3000, 'W')));
+    Table().selectAll();
+    Show();
+    EXPECT_LT(window.minimumSizeHint().width(), 1080);
+    window.open({{Path(std::string(200, 'x').c_str())}});
+    Wait();
+    EXPECT_FALSE(Told().empty());
+    EXPECT_LT(window.minimumSizeHint().width(), 1080);
+}
+
 TEST_F(BookShellTest, OpenedFilesAreRemembered) {
     RecentBooks kept(files, Path("books"), Path("shared"));
     BookWindow other(files, kept);

@@ -1,5 +1,6 @@
 #include "desktop/book/book_window.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -143,6 +144,10 @@ void BookWindow::layOut() {
 
 void BookWindow::connectParts() {
     connect(welcome_, &WelcomePage::openAsked, open_, &QAction::trigger);
+    // A button that is pressed by its key leaves the focus in the cell.
+    for (const auto* const button : panel_->findChildren<QAbstractButton*>()) {
+        connect(button, &QAbstractButton::pressed, table_, &BookTable::finishTyping);
+    }
     connect(filter_, &QLineEdit::textChanged, &rows_, &BookRows::setFilter);
     connect(filter_, &QLineEdit::returnPressed, table_, qOverload<>(&QWidget::setFocus));
     connect(table_, &BookTable::lettersTyped, this, &BookWindow::startFilter);

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -26,6 +27,7 @@
 #include "desktop/book/side_view.h"
 #include "desktop/session/window_place.h"
 #include "desktop/views/quiet_line.h"
+#include "desktop/views/wrapped_label.h"
 
 namespace orvik {
 namespace {
@@ -88,8 +90,7 @@ DuplicatesPage::DuplicatesPage(BookDocument& document,
     setObjectName(QStringLiteral("duplicatesPage"));
     setAccessibleName(tr("Duplicates"));
     status_->setObjectName(QStringLiteral("duplicatesStatus"));
-    status_->setTextFormat(Qt::PlainText);
-    status_->setWordWrap(true);
+    WrapText(*status_);
     tiers_->setObjectName(QStringLiteral("duplicatesTiers"));
     tiers_->setAccessibleName(tr("Which groups are shown"));
     tiers_->addItem(QString());
@@ -160,7 +161,15 @@ void DuplicatesPage::arrange() {
     column->addWidget(quiet_);
 }
 
+// What is told about a merging moves the buttons: the second click would be on another one.
+bool DuplicatesPage::eventFilter(QObject* button, QEvent* event) {
+    return event->type() == QEvent::MouseButtonDblClick || QWidget::eventFilter(button, event);
+}
+
 void DuplicatesPage::connectAll() {
+    for (QPushButton* const one : {merge_, keep_, later_, merge_sure_, merge_ticked_}) {
+        one->installEventFilter(this);
+    }
     connect(look_, &QPushButton::clicked, duplicates_, &Duplicates::look);
     connect(save_, &QPushButton::clicked, this, [this] { askForPlan(DialogKind::Save); });
     connect(load_, &QPushButton::clicked, this, [this] { askForPlan(DialogKind::Open); });

@@ -37,6 +37,9 @@ class DuplicatesPage : public QWidget {
     // The table is to show this record.
     void recordAsked(std::uint32_t record);
 
+ protected:
+    bool eventFilter(QObject* button, QEvent* event) override;
+
  private:
     QPushButton* makeButton(const char* name, const QString& text, const QString& tip);
     void makeTable();

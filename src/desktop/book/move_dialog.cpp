@@ -23,6 +23,7 @@
 #include "desktop/text/plain_text.h"
 #include "desktop/text/short_text.h"
 #include "desktop/views/quiet_line.h"
+#include "desktop/views/wrapped_label.h"
 
 namespace orvik {
 namespace {
@@ -81,8 +82,7 @@ MoveDialog::MoveDialog(BookDocument& document,
 void MoveDialog::makeProgress() {
     progress_->setObjectName(QStringLiteral("moveProgress"));
     doing_->setObjectName(QStringLiteral("moveDoing"));
-    doing_->setTextFormat(Qt::PlainText);
-    doing_->setWordWrap(true);
+    WrapText(*doing_);
     bar_->setObjectName(QStringLiteral("moveBar"));
     bar_->setAccessibleName(tr("Progress"));
     cancel_->setObjectName(QStringLiteral("moveCancel"));

@@ -12,6 +12,7 @@
 #include "desktop/text/short_text.h"
 #include "desktop/text/text_codec.h"
 #include "desktop/views/link_button.h"
+#include "desktop/views/wrapped_label.h"
 
 namespace orvik {
 namespace {
@@ -19,8 +20,7 @@ namespace {
 QLabel* MakeLabel(const QString& name, QWidget* parent) {
     auto* const label = new QLabel(parent);
     label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
+    WrapText(*label);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
 }

@@ -19,6 +19,7 @@
 #include "desktop/book/shown_text.h"
 #include "desktop/book/source_text.h"
 #include "desktop/text/plain_text.h"
+#include "desktop/views/wrapped_label.h"
 
 namespace orvik {
 namespace {
@@ -32,8 +33,7 @@ constexpr std::size_t kMostCopied = std::size_t{16} << 20U;
 QLabel* MakeLabel(const char* name, QWidget* parent) {
     auto* const label = new QLabel(parent);
     label->setObjectName(QLatin1String(name));
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
+    WrapText(*label);
     return label;
 }
 
@@ -91,6 +91,8 @@ void PersonPage::arrange() {
     origin_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     picture_->setAlignment(Qt::AlignTop | Qt::AlignRight);
     picture_->setMaximumWidth(kPictureSide);
+    // Other than words, it is never cut.
+    picture_->setMinimumWidth(0);
     auto* const words = new QVBoxLayout;
     words->addWidget(title_);
     words->addWidget(origin_);

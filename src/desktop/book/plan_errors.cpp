@@ -6,6 +6,8 @@
 #include <QStringListModel>
 #include <QVBoxLayout>
 
+#include "desktop/views/wrapped_label.h"
+
 namespace orvik {
 
 PlanErrors::PlanErrors(QWidget* parent)
@@ -15,8 +17,7 @@ PlanErrors::PlanErrors(QWidget* parent)
       close_(new QPushButton(tr("&Close"), this)) {
     setObjectName(QStringLiteral("planErrors"));
     heading_->setObjectName(QStringLiteral("planErrorsHeading"));
-    heading_->setTextFormat(Qt::PlainText);
-    heading_->setWordWrap(true);
+    WrapText(*heading_);
     auto* const list = new QListView(this);
     list->setObjectName(QStringLiteral("planErrorsList"));
     list->setAccessibleName(tr("What is wrong with the plan"));

@@ -12,6 +12,7 @@
 #include "desktop/book/shown_text.h"
 #include "desktop/text/short_text.h"
 #include "desktop/views/link_button.h"
+#include "desktop/views/wrapped_label.h"
 
 namespace orvik {
 
@@ -29,8 +30,7 @@ ProblemFix::ProblemFix(QWidget* parent)
     text_->setObjectName(QStringLiteral("problemFixText"));
     LimitLength(*text_, kMostTyped);
     verdict_->setObjectName(QStringLiteral("problemFixVerdict"));
-    verdict_->setTextFormat(Qt::PlainText);
-    verdict_->setWordWrap(true);
+    WrapText(*verdict_);
     change_->setObjectName(QStringLiteral("problemFixChange"));
     auto* const cancel = new QPushButton(tr("Cancel"), this);
     cancel->setObjectName(QStringLiteral("problemFixCancel"));

@@ -10,6 +10,7 @@
 #include "desktop/book/shown_text.h"
 #include "desktop/book/side_model.h"
 #include "desktop/text/short_text.h"
+#include "desktop/views/wrapped_label.h"
 
 namespace orvik {
 namespace {
@@ -29,8 +30,7 @@ SideView::SideView(const BookDocument& document, QWidget* parent)
       table_(MakePanelTable("duplicatesBeside", tr("Records beside each other"), *model_, this)) {
     setObjectName(QStringLiteral("duplicatesSide"));
     heading_->setObjectName(QStringLiteral("duplicatesHeading"));
-    heading_->setTextFormat(Qt::PlainText);
-    heading_->setWordWrap(true);
+    WrapText(*heading_);
     // Alt and its letter lead to the table.
     heading_->setBuddy(table_);
     table_->setSelectionBehavior(QAbstractItemView::SelectItems);

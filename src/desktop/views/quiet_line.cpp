@@ -7,6 +7,7 @@
 
 #include "desktop/text/short_text.h"
 #include "desktop/views/link_button.h"
+#include "desktop/views/wrapped_label.h"
 
 namespace orvik {
 namespace {
@@ -21,8 +22,7 @@ QuietLine::QuietLine(const QString& name, QWidget* parent)
       link_(new LinkButton(name + QStringLiteral("Link"), QString(), this)) {
     setObjectName(name);
     label_->setObjectName(name + QStringLiteral("Text"));
-    label_->setTextFormat(Qt::PlainText);
-    label_->setWordWrap(true);
+    WrapText(*label_);
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(2 * kAroundLine, kAroundLine, 2 * kAroundLine, kAroundLine);
     row->addWidget(label_, 1);
