@@ -241,7 +241,7 @@ int RunWindows(orvik::Application& app, const QStringList& books) {
                          book_windows.openList(name, lines);
                      });
     QObject::connect(&window, &orvik::Form1Window::bookWindowAsked, &book_windows, [&] {
-        book_windows.open({});
+        book_windows.openEmpty();
     });
     const auto start = [&] {
         desktop.run([&] {

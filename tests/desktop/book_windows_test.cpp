@@ -144,6 +144,17 @@ TEST_F(BookWindowsTest, TheMainWindowsEntriesAreReadAsTheyStand) {
     EXPECT_THAT(recent.Books(), IsEmpty());
 }
 
+TEST_F(BookWindowsTest, ADoubleClickOpensOneWindow) {
+    windows->openEmpty();
+    windows->openEmpty();
+    windows->openList("/b/book.ldif", "<a@b.org>\r\n");
+    EXPECT_THAT(Shown(), SizeIs(1));
+    QTest::qWait(QApplication::doubleClickInterval() + 1);
+    windows->openList("/b/book.ldif", "<a@b.org>\r\n");
+    ASSERT_THAT(Shown(), SizeIs(2));
+    Finish(*Shown().back());
+}
+
 TEST_F(BookWindowsTest, ClosingAsksAboutChanges) {
     BookWindow& window = OpenTwo();
     window.document().remove(QStringLiteral("Delete"), {0});

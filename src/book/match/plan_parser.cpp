@@ -88,9 +88,10 @@ class PlanParser {
             text.remove_prefix(std::min(end + 1, text.size()));
         }
         if (plan_.Sources.empty() && !plan_.LacksSource) {
-            number_ = 1;
-            FailAsSource(
-                "the plan names no source; a line \"# source FILE SHA-256\" does for each");
+            plan_.LacksSource = true;
+            plan_.Errors.insert(
+                plan_.Errors.begin(),
+                {1, "the plan names no source; a line \"# source FILE SHA-256\" does for each"});
         }
         return std::move(plan_);
     }

@@ -33,6 +33,7 @@ BookTable::BookTable(const BookDocument& document,
       document_(document),
       rows_(rows),
       edits_(edits),
+      delegate_(new CellDelegate(edits, this)),
       columns_(new QMenu(tr("&Columns"), this)),
       sorts_(new QMenu(tr("&Sort by"), this)) {
     setObjectName(QStringLiteral("bookTable"));
@@ -42,7 +43,7 @@ BookTable::BookTable(const BookDocument& document,
     model_ = new BookTableModel(document, rows, edits, this);
     setModel(model_);
     connect(&rows_, &BookRows::changed, this, &BookTable::restoreSelection);
-    setItemDelegate(new CellDelegate(edits, this));
+    setItemDelegate(delegate_);
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(DoubleClicked);
@@ -252,6 +253,11 @@ void BookTable::typeIn(BookDocument::Number record, book::Column column) {
     edit(place);
 }
 
+bool BookTable::mayFinishTyping() {
+    const QWidget* const editor = indexWidget(currentIndex());
+    return editor == nullptr || !delegate_->refuses(*editor);
+}
+
 void BookTable::finishTyping() {
     if (QWidget* const editor = indexWidget(currentIndex()); editor != nullptr) {
         commitData(editor);
@@ -279,6 +285,7 @@ void BookTable::removeSelected() {
 
 void BookTable::rememberSelection() {
     finishTyping();
+    was_empty_ = model_->rowCount() == 0;
     kept_ = selectedCount() <= kMostKept ? selected() : BookDocument::Numbers();
     const QModelIndex current = currentIndex();
     kept_current_ =
@@ -294,6 +301,10 @@ void BookTable::restoreSelection() {
         scrollTo(place);
     } else {
         scrollToTop();
+    }
+    // Who has read a book looks at somebody in it.
+    if (was_empty_ && selectedCount() == 0 && model_->rowCount() > 0) {
+        selectRow(0);
     }
     emit selectionMoved();
 }

@@ -16,6 +16,7 @@ class QMenu;
 namespace orvik {
 
 class BookTableModel;
+class CellDelegate;
 
 class BookTable : public QTableView {
     Q_OBJECT
@@ -31,7 +32,9 @@ class BookTable : public QTableView {
 
     // Begins to type in a cell of a record that is in a row.
     void typeIn(BookDocument::Number record, book::Column column);
-    // Takes over what is being typed.
+    // Whether what is being typed can be taken over; if not, it is told why.
+    [[nodiscard]] bool mayFinishTyping();
+    // Takes it over. What is refused goes.
     void finishTyping();
     void addPerson();
     void removeSelected();
@@ -76,9 +79,11 @@ class BookTable : public QTableView {
     BookRows& rows_;
     RecordEdits& edits_;
     BookTableModel* model_ = nullptr;
+    CellDelegate* delegate_;
     QMenu* columns_;
     QMenu* sorts_;
-    // What was selected before rows came or went.
+    // What there was, and what was selected, before rows came or went.
+    bool was_empty_ = true;
     BookDocument::Numbers kept_;
     std::optional<BookDocument::Number> kept_current_;
     int kept_column_ = 0;

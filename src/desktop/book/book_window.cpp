@@ -261,6 +261,9 @@ void BookWindow::keepPlace() {
 }
 
 bool BookWindow::mayClose() {
+    if (!table_->mayFinishTyping()) {
+        return false;
+    }
     table_->finishTyping();
     if (!document_.isUnsaved()) {
         return true;

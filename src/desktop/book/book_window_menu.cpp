@@ -173,8 +173,14 @@ void BookWindow::startFilter(const QString& letters) {
 }
 
 void BookWindow::move(bool closes) {
+    if (!table_->mayFinishTyping()) {
+        return;
+    }
     table_->finishTyping();
     auto* const dialog = new MoveDialog(document_, worker_, files_, document_.records(), this);
+    if (!filter_->text().trimmed().isEmpty()) {
+        dialog->tellOfFilter();
+    }
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowModality(Qt::WindowModal);
     connect(dialog, &MoveDialog::saved, this, [this](const QString& file) {

@@ -1,5 +1,6 @@
 #include "desktop/book/book_windows.h"
 
+#include <QApplication>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTimer>
@@ -80,7 +81,23 @@ BookWindow& BookWindows::open(std::vector<BookWindow::Input> inputs) {
     return window;
 }
 
+bool BookWindows::isSecondClick() {
+    const bool is_second =
+        asked_.isValid() && asked_.elapsed() < QApplication::doubleClickInterval();
+    asked_.start();
+    return is_second;
+}
+
+void BookWindows::openEmpty() {
+    if (!isSecondClick()) {
+        open({});
+    }
+}
+
 void BookWindows::openList(const std::string& name, std::string lines) {
+    if (isSecondClick()) {
+        return;
+    }
     std::vector<BookWindow::Input> inputs;
     inputs.push_back({.Name = name, .Bytes = std::move(lines), .Form = book::Format::PlainList});
     open(std::move(inputs))
@@ -174,8 +191,9 @@ void BookWindows::offerLeft() {
     if (!has_offered_) {
         return;
     }
+    // The last one lies before the others.
     const Open& front = **std::find_if(
-        open_.begin(), open_.end(), [](const auto& open) { return open->Window->isVisible(); });
+        open_.rbegin(), open_.rend(), [](const auto& open) { return open->Window->isVisible(); });
     BookWindow& first = *front.Window;
     const BookKeeper& keeper = *front.Keeper;
     for (RecoveryStore::Left& left : keeper.leftBooks()) {

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -34,7 +35,9 @@ class BookWindows : public QObject {
     // Shows a new window, and reads these into it. The first one offers what ended programs have
     // left; what is restored gets a window of its own unless that one is empty.
     BookWindow& open(std::vector<BookWindow::Input> inputs);
-    // Shows a new window with the entries of the main window, each as "NICK" <ADDR> in a line.
+    // For the main window's controls, of whose double click only the first one counts: shows a new
+    // window, or one with the entries of the main window, each as "NICK" <ADDR> in a line.
+    void openEmpty();
     void openList(const std::string& name, std::string lines);
     [[nodiscard]] bool areOpen() const;
 
@@ -64,6 +67,7 @@ class BookWindows : public QObject {
         bool IsGivenUp = false;  // if the session ends
     };
     Open& add();
+    bool isSecondClick();
     Open* of(const QObject* window);
     static void giveUp(Open& open);
     void dropClosed();
@@ -76,6 +80,7 @@ class BookWindows : public QObject {
     std::chrono::milliseconds interval_;
     std::vector<std::unique_ptr<Open>> open_;
     bool has_offered_ = false;
+    QElapsedTimer asked_;
     QTimer offer_;
     QTimer drop_;
 };

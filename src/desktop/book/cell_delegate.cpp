@@ -45,17 +45,21 @@ QWidget* CellDelegate::createEditor(QWidget* parent,
 }
 
 bool CellDelegate::eventFilter(QObject* editor, QEvent* event) {
-    const auto* const field = qobject_cast<QLineEdit*>(editor);
-    if (field == nullptr || !EndsTyping(*event) || !field->isModified()) {
-        return QStyledItemDelegate::eventFilter(editor, event);
+    return (EndsTyping(*event) && refuses(*editor)) ||
+           QStyledItemDelegate::eventFilter(editor, event);
+}
+
+bool CellDelegate::refuses(const QObject& editor) const {
+    const auto* const field = qobject_cast<const QLineEdit*>(&editor);
+    if (field == nullptr || !field->isModified()) {
+        return false;
     }
     const auto what = BookTableModel::editableIn(field->property(kColumn).toInt());
     const QString why = what ? edits_.refusal(*what, field->text()) : QString();
     if (!why.isEmpty()) {
         edits_.tell(why);
-        return true;
     }
-    return QStyledItemDelegate::eventFilter(editor, event);
+    return !why.isEmpty();
 }
 
 }  // namespace orvik

@@ -17,6 +17,8 @@ class CellDelegate : public QStyledItemDelegate {
     [[nodiscard]] QWidget* createEditor(QWidget* parent,
                                         const QStyleOptionViewItem& option,
                                         const QModelIndex& index) const override;
+    // Whether what is typed in this editor is refused; then it is told why.
+    [[nodiscard]] bool refuses(const QObject& editor) const;
 
  protected:
     // What is refused stays in its field, so that it can be put right.

@@ -303,7 +303,7 @@ void Duplicates::loadPlan(const QString& file) {
             loaded->Errors = plan.Errors;
             const Book& book = all.Copy->Book;
             book::CheckedPlan checked;
-            if (plan.Errors.empty()) {
+            if (!plan.LacksSource) {
                 book::FindSources(plan, book);
                 checked = book::CheckPlan(plan, book);
                 loaded->Errors = checked.Errors;

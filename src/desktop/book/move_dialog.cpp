@@ -66,6 +66,7 @@ MoveDialog::MoveDialog(BookDocument& document,
       doing_(new QLabel(progress_)),
       bar_(new QProgressBar(progress_)),
       cancel_(new QPushButton(tr("C&ancel"), progress_)),
+      filtered_(new QLabel(tr("All records are moved, also those that the filter hides"), this)),
       line_(new QuietLine(QStringLiteral("moveLine"), this)),
       save_(new QPushButton(tr("&Save..."), this)),
       close_(new QPushButton(tr("Clos&e"), this)) {
@@ -95,6 +96,10 @@ void MoveDialog::makeProgress() {
     progress_->hide();
 }
 
+void MoveDialog::tellOfFilter() {
+    filtered_->show();
+}
+
 void MoveDialog::layOut() {
     target_->addBelow(preview_);
     pages_->addWidget(target_);
@@ -105,7 +110,10 @@ void MoveDialog::layOut() {
     row->addStretch(1);
     row->addWidget(save_);
     row->addWidget(close_);
+    filtered_->setObjectName(QStringLiteral("moveFiltered"));
+    filtered_->hide();
     auto* const lines = new QVBoxLayout(this);
+    lines->addWidget(filtered_);
     lines->addWidget(pages_, 1);
     lines->addWidget(progress_);
     lines->addWidget(line_);

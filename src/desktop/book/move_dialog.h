@@ -34,6 +34,8 @@ class MoveDialog : public QDialog {
                BookDocument::Numbers records,
                QWidget* parent);
 
+    // Says above the programs that the table shows fewer records than are moved.
+    void tellOfFilter();
     // While something is written it is cancelled, and the dialog stays.
     void reject() override;
 
@@ -82,6 +84,7 @@ class MoveDialog : public QDialog {
     QLabel* doing_;
     QProgressBar* bar_;
     QPushButton* cancel_;
+    QLabel* filtered_;
     QuietLine* line_;
     QPushButton* save_;
     QPushButton* close_;

@@ -184,8 +184,7 @@ TEST_F(DecisionsTest, NothingJoinsWhatIsKeptApart) {
 }
 
 TEST_F(DecisionsTest, APlanAddsWhatItAloneNames) {
-    EXPECT_EQ(
-        Take("merge file:11 file:21 file:11 # my own\nkeep file:1\nkeep file:31 file:1", all_), 0U);
+    EXPECT_EQ(Take("merge file:11 file:21 # my own\nkeep file:1\nkeep file:31 file:1", all_), 0U);
     EXPECT_EQ(Shown(lines_), "same 0 1; contained 0 2; keep name 3 0; merge plan 1 2");
     EXPECT_EQ(lines_[3].Match.Reason, "my own");
     EXPECT_FALSE(IsSure(lines_[3]));
