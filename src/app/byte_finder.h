@@ -12,6 +12,8 @@
 #include <cstring>
 #include <string_view>
 
+#include "app/byte_lanes.h"
+
 namespace orvik {
 
 template <char... kWanted>
@@ -38,8 +40,6 @@ class ByteFinder {
 
  private:
     static constexpr std::size_t kBlock = 64;
-    // Compilers have it for all processors, and most of these do it at once.
-    using Lanes [[gnu::vector_size(16)]] = unsigned char;
 
     // Bit i for byte i of a whole block.
     [[nodiscard]] static std::uint64_t MarksIn(const char* bytes) {
@@ -49,8 +49,7 @@ class ByteFinder {
         const Lanes bits = {1, 2, 4, 8, 16, 32, 64, 128, 1, 2, 4, 8, 16, 32, 64, 128};
         std::uint64_t marks = 0;
         for (std::size_t i = 0; i < kBlock; i += sizeof(Lanes)) {
-            Lanes lanes;
-            std::memcpy(&lanes, bytes + i, sizeof lanes);
+            Lanes lanes = LanesAt(bytes + i);
             lanes = ((lanes == Lanes{} + static_cast<unsigned char>(kWanted)) | ...) & bits;
             std::array<std::uint64_t, 2> halves{};
             std::memcpy(halves.data(), &lanes, sizeof lanes);

@@ -13,7 +13,7 @@ namespace orvik::book {
 struct CsvForm {
     char Separator = ',';
     bool HasHeader = true;
-    std::size_t From = 0;  // where the rows begin, behind a line "sep=;" comments or what is no row
+    std::size_t From = 0;         // where the rows begin, behind "sep=;", comments, or no row
     std::string Evidence = {};    // "line 1 names columns"
     std::uint32_t FirstLine = 1;  // the number of the line at From
 };

@@ -61,12 +61,11 @@ std::vector<Contact> LabelMembers(Book& book) {
             Label(book, book.Contacts[i], lists.Of(i));
         }
     }
-    std::vector<Contact> taken;
     const auto first =
         std::stable_partition(book.Contacts.begin(), book.Contacts.end(), [](const Contact& one) {
             return one.Kind == ContactKind::Person;
         });
-    taken.assign(first, book.Contacts.end());
+    std::vector<Contact> taken(first, book.Contacts.end());
     book.Contacts.erase(first, book.Contacts.end());
     return taken;
 }

@@ -11,6 +11,7 @@
 #include "book/typed_views.h"
 #include "book/value_form.h"
 #include "book/vcard_fields.h"
+#include "book_cli/json_lines.h"
 #include "book_cli/told.h"
 
 namespace orvik::book_cli {
