@@ -31,7 +31,7 @@
 #include "desktop/session/window_place.h"
 #include "desktop/views/program_icon.h"
 #include "desktop/windows/form1_window.h"
-#include "desktop/windows/small_windows.h"
+#include "desktop/windows/late_windows.h"
 #include "platform/system_files.h"
 #include "platform/system_process.h"
 #include "program/program.h"
@@ -205,7 +205,7 @@ int RunWindows(orvik::Application& app, const QStringList& books) {
     orvik::Program& program = base.program;
     orvik::BookWindows& book_windows = base.book_windows;
     orvik::Form1Window window(program.module, desktop, base.recent);
-    const auto small_windows = orvik::MakeSmallWindows(program, desktop, &window);
+    const orvik::LateWindows small_windows(program, desktop, &window);
     orvik::RestorePlace(window, orvik::WindowPlaceFile());
     window.rememberIn(orvik::WindowPlaceFile());
     orvik::RecoveryKeeper keeper(base.files, RecoveryInterval());
@@ -267,7 +267,7 @@ int RunWindows(orvik::Application& app, const QStringList& books) {
     }
     if (book_windows.areOpen()) {
         window.hide();
-        for (const auto& small : small_windows) {
+        for (const auto& small : small_windows.made()) {
             small->hide();
         }
         QGuiApplication::setQuitOnLastWindowClosed(true);

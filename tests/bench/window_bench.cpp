@@ -39,7 +39,11 @@
 #include "desktop/session/window_place.h"
 #include "desktop/views/program_icon.h"
 #include "desktop/windows/form1_window.h"
+#if __has_include("desktop/windows/late_windows.h")
+#include "desktop/windows/late_windows.h"
+#else
 #include "desktop/windows/small_windows.h"
+#endif
 #include "platform/system_files.h"
 #include "program/program.h"
 #include "store/recent_books.h"
@@ -192,8 +196,12 @@ class Window {
     Answering platform_{desktop_, files_, recent_};
     Program program_{platform_, files_};
     Form1Window window_{program_.module, desktop_, recent_};
-    std::vector<std::unique_ptr<FormWindow>> small_windows_ =
+#if __has_include("desktop/windows/late_windows.h")
+    LateWindows small_windows_{program_, desktop_, &window_};
+#else  // An older Orvik, which is measured beside this one.
+    decltype(MakeSmallWindows(program_, desktop_, &window_)) small_windows_ =
         MakeSmallWindows(program_, desktop_, &window_);
+#endif
     RecoveryKeeper keeper_{files_};
     // The lists are covered as long as there is no book.
     PaintSeen shown_{window_};

@@ -12,7 +12,7 @@
 #include "desktop/form1_window_fixture.h"
 #include "desktop/text/text_box_view.h"
 #include "desktop/views/picture_view.h"
-#include "desktop/windows/small_windows.h"
+#include "desktop/windows/late_windows.h"
 
 namespace orvik {
 namespace {
@@ -30,11 +30,12 @@ class AccessibilityTest : public test::Form1WindowTest {
         EXPECT_CALL(platform, GetSetting(_, _)).WillRepeatedly(Return("5"));
         EXPECT_CALL(platform, ProgramFolder()).WillRepeatedly(Return("/p"));
         List(test::kThree);
+        small_windows.makeAll();
     }
 
     [[nodiscard]] std::vector<QWidget*> Windows() const {
         std::vector<QWidget*> all{const_cast<Form1Window*>(&window)};
-        for (const auto& small : small_windows) {
+        for (const auto& small : small_windows.made()) {
             all.push_back(small.get());
         }
         return all;
@@ -43,8 +44,7 @@ class AccessibilityTest : public test::Form1WindowTest {
         return dynamic_cast<FormWindow&>(desktop.viewOf(form)->window());
     }
 
-    std::vector<std::unique_ptr<FormWindow>> small_windows =
-        MakeSmallWindows(program, desktop, &window);
+    LateWindows small_windows{program, desktop, &window};
 };
 
 std::string Described(QAccessibleInterface& item) {
@@ -191,7 +191,7 @@ TEST_F(AccessibilityTest, TheListsRowsAreReadAsTheyAreShown) {
 TEST_F(AccessibilityTest, LabelsHaveBuddies) {
     const std::set<std::string> only_told = {
         "Form2.firstStart", "Form3.Label1", "Form4.Result", "Form6.Label1", "frmAbout.version"};
-    for (const auto& small : small_windows) {
+    for (const auto& small : small_windows.made()) {
         for (const auto* const label : small->findChildren<QLabel*>()) {
             const std::string name =
                 (small->objectName() + u'.' + label->objectName()).toStdString();

@@ -23,7 +23,7 @@
 #include "desktop/views/list_box_view.h"
 #include "desktop/windows/form1_window.h"
 #include "desktop/windows/form_window.h"
-#include "desktop/windows/small_windows.h"
+#include "desktop/windows/late_windows.h"
 
 namespace orvik::testkit {
 namespace {
@@ -84,7 +84,7 @@ DesktopActor::~DesktopActor() {
 
 // The windows go before the forms that they show.
 void DesktopActor::Detach() {
-    small_windows_.clear();
+    small_windows_.reset();
     form1_.reset();
     Actor::Detach();
 }
@@ -94,7 +94,7 @@ void DesktopActor::Attach(Program& program) {
     Actor::Attach(program);
     desktop_ = std::make_unique<Desktop>();
     form1_ = std::make_unique<Form1Window>(program.module, *desktop_, books_);
-    small_windows_ = MakeSmallWindows(program, *desktop_, form1_.get());
+    small_windows_ = std::make_unique<LateWindows>(program, *desktop_, form1_.get());
 }
 
 QWidget& DesktopActor::WindowOf(const Form& form) const {

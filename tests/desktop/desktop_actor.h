@@ -19,7 +19,7 @@ class QWidget;
 
 namespace orvik {
 class Form1Window;
-class FormWindow;
+class LateWindows;
 class ListBoxView;
 class TextBoxView;
 }  // namespace orvik
@@ -98,7 +98,7 @@ class DesktopActor : public Actor, public ScenarioPlatform::Windows {
     std::unique_ptr<Desktop> desktop_;
     RecentBooks books_;
     std::unique_ptr<Form1Window> form1_;
-    std::vector<std::unique_ptr<FormWindow>> small_windows_;
+    std::unique_ptr<LateWindows> small_windows_;
 };
 
 }  // namespace orvik::testkit

@@ -7,7 +7,7 @@
 #include <map>
 
 #include "desktop/form1_window_fixture.h"
-#include "desktop/windows/small_windows.h"
+#include "desktop/windows/late_windows.h"
 
 namespace orvik {
 namespace {
@@ -19,8 +19,7 @@ using testing::Return;
 
 class HelpKeyTest : public test::Form1WindowTest {
  protected:
-    std::vector<std::unique_ptr<FormWindow>> small_windows =
-        MakeSmallWindows(program, desktop, &window);
+    LateWindows small_windows{program, desktop, &window};
     std::vector<std::string> shown;
     HelpKey help_key{[this](std::string_view topic) { shown.emplace_back(topic); }};
 };

@@ -27,6 +27,7 @@
 #include "desktop/windows/form1_window.h"
 #include "desktop/windows/small_windows.h"
 #include "platform/system_files.h"
+#include "program/program.h"
 
 namespace orvik {
 namespace {

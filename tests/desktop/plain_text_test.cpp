@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "desktop/form1_window_fixture.h"
-#include "desktop/windows/small_windows.h"
+#include "desktop/windows/late_windows.h"
 
 namespace orvik {
 namespace {
@@ -57,9 +57,10 @@ TEST(PlainTipTest, ALongTextIsBrokenIntoLinesAndAVeryLongOneShortened) {
 
 // A label that finds out by itself would take a name for HTML.
 TEST_F(PlainLabelsTest, NoLabelOfAnyWindowShowsHtml) {
-    const auto small_windows = MakeSmallWindows(program, desktop, &window);
+    LateWindows small_windows(program, desktop, &window);
+    small_windows.makeAll();
     std::vector<QWidget*> windows = {&window};
-    for (const auto& small : small_windows) {
+    for (const auto& small : small_windows.made()) {
         windows.push_back(small.get());
     }
     int labels = 0;

@@ -46,14 +46,38 @@ bool IsInput(QEvent::Type type) {
 }  // namespace
 
 void Desktop::add(const Form& form, View& view) {
-    entries_.push_back({&form, &view});
+    const auto behind = [this](std::ptrdiff_t place, const Entry& entry) {
+        return place < rank(*entry.Shown);
+    };
+    entries_.insert(std::upper_bound(entries_.begin(), entries_.end(), rank(form), behind),
+                    {&form, &view});
 }
 
 void Desktop::remove(const Form& form) {
     std::erase_if(entries_, [&](const Entry& entry) { return entry.Shown == &form; });
 }
 
-View* Desktop::viewOf(const Form& form) const {
+void Desktop::makeWhenAskedFor(std::vector<const Form*> forms,
+                               std::function<void(const Form&)> make) {
+    made_later_ = std::move(forms);
+    make_ = std::move(make);
+}
+
+std::ptrdiff_t Desktop::rank(const Form& form) const {
+    const auto found = std::find(made_later_.begin(), made_later_.end(), &form);
+    return found == made_later_.end() ? 0 : found - made_later_.begin() + 1;
+}
+
+View* Desktop::viewOf(const Form& form) {
+    View* const made = madeViewOf(form);
+    if (made != nullptr || rank(form) == 0) {
+        return made;
+    }
+    make_(form);
+    return madeViewOf(form);
+}
+
+View* Desktop::madeViewOf(const Form& form) const {
     const auto found = std::find_if(
         entries_.begin(), entries_.end(), [&](const Entry& entry) { return entry.Shown == &form; });
     return found == entries_.end() ? nullptr : found->Window;

@@ -12,6 +12,7 @@
 #include <QObject>
 #include <QScopedValueRollback>
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <functional>
@@ -66,7 +67,10 @@ class Desktop : public QObject {
     // The view must stay until the desktop goes or its form is removed.
     void add(const Form& form, View& view);
     void remove(const Form& form);
-    [[nodiscard]] View* viewOf(const Form& form) const;
+    // The views of these forms stand behind all others, in this order; make adds one of them.
+    void makeWhenAskedFor(std::vector<const Form*> forms, std::function<void(const Form&)> make);
+    // Makes the view if it has to be made; null if nobody knows the form.
+    [[nodiscard]] View* viewOf(const Form& form);
     // The window that a box or a dialog belongs to; none before the first one is shown.
     [[nodiscard]] QWidget* frontWindow() const;
     [[nodiscard]] std::optional<Encoding> selectionEncoding() const;
@@ -132,7 +136,13 @@ class Desktop : public QObject {
         const Form* Shown;
         View* Window;
     };
+    [[nodiscard]] View* madeViewOf(const Form& form) const;
+    // 0 for a form whose view nobody makes later.
+    [[nodiscard]] std::ptrdiff_t rank(const Form& form) const;
+
     std::vector<Entry> entries_;
+    std::vector<const Form*> made_later_;
+    std::function<void(const Form&)> make_;
     std::vector<QObject*> accepted_at_yield_;
     std::exception_ptr end_;
     int running_ = 0;

@@ -7,11 +7,11 @@
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
-#include <QStyle>
 #include <QToolButton>
 #include <algorithm>
 
 #include "desktop/text/short_text.h"
+#include "desktop/views/line_icon.h"
 
 namespace orvik {
 namespace {
@@ -88,8 +88,8 @@ FindBar::FindBar(QWidget& window, QWidget* parent)
     QAction* const previous =
         AddAction(window, "findPrevious", tr("Find &previous"), Qt::SHIFT | Qt::Key_F3);
     QAction* const next = AddAction(window, "findNext", tr("Find &next"), Qt::Key_F3);
-    previous->setIcon(style()->standardIcon(QStyle::SP_ArrowUp));
-    next->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
+    previous->setIcon(LineIcon(Drawing::Up));
+    next->setIcon(LineIcon(Drawing::Down));
     label_->setObjectName(QStringLiteral("findLabel"));
     label_->setTextFormat(Qt::PlainText);
     label_->setBuddy(wanted_);
@@ -108,7 +108,7 @@ FindBar::FindBar(QWidget& window, QWidget* parent)
     row->addWidget(MakeStepButton(*next, this));
     row->addWidget(notice_);
     auto* const close = MakeIconButton(QStringLiteral("findClose"), tr("Close the find bar"), this);
-    close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    close->setIcon(LineIcon(Drawing::Close));
     close->setToolTip(tr("Close (Esc)"));
     row->addWidget(close);
 

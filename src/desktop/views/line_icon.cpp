@@ -56,6 +56,16 @@ QPainterPath PathOf(Drawing drawing) {
             AddLines(path, {{9, 12}, {20.5, 12}});
             AddLines(path, {{16.5, 8}, {20.5, 12}, {16.5, 16}});
             break;
+        case Drawing::Up:
+            AddLines(path, {{5, 15.5}, {12, 8.5}, {19, 15.5}});
+            break;
+        case Drawing::Down:
+            AddLines(path, {{5, 8.5}, {12, 15.5}, {19, 8.5}});
+            break;
+        case Drawing::Close:
+            AddLines(path, {{6, 6}, {18, 18}});
+            AddLines(path, {{6, 18}, {18, 6}});
+            break;
     }
     return path;
 }

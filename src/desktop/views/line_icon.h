@@ -1,5 +1,5 @@
-// The icons of the tool bar: drawn in lines of the colour that letters have, so that they look
-// alike on every desktop, light or dark, at every scale.
+// The icons of the tool bar and of the find bar: drawn in lines of the colour that letters have, so
+// that they look alike on every desktop, light or dark, at every scale.
 
 #pragma once
 
@@ -7,7 +7,7 @@
 
 namespace orvik {
 
-enum class Drawing { Open, Save, Undo, Redo, Find, Move };
+enum class Drawing { Open, Save, Undo, Redo, Find, Move, Up, Down, Close };
 
 [[nodiscard]] QIcon LineIcon(Drawing drawing);
 

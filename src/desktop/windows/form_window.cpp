@@ -24,8 +24,8 @@ FormWindow::FormWindow(Module1& module, Form& form, Desktop& desktop, QWidget* o
     for (const NamedControl& control : form.Controls()) {
         std::visit([&](auto* kind) { add(control, kind); }, control.Ref);
     }
-    desktop_.add(form_, *this);
     FormWindow::sync();
+    desktop_.add(form_, *this);
 }
 
 FormWindow::~FormWindow() {

@@ -17,6 +17,7 @@
 #include "desktop/views/picture_view.h"
 #include "desktop/windows/form2_window.h"
 #include "desktop/windows/tab_order.h"
+#include "program/program.h"
 
 namespace orvik {
 namespace {
@@ -193,16 +194,6 @@ Window MakeWindow(Module1& module, const Form& form, Desktop& desktop, QWidget* 
     Window window = row->Make(module, desktop, owner);
     OrderTabs(*window);
     return window;
-}
-
-std::vector<Window> MakeSmallWindows(Program& program, Desktop& desktop, QWidget* owner) {
-    std::vector<Window> windows;
-    for (const Form* const form : program.Forms()) {
-        if (form != &program.form1) {
-            windows.push_back(MakeWindow(program.module, *form, desktop, owner));
-        }
-    }
-    return windows;
 }
 
 }  // namespace orvik

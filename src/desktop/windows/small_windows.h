@@ -1,13 +1,11 @@
-// The windows beside the main window.
+// The windows beside the main window, as they are laid out.
 
 #pragma once
 
 #include <QWidget>
 #include <memory>
-#include <vector>
 
 #include "desktop/windows/form_window.h"
-#include "program/program.h"
 
 namespace orvik {
 
@@ -17,10 +15,5 @@ namespace orvik {
                                                      const Form& form,
                                                      Desktop& desktop,
                                                      QWidget* owner);
-
-// MakeSmallWindows: the windows of all forms but the main one.
-[[nodiscard]] std::vector<std::unique_ptr<FormWindow>> MakeSmallWindows(Program& program,
-                                                                        Desktop& desktop,
-                                                                        QWidget* owner);
 
 }  // namespace orvik
