@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "app/module1.h"
+#include "app/scope.h"
 
 namespace orvik {
 namespace {
@@ -84,6 +85,8 @@ void Form::Load() {
 
 void Form::Show(Showing showing) {
     Load();
+    // A window that memory did not suffice for is not waited for.
+    const OnFailure not_shown([this, before = visible_] { visible_ = visible_ && before; });
     if (!visible_) {
         visible_ = true;
         Form_Resize();

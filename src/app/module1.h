@@ -203,8 +203,10 @@ class Module1 : public Windows {
     // is a text list, as OpenMode says. Without pegasus a distribution list counts as unknown.
     // Returns false if the chooser was brought.
     bool LoadByEnding(const std::string& name, bool pegasus);
-    // Shows the chooser.
+    // Shows the chooser. Where memory does not suffice for it nothing was opened.
     void ChooseFormat(Showing showing);
+    // The book of before; the caption keeps the name of the file that was not loaded.
+    void TakeBackOpening();
     // Closes the chooser and runs Open again.
     void ReopenFromChooser();
 

@@ -205,7 +205,7 @@ int RunWindows(orvik::Application& app, const QStringList& books) {
     orvik::Program& program = base.program;
     orvik::BookWindows& book_windows = base.book_windows;
     orvik::Form1Window window(program.module, desktop, base.recent);
-    const orvik::LateWindows small_windows(program, desktop, &window);
+    orvik::LateWindows small_windows(program, desktop, &window);
     orvik::RestorePlace(window, orvik::WindowPlaceFile());
     window.rememberIn(orvik::WindowPlaceFile());
     orvik::RecoveryKeeper keeper(base.files, RecoveryInterval());
@@ -253,6 +253,7 @@ int RunWindows(orvik::Application& app, const QStringList& books) {
         window.openBooks(books);
         if (!desktop.hasEnded()) {
             window.offerLeftBooks();
+            small_windows.makeInTurn();
         }
     };
     // Inside the event loop, so that the program can end while it starts.

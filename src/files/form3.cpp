@@ -1,5 +1,6 @@
 #include "files/form3.h"
 
+#include <new>
 #include <utility>
 
 #include "app/module1.h"
@@ -99,11 +100,9 @@ void Form3::Command10_Click() {
     LoadAs<&Module1::OpenWordPerfect>();
 }
 
-// The caption keeps the name of the file that was not loaded.
 void Form3::Command7_Click() {
     closed_by_button_ = true;
-    module_.WorkText = module_.TextBeforeOpen;
-    module_.Note = module_.NoteBeforeOpen;
+    module_.TakeBackOpening();
     Unload();
 }
 
@@ -114,7 +113,18 @@ void Form3::Command8_Click() {
 }
 
 void Module1::ChooseFormat(Showing showing) {
-    form3.Show(showing);
+    try {
+        form3.Show(showing);
+    } catch (const std::bad_alloc&) {
+        // Nobody can choose, so what was read has no format.
+        TakeBackOpening();
+        throw;
+    }
+}
+
+void Module1::TakeBackOpening() {
+    WorkText = TextBeforeOpen;
+    Note = NoteBeforeOpen;
 }
 
 void Form3::Command9_Click() {

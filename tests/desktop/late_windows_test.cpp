@@ -34,6 +34,18 @@ TEST_F(LateWindowsTest, NobodyMakesThemWhenTheyAreGone) {
     EXPECT_EQ(desktop.viewOf(program.form1), &window);
 }
 
+TEST_F(LateWindowsTest, AreMadeInTurnBetweenCommands) {
+    LateWindows late(program, desktop, &window);
+    late.makeInTurn();
+    EXPECT_TRUE(late.made().empty());
+    desktop.run([&] {
+        Settle();
+        EXPECT_TRUE(late.made().empty());
+    });
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return late.made().size() == program.Forms().size() - 1; }, 20'000));
+}
+
 // A box belongs to the hindmost form that can be seen, in whatever order they were shown first.
 TEST_F(LateWindowsTest, StandInTheOrderOfTheirForms) {
     const LateWindows late(program, desktop, &window);

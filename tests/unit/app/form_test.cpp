@@ -9,6 +9,8 @@ namespace {
 
 using testing::InSequence;
 using testing::Ref;
+using testing::Return;
+using testing::Throw;
 
 // A window that counts what is asked of it.
 class CountingForm : public Form {
@@ -58,6 +60,20 @@ TEST_F(FormTest, ShowAgain_DoesNotLayOutAgain) {
     form_.Show(Showing::Modeless);
     EXPECT_EQ(form_.loads, 1);
     EXPECT_EQ(form_.resizes, 1);
+}
+
+TEST_F(FormTest, FormThatCannotBeShown_IsNotVisible) {
+    EXPECT_CALL(platform, ShowForm(Ref(form_), Showing::Modeless))
+        .WillOnce(Throw(std::bad_alloc()))
+        .WillOnce(Return())
+        .WillOnce(Throw(std::bad_alloc()));
+    EXPECT_THROW(form_.Show(Showing::Modeless), std::bad_alloc);
+    EXPECT_FALSE(form_.Visible());
+    form_.Show(Showing::Modeless);
+    EXPECT_TRUE(form_.Visible());
+    // It is where it was.
+    EXPECT_THROW(form_.Show(Showing::Modeless), std::bad_alloc);
+    EXPECT_TRUE(form_.Visible());
 }
 
 TEST_F(FormTest, HiddenForm_StaysLoaded) {

@@ -14,6 +14,7 @@ using test::Items;
 using testing::_;
 using testing::Ref;
 using testing::Return;
+using testing::Throw;
 
 class Form3Test : public test::CommandTest {
  protected:
@@ -129,6 +130,18 @@ TEST_F(Form3Test, FormatAfterARefusedOne_Loads) {
     ExpectClosed();
     form3.Command3_Click();
     EXPECT_EQ(ItemsOf(form1.List2), Items{"A1"});
+}
+
+TEST_F(Form3Test, LackOfMemoryForTheChooser_LeavesTheBookOfBefore) {
+    module1.TextBeforeOpen = "\"Al\" <A1>\r\n";
+    module1.NoteBeforeOpen.LooksLike = "a vCard";
+    module1.WorkText = "raw";
+    module1.Note.LooksLike = {};
+    EXPECT_CALL(platform, ShowForm(Ref(form3), Showing::Modal)).WillOnce(Throw(std::bad_alloc()));
+    EXPECT_THROW(module1.ChooseFormat(Showing::Modal), std::bad_alloc);
+    EXPECT_EQ(module1.WorkText, "\"Al\" <A1>\r\n");
+    EXPECT_EQ(module1.Note.LooksLike, "a vCard");
+    EXPECT_FALSE(form3.Visible());
 }
 
 TEST_F(Form3Test, ListOfTextFilesThatAreAskedFor_StaysAsItIs) {
