@@ -267,5 +267,17 @@ TEST_F(QtPlatformTest, TheExportOpensWhereTheMainWindowWas) {
     }
 }
 
+// The automation tells of itself before there is a main window.
+TEST_F(QtPlatformTest, AWindowThatAnotherBelongsToIsPlacedWhenItIsShownFirst) {
+    Program program(platform, files);
+    Form1Window main(program.module, desktop, books);
+    const auto told = MakeWindow(program.module, program.module.form6, desktop, &main);
+    told->move(130, 70);
+    platform.ShowForm(program.module.form6, Showing::Modeless);
+    ASSERT_NE(main.windowHandle(), nullptr);
+    platform.ShowForm(program.form1, Showing::Modeless);
+    EXPECT_EQ(main.pos(), QPoint(130, 70));
+}
+
 }  // namespace
 }  // namespace orvik

@@ -248,9 +248,11 @@ void QtPlatform::ShowForm(Form& form, Showing showing) {
 // Of two windows that take turns the second comes where the first is, and each comes back where it
 // was; left alone, the window manager would put it anywhere.
 void QtPlatform::placeInTurn(QWidget& window, const QWidget* front) {
-    if (QWindow* const shown_before = window.windowHandle(); shown_before != nullptr) {
+    // What another window belongs to has a handle before it is shown itself, and no place yet.
+    if (QWindow* const handle = window.windowHandle();
+        handle != nullptr && window.testAttribute(Qt::WA_WState_ExplicitShowHide)) {
         // Only a place that is asked for is told to the window manager.
-        shown_before->setPosition(shown_before->position());
+        handle->setPosition(handle->position());
     } else if (front != nullptr) {
         PlaceOver(window, *front->window());
     }
